@@ -1,0 +1,30 @@
+#include "interrupt.h"
+#include "refusal.h"
+#include "render_command.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <csignal>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    CLI::App program("Sonvire generates test tones.", "sonvire-cli");
+    program.set_version_flag("--version", "sonvire-cli " SONVIRE_VERSION);
+    program.require_subcommand(1);
+    int status = ExitCompleted;
+    AddRenderCommand(program, status);
+
+    CatchInterrupts();
+    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write that falls short
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+            return program.exit(error); // --help and --version
+        std::fprintf(stderr, "sonvire-cli: %s (see sonvire-cli --help)\n", error.what());
+        return ExitFailed;
+    }
+    return status;
+}

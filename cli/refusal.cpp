@@ -1,0 +1,12 @@
+#include "refusal.h"
+
+#include <cstdio>
+
+int Refuse(const std::string& file, const std::string& reason) {
+    std::fprintf(stderr, "sonvire-cli: %s: %s\n", file.c_str(), reason.c_str());
+    return ExitFailed;
+}
+
+void Warn(const std::string& file, const std::string& reason) {
+    std::fprintf(stderr, "sonvire-cli: warning: %s: %s\n", file.c_str(), reason.c_str());
+}

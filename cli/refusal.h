@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+/// What every command answers: the job's result, which is also the program's exit status.
+enum ExitStatus : int {
+    ExitCompleted = 0,
+    ExitStopped = 1, ///< by the user
+    ExitFailed = 2,  ///< failed, refused or misused
+};
+
+/// Prints one line on standard error that names the file and the reason; answers `ExitFailed`.
+int Refuse(const std::string& file, const std::string& reason);
+
+/// Prints a line of the same form, for what can be gone on with.
+void Warn(const std::string& file, const std::string& reason);

@@ -1,0 +1,86 @@
+#include "sound/level.h"
+
+#include "sound/kernels.h"
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+/// The factors of all 256 levels, made once before the first use.
+class LDB::LDBTablesClass {
+public:
+    static const LDBTablesClass& Get() {
+        static const LDBTablesClass tables;
+        return tables;
+    }
+
+    int GetAmplitude(int db) const { return amplitude[Index(db)]; }
+    int GetPower(int db) const { return power[Index(db)]; }
+
+private:
+    LDBTablesClass() {
+        for (int db = Silence + 1; db <= 127; ++db) {
+            amplitude[Index(db)] = Fixed824(std::pow(10.0L, db / 20.0L));
+            power[Index(db)] = Fixed824(std::pow(10.0L, db / 10.0L));
+        }
+    }
+
+    static std::size_t Index(int db) { return static_cast<std::size_t>(db + 128); }
+
+    static int Fixed824(long double factor) {
+        const long double value = std::floor(factor * 16777216.0L + 0.5L);
+        constexpr int top = std::numeric_limits<int>::max();
+        return value < static_cast<long double>(top) ? static_cast<int>(value) : top;
+    }
+
+    std::array<int, 256> amplitude{};
+    std::array<int, 256> power{};
+};
+
+int LDB::GetAmplitude() const {
+    return LDBTablesClass::Get().GetAmplitude(db);
+}
+
+int LDB::GetPower() const {
+    return LDBTablesClass::Get().GetPower(db);
+}
+
+int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels) {
+    return Kernels().getPeak(buffer, frames * channels);
+}
+
+namespace {
+
+std::uint32_t GetMeanSquare(const int* samples, int count, int stride) {
+    std::uint32_t high = 0, low = 0;
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        const auto scaled = static_cast<std::uint32_t>(samples[i * stride] >> 5);
+        const std::uint32_t square = scaled * scaled;
+        high += square >> 13;
+        low += square & 8191;
+    }
+    const std::uint32_t total = (low >> 13) + high;
+    const auto n = static_cast<std::uint32_t>(count);
+    return total / n * 8192 + total % n * 8192 / n;
+}
+
+} // namespace
+
+std::uint32_t GetBufferMeanSquare(const int* buffer, int frames, std::uint8_t channels) {
+    const int count = frames * channels;
+    return count < 1 ? 0 : GetMeanSquare(buffer, count, 1);
+}
+
+std::uint32_t GetBufferMeanSquareChan(std::uint8_t channel, const int* buffer, int frames,
+                                      std::uint8_t channels) {
+    return frames < 1 ? 0 : GetMeanSquare(buffer + channel, frames, channels);
+}
+
+LDB GetBufferRMSDBChan(std::uint8_t channel, const int* buffer, int frames, std::uint8_t channels) {
+    const std::uint32_t meanSquare = GetBufferMeanSquareChan(channel, buffer, frames, channels);
+    if (meanSquare == 0)
+        return LDB(LDB::Silence);
+    const double level = 10.0 * std::log10(meanSquare / 8388626.0);
+    const double rounded = std::trunc(meanSquare > 8388625 ? level + 0.5 : level - 0.5);
+    return LDB(static_cast<std::int8_t>(std::clamp(rounded, -127.0, 127.0)));
+}

@@ -1,0 +1,82 @@
+#include "sound/pcm_sink.h"
+
+#include "sound/sound_source.h"
+#include "sound/wave_format.h"
+
+#include <algorithm>
+#include <cerrno>
+
+LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channelCount,
+                                 std::uint32_t sampleBytes, int startSample)
+    : LSoundSinkBase(rate, channelCount),
+      bytesPerSample(sampleBytes),
+      bytesPerFrame(sampleBytes * channels),
+      file(LSharedReadWriteFile(path)) {
+    if (!file.IsOpen())
+        status = SinkUnusable;
+    lengthHint = std::max(0, startSample);
+    WriteRIFF(false);
+    std::int64_t offset = LWaveFileFormat::HeaderBytes;
+    if (startSample > 0) {
+        offset = std::min(GetOffsetOf(startSample), file.GetSize());
+        file.SeekTo(offset);
+    }
+    file.Truncate(offset);
+}
+
+LSNKPCMFileBase::~LSNKPCMFileBase() {
+    if (file.SeekTo(0)) // a pipe keeps the header that it was given
+        WriteRIFF(true);
+}
+
+std::int64_t LSNKPCMFileBase::GetOffsetOf(int frame) const {
+    return LWaveFileFormat::HeaderBytes + std::int64_t{frame} * bytesPerFrame;
+}
+
+void LSNKPCMFileBase::WriteRIFF(bool final) {
+    LWaveFileFormat format;
+    format.channels = channels;
+    format.sampleRate = static_cast<std::uint32_t>(sampleRate);
+    format.bitsPerSample = static_cast<std::uint16_t>(bytesPerSample * 8);
+    const std::uint32_t dataBytes = static_cast<std::uint32_t>(lengthHint) * bytesPerFrame;
+    Note(format.WritePCMHeader(file, final ? dataBytes : ProvisionalDataBytes));
+}
+
+void LSNKPCMFileBase::Note(bool written) {
+    if (written || !file.IsOpen() || (status & SinkFellShort) != 0)
+        return;
+    status |= SinkFellShort;
+    writeError = errno;
+}
+
+void LSNKPCMFileBase::Seek(int sample) {
+    if (sample > lengthHint)
+        return;
+    lengthHint = std::max(0, sample);
+    file.SeekTo(GetOffsetOf(lengthHint));
+    file.Truncate(GetOffsetOf(lengthHint));
+}
+
+void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {
+    lengthHint = WrapAdd(lengthHint, frames);
+    Note(file.Write(data, static_cast<std::size_t>(frames) * bytesPerFrame));
+}
+
+template <class Format>
+LSNKPCMFile<Format>::LSNKPCMFile(const char* path, int rate, std::uint8_t channelCount, int startSample)
+    : LSNKPCMFileBase(path, rate, channelCount, Format::bytesPerSample, startSample),
+      stored(std::size_t{channels} * MaxBlockFrames) {}
+
+template <class Format>
+void LSNKPCMFile<Format>::Write(const int* buffer, int frames) {
+    while (frames > 0) {
+        const int count = std::min(frames, MaxBlockFrames);
+        ConvertSamplesOut<Format>(stored.data(), buffer, count * channels);
+        WriteFrames(stored.data(), count);
+        buffer += std::ptrdiff_t{count} * channels;
+        frames -= count;
+    }
+}
+
+template class LSNKPCMFile<LSFU8>;
+template class LSNKPCMFile<LSFLE16>;

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "sound/sample_format.h"
+#include "sound/sound_sink.h"
+#include "sys/file.h"
+
+#include <cstdint>
+#include <vector>
+
+/// Writes a PCM WAVE file: a 46-byte header, which is provisional until the sink is destroyed, then the
+/// frames. `lengthHint` counts the frames written. What doesn't reach the file sets `SinkFellShort`.
+class LSNKPCMFileBase : public LSoundSinkBase {
+public:
+    ~LSNKPCMFileBase() override;
+
+    /// Cuts the file to `sample` frames and goes on from there; a place beyond what was written is ignored.
+    void Seek(int sample) override;
+
+protected:
+    /// Keeps the first `startSample` frames of an existing file, as far as it has them, and drops the rest. A
+    /// file that can't be opened sets `SinkUnusable`.
+    LSNKPCMFileBase(const char* path, int rate, std::uint8_t channelCount, std::uint32_t sampleBytes,
+                    int startSample);
+
+    void WriteFrames(const void* data, int frames);
+
+private:
+    std::int64_t GetOffsetOf(int frame) const;
+    /// Writes the header at the file's offset, with the true length when `final`, else with the provisional
+    /// one.
+    void WriteRIFF(bool final);
+    void Note(bool written);
+
+    std::uint32_t bytesPerSample;
+    std::uint32_t bytesPerFrame;
+    LReadWriteFile file;
+};
+
+/// The same for one sample format.
+template <class Format>
+class LSNKPCMFile : public LSNKPCMFileBase {
+public:
+    LSNKPCMFile(const char* path, int rate, std::uint8_t channelCount, int startSample);
+
+    void Write(const int* buffer, int frames) override;
+
+private:
+    std::vector<typename Format::Stored> stored; ///< 8192 frames as they go into the file
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+
+/// External sample formats: each names the type of one stored sample and how it converts to and from an
+/// internal one. Nothing is clipped on the way out: a value beyond the format's range keeps its low bits, so
+/// +524272 in 8 bits wraps to byte 0. That is meant; levels are the peak limiter's business.
+
+/// Unsigned 8-bit, 128 is silence.
+struct LSFU8 {
+    using Stored = std::uint8_t;
+    static constexpr int bytesPerSample = 1;
+
+    static constexpr int In(Stored stored) { return (stored - 128) * 4096; }
+    static constexpr Stored Out(int sample) { return static_cast<Stored>(((sample + 2048u) >> 12) - 128u); }
+};
+
+/// Signed 16-bit in the host's byte order, as audio devices take it.
+struct LSF16 {
+    using Stored = std::int16_t;
+    static constexpr int bytesPerSample = 2;
+
+    static constexpr int In(Stored stored) { return stored * 16; }
+    static constexpr Stored Out(int sample) {
+        return static_cast<Stored>((sample + 8u) >>
+                                   4); // the bits that an arithmetic shift would differ in are cut
+    }
+};
+
+/// Signed 16-bit, little-endian in memory whatever the host.
+struct LSFLE16 {
+    using Stored = std::int16_t;
+    static constexpr int bytesPerSample = 2;
+
+    static constexpr int In(Stored stored) { return LSF16::In(SwapOnBigEndian(stored)); }
+    static constexpr Stored Out(int sample) { return SwapOnBigEndian(LSF16::Out(sample)); }
+
+private:
+    static constexpr Stored SwapOnBigEndian(Stored value) {
+        if constexpr (std::endian::native == std::endian::little)
+            return value;
+        return static_cast<Stored>((value << 8) | ((value >> 8) & 0xFF));
+    }
+};
+
+/// Converts `count` single samples (frames * channels) from and to an external format; the buffers don't
+/// overlap.
+template <class Format>
+void ConvertSamplesIn(int* out, const typename Format::Stored* in, int count);
+template <class Format>
+void ConvertSamplesOut(typename Format::Stored* out, const int* in, int count);

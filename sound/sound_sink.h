@@ -1,0 +1,53 @@
+#pragma once
+
+#include "sound/shared_handle.h"
+
+#include <cstdint>
+#include <utility>
+
+/// Bits of a sink's status; 0 means usable.
+enum LSoundSinkStatus : std::uint8_t {
+    SinkUnusable = 1,  ///< no channels, nothing behind the handle, or the file could not be created
+    SinkFellShort = 2, ///< something that was written did not arrive, as on a full disk
+};
+
+/// Takes blocks of frames (internal samples, interleaved). Reached through `LSoundSink` handles only;
+/// releasing the last one finishes what was written. One thread at a time.
+class LSoundSinkBase {
+public:
+    LSoundSinkBase(const LSoundSinkBase&) = delete;
+    LSoundSinkBase& operator=(const LSoundSinkBase&) = delete;
+    virtual ~LSoundSinkBase() = default;
+
+    virtual void Write(const int* buffer, int frames) = 0;
+    virtual void Seek(int frame);
+
+    int lengthHint = 0; ///< expected total length in frames
+    int sampleRate;     ///< frames per second, not checked
+    std::uint8_t channels;
+    std::uint8_t status = 0;
+    std::uint16_t refCount = 0;
+    int writeError = 0; ///< the `errno` value behind `SinkFellShort`
+
+protected:
+    /// No channels become one, with `SinkUnusable`.
+    LSoundSinkBase(int rate, std::uint8_t channelCount);
+};
+
+/// Stands in for a sink that could not be had, and swallows what it is given.
+class LSoundSinkError : public LSoundSinkBase {
+public:
+    LSoundSinkError();
+    void Write(const int* /*buffer*/, int /*frames*/) override {}
+};
+
+/// The handle by which every sink is held.
+class LSoundSink : public LSharedHandle<LSoundSinkBase, LSoundSinkError> {
+public:
+    using LSharedHandle::LSharedHandle;
+
+    template <class Sink, class... Arguments>
+    static LSoundSink Make(Arguments&&... arguments) {
+        return LSoundSink(new Sink(std::forward<Arguments>(arguments)...));
+    }
+};

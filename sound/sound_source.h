@@ -1,0 +1,86 @@
+#pragma once
+
+#include "sound/shared_handle.h"
+#include "sound/sound_time.h"
+
+#include <cstdint>
+#include <utility>
+
+/// Internal samples are signed 32-bit integers, interleaved by frame, at 16 times the 16-bit scale. 16-bit
+/// full scale is thus +-524272; larger values are legal between stages and are brought down by the peak
+/// limiter.
+inline constexpr int FullScale16 = 32767 * 16;
+/// What a source may reach that adds up to 16 components.
+inline constexpr int SynthesisPeakMax = 0x200000;
+/// The most frames that stages, files and jobs pass on in one go; larger requests are split.
+inline constexpr int MaxBlockFrames = 8192;
+
+/// Why a source can't be used.
+enum LSoundStatus : std::uint8_t {
+    SoundUsable = 0,
+    SoundNothing = 1,           ///< nothing behind the handle
+    SoundInputUnusable = 2,     ///< the source that this one wraps is not usable
+    SoundInvalidFormat = 3,     ///< rate below 1, no channels, or a damaged file
+    SoundCannotOpen = 4,        ///< the file could not be opened
+    SoundUnsupportedFormat = 5, ///< a kind of file that is not read
+};
+
+/// Hands out blocks of frames on request. Reached through `LSoundSource` handles only. Built on the thread
+/// that assembles a chain; from then on one thread at a time reads it. `Read` and `Seek` neither allocate nor
+/// lock.
+class LSoundSourceBase {
+public:
+    LSoundSourceBase(const LSoundSourceBase&) = delete;
+    LSoundSourceBase& operator=(const LSoundSourceBase&) = delete;
+    virtual ~LSoundSourceBase() = default;
+
+    /// Fills all of `frames` * `channels` samples; what the source does not have is silence. There is no
+    /// short read.
+    virtual void Read(int* buffer, int frames) = 0;
+    /// The frame that `Read` delivers next.
+    virtual int GetPositionSample() const = 0;
+    /// The frame at which the material ends. `Read` does not stop there.
+    virtual int GetEndSample() const = 0;
+    virtual void Seek(int frame);
+    /// True while the data is still arriving and the end may grow.
+    virtual bool IsStreaming() const;
+    /// Waits for more data, at most for the time given. Blocks.
+    virtual void WaitForStreamingData(int milliseconds);
+
+    int sampleRate;        ///< frames per second, at least 1
+    int peakMax;           ///< the largest magnitude that a sample can have
+    std::uint8_t channels; ///< at least 1
+    std::uint8_t status = SoundUsable;
+    std::uint16_t refCount = 0;
+
+protected:
+    /// A rate below 1 becomes 44100 and no channels become one, both with `SoundInvalidFormat`.
+    LSoundSourceBase(int rate, std::uint8_t channelCount, int peak);
+};
+
+/// Stands in for a source that could not be had: silence of length 0 at 11025 Hz, mono.
+class LSoundSourceError : public LSoundSourceBase {
+public:
+    explicit LSoundSourceError(std::uint8_t code = SoundNothing);
+
+    void Read(int* buffer, int frames) override;
+    int GetPositionSample() const override { return 0; }
+    int GetEndSample() const override { return 0; }
+};
+
+/// The handle by which every source is held.
+class LSoundSource : public LSharedHandle<LSoundSourceBase, LSoundSourceError> {
+public:
+    using LSharedHandle::LSharedHandle;
+
+    template <class Source, class... Arguments>
+    static LSoundSource Make(Arguments&&... arguments) {
+        return LSoundSource(new Source(std::forward<Arguments>(arguments)...));
+    }
+
+    /// The whole length.
+    LSoundTime GetEnd() const;
+};
+
+/// Writes `frames` frames of silence.
+void ClearAudioBuffer(int* buffer, int frames, std::uint8_t channels);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "sound/sound_sink.h"
+#include "sound/sound_source.h"
+
+#include <cstdint>
+
+/// Reads and writes WAVE (RIFF) sound files. Read: PCM of up to 16 bits and mono IMA ADPCM, up to 196000 Hz.
+/// Written: PCM of 8 or 16 bits.
+class LWaveFile {
+public:
+    /// Never fails as such: a file that can't be used gives a source whose status says why (`LSoundStatus`).
+    static LSoundSource OpenSource(const char* path);
+
+    /// True where the header promises more data than the file holds; what is missing reads as silence.
+    static bool IsCutShort(const char* path);
+
+    /// Creates the file, or goes on writing an existing one behind its first `startSample` frames. Up to 8
+    /// bits are stored as 8, up to 16 as 16; for more the sink has nothing behind it.
+    static LSoundSink OpenSinkPCM(const char* path, int rate, std::uint8_t channels, std::uint16_t bits,
+                                  int startSample);
+};

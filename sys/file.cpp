@@ -1,0 +1,139 @@
+#include "sys/file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+/// Opens without waiting for a pipe's other end; reads and writes wait as usual from then on.
+int OpenAtOnce(const char* path, int flags) {
+    const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (descriptor >= 0 && (flags & O_ACCMODE) != O_RDONLY)
+        fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+    return descriptor;
+}
+
+int OpenLocked(const char* path, int flags, int lock) {
+    const int descriptor = OpenAtOnce(path, flags);
+    if (descriptor < 0 || flock(descriptor, lock | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+        return descriptor;
+    close(descriptor);
+    return -1;
+}
+
+class LockedFile : public LOpenFile {
+public:
+    LockedFile(const char* path, int flags, int lock) : LOpenFile(OpenLocked(path, flags, lock)) {}
+};
+
+} // namespace
+
+LOpenFile::LOpenFile(LOpenFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
+
+LOpenFile& LOpenFile::operator=(LOpenFile&& other) noexcept {
+    std::swap(descriptor, other.descriptor);
+    return *this;
+}
+
+LOpenFile::~LOpenFile() {
+    Close();
+}
+
+void LOpenFile::Close() {
+    if (descriptor >= 0)
+        close(std::exchange(descriptor, -1));
+}
+
+std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
+    std::size_t done = 0;
+    while (done < bytes) {
+        const ssize_t got = read(descriptor, static_cast<char*>(data) + done, bytes - done);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+bool LOpenFile::Write(const void* data, std::size_t bytes) {
+    std::size_t done = 0;
+    while (done < bytes) {
+        const ssize_t put = write(descriptor, static_cast<const char*>(data) + done, bytes - done);
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put <= 0)
+            return false;
+        done += static_cast<std::size_t>(put);
+    }
+    return IsOpen();
+}
+
+std::int64_t LOpenFile::GetOffset() const {
+    return lseek(descriptor, 0, SEEK_CUR);
+}
+
+std::int64_t LOpenFile::GetSize() const {
+    struct stat info {};
+    return fstat(descriptor, &info) == 0 ? info.st_size : 0;
+}
+
+bool LOpenFile::SeekTo(std::int64_t offset) {
+    return lseek(descriptor, offset, SEEK_SET) >= 0;
+}
+
+bool LOpenFile::SkipForward(std::int64_t bytes) {
+    return lseek(descriptor, bytes, SEEK_CUR) >= 0;
+}
+
+bool LOpenFile::Truncate(std::int64_t size) {
+    return ftruncate(descriptor, size) == 0;
+}
+
+LSharedReadFile::LSharedReadFile(const char* path) : LReadFile(OpenAtOnce(path, O_RDONLY)) {}
+
+LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
+    : LReadWriteFile(OpenLocked(path, O_RDWR | O_CREAT, LOCK_SH)) {}
+
+bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
+    LockedFile file(path, O_RDONLY, LOCK_SH);
+    return file.Read(data, size) == size;
+}
+
+bool LFile::SaveFile(const char* path, const void* data, unsigned int size) {
+    // Truncated only once the lock is held, so that a file in another program's hands keeps its content.
+    LockedFile file(path, O_WRONLY | O_CREAT, LOCK_EX);
+    if (!file.IsOpen())
+        return false;
+    file.Truncate(0);
+    return file.Write(data, size);
+}
+
+bool IsSameFile(const char* path, const char* otherPath) {
+    struct stat a {
+    }, b{};
+    return stat(path, &a) == 0 && stat(otherPath, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+std::string WhyUnreadable(const char* path) {
+    struct stat info {};
+    if (stat(path, &info) != 0)
+        return std::strerror(errno);
+    if (S_ISDIR(info.st_mode))
+        return "Is a directory";
+    if (!S_ISREG(info.st_mode))
+        return "Is not a regular file";
+    return access(path, R_OK) == 0 ? "" : std::strerror(errno);
+}
+
+std::string GetPathExtension(const std::string& path) {
+    const std::size_t dot = path.rfind('.');
+    return dot == std::string::npos ? std::string() : path.substr(dot);
+}

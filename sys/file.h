@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+/// Owns one open file descriptor, -1 when there is none. Every operation on a closed file fails quietly.
+/// Ownership passes by moving, which leaves -1 behind. Not for use from two threads at once.
+class LOpenFile {
+public:
+    LOpenFile() = default;
+    LOpenFile(LOpenFile&& other) noexcept;
+    LOpenFile& operator=(LOpenFile&& other) noexcept;
+    ~LOpenFile();
+
+    bool IsOpen() const { return descriptor >= 0; }
+    void Close();
+
+    /// Reads up to `bytes` bytes from the current offset, as many as the file has; answers the count read.
+    std::size_t Read(void* data, std::size_t bytes);
+    /// Writes all of `bytes`; false, with the reason in `errno`, when even one byte did not make it (a full
+    /// disk, a closed pipe).
+    bool Write(const void* data, std::size_t bytes);
+
+    std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe
+    std::int64_t GetSize() const;   ///< 0 where it cannot be told
+    bool SeekTo(std::int64_t offset);
+    bool SkipForward(std::int64_t bytes);
+    bool Truncate(std::int64_t size);
+
+protected:
+    explicit LOpenFile(int opened) : descriptor(opened) {}
+
+    int descriptor = -1;
+};
+
+/// A file that is only read.
+class LReadFile : public LOpenFile {
+public:
+    using LOpenFile::LOpenFile;
+};
+
+/// A file that is read and written.
+class LReadWriteFile : public LOpenFile {
+public:
+    using LOpenFile::LOpenFile;
+};
+
+/// Opens for reading. Never waits: a named pipe without a writer opens and reads as empty.
+class LSharedReadFile : public LReadFile {
+public:
+    explicit LSharedReadFile(const char* path);
+};
+
+/// Opens for reading and writing, creates the file (mode 0666 less the mask) where it is missing, keeps what
+/// is in it, and takes a shared advisory lock without waiting; a file that somebody else holds exclusively
+/// does not open.
+class LSharedReadWriteFile : public LReadWriteFile {
+public:
+    explicit LSharedReadWriteFile(const char* path);
+};
+
+/// Whole files in one call.
+class LFile {
+public:
+    /// Reads the first `size` bytes of the file under a shared advisory lock that is not waited for. True
+    /// only when all `size` bytes were read; otherwise `data` may hold a part of them. What follows them is
+    /// ignored.
+    static bool LoadFile(const char* path, void* data, unsigned int size);
+    /// Replaces the file's content under an exclusive advisory lock that is not waited for: a file that
+    /// another program holds is left alone. True only when all of it was written.
+    static bool SaveFile(const char* path, const void* data, unsigned int size);
+};
+
+/// True where both paths lead to one existing file, whatever links lie between.
+bool IsSameFile(const char* path, const char* otherPath);
+
+/// Why `path` cannot be read as a file, in words for the user; empty where it can.
+std::string WhyUnreadable(const char* path);
+
+/// The path's extension with its dot: the text from the last "." of the whole path, empty without one.
+std::string GetPathExtension(const std::string& path);

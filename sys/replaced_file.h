@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+/// Writes a file so that a reader finds the old content or the new, never a part of either: the new content
+/// goes to a temporary file in the same folder, which `Commit` puts in the old one's place. Without `Commit`
+/// the destructor removes the temporary file and the old one stays as it was. A link is followed, and the
+/// file it leads to replaced. What is no regular file (a device, a pipe) cannot be replaced and is written
+/// directly.
+class LReplacedFile {
+public:
+    /// Creates the temporary file, empty, with the old file's permissions. `GetError` says why where it
+    /// can't.
+    explicit LReplacedFile(const std::string& path);
+    ~LReplacedFile();
+    LReplacedFile(const LReplacedFile&) = delete;
+    LReplacedFile& operator=(const LReplacedFile&) = delete;
+
+    const std::string& GetError() const { return error; }           ///< empty where the file could be created
+    const std::string& GetPathToWrite() const { return writePath; } ///< what the new content is written to
+    /// Puts the written file in place, once it is closed; false, with `GetError`, where that failed.
+    bool Commit();
+
+private:
+    std::string finalPath;
+    std::string writePath;
+    std::string error;
+    bool temporary = false;
+};

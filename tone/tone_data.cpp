@@ -1,0 +1,41 @@
+#include "tone/tone_data.h"
+
+#include "sound/sound_time.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+constexpr const char* szToneName[] = {"Sine",    "Square",      "Triangular", "Saw Tooth",
+                                      "Impulse", "White Noise", "Pink Noise", "From List"};
+
+constexpr double DefaultHz = 1000.0;
+
+} // namespace
+
+SonvireFile::SonvireFile() {
+    for (auto* frequencies : {&startLeftHz, &endLeftHz, &startRightHz, &endRightHz})
+        std::fill(std::begin(*frequencies), std::end(*frequencies), DefaultHz);
+    std::memset(amplitudeDb, 0, sizeof amplitudeDb);
+    std::memset(listPath, 0, sizeof listPath);
+}
+
+const char* SonvireData::GetToneName() const {
+    return waveform < std::size(szToneName) ? szToneName[waveform] : "";
+}
+
+std::string SonvireData::GetListPath() const {
+    return {listPath, strnlen(listPath, sizeof listPath)};
+}
+
+void SonvireData::SetDuration(std::uint32_t ms) {
+    flags |= ToneFlagDuration;
+    durationMs = ms;
+    repeat = 0;
+}
+
+int SonvireData::GetDurationFrames() const {
+    return HasFlag(ToneFlagDuration) ? ::GetDurationFrames(durationMs, ToneSampleRate) : 0;
+}

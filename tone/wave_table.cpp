@@ -1,0 +1,78 @@
+#include "tone/wave_table.h"
+
+#include "tone/tone_data.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int Half = ToneWaveTableSize / 2;
+constexpr int Quarter = ToneWaveTableSize / 4;
+
+/// 2 pi / 32768, and a peak whose mean square reads as 0 dB.
+constexpr long double SineAngleStep = 0.00019174759848570515L;
+constexpr long double SinePeak = 131070.8844L;
+constexpr int SquarePeak = 92682;
+/// The rise from one entry to the next that reaches 165794 after a quarter cycle.
+constexpr double TriangularSlope = 20.238549279785158;
+constexpr double SawToothSlope = TriangularSlope / 2;
+
+ToneWaveTable MakeSine() {
+    ToneWaveTable table;
+    for (int i = 0; i < ToneWaveTableSize; ++i)
+        table[static_cast<std::size_t>(i)] = static_cast<int>(std::sin(i * SineAngleStep) * SinePeak);
+    return table;
+}
+
+ToneWaveTable MakeSquare() {
+    ToneWaveTable table;
+    std::fill(table.begin(), table.begin() + Half, SquarePeak);
+    std::fill(table.begin() + Half, table.end(), -SquarePeak);
+    return table;
+}
+
+ToneWaveTable MakeTriangular() {
+    ToneWaveTable table;
+    for (int i = 0; i < Half; ++i) {
+        const int height = i < Quarter ? i : Half - i;
+        table[static_cast<std::size_t>(i)] = static_cast<int>(height * TriangularSlope);
+        table[static_cast<std::size_t>(Half + i)] = -table[static_cast<std::size_t>(i)];
+    }
+    return table;
+}
+
+ToneWaveTable MakeSawTooth() {
+    ToneWaveTable table;
+    for (int i = 0; i <= Half; ++i)
+        table[static_cast<std::size_t>(i)] = static_cast<int>(i * SawToothSlope);
+    for (int i = 1; i < Half; ++i)
+        table[static_cast<std::size_t>(Half + i)] = -table[static_cast<std::size_t>(Half - i)];
+    return table;
+}
+
+} // namespace
+
+const ToneWaveTable& GetToneWaveTable(int waveform) {
+    static const ToneWaveTable silence{};
+    switch (waveform) {
+    case ToneSine: {
+        static const ToneWaveTable sine = MakeSine();
+        return sine;
+    }
+    case ToneSquare: {
+        static const ToneWaveTable square = MakeSquare();
+        return square;
+    }
+    case ToneTriangular: {
+        static const ToneWaveTable triangular = MakeTriangular();
+        return triangular;
+    }
+    case ToneSawTooth: {
+        static const ToneWaveTable sawTooth = MakeSawTooth();
+        return sawTooth;
+    }
+    default:
+        return silence;
+    }
+}
