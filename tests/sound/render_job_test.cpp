@@ -1,0 +1,115 @@
+#include "sound/render_job.h"
+#include "support/array_source.h"
+#include "support/reference.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+class ArraySink : public LSoundSinkBase {
+public:
+    ArraySink(int rate, std::uint8_t channelCount) : LSoundSinkBase(rate, channelCount) {}
+    void Write(const int* buffer, int frames) override {
+        writes.push_back(frames);
+        samples.insert(samples.end(), buffer, buffer + frames * channels);
+    }
+    std::vector<int> samples, writes;
+};
+
+struct Recorder {
+    void SetText(int control, const char* text) { texts.push_back(std::to_string(control) + " " + text); }
+    void PBSetProgress(int control, double fraction) {
+        EXPECT_EQ(control, 104);
+        bar.push_back(fraction);
+    }
+    bool IsToStop() { return asked++ >= stopAt; }
+
+    std::vector<std::string> texts;
+    std::vector<double> bar;
+    int asked = 0;
+    int stopAt = 1000;
+};
+
+struct Rendering {
+    Rendering(const LSoundSource& source, int rate, std::uint8_t channels, int stopAt = 1000)
+        : sink(LSoundSink::Make<ArraySink>(rate, channels)),
+          job("Saving Wave File", source, sink) {
+        dialog.stopAt = stopAt;
+        result = Process(dialog, job);
+    }
+    const ArraySink& Sunk() const { return static_cast<const ArraySink&>(*sink); }
+
+    Recorder dialog;
+    LSoundSink sink;
+    LPRSourceToSink job;
+    LProcessResult result;
+};
+
+LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {
+    return LSoundSource::Make<ArraySource>(ReferenceNoise(count * channels, 1000), rate, channels);
+}
+
+TEST(RenderJob, CopiesInBlocksAndShowsThemOneBehind) {
+    const Rendering run(Frames(2 * 8192 + 1), 44100, 1);
+    EXPECT_EQ(run.result, LProcessResult::Completed);
+    EXPECT_EQ(run.Sunk().writes, (std::vector<int>{8192, 8192, 1}));
+    EXPECT_EQ(run.Sunk().samples, ReferenceNoise(16385, 1000));
+    const double step = 8192.0 / 16385;
+    EXPECT_EQ(run.dialog.bar, (std::vector<double>{0, 0, step, 2 * step}));
+    EXPECT_EQ(run.dialog.texts, (std::vector<std::string>{"101 Saving Wave File", "102 Please wait..."}));
+    EXPECT_EQ(Rendering(Frames(8192), 44100, 1).Sunk().writes, std::vector<int>{8192});
+}
+
+TEST(RenderJob, StopsBeforeTheNextBlock) {
+    const Rendering run(Frames(50000), 44100, 1, 2);
+    EXPECT_EQ(run.result, LProcessResult::Stopped);
+    EXPECT_EQ(run.Sunk().writes, (std::vector<int>{8192, 8192}));
+}
+
+TEST(RenderJob, StartsWhereTheSourceStands) {
+    const LSoundSource source = Frames(1000);
+    source->Seek(990);
+    EXPECT_EQ(Rendering(source, 44100, 1).Sunk().writes, std::vector<int>{10});
+}
+
+TEST(RenderJob, NothingIsWrittenForAnEmptyOrFailedSource) {
+    struct {
+        const char* name;
+        LSoundSource source;
+        LProcessResult result;
+    } const cases[] = {{"empty", Frames(0), LProcessResult::Completed},
+                       {"failed", LSoundSource(), LProcessResult::Failed}};
+    for (const auto& each : cases) {
+        const Rendering run(each.source, 44100, 1);
+        EXPECT_EQ(run.result, each.result) << each.name;
+        EXPECT_TRUE(run.Sunk().writes.empty()) << each.name;
+    }
+    Recorder dialog;
+    LPRSourceToSink toNowhere("x", Frames(5), LSoundSink());
+    EXPECT_EQ(Process(dialog, toNowhere), LProcessResult::Failed);
+}
+
+TEST(RenderJob, ConvertsToTheSinkAndLimits) {
+    const Rendering spread(Frames(500), 44100, 2);
+    EXPECT_EQ(spread.Sunk().samples.size(), 1000u);
+    EXPECT_EQ(spread.Sunk().samples[0], spread.Sunk().samples[1]);
+
+    const Rendering slower(Frames(8000, 1, 8000), 44100, 1);
+    EXPECT_EQ(slower.Sunk().samples.size(), 44000u) << "8000 / 2 * 11";
+
+    const LSoundSource loud =
+        LSoundSource::Make<ArraySource>(ReferenceNoise(20000, 2000000), 44100, std::uint8_t{1}, 2097152);
+    const std::vector<int> limited = Rendering(loud, 44100, 1).Sunk().samples;
+    EXPECT_LE(*std::max_element(limited.begin(), limited.end()), FullScale16);
+}
+
+TEST(RenderJob, ALayoutThatNothingConvertsIsWrittenAsSilence) {
+    const Rendering run(Frames(100, 6), 44100, 2);
+    EXPECT_EQ(run.result, LProcessResult::Completed);
+    EXPECT_EQ(run.Sunk().samples, std::vector<int>(200));
+}
+
+} // namespace

@@ -1,0 +1,119 @@
+#include "sound/sample_format.h"
+#include "sound/sound_sink.h"
+#include "sound/sound_source.h"
+#include "support/array_source.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+namespace {
+
+class Witness : public ArraySource {
+public:
+    explicit Witness(bool& isAlive) : ArraySource({}, 44100), alive(isAlive) { alive = true; }
+    ~Witness() override { alive = false; }
+
+private:
+    bool& alive;
+};
+
+TEST(SoundSource, AnEmptyHandleReadsAsSilence) {
+    const LSoundSource source;
+    EXPECT_EQ(source->sampleRate, 11025);
+    EXPECT_EQ(source->channels, 1);
+    EXPECT_EQ(source->status, SoundNothing);
+    EXPECT_EQ(source->peakMax, 2097152);
+    EXPECT_EQ(source->GetEndSample(), 0);
+    EXPECT_EQ(source->GetPositionSample(), 0);
+    EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{0, 0, 0}));
+}
+
+TEST(SoundSource, AnImpossibleFormatIsRepairedAndMarked) {
+    EXPECT_EQ(ArraySource({}, 0).sampleRate, 44100);
+    EXPECT_EQ(ArraySource({}, 0).status, SoundInvalidFormat);
+    EXPECT_EQ(ArraySource({}, 8000, 0).channels, 1);
+    EXPECT_EQ(ArraySource({}, 8000, 0).status, SoundInvalidFormat);
+    EXPECT_EQ(ArraySource({}, 1, 1).status, SoundUsable);
+}
+
+TEST(SoundSource, TheLastHandleDeletesTheObject) {
+    bool alive = false;
+    LSoundSource source = LSoundSource::Make<Witness>(alive);
+    LSoundSource& itself = source;
+    source = itself;
+    EXPECT_TRUE(alive);
+    EXPECT_EQ(source->refCount, 1);
+    {
+        const LSoundSource second = source; // NOLINT: the copy is what is tested
+        EXPECT_EQ(source->refCount, 2);
+        source.Close();
+        EXPECT_TRUE(alive);
+    }
+    EXPECT_FALSE(alive);
+    EXPECT_EQ(source->status, SoundNothing);
+}
+
+TEST(SoundSink, AnEmptyHandleSwallows) {
+    const LSoundSink sink;
+    EXPECT_EQ(sink->sampleRate, 44100);
+    EXPECT_EQ(sink->channels, 1);
+    EXPECT_EQ(sink->status, SinkUnusable);
+    const int sample = 5;
+    sink->Write(&sample, 1);
+    EXPECT_EQ(sink->lengthHint, 0);
+}
+
+TEST(SoundTime, ConvertsToFramesAndBack) {
+    struct {
+        int ms, rate, frames;
+    } const cases[] = {
+        {1500, 44100, 66150}, {999, 44100, 44055}, {-1500, 44100, -66150},        {-1, 44100, -44},
+        {0, 44100, 0},        {1, 8000, 8},        {48695773, 44100, 2147483589}, {INT_MAX, 1, 2147483}};
+    for (const auto& each : cases)
+        EXPECT_EQ(LSoundTime(each.ms).GetSamples(each.rate), each.frames)
+            << each.ms << " ms at " << each.rate;
+    LSoundTime time(7);
+    time.SetSamples(66150, 44100);
+    EXPECT_EQ(time.GetMilliseconds(), 1500);
+    time.SetSamples(5, 0);
+    EXPECT_EQ(time.GetMilliseconds(), 1500) << "a rate of 0 keeps the time";
+    time.SetSamples(1, 44100);
+    EXPECT_EQ(time.GetMilliseconds(), 0);
+    time.SetSamples(-66150, 44100);
+    EXPECT_EQ(time.GetMilliseconds(), -1500);
+}
+
+template <class Format>
+int Out(int sample) {
+    typename Format::Stored stored;
+    ConvertSamplesOut<Format>(&stored, &sample, 1);
+    return stored;
+}
+
+template <class Format>
+int In(typename Format::Stored stored) {
+    int sample;
+    ConvertSamplesIn<Format>(&sample, &stored, 1);
+    return sample;
+}
+
+TEST(SampleFormat, RoundsTiesUpwardAndKeepsTheLowBits) {
+    struct {
+        int sample, bits16, bits8;
+    } const cases[] = {{0, 0, 128},          {-8, 0, 128},       {-9, -1, 128},        {2047, 128, 128},
+                       {2048, 128, 129},     {-2048, -128, 128}, {-2049, -128, 127},   {524279, 32767, 0},
+                       {524280, -32768, 0},  {524272, 32767, 0}, {522239, 32640, 255}, {-524272, -32767, 0},
+                       {-524288, -32768, 0}, {INT_MAX, 0, 128},  {INT_MIN, 0, 128}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(Out<LSF16>(each.sample), each.bits16) << each.sample;
+        EXPECT_EQ(Out<LSFLE16>(each.sample), each.bits16) << each.sample;
+        EXPECT_EQ(Out<LSFU8>(each.sample), each.bits8) << each.sample;
+    }
+    EXPECT_EQ(In<LSFU8>(0), -524288);
+    EXPECT_EQ(In<LSFU8>(255), 520192);
+    EXPECT_EQ(In<LSFLE16>(-32768), -524288);
+    EXPECT_EQ(In<LSFLE16>(32767), 524272);
+}
+
+} // namespace

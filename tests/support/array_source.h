@@ -1,0 +1,50 @@
+#pragma once
+
+#include "sound/sound_source.h"
+
+#include <algorithm>
+#include <vector>
+
+/// Samples that a test made up, then silence. Plays as a streaming source where `streaming` is set.
+class ArraySource : public LSoundSourceBase {
+public:
+    ArraySource(std::vector<int> data, int rate, std::uint8_t channelCount = 1, int peak = FullScale16)
+        : LSoundSourceBase(rate, channelCount, peak),
+          samples(std::move(data)) {}
+
+    void Read(int* buffer, int frames) override {
+        longestRead = std::max(longestRead, frames);
+        for (int i = 0; i < frames * channels; ++i) {
+            const long at = static_cast<long>(position) * channels + i;
+            buffer[i] =
+                at >= 0 && at < static_cast<long>(samples.size()) ? samples[static_cast<std::size_t>(at)] : 0;
+        }
+        position += frames;
+    }
+    int GetPositionSample() const override { return position; }
+    int GetEndSample() const override { return static_cast<int>(samples.size()) / channels; }
+    void Seek(int frame) override { position = frame; }
+    bool IsStreaming() const override { return streaming; }
+
+    std::vector<int> samples;
+    int position = 0;
+    int longestRead = 0;
+    bool streaming = false;
+};
+
+inline std::vector<int> ReadFrames(LSoundSourceBase& source, int frames) {
+    std::vector<int> buffer(static_cast<std::size_t>(frames) * source.channels, 0x5EED);
+    source.Read(buffer.data(), frames);
+    return buffer;
+}
+
+/// The same frames by calls of odd sizes, which must make no difference.
+inline std::vector<int> ReadInPieces(LSoundSourceBase& source, int frames) {
+    std::vector<int> all;
+    for (int done = 0, size = 1; done < frames; done += size, size = size * 3 % 4001 + 1) {
+        size = std::min(size, frames - done);
+        const std::vector<int> piece = ReadFrames(source, size);
+        all.insert(all.end(), piece.begin(), piece.end());
+    }
+    return all;
+}

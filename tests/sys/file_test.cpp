@@ -1,0 +1,68 @@
+#include "support/temp_dir.h"
+#include "sys/file.h"
+#include "sys/replaced_file.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+TEST(File, TheExtensionStartsAtTheLastDotOfTheWholePath) {
+    struct {
+        const char *path, *extension;
+    } const cases[] = {
+        {"a.tdf", ".tdf"}, {"a.b/c.TDL", ".TDL"}, {"a.b/c", ".b/c"}, {"plain", ""}, {"dot.", "."}};
+    for (const auto& each : cases)
+        EXPECT_EQ(GetPathExtension(each.path), each.extension);
+}
+
+TEST(File, OneFileIsFoundThroughLinks) {
+    const TempDir dir;
+    WriteBytes(dir / "a", "x");
+    WriteBytes(dir / "b", "x");
+    std::filesystem::create_symlink(dir / "a", dir / "soft");
+    std::filesystem::create_hard_link(dir / "a", dir / "hard");
+    EXPECT_TRUE(IsSameFile((dir / "a").c_str(), (dir / "./a").c_str()));
+    EXPECT_TRUE(IsSameFile((dir / "soft").c_str(), (dir / "hard").c_str()));
+    EXPECT_FALSE(IsSameFile((dir / "a").c_str(), (dir / "b").c_str()));
+    EXPECT_FALSE(IsSameFile((dir / "no").c_str(), (dir / "no").c_str()));
+}
+
+TEST(ReplacedFile, OldOrNewButNothingBetween) {
+    const TempDir dir;
+    const std::string path = dir / "file", link = dir / "link";
+    WriteBytes(path, "old");
+    chmod(path.c_str(), 0640);
+    std::filesystem::create_symlink(path, link);
+    {
+        const LReplacedFile dropped(path);
+        WriteBytes(dropped.GetPathToWrite(), "half of the n");
+        EXPECT_EQ(ReadBytes(path), "old");
+    }
+    EXPECT_EQ(ReadBytes(path), "old");
+    LReplacedFile kept(link);
+    WriteBytes(kept.GetPathToWrite(), "new");
+    EXPECT_TRUE(kept.Commit());
+    EXPECT_EQ(ReadBytes(path), "new") << "the file behind the link";
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    struct stat info {};
+    stat(path.c_str(), &info);
+    EXPECT_EQ(info.st_mode & 0777, 0640u);
+    EXPECT_EQ(dir.CountFiles(), 2u) << "nothing temporary stays";
+}
+
+TEST(ReplacedFile, SaysWhyItCanNotBeCreated) {
+    const TempDir dir;
+    EXPECT_EQ(LReplacedFile(dir / "no/folder").GetError(), "No such file or directory");
+    EXPECT_EQ(LReplacedFile(dir / "").GetError(), "Is a directory");
+    LReplacedFile device("/dev/null");
+    EXPECT_EQ(device.GetPathToWrite(), "/dev/null") << "no regular file is written directly";
+    EXPECT_TRUE(device.Commit());
+    const std::string longest = dir / std::string(255, 'n');
+    LReplacedFile named(longest);
+    EXPECT_TRUE(named.Commit());
+    EXPECT_TRUE(std::filesystem::exists(longest));
+}
+
+} // namespace

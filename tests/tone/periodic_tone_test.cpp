@@ -1,0 +1,182 @@
+#include "support/array_source.h"
+#include "support/reference.h"
+#include "tone/tone_engine.h"
+
+#include "sound/peak_limit.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+struct Tone {
+    std::vector<double> left, right{}, end{}, endRight{};
+    int waveform = ToneSine;
+    std::vector<int> db{};
+    std::uint32_t ms = 0;
+    bool log = false;
+
+    SonvireData Get() const {
+        SonvireData tone;
+        tone.waveform = static_cast<std::uint8_t>(waveform);
+        tone.numTones = static_cast<std::uint8_t>(left.size());
+        const auto set = [&tone](bool when, int flag) {
+            tone.flags |= static_cast<std::uint16_t>(when ? flag : 0);
+        };
+        set(!right.empty(), ToneFlagStereo);
+        set(!end.empty(), ToneFlagSweep);
+        set(log, ToneFlagLogSweep);
+        set(!db.empty(), ToneFlagVariableAmplitude);
+        set(ms != 0, ToneFlagDuration);
+        tone.durationMs = ms;
+        std::copy(left.begin(), left.end(), tone.startLeftHz);
+        std::copy(right.begin(), right.end(), tone.startRightHz);
+        std::copy(end.begin(), end.end(), tone.endLeftHz);
+        std::copy(endRight.begin(), endRight.end(), tone.endRightHz);
+        std::copy(db.begin(), db.end(), tone.amplitudeDb);
+        return tone;
+    }
+    LSoundSource Open() const { return OpenToneEngine(Get()); }
+};
+
+std::vector<double> Steps() {
+    std::vector<double> hz;
+    for (int i = 1; i <= MaxTones; ++i)
+        hz.push_back(100.0 * i);
+    return hz;
+}
+
+TEST(PeriodicTone, MatchesTheReference) {
+    struct {
+        const char* name;
+        Tone tone;
+        int frames;
+        std::uint32_t hash;
+    } const cases[] = {
+        {"sine", {.left = {1000}}, 10000, 0x61F81847},
+        {"square", {.left = {441.5}, .waveform = ToneSquare}, 10000, 0xD8FDC3C1},
+        {"triangular", {.left = {60}, .waveform = ToneTriangular}, 10000, 0x3787AD65},
+        {"saw tooth", {.left = {7000.25}, .waveform = ToneSawTooth}, 10000, 0xD32A5334},
+        {"impulse", {.left = {441}, .waveform = ToneImpulse}, 10000, 0x0ACA7182},
+        {"impulses have no level", {.left = {441}, .waveform = ToneImpulse, .db = {-127}}, 10000, 0x0ACA7182},
+        {"backwards", {.left = {-440}}, 10000, 0x77666B92},
+        {"levels", {.left = {440, 1000, 3000}, .db = {-6, -20, -127}}, 10000, 0x6C50ED21},
+        {"stereo", {.left = {440, 880}, .right = {443, 660}}, 10000, 0xA80CD1C8},
+        {"linear sweep", {.left = {100}, .end = {1000}, .ms = 1000}, 44100, 0xD82B8B92},
+        {"log sweep", {.left = {100}, .end = {1000}, .ms = 1000, .log = true}, 44100, 0xDA781A38},
+        {"stereo log sweep",
+         {.left = {20, 50},
+          .right = {30, 9000},
+          .end = {20000, 60},
+          .endRight = {300, 90},
+          .waveform = ToneSawTooth,
+          .ms = 700,
+          .log = true},
+         20000,
+         0xFD85431F},
+        {"16 components", {.left = Steps()}, 40000, 0x5D05FA75},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(HashSamples(ReadFrames(*each.tone.Open(), each.frames)), each.hash) << each.name;
+        EXPECT_EQ(HashSamples(ReadInPieces(*each.tone.Open(), each.frames)), each.hash)
+            << each.name << ", in pieces";
+    }
+    const LSoundSource limited = LSPPeakLimit(FullScale16).OpenSource(Tone{.left = Steps()}.Open());
+    EXPECT_EQ(HashSamples(ReadFrames(*limited, 30000)), 0x83D90BF3u);
+}
+
+TEST(PeriodicTone, TheFirstSamplesAreThoseOfTheTable) {
+    // 97391548 >> 17 = 743: sin(743 * 2 pi / 32768) * 131070.8844 = 18610.8
+    EXPECT_EQ(ReadFrames(*Tone{.left = {1000}}.Open(), 1), std::vector<int>{18610});
+    EXPECT_EQ(ReadFrames(*Tone{.left = {11025}}.Open(), 4), (std::vector<int>{131070, 0, -131070, 0}));
+    EXPECT_EQ(ReadFrames(*Tone{.left = {11025}, .waveform = ToneTriangular}.Open(), 2),
+              (std::vector<int>{165794, 0}));
+    EXPECT_EQ(ReadFrames(*Tone{.left = {22050}, .waveform = ToneSawTooth}.Open(), 1),
+              std::vector<int>{165794});
+    const std::vector<int> impulses = ReadFrames(*Tone{.left = {441}, .waveform = ToneImpulse}.Open(), 202);
+    EXPECT_EQ(std::count(impulses.begin(), impulses.end(), 185364), 2);
+    EXPECT_EQ(impulses[100], 185364) << "the 101st frame is the first to wrap";
+}
+
+TEST(PeriodicTone, ItsLengthIsTheDurationsOrAMinute) {
+    struct {
+        Tone tone;
+        int end;
+    } const cases[] = {{{.left = {1000}, .ms = 1500}, 66150},
+                       {{.left = {1000}, .ms = 999}, 44055},
+                       {{.left = {1000}}, 2646000}};
+    for (const auto& each : cases)
+        EXPECT_EQ(each.tone.Open()->GetEndSample(), each.end);
+    SonvireData zero;
+    zero.SetDuration(0);
+    EXPECT_EQ(OpenToneEngine(zero)->GetEndSample(), 2646000);
+    zero.SetDuration(0xFFFFFFFF); // more than can be counted: defined, whatever it is
+    ReadFrames(*OpenToneEngine(zero), 100);
+
+    const LSoundSource endless = Tone{.left = {1000}}.Open(), finite = Tone{.left = {1000}, .ms = 10}.Open();
+    ReadFrames(*endless, 500);
+    ReadFrames(*finite, 500);
+    EXPECT_EQ(endless->GetPositionSample(), 0);
+    EXPECT_EQ(finite->GetPositionSample(), 500) << "and past the end";
+    EXPECT_EQ(endless->peakMax, 2097152);
+    EXPECT_EQ(endless->sampleRate, 44100);
+}
+
+TEST(PeriodicTone, ASeekRestartsTheLeftChannelOnly) {
+    const Tone tone{.left = {440}, .right = {440}, .ms = 1000};
+    const LSoundSource straight = tone.Open(), sought = tone.Open();
+    const std::vector<int> first = ReadFrames(*straight, 333), second = ReadFrames(*straight, 10);
+    ReadFrames(*sought, 333);
+    sought->Seek(0);
+    EXPECT_EQ(sought->GetPositionSample(), 0);
+    const std::vector<int> after = ReadFrames(*sought, 10);
+    for (std::size_t i = 0; i < 10; ++i) {
+        EXPECT_EQ(after[2 * i], first[2 * i]);
+        EXPECT_EQ(after[2 * i + 1], second[2 * i + 1]);
+    }
+}
+
+TEST(PeriodicTone, ASweepNeedsADuration) {
+    const Tone endless{.left = {100}, .end = {1000}};
+    EXPECT_EQ(ReadFrames(*endless.Open(), 5000), ReadFrames(*Tone{.left = {100}}.Open(), 5000));
+}
+
+TEST(PeriodicTone, AnyRecordIsSafe) {
+    SonvireData tone;
+    tone.numTones = 200; // sounds as 16
+    tone.flags = 0xFFFF;
+    const double wild[] = {std::numeric_limits<double>::quiet_NaN(),
+                           std::numeric_limits<double>::infinity(),
+                           -std::numeric_limits<double>::infinity(),
+                           1e300,
+                           -1e300,
+                           0,
+                           -0.0,
+                           1e-310};
+    for (std::size_t i = 0; i < MaxTones; ++i) {
+        tone.startLeftHz[i] = wild[i % 8];
+        tone.endLeftHz[i] = wild[i / 2];
+        tone.startRightHz[i] = wild[7 - i % 8];
+        tone.amplitudeDb[i] = static_cast<std::int8_t>(i * 17 - 128);
+    }
+    for (int waveform = 0; waveform < 13; ++waveform) {
+        tone.waveform = static_cast<std::uint8_t>(waveform);
+        ReadFrames(*OpenToneEngine(tone), 2000);
+    }
+    tone = SonvireData();
+    tone.waveform = 12;
+    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 3), (std::vector<int>{0, 0, 0}))
+        << "an unknown waveform is silent";
+    tone = SonvireData();
+    for (const double hz :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+        tone.startLeftHz[0] = hz;
+        EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 3), (std::vector<int>{0, 0, 0})) << hz;
+    }
+    tone.startLeftHz[0] = 44100.0 * 3 + 11025; // modulo the sampling rate
+    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 1), std::vector<int>{131070});
+}
+
+} // namespace

@@ -1,0 +1,124 @@
+#include "support/temp_dir.h"
+#include "tone/tone_data.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace {
+
+bool IsDefault(const SonvireData& tone) {
+    const SonvireData fresh;
+    return std::memcmp(&tone, &fresh, SonvireData::FileBytes) == 0;
+}
+
+TEST(ToneData, AFreshToneIsAContinuousSine) {
+    const SonvireData tone;
+    EXPECT_EQ(tone.flags, 0);
+    EXPECT_EQ(tone.numTones, 1);
+    EXPECT_EQ(tone.durationMs, 1000u);
+    EXPECT_EQ(tone.endRightHz[15], 1000.0);
+    EXPECT_EQ(tone.GetListPath(), "");
+    EXPECT_FALSE(tone.IsFinite());
+    EXPECT_EQ(tone.GetDurationFrames(), 0);
+}
+
+TEST(ToneData, WaveformsHaveNames) {
+    const char* const names[] = {"Sine",        "Square",     "Triangular", "Saw Tooth", "Impulse",
+                                 "White Noise", "Pink Noise", "From List",  "",          ""};
+    SonvireData tone;
+    for (int code = 0; code < 10; ++code) {
+        tone.waveform = static_cast<std::uint8_t>(code);
+        EXPECT_STREQ(tone.GetToneName(), names[code]);
+    }
+    tone.waveform = 255;
+    EXPECT_STREQ(tone.GetToneName(), "");
+}
+
+TEST(ToneData, OnlyADurationWithoutALoopIsFinite) {
+    SonvireData tone;
+    tone.repeat = 1;
+    tone.SetDuration(1500);
+    EXPECT_TRUE(tone.IsFinite());
+    EXPECT_EQ(tone.GetDurationFrames(), 66150);
+    tone.repeat = 2;
+    EXPECT_FALSE(tone.IsFinite());
+}
+
+TEST(ToneFile, IsTheRecordByteForByte) {
+    const TempDir dir;
+    const std::string path = dir / "tone.tdf";
+    SonvireData tone;
+    ASSERT_TRUE(tone.WriteToFile(path.c_str()));
+    const std::string bytes = ReadBytes(path);
+    EXPECT_EQ(bytes.size(), 797u);
+    EXPECT_EQ(bytes.substr(0, 16), std::string("\0\0\0\1\xE8\3\0\0\0\0\0\0\0\x40\x8F\x40", 16));
+
+    tone.flags = 0x1234;
+    tone.waveform = 6;
+    tone.numTones = 3;
+    tone.durationMs = 0x89ABCDEF;
+    tone.startLeftHz[15] = 1;
+    tone.endLeftHz[0] = 2;
+    tone.startRightHz[0] = 4;
+    tone.endRightHz[15] = 8;
+    tone.amplitudeDb[0] = -1;
+    tone.repeat = 1;
+    std::memcpy(tone.listPath, "a\0b", 3);
+    tone.listPath[259] = 'z';
+    ASSERT_TRUE(tone.WriteToFile(path.c_str()));
+    const std::string image = ReadBytes(path);
+    EXPECT_EQ(image.substr(0, 8), "\x34\x12\6\3\xEF\xCD\xAB\x89");
+    struct {
+        std::size_t offset;
+        std::string bytes;
+    } const fields[] = {
+        {8 + 127, "\x3F"}, {136 + 7, "\x40"}, {264 + 6, "\x10\x40"},         {520 - 2, "\x20\x40"},
+        {520, "\xFF"},     {536, "\1"},       {537, std::string("a\0b", 3)}, {796, "z"}};
+    for (const auto& each : fields)
+        EXPECT_EQ(image.substr(each.offset, each.bytes.size()), each.bytes) << each.offset;
+
+    SonvireData read;
+    ASSERT_TRUE(read.ReadFromFile(path.c_str()));
+    EXPECT_EQ(std::memcmp(&read, &tone, SonvireData::FileBytes), 0);
+    EXPECT_EQ(read.GetListPath(), "a");
+}
+
+TEST(ToneFile, WhatIsNotAWholeRecordReadsAsTheDefault) {
+    const TempDir dir;
+    const std::string path = dir / "tone.tdf";
+    SonvireData tone;
+    for (const std::size_t size : {0u, 1u, 796u}) {
+        WriteBytes(path, std::string(size, 'x'));
+        tone.waveform = 3;
+        EXPECT_FALSE(tone.ReadFromFile(path.c_str())) << size;
+        EXPECT_TRUE(IsDefault(tone)) << size;
+    }
+    EXPECT_FALSE(tone.ReadFromFile((dir / "missing").c_str()));
+    EXPECT_FALSE(tone.ReadFromFile((dir / "").c_str()));
+    WriteBytes(path, std::string(900, '\1'));
+    EXPECT_TRUE(tone.ReadFromFile(path.c_str())) << "what follows the record is not looked at";
+    EXPECT_EQ(tone.flags, 0x0101);
+}
+
+TEST(ToneFile, AFileInAnotherProgramsHandsIsLeftAlone) {
+    const TempDir dir;
+    const std::string path = dir / "tone.tdf";
+    WriteBytes(path, "precious");
+    const int other = open(path.c_str(), O_RDWR);
+    ASSERT_EQ(flock(other, LOCK_EX), 0);
+    SonvireData tone;
+    EXPECT_FALSE(tone.WriteToFile(path.c_str()));
+    EXPECT_FALSE(tone.ReadFromFile(path.c_str()));
+    EXPECT_EQ(ReadBytes(path), "precious");
+    close(other);
+    EXPECT_TRUE(tone.WriteToFile(path.c_str()));
+    EXPECT_EQ(ReadBytes(path).size(), 797u);
+    EXPECT_FALSE(tone.WriteToFile("/dev/full"));
+    EXPECT_FALSE(tone.WriteToFile((dir / "no/folder").c_str()));
+}
+
+} // namespace
