@@ -21,7 +21,7 @@ void ReverseBytes(Number& number, Bits (*reverse)(Bits)) {
     number = std::bit_cast<Number>(reverse(std::bit_cast<Bits>(number)));
 }
 
-void ReverseByteOrder(SonvireFile& record) {
+[[maybe_unused]] void ReverseByteOrder(SonvireFile& record) {
     ReverseBytes(
         record.flags, +[](std::uint16_t bits) { return __builtin_bswap16(bits); });
     ReverseBytes(

@@ -11,8 +11,8 @@ constexpr int Half = ToneWaveTableSize / 2;
 constexpr int Quarter = ToneWaveTableSize / 4;
 
 /// 2 pi / 32768, and a peak whose mean square reads as 0 dB.
-constexpr long double SineAngleStep = 0.00019174759848570515L;
-constexpr long double SinePeak = 131070.8844L;
+constexpr double SineAngleStep = 0.00019174759848570515;
+constexpr double SinePeak = 131070.8844;
 constexpr int SquarePeak = 92682;
 /// The rise from one entry to the next that reaches 165794 after a quarter cycle.
 constexpr double TriangularSlope = 20.238549279785158;
