@@ -22,6 +22,10 @@ protected:
     LSNKPCMFileBase(const char* path, int rate, std::uint8_t channelCount, std::uint32_t sampleBytes,
                     int startSample);
 
+    /// Writes from where `opened` stands, which may be a pipe, with a header for `totalFrames` frames.
+    LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t channelCount, std::uint32_t sampleBytes,
+                    int totalFrames);
+
     void WriteFrames(const void* data, int frames);
 
 private:
@@ -29,11 +33,13 @@ private:
     /// Writes the header at the file's offset, with the true length when `final`, else with the provisional
     /// one.
     void WriteRIFF(bool final);
+    void WriteHeader(std::uint32_t dataBytes);
     void Note(bool written);
 
     std::uint32_t bytesPerSample;
     std::uint32_t bytesPerFrame;
     LReadWriteFile file;
+    std::int64_t start = 0; ///< the header's offset in the file; -1 in a pipe
 };
 
 /// The same for one sample format.
@@ -41,6 +47,7 @@ template <class Format>
 class LSNKPCMFile : public LSNKPCMFileBase {
 public:
     LSNKPCMFile(const char* path, int rate, std::uint8_t channelCount, int startSample);
+    LSNKPCMFile(LReadWriteFile&& opened, int rate, std::uint8_t channelCount, int totalFrames);
 
     void Write(const int* buffer, int frames) override;
 

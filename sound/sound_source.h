@@ -46,6 +46,9 @@ public:
     virtual bool IsStreaming() const;
     /// Waits for more data, at most for the time given. Blocks.
     virtual void WaitForStreamingData(int milliseconds);
+    /// Gives back what can be had again (an open file, a table) until the next `Seek`, before which it is not
+    /// read. For sources that wait their turn, or have had it, among thousands.
+    virtual void Unload();
 
     int sampleRate;        ///< frames per second, at least 1
     int peakMax;           ///< the largest magnitude that a sample can have

@@ -137,6 +137,21 @@ LSoundSource LWaveFile::OpenSource(const char* path) {
     return Failed(SoundUnsupportedFormat);
 }
 
+const char* LWaveFile::ExplainStatus(int status) {
+    switch (status) {
+    case SoundNothing:
+        return "is of an unsupported kind: IMA ADPCM is supported in mono only";
+    case SoundInvalidFormat:
+        return "is damaged or no WAVE file";
+    case SoundCannotOpen:
+        return "can't be opened";
+    case SoundUnsupportedFormat:
+        return "is of an unsupported kind: PCM of 8 or 16 bits and mono IMA ADPCM are supported";
+    default:
+        return "can't be used";
+    }
+}
+
 bool LWaveFile::IsCutShort(const char* path) {
     LSharedReadFile file(path);
     const std::optional<WaveLayout> wave = FindSamples(file);
@@ -149,5 +164,14 @@ LSoundSink LWaveFile::OpenSinkPCM(const char* path, int rate, std::uint8_t chann
         return LSoundSink::Make<LSNKPCMFile<LSFU8>>(path, rate, channels, startSample);
     if (bits <= 16)
         return LSoundSink::Make<LSNKPCMFile<LSFLE16>>(path, rate, channels, startSample);
+    return {};
+}
+
+LSoundSink LWaveFile::OpenSinkStream(LReadWriteFile&& opened, int rate, std::uint8_t channels,
+                                     std::uint16_t bits, int frames) {
+    if (bits <= 8)
+        return LSoundSink::Make<LSNKPCMFile<LSFU8>>(std::move(opened), rate, channels, frames);
+    if (bits <= 16)
+        return LSoundSink::Make<LSNKPCMFile<LSFLE16>>(std::move(opened), rate, channels, frames);
     return {};
 }

@@ -27,6 +27,12 @@ int OpenLocked(const char* path, int flags, int lock) {
     return -1;
 }
 
+/// A pipe opened for reading too would be its own reader, and a full one would wait for ever.
+bool IsPipe(const char* path) {
+    struct stat info {};
+    return stat(path, &info) == 0 && S_ISFIFO(info.st_mode);
+}
+
 class LockedFile : public LOpenFile {
 public:
     LockedFile(const char* path, int flags, int lock) : LOpenFile(OpenLocked(path, flags, lock)) {}
@@ -97,10 +103,33 @@ bool LOpenFile::Truncate(std::int64_t size) {
     return ftruncate(descriptor, size) == 0;
 }
 
-LSharedReadFile::LSharedReadFile(const char* path) : LReadFile(OpenAtOnce(path, O_RDONLY)) {}
+LReadWriteFile LReadWriteFile::Duplicate(int opened) {
+    return LReadWriteFile(fcntl(opened, F_DUPFD_CLOEXEC, 0));
+}
+
+LReadFile::LReadFile(const char* pathToOpen)
+    : LOpenFile(OpenAtOnce(pathToOpen, O_RDONLY)),
+      path(pathToOpen),
+      identity(GetIdentity()) {}
+
+bool LReadFile::Resume() {
+    if (IsOpen())
+        return true;
+    if (path.empty())
+        return false;
+    descriptor = OpenAtOnce(path.c_str(), O_RDONLY);
+    if (IsOpen() && GetIdentity() != identity)
+        Close();
+    return IsOpen();
+}
+
+LReadFile::Identity LReadFile::GetIdentity() const {
+    struct stat info {};
+    return fstat(descriptor, &info) == 0 ? Identity{info.st_dev, info.st_ino} : Identity{};
+}
 
 LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
-    : LReadWriteFile(OpenLocked(path, O_RDWR | O_CREAT, LOCK_SH)) {}
+    : LReadWriteFile(OpenLocked(path, (IsPipe(path) ? O_WRONLY : O_RDWR) | O_CREAT, LOCK_SH)) {}
 
 bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
     LockedFile file(path, O_RDONLY, LOCK_SH);
@@ -120,6 +149,15 @@ bool IsSameFile(const char* path, const char* otherPath) {
     struct stat a {
     }, b{};
     return stat(path, &a) == 0 && stat(otherPath, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+bool FileExists(const char* path) {
+    return access(path, F_OK) == 0;
+}
+
+std::string GetFolder(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 std::string WhyUnreadable(const char* path) {

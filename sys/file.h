@@ -34,22 +34,46 @@ protected:
     int descriptor = -1;
 };
 
-/// A file that is only read.
+/// A file that is only read. It can be closed for a while, so that thousands can wait their turn.
 class LReadFile : public LOpenFile {
 public:
-    using LOpenFile::LOpenFile;
+    LReadFile() = default;
+
+    void Suspend() { Close(); }
+    /// Opens the file again, at its beginning, where it was suspended; false where it is gone or another one
+    /// has taken its place.
+    bool Resume();
+
+protected:
+    /// Never waits: a named pipe without a writer opens and reads as empty.
+    explicit LReadFile(const char* pathToOpen);
+
+private:
+    struct Identity {
+        std::uint64_t device = 0, inode = 0;
+        bool operator==(const Identity&) const = default;
+    };
+    Identity GetIdentity() const;
+
+    std::string path;
+    Identity identity;
 };
 
 /// A file that is read and written.
 class LReadWriteFile : public LOpenFile {
 public:
+    LReadWriteFile() = default;
+    /// A descriptor of its own for what an open one leads to.
+    static LReadWriteFile Duplicate(int opened);
+
+protected:
     using LOpenFile::LOpenFile;
 };
 
-/// Opens for reading. Never waits: a named pipe without a writer opens and reads as empty.
+/// Opens for reading.
 class LSharedReadFile : public LReadFile {
 public:
-    explicit LSharedReadFile(const char* path);
+    explicit LSharedReadFile(const char* path) : LReadFile(path) {}
 };
 
 /// Opens for reading and writing, creates the file (mode 0666 less the mask) where it is missing, keeps what
@@ -74,6 +98,11 @@ public:
 
 /// True where both paths lead to one existing file, whatever links lie between.
 bool IsSameFile(const char* path, const char* otherPath);
+
+bool FileExists(const char* path);
+
+/// The folder part of a path, "." where it has none.
+std::string GetFolder(const std::string& path);
 
 /// Why `path` cannot be read as a file, in words for the user; empty where it can.
 std::string WhyUnreadable(const char* path);

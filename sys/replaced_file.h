@@ -18,6 +18,7 @@ public:
 
     const std::string& GetError() const { return error; }           ///< empty where the file could be created
     const std::string& GetPathToWrite() const { return writePath; } ///< what the new content is written to
+    bool IsWrittenDirectly() const { return !temporary; }
     /// Puts the written file in place, once it is closed; false, with `GetError`, where that failed.
     bool Commit();
 
