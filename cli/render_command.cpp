@@ -7,6 +7,7 @@
 #include "sound/wave_file.h"
 #include "sound_input.h"
 #include "sys/file.h"
+#include "text.h"
 #include "tone_options.h"
 #include "wave_output.h"
 
@@ -20,9 +21,8 @@
 
 namespace {
 
-constexpr int MaxRate = 196000; // what the WAVE reader takes
 /// The largest sample that doesn't wrap around in 8 bits.
-constexpr int FullScale8 = 522'239;
+constexpr int FullScale8 = 127 * 4096 + 2047;
 
 struct RenderOptions {
     std::vector<std::string>
@@ -94,6 +94,9 @@ LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool
 
 /// Why this output must not be written for this input; empty where it may.
 std::string WhyNotWritable(const std::string& output, const SoundInput& input) {
+    const std::string extension = ToLower(GetPathExtension(output));
+    if (extension == ".tdf" || extension == ".tdl")
+        return "is no name for a WAVE file";
     for (const std::string& file : input.files)
         if (IsSameFile(file.c_str(), output.c_str()))
             return "is read by the input";
@@ -116,7 +119,10 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
     }
 
     const LSoundSource source = Prepare(input.source, format);
-    WaveOutput output(outputPath, format, CountFrames(source, format));
+    const int frames = CountFrames(source, format);
+    if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
+        return Refuse(inputName, "is too long to be converted");
+    WaveOutput output(outputPath, format, frames);
     if (!output.GetError().empty())
         return Refuse(output.GetName(), output.GetError());
     const LProcessResult result = RunJob(source, output, options.quiet);
@@ -162,7 +168,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
         ->expected(1, 2)
         ->type_name("[INPUT] OUTPUT");
     command->add_option("--rate", options->rate, "Sample rate; without it, the input's own")
-        ->check(CLI::Range(1, MaxRate))
+        ->check(DecimalIn(1, LWaveFile::MaxRate))
         ->type_name("HZ");
     command
         ->add_option("--channels", options->channels, "1 (mono) or 2 (stereo); without it, the input's own")

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <sstream>
@@ -20,6 +21,21 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
     if (!text.empty() && text.back() == ',')
         parts.emplace_back();
     return parts;
+}
+
+CLI::Validator DecimalIn(int lowest, int highest) {
+    const std::string range = std::to_string(lowest) + " to " + std::to_string(highest);
+    return CLI::Validator(
+        [lowest, highest, range](const std::string& text) {
+            int value = 0;
+            const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
+            const bool plain =
+                failure == std::errc() && end == text.data() + text.size() && std::to_string(value) == text;
+            return plain && value >= lowest && value <= highest
+                       ? ""
+                       : "\"" + text + "\" is not in the range " + range;
+        },
+        range);
 }
 
 std::optional<double> ParseNumber(const std::string& text) {

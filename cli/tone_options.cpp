@@ -170,7 +170,7 @@ void AddToneOptions(CLI::App& command, ToneOptions& options) {
     add("--waveform", options.waveform,
         "sine (without this option), square, triangular, saw, impulse, white, pink", "NAME");
     add("--tones", options.tones, "How many components sound; without it, as many as values are given", "N")
-        ->check(CLI::Range(1, MaxTones));
+        ->check(DecimalIn(1, MaxTones));
     add("--frequency", options.frequency, "Frequency of each component, or one for all: 440,550,660", "HZ");
     add("--right", options.right, "The right channel's frequencies; makes the tone stereo", "HZ");
     add("--end", options.end, "Where a sweep ends", "HZ");
@@ -179,7 +179,7 @@ void AddToneOptions(CLI::App& command, ToneOptions& options) {
         ->check(CLI::IsMember({"linear", "log"}));
     add("--amplitude", options.amplitude, "Level of each component, -127 (silence) to 0: 0,-6,-12", "DB");
     add("--duration", options.durationMs, "How long the tone lasts, in milliseconds", "MS")
-        ->check(CLI::Range(1u, MaxToneDurationMs));
+        ->check(DecimalIn(1, MaxToneDurationMs));
     command.add_flag("--loop", options.loop, "Play the tone over and over")->group("Tone");
 }
 

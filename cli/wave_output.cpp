@@ -28,15 +28,13 @@ WaveOutput::WaveOutput(const std::string& path, const OutputFormat& format, int 
         sink = LWaveFile::OpenSinkPCM(file->GetPathToWrite().c_str(), format.rate, format.channels,
                                       static_cast<std::uint16_t>(format.bits), 0);
     if (error.empty() && (sink->status & SinkUnusable) != 0)
-        error = std::string("can't be opened for writing: ") + std::strerror(errno);
+        error = std::string("can't be opened for writing: ") + std::strerror(sink->writeError);
 }
 
 bool WaveOutput::Finish() {
-    const bool fellShort = (sink->status & SinkFellShort) != 0;
-    const int reason = sink->writeError;
-    sink.Close();
-    if (fellShort)
-        error = std::string("could not be written in full: ") + std::strerror(reason);
+    sink->Finish();
+    if ((sink->status & SinkFellShort) != 0 && sink->writeError != EINTR) // which is the user's own stop
+        error = std::string("could not be written in full: ") + std::strerror(sink->writeError);
     else if (file && !file->Commit())
         error = "can't be put in place: " + file->GetError();
     return error.empty();

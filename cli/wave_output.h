@@ -21,7 +21,6 @@ public:
 
     const std::string& GetName() const { return name; }
     const std::string& GetError() const { return error; } ///< empty unless something went wrong
-    /// Nobody else may hold it when `Finish` is called, or the file can't be completed.
     const LSoundSink& GetSink() const { return sink; }
 
     /// Completes the file and puts it in place; false, with `GetError`, where not all of it could be written.

@@ -12,8 +12,7 @@ LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channe
       bytesPerSample(sampleBytes),
       bytesPerFrame(sampleBytes * channels),
       file(LSharedReadWriteFile(path)) {
-    if (!file.IsOpen())
-        status = SinkUnusable;
+    NoteOpened();
     lengthHint = std::max(0, startSample);
     WriteRIFF(false);
     std::int64_t offset = LWaveFileFormat::HeaderBytes;
@@ -31,14 +30,15 @@ LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t
       bytesPerFrame(sampleBytes * channels),
       file(std::move(opened)),
       start(file.GetOffset()) {
-    if (!file.IsOpen())
-        status = SinkUnusable;
+    NoteOpened();
     WriteHeader(static_cast<std::uint32_t>(totalFrames) * bytesPerFrame);
 }
 
-LSNKPCMFileBase::~LSNKPCMFileBase() {
+void LSNKPCMFileBase::Finish() {
     if (start >= 0 && file.SeekTo(start)) // a pipe keeps the header that it was given
         WriteRIFF(true);
+    if (file.IsOpen())
+        Note(file.Close());
 }
 
 std::int64_t LSNKPCMFileBase::GetOffsetOf(int frame) const {
@@ -57,8 +57,15 @@ void LSNKPCMFileBase::WriteHeader(std::uint32_t dataBytes) {
     Note(format.WritePCMHeader(file, dataBytes));
 }
 
+void LSNKPCMFileBase::NoteOpened() {
+    if (file.IsOpen())
+        return;
+    status = SinkUnusable;
+    writeError = errno;
+}
+
 void LSNKPCMFileBase::Note(bool written) {
-    if (written || !file.IsOpen() || (status & SinkFellShort) != 0)
+    if (written || status != 0)
         return;
     status |= SinkFellShort;
     writeError = errno;

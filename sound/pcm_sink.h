@@ -11,10 +11,11 @@
 /// frames. `lengthHint` counts the frames written. What doesn't reach the file sets `SinkFellShort`.
 class LSNKPCMFileBase : public LSoundSinkBase {
 public:
-    ~LSNKPCMFileBase() override;
+    ~LSNKPCMFileBase() override { LSNKPCMFileBase::Finish(); }
 
     /// Cuts the file to `sample` frames and goes on from there; a place beyond what was written is ignored.
     void Seek(int sample) override;
+    void Finish() override;
 
 protected:
     /// Keeps the first `startSample` frames of an existing file, as far as it has them, and drops the rest. A
@@ -34,6 +35,7 @@ private:
     /// one.
     void WriteRIFF(bool final);
     void WriteHeader(std::uint32_t dataBytes);
+    void NoteOpened();
     void Note(bool written);
 
     std::uint32_t bytesPerSample;

@@ -26,8 +26,8 @@ enum LSoundStatus : std::uint8_t {
 };
 
 /// Hands out blocks of frames on request. Reached through `LSoundSource` handles only. Built on the thread
-/// that assembles a chain; from then on one thread at a time reads it. `Read` and `Seek` neither allocate nor
-/// lock.
+/// that assembles a chain; from then on one thread at a time reads it. `Read` does not lock, and allocates
+/// only where its class says so.
 class LSoundSourceBase {
 public:
     LSoundSourceBase(const LSoundSourceBase&) = delete;

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr std::uint32_t MinFormatBytes = 16, MaxFormatBytes = 8192;
-constexpr std::uint32_t MaxRate = 196000;
 constexpr std::uint16_t MaxChannels = 255;
 /// No file of use has as many chunks; a crafted one could otherwise keep the walk busy for hours.
 constexpr int MaxChunks = 65536;
@@ -100,7 +99,7 @@ std::optional<WaveLayout> FindSamples(LReadFile& file) {
         return {};
     const std::optional<std::uint32_t> dataBytes = FindChunk(file, "data", true);
     if (!dataBytes || format->channels < 1 || format->channels > MaxChannels || format->sampleRate < 1 ||
-        format->sampleRate > MaxRate)
+        format->sampleRate > LWaveFile::MaxRate)
         return {};
     return WaveLayout{*format, *dataBytes};
 }

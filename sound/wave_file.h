@@ -10,6 +10,8 @@
 /// Written: PCM of 8 or 16 bits.
 class LWaveFile {
 public:
+    static constexpr int MaxRate = 196000;
+
     /// Never fails as such: a file that can't be used gives a source whose status says why (`LSoundStatus`).
     static LSoundSource OpenSource(const char* path);
 

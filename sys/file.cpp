@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Opens without waiting for a pipe's other end; reads and writes wait as usual from then on.
+/// Opens without waiting for a pipe's other end; writes wait as usual from then on.
 int OpenAtOnce(const char* path, int flags) {
     const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
     if (descriptor >= 0 && (flags & O_ACCMODE) != O_RDONLY)
@@ -43,7 +43,10 @@ public:
 LOpenFile::LOpenFile(LOpenFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
 
 LOpenFile& LOpenFile::operator=(LOpenFile&& other) noexcept {
-    std::swap(descriptor, other.descriptor);
+    if (this != &other) {
+        Close();
+        descriptor = std::exchange(other.descriptor, -1);
+    }
     return *this;
 }
 
@@ -51,9 +54,8 @@ LOpenFile::~LOpenFile() {
     Close();
 }
 
-void LOpenFile::Close() {
-    if (descriptor >= 0)
-        close(std::exchange(descriptor, -1));
+bool LOpenFile::Close() {
+    return !IsOpen() || close(std::exchange(descriptor, -1)) == 0;
 }
 
 std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
@@ -73,8 +75,6 @@ bool LOpenFile::Write(const void* data, std::size_t bytes) {
     std::size_t done = 0;
     while (done < bytes) {
         const ssize_t put = write(descriptor, static_cast<const char*>(data) + done, bytes - done);
-        if (put < 0 && errno == EINTR)
-            continue;
         if (put <= 0)
             return false;
         done += static_cast<std::size_t>(put);

@@ -14,12 +14,13 @@ public:
     ~LOpenFile();
 
     bool IsOpen() const { return descriptor >= 0; }
-    void Close();
+    /// False where what was written could not be kept after all, as on a network disk.
+    bool Close();
 
     /// Reads up to `bytes` bytes from the current offset, as many as the file has; answers the count read.
     std::size_t Read(void* data, std::size_t bytes);
     /// Writes all of `bytes`; false, with the reason in `errno`, when even one byte did not make it (a full
-    /// disk, a closed pipe).
+    /// disk, a closed pipe, a signal while it waited for a pipe).
     bool Write(const void* data, std::size_t bytes);
 
     std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe

@@ -10,7 +10,7 @@ inline constexpr int MaxTones = 16;
 inline constexpr int ToneSampleRate = 44100;
 
 /// The longest duration whose frames can be counted, 13 and a half hours; the count wraps beyond it.
-inline constexpr std::uint32_t MaxToneDurationMs = 48'695'773;
+inline constexpr std::uint32_t MaxToneDurationMs = 48'695'774;
 
 /// Bits of `SonvireFile::flags`; all others are zero.
 enum ToneFlags : std::uint16_t {

@@ -75,11 +75,12 @@ void SSFromList::AddFile(const std::string& path) {
 }
 
 LSoundSource OpenToneList(const std::string& path) {
-    LList<ToneItem> list;
-    if (MayGoDeeper())
-        GetToneListFromFile(list, path.c_str());
-    else
+    if (!MayGoDeeper()) {
         TellTooDeep(path);
+        return {};
+    }
+    LList<ToneItem> list;
+    GetToneListFromFile(list, path.c_str());
     return SSFromList(list, GetFolder(path)).OpenSource();
 }
 

@@ -28,7 +28,8 @@ private:
     void AddFile(const std::string& path);
 };
 
-/// Reads a tone list file and opens it as one source. Missing, it is an empty list.
+/// Reads a tone list file and opens it as one source. Missing, it is an empty list; nested too deep,
+/// a source with nothing behind it.
 LSoundSource OpenToneList(const std::string& path);
 
 /// Where an entry's file is: `path` as it stands, or in `folder` where it is relative and found only there.
