@@ -1,4 +1,6 @@
+#include "devices_command.h"
 #include "interrupt.h"
+#include "play_command.h"
 #include "refusal.h"
 #include "render_command.h"
 
@@ -15,6 +17,8 @@ int main(int argc, char** argv) {
     program.require_subcommand(1);
     int status = ExitCompleted;
     AddRenderCommand(program, status);
+    AddPlayCommand(program, status);
+    AddDevicesCommand(program, status);
 
     CatchInterrupts();
     std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write that falls short

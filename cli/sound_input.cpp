@@ -17,18 +17,18 @@ SoundInput Refused(std::string reason) {
     return {.source = {}, .refusal = std::move(reason), .warning = {}};
 }
 
-SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs, SoundLength length) {
     SonvireData tone;
     if (!tone.ReadFromFile(path.c_str()))
         return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
                        " bytes");
     if (durationMs)
         tone.SetDuration(*durationMs);
-    if (!tone.IsFinite())
+    if (length == SoundLength::Finite && !tone.IsFinite())
         return Refused(NoDurationText);
-    if (tone.durationMs > MaxToneDurationMs)
+    if (tone.HasFlag(ToneFlagDuration) && tone.durationMs > MaxToneDurationMs)
         return Refused("lasts longer than the 13 and a half hours that a tone can be counted for");
-    return {.source = OpenToneEngine(tone), .refusal = {}, .warning = {}};
+    return {.source = OpenToneEngine(tone), .refusal = {}, .warning = {}, .endless = !tone.IsFinite()};
 }
 
 std::string ExplainStatus(int status) {
@@ -68,12 +68,13 @@ std::string ToLower(std::string text) {
 
 } // namespace
 
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length) {
     const std::string extension = ToLower(GetPathExtension(path));
     if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
         return Refused(reason);
     if (extension == ".tdf")
-        return OpenTone(path, durationMs);
+        return OpenTone(path, durationMs, length);
     if (extension == ".wav")
         return OpenWave(path, durationMs);
     return Refused("is of an unknown type: .tdf and .wav files are supported");
