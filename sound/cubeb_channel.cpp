@@ -1,6 +1,7 @@
 #include "sound/cubeb_channel.h"
 
 #include "sound/channel_feed.h"
+#include "sound/pulse_pin.h"
 #include "sys/background.h"
 
 #include <cubeb/cubeb.h>
@@ -26,6 +27,7 @@ constexpr std::chrono::milliseconds FadePoll{5};
 class Context {
 public:
     Context() {
+        PinPulseStreams();
         if (cubeb_init(&context, ProgramName, nullptr) != CUBEB_OK)
             context = nullptr;
     }
