@@ -91,5 +91,5 @@ void LChannelFeed::SetHeard(std::uint64_t position) {
     if (heard != before)
         ring->done.Signal();
     if (fading && fadeLeft == 0 && soundEnd <= position)
-        silent = true;
+        *ring->silence = true;
 }

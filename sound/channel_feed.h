@@ -29,7 +29,7 @@ public:
 
     // Any thread.
     /// True once the fade-out has been heard to its end.
-    bool IsSilent() const { return silent; }
+    bool IsSilent() const { return *ring->silence; }
 
 private:
     int FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames);
@@ -44,7 +44,6 @@ private:
     std::atomic<unsigned int> queued = 0; ///< buffers ever queued
     std::atomic<std::uint32_t> volume;
     std::atomic<bool> fading = false;
-    std::atomic<bool> silent = false;
 
     // The output's thread only.
     unsigned int taken = 0; ///< buffers that have been handed out in full

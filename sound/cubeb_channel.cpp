@@ -21,7 +21,7 @@ constexpr std::chrono::seconds OpenTimeout{5};
 /// What stands between a frame and its being heard, and so between a stop and silence.
 constexpr int LatencyMs = 25;
 constexpr std::chrono::milliseconds FadeTimeout{250};
-constexpr std::chrono::milliseconds FadePoll{5};
+constexpr std::chrono::milliseconds FadePoll{2};
 
 /// A connection to the sound server.
 class Context {
@@ -115,7 +115,7 @@ void NoteState(cubeb_stream* /*stream*/, void* user, cubeb_state state) {
         static_cast<Shared*>(user)->Fail();
 }
 
-/// A stream that plays from when it is made.
+/// A stream, made ready to play.
 class Stream {
 public:
     Stream(const Context& context, cubeb_devid device, Shared& shared) {
@@ -130,7 +130,6 @@ public:
                               &format, static_cast<std::uint32_t>(latency), FillOutput, NoteState,
                               &shared) != CUBEB_OK)
             stream = nullptr;
-        playing = stream && cubeb_stream_start(stream) == CUBEB_OK;
     }
     ~Stream() {
         if (!stream)
@@ -141,27 +140,30 @@ public:
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
 
-    bool IsPlaying() const { return playing; }
+    bool Play() { return stream && cubeb_stream_start(stream) == CUBEB_OK; }
 
 private:
     cubeb_stream* stream = nullptr;
-    bool playing = false;
 };
 
-void WaitForFade(const Shared& shared) {
+/// Not for longer than a fade can take: an output that has died never gets there.
+void WaitForSilence(const std::atomic<bool>& silence) {
     const Clock::time_point latest = Clock::now() + FadeTimeout;
-    while (!shared.feed.IsSilent() && shared.state == LSoundChannelState::Open && Clock::now() < latest)
+    while (!silence && Clock::now() < latest)
         std::this_thread::sleep_for(FadePoll);
 }
 
 LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, Shared& shared) {
-    const Stream stream(context, device, shared);
-    if (!stream.IsPlaying())
+    Stream stream(context, device, shared);
+    if (shared.request.after)
+        WaitForSilence(*shared.request.after); // both at once would be too loud
+    if (!stream.Play())
         return LSoundChannelState::NoOutput;
     shared.FinishOpening(LSoundChannelState::Open);
     while (!LSignalObjectRef(shared.close).WaitSignalDual(shared.close, 1000 * 3600)) {
     }
-    WaitForFade(shared);
+    if (shared.state == LSoundChannelState::Open)
+        WaitForSilence(*shared.request.ring->silence);
     return LSoundChannelState::Open;
 }
 
@@ -182,7 +184,10 @@ LSoundChannelState Run(Shared& shared) {
 class CubebChannel : public LSoundChannel {
 public:
     explicit CubebChannel(const LSoundChannelRequest& request) : shared(std::make_shared<Shared>(request)) {
-        if (!RunInBackground([state = shared] { state->FinishOpening(Run(*state)); }))
+        if (!RunInBackground([state = shared] {
+                state->FinishOpening(Run(*state));
+                *state->request.ring->silence = true;
+            }))
             shared->FinishOpening(LSoundChannelState::NoOutput);
     }
     ~CubebChannel() override {

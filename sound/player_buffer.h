@@ -42,7 +42,11 @@ struct LSoundPlayerRing {
         }
     }
 
+    using Silence = std::shared_ptr<std::atomic<bool>>;
+
     LSignalObject done; ///< set when a buffer has become free, or the channel's state has changed
     std::vector<std::int16_t> pool;
     std::array<LSoundPlayerBuffer, Buffers> buffers;
+    /// Set once nothing of the playback is to be heard any more, if only after its channel is gone.
+    const Silence silence = std::make_shared<std::atomic<bool>>(false);
 };

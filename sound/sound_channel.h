@@ -22,6 +22,8 @@ struct LSoundChannelRequest {
     LSoundPlayDevice device;
     std::string title; ///< what the desktop's volume mixer shows beside the program's name
     std::shared_ptr<LSoundPlayerRing> ring;
+    LSoundPlayerRing::Silence
+        after; ///< the playback that this one follows, which fades out first; may be null
 };
 
 /// A way to one output device, for the frames of one playback. Sets a buffer free and signals the ring's

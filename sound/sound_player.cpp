@@ -63,6 +63,7 @@ void LSoundPlayer::Stop() {
         return;
     StopThreadNow();
     source.Close();
+    previous = ring->silence;
     ring.reset();
     playing = false;
     ended = false;
@@ -115,7 +116,8 @@ void LSoundPlayer::ThreadFunction() {
                     .channels = source->channels,
                     .device = playDevice,
                     .title = title,
-                    .ring = ring});
+                    .ring = ring,
+                    .after = previous});
     while (!IsStopRequested()) {
         // First, so that what comes after any of the tests below ends the rest.
         ring->done.Reset();

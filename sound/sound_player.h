@@ -96,7 +96,8 @@ private:
 
     // Made by `Start`, then the thread's.
     std::shared_ptr<LSoundPlayerRing> ring;
-    std::vector<int> work; ///< one block
+    LSoundPlayerRing::Silence previous; ///< of the playback before
+    std::vector<int> work;              ///< one block
     int blockFrames = 0;
     std::unique_ptr<LSoundChannel> channel;
     unsigned int written = 0;  ///< buffers queued
