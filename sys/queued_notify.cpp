@@ -26,10 +26,10 @@ public:
     }
 
     bool event(QEvent* received) override {
+        // What the posting thread wrote before its post is seen from here on.
+        posts.load(std::memory_order_acquire);
         if (received->type() != NotifyEvent())
             return QObject::event(received);
-        // What the posting thread wrote before its post is seen from here on.
-        posts.fetch_sub(1, std::memory_order_acquire);
         owner.EvNotify();
         return true;
     }
