@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr unsigned int InterruptPollMs = 50;
+constexpr unsigned int InterruptPollMs = 20;
 
 struct PlayOptions {
     std::string input;

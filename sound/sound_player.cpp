@@ -133,11 +133,10 @@ void LSoundPlayer::ThreadFunction() {
 bool LSoundPlayer::Refill() {
     const unsigned int queued = written - reported;
     const int remaining = WrapSubtract(source->GetEndSample(), source->GetPositionSample());
-    if (queued == LSoundPlayerRing::Buffers) {
-        Rest();
-    } else if (remaining > 0) {
+    const bool full = queued == LSoundPlayerRing::Buffers;
+    if (!full && remaining > 0) {
         QueueBlock(std::min(remaining, blockFrames));
-    } else if (source->IsStreaming()) {
+    } else if (!full && source->IsStreaming()) {
         source->WaitForStreamingData(StreamingRestMs);
     } else if (queued > 0) {
         Rest();
