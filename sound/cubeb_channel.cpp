@@ -19,7 +19,7 @@ constexpr const char* ProgramName = "Sonvire";
 constexpr std::chrono::seconds ListTimeout{2};
 constexpr std::chrono::seconds OpenTimeout{5};
 /// What stands between a frame and its being heard, and so between a stop and silence.
-constexpr int LatencyMs = 25;
+constexpr int LatencyMs = 35;
 constexpr std::chrono::milliseconds FadeTimeout{250};
 constexpr std::chrono::milliseconds FadePoll{2};
 
