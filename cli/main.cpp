@@ -1,5 +1,7 @@
+#include "devices_command.h"
 #include "interrupt.h"
 #include "make_command.h"
+#include "play_command.h"
 #include "printed_messages.h"
 #include "refusal.h"
 #include "render_command.h"
@@ -19,6 +21,8 @@ int main(int argc, char** argv) {
     AddRenderCommand(program, status);
     AddMakeCommand(program, status);
     AddShowCommand(program, status);
+    AddPlayCommand(program, status);
+    AddDevicesCommand(program, status);
     PrintedMessages messages;
 
     CatchInterrupts();

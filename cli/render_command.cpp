@@ -135,14 +135,14 @@ int RenderFile(const RenderOptions& options) {
     const std::string& path = options.files.front();
     if (IsSameFile(path.c_str(), options.files.back().c_str()))
         return Refuse(options.files.back(), "is the input itself");
-    return RenderInput(options, path, OpenSoundInput(path, options.tone.durationMs));
+    return RenderInput(options, path, OpenSoundInput(path, options.tone.durationMs, SoundLength::Finite));
 }
 
 int RenderTone(const RenderOptions& options) {
     const DescribedTone described = MakeTone(options.tone);
     if (!described.problem.empty())
         return Misuse(described.problem);
-    return RenderInput(options, "the tone", OpenToneInput(described.tone));
+    return RenderInput(options, "the tone", OpenToneInput(described.tone, SoundLength::Finite));
 }
 
 int Render(const RenderOptions& options) {

@@ -28,7 +28,7 @@ SoundInput OpenList(const std::string& path) {
     return input;
 }
 
-SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs, SoundLength length) {
     SonvireData tone;
     if (!tone.ReadFromFile(path.c_str()))
         return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
@@ -38,7 +38,7 @@ SoundInput OpenTone(const std::string& path, std::optional<unsigned int> duratio
         return Refused("plays a list, which has a length of its own: --duration goes with tones");
     if (durationMs)
         tone.SetDuration(*durationMs);
-    return isList && tone.IsFinite() ? OpenList(tone.GetListPath()) : OpenToneInput(tone);
+    return isList && tone.IsFinite() ? OpenList(tone.GetListPath()) : OpenToneInput(tone, length);
 }
 
 SoundInput OpenWave(const std::string& path) {
@@ -55,20 +55,21 @@ SoundInput OpenWave(const std::string& path) {
 
 } // namespace
 
-SoundInput OpenToneInput(const SonvireData& tone) {
-    if (!tone.IsFinite())
+SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
+    if (length == SoundLength::Finite && !tone.IsFinite())
         return Refused(NoDurationText);
-    if (tone.durationMs > MaxToneDurationMs)
+    if (tone.HasFlag(ToneFlagDuration) && tone.durationMs > MaxToneDurationMs)
         return Refused("lasts longer than the 13 and a half hours that a tone can be counted for");
-    return {.source = OpenToneEngine(tone), .refusal = {}};
+    return {.source = OpenToneEngine(tone), .refusal = {}, .endless = !tone.IsFinite()};
 }
 
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length) {
     const std::string extension = ToLower(GetPathExtension(path));
     if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
         return Refused(reason);
     if (extension == ".tdf")
-        return OpenTone(path, durationMs);
+        return OpenTone(path, durationMs, length);
     if (extension != ".tdl" && extension != ".wav")
         return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
     if (durationMs)

@@ -13,18 +13,23 @@ struct InputWarning {
     std::string reason;
 };
 
+/// Whether the sound has to end, or may go on for ever.
+enum class SoundLength { Finite, Any };
+
 /// An input opened as the source of its sound, or the reason why it can't be.
 struct SoundInput {
     LSoundSource source;
-    std::string refusal; ///< empty where the source can be rendered
+    std::string refusal; ///< empty where the source can be used
+    bool endless = false;
     std::vector<InputWarning> warnings{};
     std::vector<std::string> files{}; ///< all that the source reads, those of a list's entries included
 };
 
 /// Opens a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), told apart by the extension in any case.
 /// `durationMs`, which goes with tones only, makes the tone that long and takes it out of its loop. An
-/// endless tone without it is refused; a list plays once through.
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs);
+/// endless tone without it is refused where the sound has to end; a list plays once through.
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length);
 
 /// The same for a tone that needs no file.
-SoundInput OpenToneInput(const SonvireData& tone);
+SoundInput OpenToneInput(const SonvireData& tone, SoundLength length);
