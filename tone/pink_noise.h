@@ -2,7 +2,6 @@
 
 #include "sound/sound_source.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -11,6 +10,12 @@
 class SSPinkNoise : public LSoundSourceBase {
 public:
     static constexpr int TableSize = 32768;
+
+    using Pair = double __attribute__((vector_size(2 * sizeof(double))));
+    struct FilterState {
+        Pair sections[3]; ///< of six one-pole sections
+        double delayed;   ///< a sample, one late
+    };
 
     /// 0 ms means endless. The table is drawn by the first `Read`, and again by the first one after `Unload`,
     /// from a seed that the source keeps: a list of thousands of noises holds the table of the playing one
@@ -26,8 +31,6 @@ public:
     void Unload() override { table = {}; }
 
 private:
-    using FilterState = std::array<double, 7>;
-
     void DrawTable();
     void StartSegment();
     int DrawPlace();
@@ -39,5 +42,5 @@ private:
     int readIndex = 0;          ///< next entry to filter
     int segmentEnd = TableSize; ///< where the current segment ends
     int segmentCounter = 0;     ///< next entry to draw a segment from
-    FilterState filter{};       ///< six one-pole sections and a delayed sample
+    FilterState filter{};
 };
