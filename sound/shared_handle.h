@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 /// A handle that shares an object with a plain reference count (`refCount`) and is never empty: where there
 /// is nothing to hold, `Null` stands in. Handles to one object must not be copied or released from two
 /// threads at once.
@@ -10,12 +12,15 @@ public:
     /// Takes a newly created object.
     explicit LSharedHandle(Object* created) : held(created) { ++held->refCount; }
     LSharedHandle(const LSharedHandle& other) : LSharedHandle(other.held) {}
-    ~LSharedHandle() { Release(); }
+    ~LSharedHandle() {
+        if (--held->refCount == 0)
+            delete held;
+    }
 
     LSharedHandle& operator=(const LSharedHandle& other) {
-        ++other.held->refCount; // first, so that assigning a handle to itself keeps the object
-        Release();
-        held = other.held;
+        LSharedHandle copy(
+            other); // raises its count first, so that assigning a handle to itself keeps the object
+        std::swap(held, copy.held);
         return *this;
     }
 
@@ -26,10 +31,5 @@ public:
     Object& operator*() const { return *held; }
 
 private:
-    void Release() {
-        if (--held->refCount == 0)
-            delete held;
-    }
-
     Object* held;
 };

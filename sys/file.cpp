@@ -131,6 +131,19 @@ LReadFile::Identity LReadFile::GetIdentity() const {
 LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
     : LReadWriteFile(OpenLocked(path, (IsPipe(path) ? O_WRONLY : O_RDWR) | O_CREAT, LOCK_SH)) {}
 
+LReadWriteFile LReadWriteFile::OpenUnlocked(const char* path) {
+    return LReadWriteFile(OpenAtOnce(path, O_RDWR | O_CREAT));
+}
+
+bool LReadWriteFile::LockExclusively() {
+    return flock(descriptor, LOCK_EX) == 0;
+}
+
+LExclusiveLock::LExclusiveLock(const char* path) : file(LReadWriteFile::OpenUnlocked(path)) {
+    if (!file.LockExclusively())
+        file.Close();
+}
+
 bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
     LockedFile file(path, O_RDONLY, LOCK_SH);
     return file.Read(data, size) == size;

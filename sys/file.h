@@ -66,6 +66,10 @@ public:
     LReadWriteFile() = default;
     /// A descriptor of its own for what an open one leads to.
     static LReadWriteFile Duplicate(int opened);
+    /// Creates the file where it is missing.
+    static LReadWriteFile OpenUnlocked(const char* path);
+    /// Waits until nobody else holds an advisory lock on it.
+    bool LockExclusively();
 
 protected:
     using LOpenFile::LOpenFile;
@@ -83,6 +87,17 @@ public:
 class LSharedReadWriteFile : public LReadWriteFile {
 public:
     explicit LSharedReadWriteFile(const char* path);
+};
+
+/// Holds a file, which is created where it is missing, against every other holder; waits for it. The lock
+/// goes with its process, however that ends.
+class LExclusiveLock {
+public:
+    explicit LExclusiveLock(const char* path);
+    bool IsHeld() const { return file.IsOpen(); }
+
+private:
+    LReadWriteFile file;
 };
 
 /// Whole files in one call.

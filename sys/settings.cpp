@@ -1,9 +1,11 @@
 #include "sys/settings.h"
 
+#include "sys/file.h"
 #include "sys/parse.h"
 
 #include <QSettings>
 #include <QString>
+#include <cstdio>
 
 namespace {
 
@@ -15,6 +17,22 @@ public:
     Store() : QSettings(QSettings::NativeFormat, QSettings::UserScope, "Quenby Software", "Sonvire") {
         setFallbacksEnabled(false);
     }
+};
+
+/// Keeps other programs from writing. The store's own lock file is one that a killed program may leave
+/// behind, and others would wait half a minute for; whoever holds this lock, which goes with its process, can
+/// remove it.
+class WriteLock {
+public:
+    explicit WriteLock(const Store& store) : lock((PathOf(store) + ".writer").c_str()) {
+        if (lock.IsHeld())
+            std::remove((PathOf(store) + ".lock").c_str());
+    }
+
+private:
+    static std::string PathOf(const Store& store) { return store.fileName().toStdString(); }
+
+    LExclusiveLock lock;
 };
 
 QString StoreKey(const std::string& section, const std::string& key) {
@@ -40,12 +58,14 @@ bool LUserSettingGetString(const std::string& section, const std::string& key, c
 
 void LUserSettingSetString(const std::string& section, const std::string& key, const std::string& value) {
     Store store;
+    const WriteLock lock(store);
     store.setValue(StoreKey(section, key), QString::fromStdString(value));
     store.sync();
 }
 
 void LUserSettingDeleteItem(const std::string& section, const std::string& key) {
     Store store;
+    const WriteLock lock(store);
     store.remove(StoreKey(section, key));
     store.sync();
 }
