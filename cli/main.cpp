@@ -1,5 +1,4 @@
 #include "devices_command.h"
-#include "interrupt.h"
 #include "make_command.h"
 #include "play_command.h"
 #include "printed_messages.h"
@@ -25,7 +24,6 @@ int main(int argc, char** argv) {
     AddDevicesCommand(program, status);
     PrintedMessages messages;
 
-    CatchInterrupts();
     std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write that falls short
     try {
         program.parse(argc, argv);

@@ -41,6 +41,7 @@ std::string ExplainPlayStatus(LPlayStatus status, int rate) {
 
 int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input,
                 const LSoundPlayDevice& device) {
+    CatchInterrupts();
     LEventLoop loop;
     PlayDisplay display(loop, input.source.GetEnd(), input.endless);
     LSoundPlayer player;

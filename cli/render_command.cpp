@@ -85,6 +85,7 @@ int CountFrames(const LSoundSource& source, const OutputFormat& format) {
 
 /// Renders into the output, of which nothing is held any more when this returns.
 LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool quiet) {
+    CatchInterrupts();
     LPRSourceToSink job("Saving Wave File", source, output.GetSink());
     RenderProgress progress(quiet, source.GetEnd().GetMilliseconds() / 1000.0, *output.GetSink());
     const LProcessResult result = Process(progress, job);

@@ -6,6 +6,8 @@
 #include <QSettings>
 #include <QString>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -24,13 +26,18 @@ public:
 /// remove it.
 class WriteLock {
 public:
-    explicit WriteLock(const Store& store) : lock((PathOf(store) + ".writer").c_str()) {
+    explicit WriteLock(const Store& store) : lock(CreateBeside(store.fileName().toStdString()).c_str()) {
         if (lock.IsHeld())
-            std::remove((PathOf(store) + ".lock").c_str());
+            std::remove((store.fileName() + ".lock").toUtf8().constData());
     }
 
 private:
-    static std::string PathOf(const Store& store) { return store.fileName().toStdString(); }
+    /// The lock's own file, in a folder that there is from now on.
+    static std::string CreateBeside(const std::string& path) {
+        std::error_code ignored;
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+        return path + ".writer";
+    }
 
     LExclusiveLock lock;
 };
