@@ -34,17 +34,18 @@ void SSTone::InitOscillators(const SonvireData& tone) {
 template <class Do>
 void SSTone::ForEachOscillator(Do doThis) {
     for (std::size_t i = 0; i < toneCount; ++i) {
-        doThis(left[i], 0);
+        doThis(left[i], 0, i == 0);
         if (stereo)
-            doThis(right[i], 1);
+            doThis(right[i], 1, i == 0);
     }
 }
 
 void SSTone::Read(int* out, int frames) {
-    ClearAudioBuffer(out, frames, channels);
+    if (toneCount == 0)
+        ClearAudioBuffer(out, frames, channels);
     for (int done = 0; done < frames;) {
         const int run = std::min(frames - done, sweepCountdown > 0 ? sweepCountdown : RunFrames);
-        AddOscillators(out + std::ptrdiff_t{done} * channels, run);
+        SumOscillators(out + std::ptrdiff_t{done} * channels, run);
         done += run;
         CountDownSweep(run, done - 1);
     }
@@ -52,9 +53,9 @@ void SSTone::Read(int* out, int frames) {
         position = WrapAdd(position, frames);
 }
 
-void SSTone::AddOscillators(int* out, int frames) {
-    ForEachOscillator([&](SSTonePole& oscillator, int channel) {
-        oscillator.AddTo(out + channel, channels, frames, table);
+void SSTone::SumOscillators(int* out, int frames) {
+    ForEachOscillator([&](SSTonePole& oscillator, int channel, bool first) {
+        oscillator.Produce(out + channel, channels, frames, table, !first);
     });
 }
 
@@ -65,7 +66,7 @@ void SSTone::CountDownSweep(int frames, int lastFrame) {
     if (sweepCountdown > 0)
         return;
     const double fraction = static_cast<double>(WrapAdd(position, lastFrame)) / endSample;
-    ForEachOscillator([&](SSTonePole& oscillator, int) { oscillator.Sweep(fraction, logSweep); });
+    ForEachOscillator([&](SSTonePole& oscillator, int, bool) { oscillator.Sweep(fraction, logSweep); });
     sweepCountdown = SweepFrames;
 }
 

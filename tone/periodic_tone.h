@@ -27,7 +27,7 @@ private:
     using Oscillators = std::array<SSTonePole, MaxTones>;
 
     void InitOscillators(const SonvireData& tone);
-    void AddOscillators(int* out, int frames);
+    void SumOscillators(int* out, int frames);
     void CountDownSweep(int frames, int lastFrame);
 
     template <class Do>

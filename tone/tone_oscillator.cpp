@@ -19,14 +19,14 @@ std::uint32_t ToIncrement(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
 }
 
-/// Adds shape(old phase, new phase) for every frame; answers the last phase.
-template <class Shape>
-std::uint32_t AddFrames(int* sums, int stride, int frames, std::uint32_t phase, std::uint32_t increment,
+/// Puts shape(old phase, new phase) to every frame, or adds it; answers the last phase.
+template <bool Add, class Shape>
+std::uint32_t PutFrames(int* out, int stride, int frames, std::uint32_t phase, std::uint32_t increment,
                         Shape shape) {
-    for (int i = 0; i < frames; ++i, sums += stride) {
+    for (int i = 0; i < frames; ++i, out += stride) {
         const std::uint32_t last = phase;
         phase += increment;
-        *sums = WrapAdd(*sums, shape(last, phase));
+        *out = Add ? WrapAdd(*out, shape(last, phase)) : shape(last, phase);
     }
     return phase;
 }
@@ -41,17 +41,18 @@ void SSTonePole::Init(double startHz, double endHz, std::int8_t amplitudeDb, boo
     gain = LDB(amplitudeDb).GetAmplitude();
 }
 
-void SSTonePole::AddTo(int* sums, int stride, int frames, const ToneWaveTable& table) {
+void SSTonePole::Produce(int* out, int stride, int frames, const ToneWaveTable& table, bool add) {
     const int* entries = table.data();
-    const auto add = [&](auto shape) {
-        phase = AddFrames(sums, stride, frames, phase, currentIncrement, shape);
+    const auto put = [&](auto shape) {
+        phase = add ? PutFrames<true>(out, stride, frames, phase, currentIncrement, shape)
+                    : PutFrames<false>(out, stride, frames, phase, currentIncrement, shape);
     };
     if (isImpulse) // its gain is left out on purpose
-        add([](std::uint32_t last, std::uint32_t now) { return now < last ? ImpulseLevel : 0; });
+        put([](std::uint32_t last, std::uint32_t now) { return now < last ? ImpulseLevel : 0; });
     else if (gain == UnityGain) // where the split product gives the sample itself
-        add([entries](std::uint32_t, std::uint32_t now) { return entries[now >> TableShift]; });
+        put([entries](std::uint32_t, std::uint32_t now) { return entries[now >> TableShift]; });
     else
-        add([entries, factor = gain](std::uint32_t, std::uint32_t now) {
+        put([entries, factor = gain](std::uint32_t, std::uint32_t now) {
             return SplitProduct(entries[now >> TableShift], factor);
         });
 }

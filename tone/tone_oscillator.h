@@ -14,8 +14,8 @@ struct SSTonePole {
     /// taken modulo 2^32, 0 where the number is not finite. `amplitudeDb`: see `LDB`.
     void Init(double startHz, double endHz, std::int8_t amplitudeDb, bool impulse, bool logSweep);
 
-    /// Adds the next `frames` samples to sums[0], sums[stride], ...
-    void AddTo(int* sums, int stride, int frames, const ToneWaveTable& table);
+    /// Writes the next `frames` samples to out[0], out[stride], ..., or adds them to what stands there.
+    void Produce(int* out, int stride, int frames, const ToneWaveTable& table, bool add);
 
     /// Moves the frequency to where it is after `fraction` of the sweep.
     void Sweep(double fraction, bool logSweep);
