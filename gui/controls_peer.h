@@ -9,9 +9,9 @@
 class LListViewEvents;
 class LListViewPeer;
 
-/// The toolkit's side of a window's controls, each reached by its id. What a control's kind does not have is ignored,
-/// and so is an id that no control has: texts read as empty then, values as 0. A change made here raises no event.
-/// UI thread only, as everything in this folder.
+/// The toolkit's side of a window's controls, each reached by its id. What a control's kind does not have is
+/// ignored, and so is an id that no control has: texts read as empty then, values as 0. A change made here
+/// raises no event. UI thread only, as everything in this folder.
 class LControlsPeer {
 public:
     virtual ~LControlsPeer() = default;
@@ -28,15 +28,16 @@ public:
     /// Gives the control the keyboard; the text of an input is selected.
     virtual void SetFocus(int id) = 0;
 
-    /// A number, as each kind has one: checked or not, the number in an edit, percent, the place of a slider, the index
-    /// of a choice.
+    /// A number, as each kind has one: checked or not, the number in an edit, percent, the place of a slider,
+    /// the index of a choice.
     virtual void SetRange(int id, int least, int most) = 0;
     virtual void SetValue(int id, int value) = 0;
     virtual int GetValue(int id) const = 0;
 
     /// What a chooser offers; the first one becomes its value.
     virtual void SetChoices(int id, const std::vector<std::string>& choices) = 0;
-    /// What a level meter shows: one level for each channel in whole decibels, 0 being full scale and -127 silence.
+    /// What a level meter shows: one level for each channel in whole decibels, 0 being full scale and -127
+    /// silence.
     virtual void SetLevels(int id, const std::vector<int>& decibels) = 0;
 
     /// The peer for the list of this id, which must exist; it may outlive the list.

@@ -30,5 +30,6 @@ void LDialog::Close(int ok) {
 
 void LDialog::LayoutControls(int width, int height) {
     for (const LControlLayout& control : layout.controls)
-        peer->Controls().Place(control.id, PlaceControl(control, width - layout.width, height - layout.height));
+        peer->Controls().Place(control.id,
+                               PlaceControl(control, width - layout.width, height - layout.height));
 }

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-/// A dialog over another window, built from its layout table and modal to the whole application. It exists on the
-/// screen only while `Open` runs.
+/// A dialog over another window, built from its layout table and modal to the whole application. It exists on
+/// the screen only while `Open` runs.
 class LDialog : public LWindow {
 public:
     /// The layout must outlive the dialog.

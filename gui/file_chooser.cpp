@@ -30,7 +30,8 @@ bool Exists(const std::string& path) {
 }
 
 bool MayReplace(const std::string& path) {
-    return LShowMessageBox("Replace File?", "The file \"" + path + "\" already exists. Do you want to replace it?",
+    return LShowMessageBox("Replace File?",
+                           "The file \"" + path + "\" already exists. Do you want to replace it?",
                            LMessageButtons::YesNo) == LMessageAnswer::Yes;
 }
 

@@ -35,6 +35,7 @@ std::vector<std::string> SplitPatterns(const LFileFilter& filter);
 /// Asks for an existing file; the empty path where the user cancels.
 std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser);
 
-/// Asks for a file to save to, and again where it exists and shall not be replaced; the empty path where the user
-/// cancels. A name without an extension takes that of the filter in use, or the default where the filter is the first.
+/// Asks for a file to save to, and again where it exists and shall not be replaced; the empty path where the
+/// user cancels. A name without an extension takes that of the filter in use, or the default where the filter
+/// is the first.
 std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser);

@@ -23,8 +23,9 @@ std::string NameOf(unsigned virtualKey, char32_t character) {
     case LKeyKeypadPlus:
         return "Num+";
     default:
-        return character == ' ' ? "Space"
-                                : std::string(1, static_cast<char>(std::toupper(static_cast<int>(character))));
+        return character == ' '
+                   ? "Space"
+                   : std::string(1, static_cast<char>(std::toupper(static_cast<int>(character))));
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-/// The bar of a level meter, in decibels in [-60, 0]: it rises at once and falls at 40 dB a second, so that a short
-/// peak is seen.
+/// The bar of a level meter, in decibels in [-60, 0]: it rises at once and falls at 40 dB a second, so that a
+/// short peak is seen.
 class LLevelFall {
 public:
     static constexpr double Silence = -60;

@@ -155,7 +155,8 @@ void LListView::RowsDragged(int before) {
     std::sort(dragged.begin(), dragged.end());
     int target = before;
     for (int i = 0; i < static_cast<int>(dragged.size()); ++i) {
-        // Rows above the target that have left make it move up; those that have arrived stand before the next one.
+        // Rows above the target that have left make it move up; those that have arrived stand before the next
+        // one.
         const int row = dragged[static_cast<std::size_t>(i)];
         if (row < before)
             MoveRow(row - i, before - 1);

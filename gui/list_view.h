@@ -16,8 +16,8 @@ struct LListCommands {
     int rowsMoved = 0; ///< the user has dragged rows to another place
 };
 
-/// A list control: rows of texts in columns, each with 32 bits of user data, any number of them selected. A row that
-/// does not exist is ignored, and reads as empty. The window must outlive the list.
+/// A list control: rows of texts in columns, each with 32 bits of user data, any number of them selected. A
+/// row that does not exist is ignored, and reads as empty. The window must outlive the list.
 class LListView : private LListViewEvents {
 public:
     /// For the control of this id, which the window has.
@@ -27,7 +27,8 @@ public:
 
     void SetColumns(std::span<const char* const> titles);
     void BindCommands(const LListCommands& bound) { commands = bound; }
-    /// Lets the user drag rows within the list, and drop files into it: these go to the window's `EvDropFilesOnList`.
+    /// Lets the user drag rows within the list, and drop files into it: these go to the window's
+    /// `EvDropFilesOnList`.
     void EnableDragging();
     void SetFocus();
 
@@ -81,9 +82,9 @@ private:
     std::unique_ptr<LListViewPeer> peer;
 };
 
-/// Empties a list so that its rows can be built anew, and selects, once it is destroyed, the rows that were selected
-/// before and are still there: those with the same user data, counted from the top where several rows share it. Then
-/// the selection command is sent once.
+/// Empties a list so that its rows can be built anew, and selects, once it is destroyed, the rows that were
+/// selected before and are still there: those with the same user data, counted from the top where several
+/// rows share it. Then the selection command is sent once.
 class LListRebuild {
 public:
     explicit LListRebuild(LListView& rebuilt);

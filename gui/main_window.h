@@ -3,20 +3,21 @@
 #include "gui/main_window_peer.h"
 #include "gui/window.h"
 
-/// The window that the program lives in: menu bar, tool bar, controls, status bar. `Run` brings it on the screen and
-/// returns when it has closed, and with it the program.
+/// The window that the program lives in: menu bar, tool bar, controls, status bar. `Run` brings it on the
+/// screen and returns when it has closed, and with it the program.
 class LMainWindow : public LWindow {
 public:
     /// The arguments are those of the process, which keep to the end of it.
     LMainWindow(LToolkit& windowToolkit, int argumentCount, const char* const* arguments);
     ~LMainWindow() override;
 
-    /// Start-up, in this order: the window is created, `InitDialog`, its geometry, documents that have already
-    /// arrived, shown, `EnableControls`, `EvRunArguments`, events until the end; then `DestroyDialog`.
+    /// Start-up, in this order: the window is created, `InitDialog`, its geometry, documents that have
+    /// already arrived, shown, `EnableControls`, `EvRunArguments`, events until the end; then
+    /// `DestroyDialog`.
     void Run();
 
-    /// Opens documents that the desktop hands over, one after the other: at once, or once the window stands. While some
-    /// wait for that, more are ignored.
+    /// Opens documents that the desktop hands over, one after the other: at once, or once the window stands.
+    /// While some wait for that, more are ignored.
     void OpenDocuments(const std::vector<std::string>& paths);
     /// Brings the window to the front.
     void Activate();
@@ -39,8 +40,8 @@ protected:
     void SetToolBar(std::span<const LToolBarItem> items);
     void SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items);
     void SetStatusBar(std::span<const LStatusItem> items);
-    /// The keys go to the handler, whichever control of the window has the keyboard; while that is one that is typed or
-    /// stepped in, only those that it has no use for. The menu shows them beside its entries.
+    /// The keys go to the handler, whichever control of the window has the keyboard; while that is one that
+    /// is typed or stepped in, only those that it has no use for. The menu shows them beside its entries.
     void SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table);
 
     LMenu& GetMenu() const { return *menu; }

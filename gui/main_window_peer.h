@@ -5,8 +5,8 @@
 #include "gui/tool_bar.h"
 #include "gui/window_peer.h"
 
-/// Where the window stands on the desktop, measured on its whole frame; of a maximized window, where it would stand
-/// otherwise.
+/// Where the window stands on the desktop, measured on its whole frame; of a maximized window, where it would
+/// stand otherwise.
 struct LWindowGeometry {
     int x = 200;
     int y = 200;
@@ -17,7 +17,8 @@ struct LWindowGeometry {
     bool operator==(const LWindowGeometry&) const = default;
 };
 
-/// The toolkit's side of the main window. Its controls stand in the space that menu bar, tool bar and status bar leave.
+/// The toolkit's side of the main window. Its controls stand in the space that menu bar, tool bar and status
+/// bar leave.
 class LMainWindowPeer : public LWindowPeer {
 public:
     /// A geometry that is on no screen leaves the choice to the desktop.

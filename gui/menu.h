@@ -18,7 +18,8 @@ struct LMenuEntry {
     const char* text = nullptr;
 };
 
-/// The toolkit's side of a menu. It is built from its first entry to its last; ids that it does not have are ignored.
+/// The toolkit's side of a menu. It is built from its first entry to its last; ids that it does not have are
+/// ignored.
 class LMenuPeer {
 public:
     virtual ~LMenuPeer() = default;
@@ -35,12 +36,14 @@ public:
     /// Shows which key does the same.
     virtual void SetKeyText(int id, const std::string& key) = 0;
 
-    /// Shows a pop-up menu until the user has chosen; answers the item's id, 0 for none. A menu bar answers 0.
+    /// Shows a pop-up menu until the user has chosen; answers the item's id, 0 for none. A menu bar answers
+    /// 0.
     virtual int Choose() = 0;
 };
 
-/// A menu bar or a pop-up menu: entries with ids, each enabled or not and marked or not. What the user chooses comes as
-/// a command of the window (menu bar) or as the answer of `Choose`, which shows the pop-up menu at the pointer.
+/// A menu bar or a pop-up menu: entries with ids, each enabled or not and marked or not. What the user
+/// chooses comes as a command of the window (menu bar) or as the answer of `Choose`, which shows the pop-up
+/// menu at the pointer.
 class LMenu {
 public:
     LMenu(std::unique_ptr<LMenuPeer> menuPeer, std::span<const LMenuEntry> entries);

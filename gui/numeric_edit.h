@@ -2,8 +2,8 @@
 
 #include "gui/dialog.h"
 
-/// A box that asks for one text, such as a number with its unit. The text that it starts with is selected, so that
-/// typing replaces it; Return is OK, Escape is Cancel.
+/// A box that asks for one text, such as a number with its unit. The text that it starts with is selected, so
+/// that typing replaces it; Return is OK, Escape is Cancel.
 class LNumericEdit : public LDialog {
 public:
     LNumericEdit(std::string boxTitle, std::string boxPrompt, std::string initialText);

@@ -3,7 +3,8 @@
 #include "gui/progress_dialog.h"
 #include "sys/process_result.h"
 
-/// Runs the job of type T under a progress dialog: the function `Process(LProgressDialog&, T&)` that goes with it.
+/// Runs the job of type T under a progress dialog: the function `Process(LProgressDialog&, T&)` that goes
+/// with it.
 template <class T>
 class LProcessDialog : public LProgressDialog {
 public:

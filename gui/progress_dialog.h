@@ -2,9 +2,9 @@
 
 #include "gui/dialog.h"
 
-/// Shows how far a long job has got, modal to the whole application, while the job runs on the calling thread. Cancel,
-/// Escape and closing the window all ask the job to stop; the window itself goes when the job has returned. Its controls
-/// are those of `ProgressControl`.
+/// Shows how far a long job has got, modal to the whole application, while the job runs on the calling
+/// thread. Cancel, Escape and closing the window all ask the job to stop; the window itself goes when the job
+/// has returned. Its controls are those of `ProgressControl`.
 class LProgressDialog : public LDialog {
 public:
     /// The title is the caption and, until the job sets it, the text of control 101. Not owned.
@@ -12,8 +12,8 @@ public:
 
     /// Runs `MainFunction` under the dialog and answers its result.
     int Open(LWindow& parent);
-    /// Lets the user interface run for as long as something waits for it, then tells whether to stop. A job asks this
-    /// regularly: nothing else moves while it runs.
+    /// Lets the user interface run for as long as something waits for it, then tells whether to stop. A job
+    /// asks this regularly: nothing else moves while it runs.
     bool IsToStop() const;
 
 protected:

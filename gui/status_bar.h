@@ -7,7 +7,8 @@ enum class LStatusKind {
     Slider,  ///< its value is a number in a range
 };
 
-/// One field of a status bar, from left to right. Afterwards it is a control like any other, reached by its id.
+/// One field of a status bar, from left to right. Afterwards it is a control like any other, reached by its
+/// id.
 struct LStatusItem {
     int id;
     LStatusKind kind;

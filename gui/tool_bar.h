@@ -28,7 +28,8 @@ public:
     virtual void ItemUsed(int command) = 0;
 };
 
-/// The toolkit's side of a tool bar. It shows what it is told, and changes nothing by itself when an item is used.
+/// The toolkit's side of a tool bar. It shows what it is told, and changes nothing by itself when an item is
+/// used.
 class LToolBarPeer {
 public:
     virtual ~LToolBarPeer() = default;
@@ -39,8 +40,8 @@ public:
 
 class LWindowEvents;
 
-/// A row of items, each with a command: a button, a toggle or a radio item, which look pressed exactly when their state
-/// is set. Using an item first brings its state up to date, then sends the command to the window.
+/// A row of items, each with a command: a button, a toggle or a radio item, which look pressed exactly when
+/// their state is set. Using an item first brings its state up to date, then sends the command to the window.
 class LToolBar : private LToolBarEvents {
 public:
     LToolBar() = default;
@@ -56,7 +57,8 @@ public:
     void Enable(int command, bool enabled);
     void SetState(int command, bool set);
     bool GetState(int command) const;
-    /// Sets one radio item and releases the others of its group, the radio items that stand beside it in one stretch.
+    /// Sets one radio item and releases the others of its group, the radio items that stand beside it in one
+    /// stretch.
     void SetRadio(int command);
 
 private:

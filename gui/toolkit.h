@@ -6,8 +6,8 @@
 #include <functional>
 #include <optional>
 
-/// Makes the peers of windows and menus, and stands for the desktop: one for the process, which outlives every window.
-/// UI thread only, but for `Post`.
+/// Makes the peers of windows and menus, and stands for the desktop: one for the process, which outlives
+/// every window. UI thread only, but for `Post`.
 class LToolkit {
 public:
     virtual ~LToolkit() = default;

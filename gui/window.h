@@ -4,9 +4,9 @@
 
 class LToolkit;
 
-/// A window with controls that are reached by their ids. What the user does arrives as a command: the id of the control,
-/// menu entry, tool bar item or key. A control that does not exist is ignored, and reads as empty. A window exists on
-/// the screen only between `InitDialog` and `DestroyDialog`. UI thread only.
+/// A window with controls that are reached by their ids. What the user does arrives as a command: the id of
+/// the control, menu entry, tool bar item or key. A control that does not exist is ignored, and reads as
+/// empty. A window exists on the screen only between `InitDialog` and `DestroyDialog`. UI thread only.
 class LWindow : protected LWindowEvents {
 public:
     LWindow() = default;

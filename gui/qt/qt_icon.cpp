@@ -21,7 +21,8 @@ QColor ColourOf(QIcon::Mode mode) {
     return colour;
 }
 
-/// Draws an SVG picture in the palette's colour at the time it is drawn, so that a change of theme is followed.
+/// Draws an SVG picture in the palette's colour at the time it is drawn, so that a change of theme is
+/// followed.
 class LQtIconEngine : public QIconEngine {
 public:
     explicit LQtIconEngine(const QByteArray& picture) : svg(picture) {}

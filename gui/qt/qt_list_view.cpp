@@ -63,7 +63,8 @@ void LQtListWidget::dropEvent(QDropEvent* event) {
     const int before = RowBelow(event->position().toPoint());
     const bool own = event->source() == this;
     const std::vector<std::string> paths = LocalFilesIn(*event->mimeData());
-    event->setDropAction(own ? Qt::IgnoreAction : Qt::CopyAction); // the rows are moved by the owner of the list
+    event->setDropAction(own ? Qt::IgnoreAction
+                             : Qt::CopyAction); // the rows are moved by the owner of the list
     event->accept();
     stopAutoScroll();
     setState(NoState);
@@ -80,10 +81,10 @@ LQtListView::LQtListView(LQtListWidget& listWidget, LListViewEvents& listEvents)
       events(listEvents) {
     list->SetEvents(&events);
     const auto tell = [this] { TellSelection(); };
-    connections = {QObject::connect(list, &QTreeWidget::itemSelectionChanged, list, tell),
-                   QObject::connect(list, &QTreeWidget::currentItemChanged, list, tell),
-                   QObject::connect(list, &QTreeWidget::itemDoubleClicked, list,
-                                    [this] { events.DoubleClicked(); })};
+    connections = {
+        QObject::connect(list, &QTreeWidget::itemSelectionChanged, list, tell),
+        QObject::connect(list, &QTreeWidget::currentItemChanged, list, tell),
+        QObject::connect(list, &QTreeWidget::itemDoubleClicked, list, [this] { events.DoubleClicked(); })};
 }
 
 LQtListView::~LQtListView() {

@@ -2,8 +2,8 @@
 
 #include <QAbstractSpinBox>
 
-/// A line of text with arrows that step the number in it within a range. What is typed stays as it is, so that whoever
-/// reads it can tell the user what is wrong with it.
+/// A line of text with arrows that step the number in it within a range. What is typed stays as it is, so
+/// that whoever reads it can tell the user what is wrong with it.
 class LQtNumberEdit : public QAbstractSpinBox {
 public:
     explicit LQtNumberEdit(QWidget* parent);

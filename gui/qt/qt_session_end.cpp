@@ -66,7 +66,8 @@ void LQtSessionEnd::Begin() {
     CloseTopmost();
 }
 
-/// A dialog takes time to go, and may show another one before it does: the timer comes back until none is left.
+/// A dialog takes time to go, and may show another one before it does: the timer comes back until none is
+/// left.
 void LQtSessionEnd::CloseTopmost() {
     if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();

@@ -6,9 +6,9 @@
 
 #include <memory>
 
-/// Closes the main window in good order when the session ends or the process is asked to (SIGTERM, SIGINT, SIGHUP, the
-/// desktop's log-out): as if the user had first cancelled every dialog that is open, from the topmost to the last. One
-/// for the process.
+/// Closes the main window in good order when the session ends or the process is asked to (SIGTERM, SIGINT,
+/// SIGHUP, the desktop's log-out): as if the user had first cancelled every dialog that is open, from the
+/// topmost to the last. One for the process.
 class LQtSessionEnd : public QObject {
 public:
     LQtSessionEnd();

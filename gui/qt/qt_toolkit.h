@@ -6,7 +6,8 @@
 
 #include <QApplication>
 
-/// The windows of the program on Qt Widgets. Shows the message boxes too. One for the process, made in `main`.
+/// The windows of the program on Qt Widgets. Shows the message boxes too. One for the process, made in
+/// `main`.
 class LQtToolkit : public LToolkit {
 public:
     /// Takes Qt's own options out of the arguments, which must outlive it.
