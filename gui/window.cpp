@@ -36,6 +36,14 @@ void LWindow::PBSetProgress(int control, double fraction) {
     SetValue(control, static_cast<int>(fraction * 100));
 }
 
+void LWindow::SetChoices(int control, const std::vector<std::string>& choices) {
+    GetControls().SetChoices(control, choices);
+}
+
+void LWindow::SetLevels(int control, const std::vector<int>& decibels) {
+    GetControls().SetLevels(control, decibels);
+}
+
 void LWindow::SetFocus(int control) {
     GetControls().SetFocus(control);
 }

@@ -27,6 +27,8 @@ public:
     int GetValue(int control) const;
     /// A progress bar at the whole percents of `fraction`, which counts from 0 to 1.
     void PBSetProgress(int control, double fraction);
+    void SetChoices(int control, const std::vector<std::string>& choices);
+    void SetLevels(int control, const std::vector<int>& decibels);
     void SetFocus(int control);
     void SetToolTip(int control, const std::string& text);
 

@@ -62,6 +62,7 @@ QWidget* LQtControls::Find(int id) const {
 
 void LQtControls::Register(int id, QWidget* widget) {
     widgets[id] = widget;
+    widget->setObjectName(QString::number(id));
     Connect(id, widget);
 }
 

@@ -11,11 +11,13 @@
 
 namespace {
 
-QColor ColourOf(QIcon::Mode mode) {
+QColor ColourOf(QIcon::Mode mode, QIcon::State state) {
     const QPalette palette = QGuiApplication::palette();
     if (mode == QIcon::Selected)
         return palette.color(QPalette::HighlightedText);
-    QColor colour = palette.color(QPalette::Active, QPalette::ButtonText);
+    // A pressed item is told by its picture too: in some themes its frame is faint.
+    const QPalette::ColorRole role = state == QIcon::On ? QPalette::Highlight : QPalette::ButtonText;
+    QColor colour = palette.color(QPalette::Active, role);
     if (mode == QIcon::Disabled)
         colour.setAlphaF(0.35F);
     return colour;
@@ -27,8 +29,8 @@ class LQtIconEngine : public QIconEngine {
 public:
     explicit LQtIconEngine(const QByteArray& picture) : svg(picture) {}
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-        const QColor colour = ColourOf(mode);
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        const QColor colour = ColourOf(mode, state);
         QByteArray coloured = svg;
         coloured.replace("currentColor", colour.name(QColor::HexRgb).toLatin1());
         QSvgRenderer renderer(coloured);

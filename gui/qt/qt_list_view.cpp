@@ -12,6 +12,12 @@
 #include <algorithm>
 #include <memory>
 
+namespace {
+
+constexpr int RowSpace = 8; // between the texts of two rows
+
+} // namespace
+
 LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
@@ -115,6 +121,7 @@ void LQtListView::InsertRow(int row, const std::vector<std::string>& texts) {
     const QSignalBlocker blocker(list);
     auto item = std::make_unique<QTreeWidgetItem>();
     item->setFlags(item->flags() & ~Qt::ItemIsDropEnabled);
+    item->setSizeHint(0, QSize(0, list->fontMetrics().height() + RowSpace));
     for (std::size_t column = 0; column < texts.size(); ++column)
         item->setText(static_cast<int>(column), ToQt(texts[column]));
     list->insertTopLevelItem(row, item.release()); // the list owns it from here on

@@ -16,10 +16,15 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr QSize SmallIcon(16, 16);
 constexpr QSize LargeIcon(24, 24);
+constexpr int StatusMargin = 6;
+constexpr int FrameTries = 20;
+constexpr int FrameWaitMs = 25;
 
 bool IsOnAScreen(const QRect& frame) {
     for (const QScreen* screen : QGuiApplication::screens())
@@ -44,6 +49,8 @@ LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     setCentralWidget(content);
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setContentsMargins(StatusMargin, 0, StatusMargin, 0);
     content->installEventFilter(this);
     qApp->installEventFilter(this);
 }
@@ -65,12 +72,16 @@ void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
     setWindowState(geometry.maximized ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
-/// How large the frame is, is known only once the desktop has put one around the window.
-void LQtMainWindow::FitFrame() {
-    if (!frameToFit || isMaximized())
+/// How large the frame is, is known only some time after the desktop has put one around the window, if it
+/// does.
+void LQtMainWindow::FitFrame(int triesLeft) {
+    if (isMaximized() || triesLeft == 0)
         return;
-    resize(*frameToFit - (frameGeometry().size() - size()));
-    frameToFit.reset();
+    const QSize frame = frameGeometry().size() - size();
+    if (!frame.isNull())
+        resize(frameToFit - frame);
+    else
+        QTimer::singleShot(FrameWaitMs, this, [this, triesLeft] { FitFrame(triesLeft - 1); });
 }
 
 LWindowGeometry LQtMainWindow::GetGeometry() const {
@@ -87,7 +98,7 @@ LWindowGeometry LQtMainWindow::GetGeometry() const {
 void LQtMainWindow::Show() {
     show();
     activateWindow();
-    QTimer::singleShot(0, this, [this] { FitFrame(); });
+    FitFrame(FrameTries);
 }
 
 void LQtMainWindow::Raise() {

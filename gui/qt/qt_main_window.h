@@ -5,8 +5,6 @@
 
 #include <QMainWindow>
 
-#include <optional>
-
 /// The main window's peer and its window in one.
 class LQtMainWindow : public LMainWindowPeer, private QMainWindow {
 public:
@@ -34,12 +32,11 @@ private:
     void dropEvent(QDropEvent* event) override;
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
-    void FitFrame();
+    void FitFrame(int triesLeft);
 
     LWindowEvents& events;
     QWidget* content;
     std::unique_ptr<LQtControls> controls;
-    /// The size that the frame shall have, until the desktop has given the window one.
-    std::optional<QSize> frameToFit;
+    QSize frameToFit; ///< the size that the frame shall have
     bool hasStatusText = false;
 };

@@ -57,12 +57,16 @@ void LQtMenu::AddItem(int id, const std::string& text) {
     actions[id] = action;
     if (!events)
         return;
-    QObject::connect(action, &QAction::triggered, action, [this, action, id] {
-        // Choosing an item marks it at once; whether it is marked is for the window to say.
-        if (action->isCheckable())
-            action->setChecked(marks[action]);
+    QObject::connect(action, &QAction::triggered, action, [this, id] {
+        RestoreMarks();
         events->ControlUsed(id);
     });
+}
+
+/// Choosing an item has changed the marks at once; where they stand is for the window to say.
+void LQtMenu::RestoreMarks() {
+    for (const auto& [action, marked] : marks)
+        action->setChecked(marked);
 }
 
 QAction* LQtMenu::Find(int id) const {

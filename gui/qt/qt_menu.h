@@ -44,6 +44,7 @@ private:
     QString WithLetter(const std::string& text);
     QAction* Find(int id) const;
     void Mark(QAction* action, bool marked);
+    void RestoreMarks();
 
     QMenu popup;
     QMenuBar* bar = nullptr;
