@@ -64,7 +64,7 @@ std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
     shown.name = NameOf(chooser.name);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
         const bool bare = NameOf(chosen->path).find('.') == std::string::npos;
-        const std::string path = chosen->path + (bare ? ExtensionFor(chooser, chosen->filter) : "");
+        std::string path = chosen->path + (bare ? ExtensionFor(chooser, chosen->filter) : "");
         shown.name = NameOf(path);
         shown.folder = FolderOf(path);
         if (Exists(path) && !MayReplace(path))

@@ -42,9 +42,10 @@ TEST_F(Gui, AWindowStartsAndEndsInOrder) {
 }
 
 TEST_F(Gui, AMenuIsBuiltFromAFlatTable) {
-    constexpr LMenuEntry table[] = {{-1, "Tone"}, {5, "Edit"},  {0},  {-1, "Count"}, {31, "1"}, {32, "2"},
-                                    {-1},         {-40, "Amp"}, {-1}, {-1, "Play"},  {7, "Go"}, {-1}};
-    Run([&table](TestWindow& w) { w.SetMenu(table); },
+    static constexpr LMenuEntry table[] = {{-1, "Tone"}, {5, "Edit"},  {0},       {-1, "Count"},
+                                           {31, "1"},    {32, "2"},    {-1},      {-40, "Amp"},
+                                           {-1},         {-1, "Play"}, {7, "Go"}, {-1}};
+    Run([&](TestWindow& w) { w.SetMenu(table); },
         [this](MemoryMainWindow& shown) {
             EXPECT_EQ(shown.menu.lines,
                       (Texts{"Tone/Edit", "-", "Tone/Count/1", "Tone/Count/2", "Tone/Amp", "Play/Go"}));
@@ -64,8 +65,8 @@ TEST_F(Gui, AMenuIsBuiltFromAFlatTable) {
 
 TEST_F(Gui, AToolBarShowsStatesBeforeItsCommandIsSent) {
     using enum LToolBarItemKind;
-    constexpr LToolBarItem table[] = {{Button, 1},  {Separator}, {Radio, 10}, {Radio, 11},
-                                      {Toggle, 20}, {Radio, 30}, {Radio, 31}};
+    static constexpr LToolBarItem table[] = {{Button, 1},  {Separator}, {Radio, 10}, {Radio, 11},
+                                             {Toggle, 20}, {Radio, 30}, {Radio, 31}};
     const auto pressed = [](const MemoryToolBar& bar) {
         Ints commands;
         for (const auto& item : bar.items)
@@ -94,12 +95,12 @@ TEST_F(Gui, AToolBarShowsStatesBeforeItsCommandIsSent) {
 }
 
 TEST_F(Gui, KeysBecomeCommandsOnceEach) {
-    constexpr LKeyMapEntry table[] = {{LKeyF1, 0, LCommandHelp},
-                                      {LKeyNone, ' ', 101},
-                                      {LKeyControl, 's', 1110},
-                                      {LKeyKeypadPlus, 0, 2101},
-                                      {LKeyNone, '-', 2102}};
-    constexpr LMenuEntry entries[] = {{-1, "File"}, {1110, "Save"}, {-1}};
+    static constexpr LKeyMapEntry table[] = {{LKeyF1, 0, LCommandHelp},
+                                             {LKeyNone, ' ', 101},
+                                             {LKeyControl, 's', 1110},
+                                             {LKeyKeypadPlus, 0, 2101},
+                                             {LKeyNone, '-', 2102}};
+    static constexpr LMenuEntry entries[] = {{-1, "File"}, {1110, "Save"}, {-1}};
     Run(
         [&](TestWindow& w) {
             w.SetMenu(entries);
@@ -210,7 +211,7 @@ TEST_F(Gui, DraggedRowsStandTogetherWhereTheyAreDropped) {
 TEST_F(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     const TempDir dir;
     WriteBytes(dir / "old.tdf", "old");
-    constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
     struct {
         const char* name;
         std::vector<LChosenFile> chosen;

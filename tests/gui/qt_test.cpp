@@ -94,7 +94,7 @@ constexpr LKeyMapEntry Keys[] = {
 };
 
 TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
-    constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
+    static constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
     Run(
         [&](TestWindow& w) {
             w.MakeList(3);
@@ -153,10 +153,10 @@ TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
 
 TEST_F(QtGui, ToolBarItemsLookAsTheirStateIs) {
     using enum LToolBarItemKind;
-    constexpr LToolBarItem items[] = {{Button, 1, "increase", "", "More"},
-                                      {Radio, 2111, "sine", "", "Sine"},
-                                      {Radio, 2112, "square", "", "Square"},
-                                      {Toggle, 122, "stereo", "", "Stereo"}};
+    static constexpr LToolBarItem items[] = {{Button, 1, "increase", "", "More"},
+                                             {Radio, 2111, "sine", "", "Sine"},
+                                             {Radio, 2112, "square", "", "Square"},
+                                             {Toggle, 122, "stereo", "", "Stereo"}};
     Run(
         [&](TestWindow& w) {
             w.MakeList(1);
@@ -260,7 +260,8 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
 }
 
 TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
-    constexpr LMenuEntry bar[] = {{-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
+    static constexpr LMenuEntry bar[] = {
+        {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
     Run(
         [&](TestWindow& w) {
             w.SetMenu(bar);
@@ -490,7 +491,7 @@ TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
 TEST_F(QtGui, AFileChooserStartsAsAsked) {
     const TempDir dir;
     WriteBytes(dir / "a.tdf", "");
-    constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
     LFileChooser chooser{"Save tone as", "a.tdf", dir / "", filters, "tdf"};
     Then([&](QWidget& widget) {
         auto& dialog = static_cast<QFileDialog&>(widget);
