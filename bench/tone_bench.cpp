@@ -1,4 +1,5 @@
-// Synthesis: items are oscillator samples, so that items per second / 44100 is how many oscillators play at once.
+// Synthesis: items are oscillator samples, so that items per second / 44100 is how many oscillators play at
+// once.
 
 #include "sound/sound_source.h"
 #include "tone/tone_engine.h"
@@ -31,7 +32,8 @@ BENCHMARK_CAPTURE(BM_Oscillators, OneSine, ToneSine, 1, 0, std::int8_t{0});
 BENCHMARK_CAPTURE(BM_Oscillators, SixteenSines, ToneSine, 16, 0, std::int8_t{0});
 BENCHMARK_CAPTURE(BM_Oscillators, SixteenAtALevel, ToneSine, 16, ToneFlagVariableAmplitude, std::int8_t{-6});
 BENCHMARK_CAPTURE(BM_Oscillators, SixteenSweeping, ToneSine, 16, ToneFlagSweep, std::int8_t{0});
-BENCHMARK_CAPTURE(BM_Oscillators, SixteenSweepingLog, ToneSine, 16, ToneFlagSweep | ToneFlagLogSweep, std::int8_t{0});
+BENCHMARK_CAPTURE(BM_Oscillators, SixteenSweepingLog, ToneSine, 16, ToneFlagSweep | ToneFlagLogSweep,
+                  std::int8_t{0});
 BENCHMARK_CAPTURE(BM_Oscillators, Impulses, ToneImpulse, 16, 0, std::int8_t{0});
 
 } // namespace

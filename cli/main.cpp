@@ -1,13 +1,17 @@
+#include "devices_command.h"
 #include "interrupt.h"
+#include "make_command.h"
+#include "play_command.h"
+#include "printed_messages.h"
 #include "refusal.h"
 #include "render_command.h"
+#include "show_command.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
 #include <csignal>
-#include <cstdio>
 
 int main(int argc, char** argv) {
     CLI::App program("Sonvire generates test tones.", "sonvire-cli");
@@ -15,6 +19,11 @@ int main(int argc, char** argv) {
     program.require_subcommand(1);
     int status = ExitCompleted;
     AddRenderCommand(program, status);
+    AddMakeCommand(program, status);
+    AddShowCommand(program, status);
+    AddPlayCommand(program, status);
+    AddDevicesCommand(program, status);
+    PrintedMessages messages;
 
     CatchInterrupts();
     std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write that falls short
@@ -23,8 +32,7 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
             return program.exit(error); // --help and --version
-        std::fprintf(stderr, "sonvire-cli: %s (see sonvire-cli --help)\n", error.what());
-        return ExitFailed;
+        return Misuse(error.what());
     }
     return status;
 }

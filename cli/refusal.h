@@ -12,5 +12,8 @@ enum ExitStatus : int {
 /// Prints one line on standard error that names the file and the reason; answers `ExitFailed`.
 int Refuse(const std::string& file, const std::string& reason);
 
+/// The same for a command line that makes no sense.
+int Misuse(const std::string& reason);
+
 /// Prints a line of the same form, for what can be gone on with.
 void Warn(const std::string& file, const std::string& reason);

@@ -7,31 +7,32 @@
 #include "sound/wave_file.h"
 #include "sound_input.h"
 #include "sys/file.h"
-#include "sys/replaced_file.h"
-#include "tone/tone_data.h"
+#include "text.h"
+#include "tone_options.h"
+#include "wave_output.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include <cstring>
+#include <algorithm>
 #include <memory>
 #include <optional>
 
 namespace {
 
-constexpr int MaxRate = 196000; // what the WAVE reader takes
 /// The largest sample that doesn't wrap around in 8 bits.
-constexpr int FullScale8 = 522'239;
+constexpr int FullScale8 = 127 * 4096 + 2047;
 
 struct RenderOptions {
-    std::string input;
-    std::string output;
+    std::vector<std::string>
+        files; ///< INPUT and OUTPUT, or OUTPUT alone where the tone options stand for the input
+    ToneOptions tone;
     std::optional<int> rate;
     std::optional<int> channels;
-    std::optional<unsigned int> durationMs;
     int bits = 16;
     bool quiet = false;
+    bool strict = false;
 };
 
 /// Stops also where the sink has run out of room: what follows would be lost.
@@ -45,13 +46,6 @@ public:
 
 private:
     const LSoundSinkBase& sink;
-};
-
-/// What the sink is opened with.
-struct OutputFormat {
-    int rate;
-    std::uint8_t channels;
-    int bits;
 };
 
 OutputFormat ChooseFormat(const RenderOptions& options, const LSoundSource& source) {
@@ -79,61 +73,102 @@ LSoundSource MixDown(const LSoundSource& source, const OutputFormat& format) {
     return LSoundSource::Make<LSRCPeakLimit>(mixed, format.bits == 8 ? FullScale8 : FullScale16);
 }
 
-struct RenderOutcome {
-    LProcessResult result;
-    std::string failure; ///< empty unless something went wrong
-};
+/// The source as the sink takes it; only what was mixed down is not left to the job.
+LSoundSource Prepare(const LSoundSource& source, const OutputFormat& format) {
+    return source->channels == 2 && format.channels == 1 ? MixDown(source, format) : source;
+}
 
-/// Renders into the file at `path`, which is complete when this returns.
-RenderOutcome RenderTo(const std::string& path, const LSoundSource& source, const OutputFormat& format,
-                       bool quiet) {
-    const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), format.rate, format.channels,
-                                                   static_cast<std::uint16_t>(format.bits), 0);
-    const bool mixDown = source->channels == 2 && format.channels == 1;
-    LPRSourceToSink job("Saving Wave File", mixDown ? MixDown(source, format) : source, sink);
-    RenderProgress progress(quiet, source.GetEnd().GetMilliseconds() / 1000.0, *sink);
+int CountFrames(const LSoundSource& source, const OutputFormat& format) {
+    const LSoundSource converted = OpenSourceForSink(source, format.rate, format.channels);
+    return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
+}
+
+/// Renders into the output, of which nothing is held any more when this returns.
+LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool quiet) {
+    LPRSourceToSink job("Saving Wave File", source, output.GetSink());
+    RenderProgress progress(quiet, source.GetEnd().GetMilliseconds() / 1000.0, *output.GetSink());
     const LProcessResult result = Process(progress, job);
     progress.Finish(result == LProcessResult::Completed);
-    if ((sink->status & SinkFellShort) != 0)
-        return {LProcessResult::Failed,
-                std::string("could not be written in full: ") + std::strerror(sink->writeError)};
-    if (result == LProcessResult::Failed)
-        return {result, "can't be written"};
-    return {result, {}};
+    return result;
+}
+
+/// Why this output must not be written for this input; empty where it may.
+std::string WhyNotWritable(const std::string& output, const SoundInput& input) {
+    const std::string extension = ToLower(GetPathExtension(output));
+    if (extension == ".tdf" || extension == ".tdl")
+        return "is no name for a WAVE file";
+    for (const std::string& file : input.files)
+        if (IsSameFile(file.c_str(), output.c_str()))
+            return "is read by the input";
+    return {};
+}
+
+int RenderInput(const RenderOptions& options, const std::string& inputName, const SoundInput& input) {
+    const std::string& outputPath = options.files.back();
+    if (!input.refusal.empty())
+        return Refuse(inputName, input.refusal);
+    const OutputFormat format = ChooseFormat(options, input.source);
+    if (const std::string reason = WhyNotConvertible(input.source, format); !reason.empty())
+        return Refuse(inputName, reason);
+    if (const std::string reason = WhyNotWritable(outputPath, input); !reason.empty())
+        return Refuse(outputPath, reason);
+    for (const InputWarning& warning : input.warnings) {
+        if (options.strict)
+            return Refuse(warning.file, warning.reason);
+        Warn(warning.file, warning.reason);
+    }
+
+    const LSoundSource source = Prepare(input.source, format);
+    const int frames = CountFrames(source, format);
+    if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
+        return Refuse(inputName, "is too long to be converted");
+    WaveOutput output(outputPath, format, frames);
+    if (!output.GetError().empty())
+        return Refuse(output.GetName(), output.GetError());
+    const LProcessResult result = RunJob(source, output, options.quiet);
+    if (!output.Finish())
+        return Refuse(output.GetName(), output.GetError());
+    return static_cast<int>(result);
+}
+
+int RenderFile(const RenderOptions& options) {
+    const std::string& path = options.files.front();
+    if (IsSameFile(path.c_str(), options.files.back().c_str()))
+        return Refuse(options.files.back(), "is the input itself");
+    return RenderInput(options, path, OpenSoundInput(path, options.tone.durationMs, SoundLength::Finite));
+}
+
+int RenderTone(const RenderOptions& options) {
+    const DescribedTone described = MakeTone(options.tone);
+    if (!described.problem.empty())
+        return Misuse(described.problem);
+    return RenderInput(options, "the tone", OpenToneInput(described.tone, SoundLength::Finite));
 }
 
 int Render(const RenderOptions& options) {
-    const SoundInput input = OpenSoundInput(options.input, options.durationMs);
-    if (!input.refusal.empty())
-        return Refuse(options.input, input.refusal);
-    const OutputFormat format = ChooseFormat(options, input.source);
-    if (const std::string reason = WhyNotConvertible(input.source, format); !reason.empty())
-        return Refuse(options.input, reason);
-    if (IsSameFile(options.input.c_str(), options.output.c_str()))
-        return Refuse(options.output, "is the input itself");
-    if (!input.warning.empty())
-        Warn(options.input, input.warning);
-
-    LReplacedFile file(options.output);
-    if (!file.GetError().empty())
-        return Refuse(options.output, "can't be created: " + file.GetError());
-    const RenderOutcome outcome = RenderTo(file.GetPathToWrite(), input.source, format, options.quiet);
-    if (!outcome.failure.empty())
-        return Refuse(options.output, outcome.failure);
-    if (!file.Commit())
-        return Refuse(options.output, "can't be put in place: " + file.GetError());
-    return static_cast<int>(outcome.result);
+    if (!options.tone.DescribeTone())
+        return options.files.size() == 2 ? RenderFile(options) : Misuse("INPUT and OUTPUT are required");
+    return options.files.size() == 1
+               ? RenderTone(options)
+               : Misuse("the tone options stand in place of INPUT: OUTPUT alone is required");
 }
 
 } // namespace
 
 void AddRenderCommand(CLI::App& program, int& status) {
     const auto options = std::make_shared<RenderOptions>();
-    CLI::App* command = program.add_subcommand("render", "Write a tone or a WAVE file into a WAVE file");
-    command->add_option("INPUT", options->input, "A tone (.tdf) or a WAVE file (.wav)")->required();
-    command->add_option("OUTPUT", options->output, "The WAVE file to write")->required();
-    command->add_option("--rate", options->rate, "Sample rate in Hz; without it, the input's own")
-        ->check(CLI::Range(1, MaxRate))
+    CLI::App* command =
+        program.add_subcommand("render", "Write a tone, a tone list or a WAVE file into a WAVE file");
+    command
+        ->add_option(
+            "FILES", options->files,
+            "INPUT, a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), which the tone options stand "
+            "for where it is left out; then OUTPUT, the WAVE file to write, or - for standard output")
+        ->required()
+        ->expected(1, 2)
+        ->type_name("[INPUT] OUTPUT");
+    command->add_option("--rate", options->rate, "Sample rate; without it, the input's own")
+        ->check(DecimalIn(1, LWaveFile::MaxRate))
         ->type_name("HZ");
     command
         ->add_option("--channels", options->channels, "1 (mono) or 2 (stereo); without it, the input's own")
@@ -143,9 +178,8 @@ void AddRenderCommand(CLI::App& program, int& status) {
         ->check(CLI::IsMember({8, 16}))
         ->type_name("N")
         ->capture_default_str();
-    command->add_option("--duration", options->durationMs, "Render the tone for that long, in milliseconds")
-        ->check(CLI::Range(1u, MaxToneDurationMs))
-        ->type_name("MS");
+    command->add_flag("--strict", options->strict, "Fail where an entry of a list can't be used");
     command->add_flag("--quiet", options->quiet, "Show no progress");
+    AddToneOptions(*command, options->tone);
     command->callback([options, &status] { status = Render(*options); });
 }

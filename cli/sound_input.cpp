@@ -2,10 +2,10 @@
 
 #include "sound/wave_file.h"
 #include "sys/file.h"
+#include "text.h"
 #include "tone/tone_engine.h"
-
-#include <algorithm>
-#include <cctype>
+#include "tone/tone_list_report.h"
+#include "tone/tone_list_source.h"
 
 namespace {
 
@@ -14,67 +14,65 @@ constexpr const char* NoDurationText =
     "Select the Constant (Specified Duration) or Sweep items, or turn of loop play, from the Tones menu.";
 
 SoundInput Refused(std::string reason) {
-    return {.source = {}, .refusal = std::move(reason), .warning = {}};
+    return {.source = {}, .refusal = std::move(reason)};
 }
 
-SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenList(const std::string& path) {
+    SoundInput input{.source = OpenToneList(path), .refusal = {}};
+    for (const ToneListEntry& entry : ExamineToneList(path)) {
+        if (!entry.problem.empty())
+            input.warnings.push_back({entry.file, entry.problem});
+        if (!entry.file.empty())
+            input.files.push_back(entry.file);
+    }
+    return input;
+}
+
+SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs, SoundLength length) {
     SonvireData tone;
     if (!tone.ReadFromFile(path.c_str()))
         return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
                        " bytes");
+    const bool isList = tone.waveform == ToneFromList;
+    if (durationMs && isList)
+        return Refused("plays a list, which has a length of its own: --duration goes with tones");
     if (durationMs)
         tone.SetDuration(*durationMs);
-    if (!tone.IsFinite())
-        return Refused(NoDurationText);
-    if (tone.durationMs > MaxToneDurationMs)
-        return Refused("lasts longer than the 13 and a half hours that a tone can be counted for");
-    return {.source = OpenToneEngine(tone), .refusal = {}, .warning = {}};
+    return isList && tone.IsFinite() ? OpenList(tone.GetListPath()) : OpenToneInput(tone, length);
 }
 
-std::string ExplainStatus(int status) {
-    switch (status) {
-    case SoundNothing:
-        return "IMA ADPCM is supported in mono only";
-    case SoundInvalidFormat:
-        return "is damaged or no WAVE file";
-    case SoundCannotOpen:
-        return "can't be opened";
-    case SoundUnsupportedFormat:
-        return "is of an unsupported kind: PCM of 8 or 16 bits and mono IMA ADPCM are supported";
-    default:
-        return "can't be used";
-    }
-}
-
-SoundInput OpenWave(const std::string& path, std::optional<unsigned int> durationMs) {
-    if (durationMs)
-        return Refused("is a WAVE file, which has a length of its own: --duration goes with tones");
+SoundInput OpenWave(const std::string& path) {
     const LSoundSource source = LWaveFile::OpenSource(path.c_str());
     if (source->status != SoundUsable)
-        return Refused(ExplainStatus(source->status));
+        return Refused(LWaveFile::ExplainStatus(source->status));
     if (source->GetEndSample() < 0)
         return Refused("is too long: more than 2147483647 frames");
-    const bool cutShort = LWaveFile::IsCutShort(path.c_str());
-    return {.source = source,
-            .refusal = {},
-            .warning = cutShort ? "is cut short; silence stands for the rest" : ""};
-}
-
-std::string ToLower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
+    SoundInput input{.source = source, .refusal = {}};
+    if (LWaveFile::IsCutShort(path.c_str()))
+        input.warnings.push_back({path, "is cut short; silence stands for the rest"});
+    return input;
 }
 
 } // namespace
 
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs) {
+SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
+    if (length == SoundLength::Finite && !tone.IsFinite())
+        return Refused(NoDurationText);
+    if (tone.HasFlag(ToneFlagDuration) && tone.durationMs > MaxToneDurationMs)
+        return Refused("lasts longer than the 13 and a half hours that a tone can be counted for");
+    return {.source = OpenToneEngine(tone), .refusal = {}, .endless = !tone.IsFinite()};
+}
+
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length) {
     const std::string extension = ToLower(GetPathExtension(path));
     if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
         return Refused(reason);
     if (extension == ".tdf")
-        return OpenTone(path, durationMs);
-    if (extension == ".wav")
-        return OpenWave(path, durationMs);
-    return Refused("is of an unknown type: .tdf and .wav files are supported");
+        return OpenTone(path, durationMs, length);
+    if (extension != ".tdl" && extension != ".wav")
+        return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
+    if (durationMs)
+        return Refused("has a length of its own: --duration goes with tones");
+    return extension == ".tdl" ? OpenList(path) : OpenWave(path);
 }

@@ -1,18 +1,35 @@
 #pragma once
 
 #include "sound/sound_source.h"
+#include "tone/tone_data.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
-/// An input file opened as the source of its sound, or the reason why it can't be.
-struct SoundInput {
-    LSoundSource source;
-    std::string refusal; ///< empty where the source can be rendered
-    std::string warning; ///< empty unless there is something the user should know
+/// Something about a file that the user should know, although it can be gone on with.
+struct InputWarning {
+    std::string file;
+    std::string reason;
 };
 
-/// Opens a tone (.tdf) or a WAVE file (.wav), told apart by the extension in any case. `durationMs`, which
-/// goes with tones only, makes the tone that long and takes it out of its loop. An endless tone without it is
-/// refused.
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs);
+/// Whether the sound has to end, or may go on for ever.
+enum class SoundLength { Finite, Any };
+
+/// An input opened as the source of its sound, or the reason why it can't be.
+struct SoundInput {
+    LSoundSource source;
+    std::string refusal; ///< empty where the source can be used
+    bool endless = false;
+    std::vector<InputWarning> warnings{};
+    std::vector<std::string> files{}; ///< all that the source reads, those of a list's entries included
+};
+
+/// Opens a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), told apart by the extension in any case.
+/// `durationMs`, which goes with tones only, makes the tone that long and takes it out of its loop. An
+/// endless tone without it is refused where the sound has to end; a list plays once through.
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length);
+
+/// The same for a tone that needs no file.
+SoundInput OpenToneInput(const SonvireData& tone, SoundLength length);

@@ -9,6 +9,7 @@ target_compile_features(sonvire_options INTERFACE cxx_std_20)
 target_compile_options(sonvire_options INTERFACE
   -Wall -Wextra -Wconversion -Werror
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion> # which -Wconversion does not mean to GCC in C++
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> # false alarms about std::string in GCC 12
   -ffp-contract=off # double expressions are evaluated as they are written, on every processor
   )
 if(SONVIRE_SANITIZE)

@@ -26,7 +26,7 @@ LSRCConvertRate::LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool 
     : LSoundProcessBase(wrapped),
       filter(sampleRate, std::max(outRate, 1), Taps, wide),
       work(std::size_t{channels} * (BufferFrames + Taps)),
-      narrow(std::size_t{channels} * (MaxBlockFrames + Taps + 1)) {
+      narrow(std::size_t{channels} * NarrowFrames) {
     sampleRate = outRate;
     if (sampleRate < 1) {
         sampleRate = 44100;
@@ -66,7 +66,7 @@ int LSRCConvertRate::GetPositionSample() const {
 
 int LSRCConvertRate::GetEndSample() const {
     const int end = input->GetEndSample();
-    return IsStreaming() ? ToOutputFrames(WrapSubtract(end, 33)) - 1 : ToOutputFrames(end);
+    return IsStreaming() ? ToOutputFrames(WrapSubtract(end, HalfTaps + 2)) - 1 : ToOutputFrames(end);
 }
 
 void LSRCConvertRate::Seek(int target) {
@@ -131,7 +131,7 @@ void LSRCConvertRate::PackSamples(int frames) {
     narrowStart = fill;
     samplesFit = true;
     for (int c = 0; c < channels; ++c) {
-        std::int16_t* out = &narrow[static_cast<std::size_t>(c) * (MaxBlockFrames + Taps + 1)];
+        std::int16_t* out = &narrow[static_cast<std::size_t>(c) * NarrowFrames];
         for (int i = 0; i < frames; ++i) {
             const int sample = reach[i * channels + c];
             samplesFit &= Fits16(sample);
@@ -189,14 +189,15 @@ void LSRCConvertRate::Produce(int* buffer, int frames) const {
         .shift = outputShift,
     };
     for (int c = 0; c < channels; ++c) {
-        const std::size_t first = static_cast<std::size_t>(c) * (MaxBlockFrames + Taps + 1);
+        const std::size_t first = static_cast<std::size_t>(c) * NarrowFrames;
         Kernels().convolve(run, phaseAccumulator,
                            &narrow[first + static_cast<std::size_t>(spanStart - narrowStart)], buffer + c,
                            channels, frames);
     }
 }
 
-/// The same from the work buffer, for the rare block that rounding lifted to 32768.
+/// The same from the work buffer, for the rare block that rounding lifted to 32768, and for filters that
+/// don't fit.
 void LSRCConvertRate::ProduceWide(int* buffer, int frames) const {
     for (int i = 0; i < frames; ++i) {
         const std::int64_t at = phaseAccumulator + std::int64_t{i} * filter.GetStep();

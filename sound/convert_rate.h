@@ -29,6 +29,9 @@ private:
     static constexpr int Taps = 63;
     static constexpr int HalfTaps = Taps >> 1;
     static constexpr int BufferFrames = 32768;
+    static constexpr int NarrowFrames =
+        MaxBlockFrames + Taps + 1; ///< the reach of a refill, and what a row overhangs
+    static_assert(LPolyphaseRun::RowLength == Taps + 1);
 
     int ToOutputFrames(int inputFrames) const;
     int ToInputFrames(int outputFrames) const;

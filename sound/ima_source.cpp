@@ -93,6 +93,7 @@ int LIMASoundSource::DecodeInBlock(int* buffer, int wanted) {
 }
 
 void LIMASoundSource::Seek(int sample) {
+    file.Resume();
     nibblePending = false;
     samplesLeft = 0;
     if (sample <= 0 || sample > endSample) {

@@ -21,6 +21,8 @@ public:
     /// Decodes at most 8192 samples to get from the block's start to the place, so that in blocks of more
     /// than 4100 bytes a seek can land short of it. That limit is meant.
     void Seek(int sample) override;
+    /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
+    void Unload() override { file.Suspend(); }
 
 private:
     int Decode(int* buffer, int wanted);

@@ -12,8 +12,7 @@ LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channe
       bytesPerSample(sampleBytes),
       bytesPerFrame(sampleBytes * channels),
       file(LSharedReadWriteFile(path)) {
-    if (!file.IsOpen())
-        status = SinkUnusable;
+    NoteOpened();
     lengthHint = std::max(0, startSample);
     WriteRIFF(false);
     std::int64_t offset = LWaveFileFormat::HeaderBytes;
@@ -24,26 +23,49 @@ LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channe
     file.Truncate(offset);
 }
 
-LSNKPCMFileBase::~LSNKPCMFileBase() {
-    if (file.SeekTo(0)) // a pipe keeps the header that it was given
+LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t channelCount,
+                                 std::uint32_t sampleBytes, int totalFrames)
+    : LSoundSinkBase(rate, channelCount),
+      bytesPerSample(sampleBytes),
+      bytesPerFrame(sampleBytes * channels),
+      file(std::move(opened)),
+      start(file.GetOffset()) {
+    NoteOpened();
+    WriteHeader(static_cast<std::uint32_t>(totalFrames) * bytesPerFrame);
+}
+
+void LSNKPCMFileBase::Finish() {
+    if (start >= 0 && file.SeekTo(start)) // a pipe keeps the header that it was given
         WriteRIFF(true);
+    if (file.IsOpen())
+        Note(file.Close());
 }
 
 std::int64_t LSNKPCMFileBase::GetOffsetOf(int frame) const {
-    return LWaveFileFormat::HeaderBytes + std::int64_t{frame} * bytesPerFrame;
+    return start + LWaveFileFormat::HeaderBytes + std::int64_t{frame} * bytesPerFrame;
 }
 
 void LSNKPCMFileBase::WriteRIFF(bool final) {
+    WriteHeader(final ? static_cast<std::uint32_t>(lengthHint) * bytesPerFrame : ProvisionalDataBytes);
+}
+
+void LSNKPCMFileBase::WriteHeader(std::uint32_t dataBytes) {
     LWaveFileFormat format;
     format.channels = channels;
     format.sampleRate = static_cast<std::uint32_t>(sampleRate);
     format.bitsPerSample = static_cast<std::uint16_t>(bytesPerSample * 8);
-    const std::uint32_t dataBytes = static_cast<std::uint32_t>(lengthHint) * bytesPerFrame;
-    Note(format.WritePCMHeader(file, final ? dataBytes : ProvisionalDataBytes));
+    Note(format.WritePCMHeader(file, dataBytes));
+}
+
+void LSNKPCMFileBase::NoteOpened() {
+    if (file.IsOpen())
+        return;
+    status = SinkUnusable;
+    writeError = errno;
 }
 
 void LSNKPCMFileBase::Note(bool written) {
-    if (written || !file.IsOpen() || (status & SinkFellShort) != 0)
+    if (written || status != 0)
         return;
     status |= SinkFellShort;
     writeError = errno;
@@ -65,6 +87,12 @@ void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {
 template <class Format>
 LSNKPCMFile<Format>::LSNKPCMFile(const char* path, int rate, std::uint8_t channelCount, int startSample)
     : LSNKPCMFileBase(path, rate, channelCount, Format::bytesPerSample, startSample),
+      stored(std::size_t{channels} * MaxBlockFrames) {}
+
+template <class Format>
+LSNKPCMFile<Format>::LSNKPCMFile(LReadWriteFile&& opened, int rate, std::uint8_t channelCount,
+                                 int totalFrames)
+    : LSNKPCMFileBase(std::move(opened), rate, channelCount, Format::bytesPerSample, totalFrames),
       stored(std::size_t{channels} * MaxBlockFrames) {}
 
 template <class Format>

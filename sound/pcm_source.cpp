@@ -3,6 +3,7 @@
 #include "sound/wave_format.h"
 
 #include <algorithm>
+#include <array>
 
 LSRCPCMFileBase::LSRCPCMFileBase(LReadFile&& opened, int rate, std::uint8_t channelCount, int limit,
                                  std::uint32_t bytesPerSample, std::uint32_t dataBytes)
@@ -35,6 +36,7 @@ int LSRCPCMFileBase::GetEndSample() const {
 
 void LSRCPCMFileBase::Seek(int sample) {
     position = sample;
+    file.Resume();
     const int inFile = sample > 0 ? std::min(GetEndSample(), sample) : 0;
     file.SeekTo(dataStart + std::int64_t{inFile} * bytesPerFrame);
 }
@@ -54,35 +56,35 @@ LSRCPCMFileBase::Request LSRCPCMFileBase::Advance(int count) {
 template <class Format>
 LSRCPCMFile<Format>::LSRCPCMFile(LReadFile&& opened, int rate, std::uint8_t channelCount,
                                  std::uint32_t dataBytes)
-    : LSRCPCMFileBase(std::move(opened), rate, channelCount, FullScale16, Format::bytesPerSample, dataBytes),
-      stored(std::size_t{channels} * MaxBlockFrames) {}
-
-template <class Format>
-void LSRCPCMFile<Format>::Read(int* buffer, int frames) {
-    while (frames > 0) {
-        const int count = std::min(frames, MaxBlockFrames);
-        ReadBlock(buffer, count);
-        buffer += std::ptrdiff_t{count} * channels;
-        frames -= count;
-    }
+    : LSRCPCMFileBase(std::move(opened), rate, channelCount, FullScale16, Format::bytesPerSample, dataBytes) {
 }
 
 template <class Format>
-void LSRCPCMFile<Format>::ReadBlock(int* buffer, int frames) {
+void LSRCPCMFile<Format>::Read(int* buffer, int frames) {
     const Request request = Advance(frames);
-    const int leading = request.leading * channels;
-    std::fill_n(buffer, leading, 0);
-    const int got = ReadSamples(buffer + leading, request.wanted);
-    std::fill(buffer + leading + got, buffer + frames * channels, 0);
+    const auto samples = [this](int count) { return std::ptrdiff_t{count} * channels; };
+    std::fill_n(buffer, samples(request.leading), 0);
+    int* end =
+        buffer + samples(request.leading) + ReadSamples(buffer + samples(request.leading), request.wanted);
+    std::fill(end, buffer + samples(frames), 0);
 }
 
 /// Answers how many single samples the file had, which is fewer than asked for where it is cut short.
 template <class Format>
 int LSRCPCMFile<Format>::ReadSamples(int* buffer, int frames) {
-    const std::size_t bytes = file.Read(stored.data(), static_cast<std::size_t>(frames) * bytesPerFrame);
-    const int samples = static_cast<int>(bytes / Format::bytesPerSample);
-    ConvertSamplesIn<Format>(buffer, stored.data(), samples);
-    return samples;
+    std::array<typename Format::Stored, 16384> stored;
+    const int wanted = frames * channels;
+    int done = 0;
+    while (done < wanted) {
+        const int part = std::min(wanted - done, static_cast<int>(stored.size()));
+        const std::size_t bytes = file.Read(stored.data(), static_cast<std::size_t>(part) * sizeof stored[0]);
+        const int got = static_cast<int>(bytes / sizeof stored[0]);
+        ConvertSamplesIn<Format>(buffer + done, stored.data(), got);
+        done += got;
+        if (got < part)
+            break;
+    }
+    return done;
 }
 
 template class LSRCPCMFile<LSFU8>;

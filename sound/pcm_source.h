@@ -5,7 +5,6 @@
 #include "sys/file.h"
 
 #include <cstdint>
-#include <vector>
 
 /// Reads the data chunk of a PCM WAVE file. The position counts the frames that were asked for: it may be
 /// negative or beyond the end, and what lies there is silence, as is what the file is cut short of. A file
@@ -18,6 +17,8 @@ public:
     int GetEndSample() const override;
     void Seek(int sample) override;
     bool IsStreaming() const override { return endSample == EndUnknown; }
+    /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
+    void Unload() override { file.Suspend(); }
 
 protected:
     /// Takes over `opened`, which stands at the first byte of the data chunk's body. No bytes per frame make
@@ -53,8 +54,5 @@ public:
     void Read(int* buffer, int frames) override;
 
 private:
-    void ReadBlock(int* buffer, int frames);
     int ReadSamples(int* buffer, int frames);
-
-    std::vector<typename Format::Stored> stored; ///< 8192 frames as they are in the file
 };

@@ -6,7 +6,7 @@
 namespace {
 
 long double Sinc(long double angle) {
-    return std::sin(angle) / angle;
+    return angle == 0 ? 1 : std::sin(angle) / angle; // a cutoff of 0 leaves no other angle
 }
 
 int RoundHalfAwayFromZero(long double value) {

@@ -10,6 +10,7 @@ public:
     void Seek(int frame) override { input->Seek(frame); }
     bool IsStreaming() const override { return input->IsStreaming(); }
     void WaitForStreamingData(int milliseconds) override { input->WaitForStreamingData(milliseconds); }
+    void Unload() override { input->Unload(); }
 
 protected:
     /// Shares the input and takes over its rate, channels and peak; `SoundInputUnusable` where the input has

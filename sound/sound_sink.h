@@ -21,13 +21,16 @@ public:
 
     virtual void Write(const int* buffer, int frames) = 0;
     virtual void Seek(int frame);
+    /// Completes what was written; nothing is written after it. The last handle's release does the same, but
+    /// then nobody can look at the status any more.
+    virtual void Finish() {}
 
     int lengthHint = 0; ///< expected total length in frames
     int sampleRate;     ///< frames per second, not checked
     std::uint8_t channels;
     std::uint8_t status = 0;
     std::uint16_t refCount = 0;
-    int writeError = 0; ///< the `errno` value behind `SinkFellShort`
+    int writeError = 0; ///< the `errno` value behind the status
 
 protected:
     /// No channels become one, with `SinkUnusable`.

@@ -29,6 +29,8 @@ void LSoundSourceBase::WaitForStreamingData(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
+void LSoundSourceBase::Unload() {}
+
 LSoundSourceError::LSoundSourceError(std::uint8_t code) : LSoundSourceBase(11025, 1, SynthesisPeakMax) {
     status = code;
 }

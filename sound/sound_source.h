@@ -26,8 +26,8 @@ enum LSoundStatus : std::uint8_t {
 };
 
 /// Hands out blocks of frames on request. Reached through `LSoundSource` handles only. Built on the thread
-/// that assembles a chain; from then on one thread at a time reads it. `Read` and `Seek` neither allocate nor
-/// lock.
+/// that assembles a chain; from then on one thread at a time reads it. `Read` does not lock, and allocates
+/// only where its class says so.
 class LSoundSourceBase {
 public:
     LSoundSourceBase(const LSoundSourceBase&) = delete;
@@ -46,6 +46,9 @@ public:
     virtual bool IsStreaming() const;
     /// Waits for more data, at most for the time given. Blocks.
     virtual void WaitForStreamingData(int milliseconds);
+    /// Gives back what can be had again (an open file, a table) until the next `Seek`, before which it is not
+    /// read. For sources that wait their turn, or have had it, among thousands.
+    virtual void Unload();
 
     int sampleRate;        ///< frames per second, at least 1
     int peakMax;           ///< the largest magnitude that a sample can have

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr std::uint32_t MinFormatBytes = 16, MaxFormatBytes = 8192;
-constexpr std::uint32_t MaxRate = 196000;
 constexpr std::uint16_t MaxChannels = 255;
 /// No file of use has as many chunks; a crafted one could otherwise keep the walk busy for hours.
 constexpr int MaxChunks = 65536;
@@ -100,7 +99,7 @@ std::optional<WaveLayout> FindSamples(LReadFile& file) {
         return {};
     const std::optional<std::uint32_t> dataBytes = FindChunk(file, "data", true);
     if (!dataBytes || format->channels < 1 || format->channels > MaxChannels || format->sampleRate < 1 ||
-        format->sampleRate > MaxRate)
+        format->sampleRate > LWaveFile::MaxRate)
         return {};
     return WaveLayout{*format, *dataBytes};
 }
@@ -137,6 +136,21 @@ LSoundSource LWaveFile::OpenSource(const char* path) {
     return Failed(SoundUnsupportedFormat);
 }
 
+const char* LWaveFile::ExplainStatus(int status) {
+    switch (status) {
+    case SoundNothing:
+        return "is of an unsupported kind: IMA ADPCM is supported in mono only";
+    case SoundInvalidFormat:
+        return "is damaged or no WAVE file";
+    case SoundCannotOpen:
+        return "can't be opened";
+    case SoundUnsupportedFormat:
+        return "is of an unsupported kind: PCM of 8 or 16 bits and mono IMA ADPCM are supported";
+    default:
+        return "can't be used";
+    }
+}
+
 bool LWaveFile::IsCutShort(const char* path) {
     LSharedReadFile file(path);
     const std::optional<WaveLayout> wave = FindSamples(file);
@@ -149,5 +163,14 @@ LSoundSink LWaveFile::OpenSinkPCM(const char* path, int rate, std::uint8_t chann
         return LSoundSink::Make<LSNKPCMFile<LSFU8>>(path, rate, channels, startSample);
     if (bits <= 16)
         return LSoundSink::Make<LSNKPCMFile<LSFLE16>>(path, rate, channels, startSample);
+    return {};
+}
+
+LSoundSink LWaveFile::OpenSinkStream(LReadWriteFile&& opened, int rate, std::uint8_t channels,
+                                     std::uint16_t bits, int frames) {
+    if (bits <= 8)
+        return LSoundSink::Make<LSNKPCMFile<LSFU8>>(std::move(opened), rate, channels, frames);
+    if (bits <= 16)
+        return LSoundSink::Make<LSNKPCMFile<LSFLE16>>(std::move(opened), rate, channels, frames);
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "sound/sound_sink.h"
 #include "sound/sound_source.h"
+#include "sys/file.h"
 
 #include <cstdint>
 
@@ -9,8 +10,13 @@
 /// Written: PCM of 8 or 16 bits.
 class LWaveFile {
 public:
+    static constexpr int MaxRate = 196000;
+
     /// Never fails as such: a file that can't be used gives a source whose status says why (`LSoundStatus`).
     static LSoundSource OpenSource(const char* path);
+
+    /// What such a status means, in words for the user.
+    static const char* ExplainStatus(int status);
 
     /// True where the header promises more data than the file holds; what is missing reads as silence.
     static bool IsCutShort(const char* path);
@@ -19,4 +25,9 @@ public:
     /// bits are stored as 8, up to 16 as 16; for more the sink has nothing behind it.
     static LSoundSink OpenSinkPCM(const char* path, int rate, std::uint8_t channels, std::uint16_t bits,
                                   int startSample);
+
+    /// Writes into what is open already, such as a pipe that can't be rewound: the header tells the length of
+    /// `frames` frames from the start. A file of which less was written is corrected in the end.
+    static LSoundSink OpenSinkStream(LReadWriteFile&& opened, int rate, std::uint8_t channels,
+                                     std::uint16_t bits, int frames);
 };

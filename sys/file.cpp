@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Opens without waiting for a pipe's other end; reads and writes wait as usual from then on.
+/// Opens without waiting for a pipe's other end; writes wait as usual from then on.
 int OpenAtOnce(const char* path, int flags) {
     const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
     if (descriptor >= 0 && (flags & O_ACCMODE) != O_RDONLY)
@@ -27,6 +27,12 @@ int OpenLocked(const char* path, int flags, int lock) {
     return -1;
 }
 
+/// A pipe opened for reading too would be its own reader, and a full one would wait for ever.
+bool IsPipe(const char* path) {
+    struct stat info {};
+    return stat(path, &info) == 0 && S_ISFIFO(info.st_mode);
+}
+
 class LockedFile : public LOpenFile {
 public:
     LockedFile(const char* path, int flags, int lock) : LOpenFile(OpenLocked(path, flags, lock)) {}
@@ -37,7 +43,10 @@ public:
 LOpenFile::LOpenFile(LOpenFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
 
 LOpenFile& LOpenFile::operator=(LOpenFile&& other) noexcept {
-    std::swap(descriptor, other.descriptor);
+    if (this != &other) {
+        Close();
+        descriptor = std::exchange(other.descriptor, -1);
+    }
     return *this;
 }
 
@@ -45,9 +54,8 @@ LOpenFile::~LOpenFile() {
     Close();
 }
 
-void LOpenFile::Close() {
-    if (descriptor >= 0)
-        close(std::exchange(descriptor, -1));
+bool LOpenFile::Close() {
+    return !IsOpen() || close(std::exchange(descriptor, -1)) == 0;
 }
 
 std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
@@ -67,8 +75,6 @@ bool LOpenFile::Write(const void* data, std::size_t bytes) {
     std::size_t done = 0;
     while (done < bytes) {
         const ssize_t put = write(descriptor, static_cast<const char*>(data) + done, bytes - done);
-        if (put < 0 && errno == EINTR)
-            continue;
         if (put <= 0)
             return false;
         done += static_cast<std::size_t>(put);
@@ -97,10 +103,33 @@ bool LOpenFile::Truncate(std::int64_t size) {
     return ftruncate(descriptor, size) == 0;
 }
 
-LSharedReadFile::LSharedReadFile(const char* path) : LReadFile(OpenAtOnce(path, O_RDONLY)) {}
+LReadWriteFile LReadWriteFile::Duplicate(int opened) {
+    return LReadWriteFile(fcntl(opened, F_DUPFD_CLOEXEC, 0));
+}
+
+LReadFile::LReadFile(const char* pathToOpen)
+    : LOpenFile(OpenAtOnce(pathToOpen, O_RDONLY)),
+      path(pathToOpen),
+      identity(GetIdentity()) {}
+
+bool LReadFile::Resume() {
+    if (IsOpen())
+        return true;
+    if (path.empty())
+        return false;
+    descriptor = OpenAtOnce(path.c_str(), O_RDONLY);
+    if (IsOpen() && GetIdentity() != identity)
+        Close();
+    return IsOpen();
+}
+
+LReadFile::Identity LReadFile::GetIdentity() const {
+    struct stat info {};
+    return fstat(descriptor, &info) == 0 ? Identity{info.st_dev, info.st_ino} : Identity{};
+}
 
 LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
-    : LReadWriteFile(OpenLocked(path, O_RDWR | O_CREAT, LOCK_SH)) {}
+    : LReadWriteFile(OpenLocked(path, (IsPipe(path) ? O_WRONLY : O_RDWR) | O_CREAT, LOCK_SH)) {}
 
 bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
     LockedFile file(path, O_RDONLY, LOCK_SH);
@@ -120,6 +149,15 @@ bool IsSameFile(const char* path, const char* otherPath) {
     struct stat a {
     }, b{};
     return stat(path, &a) == 0 && stat(otherPath, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+bool FileExists(const char* path) {
+    return access(path, F_OK) == 0;
+}
+
+std::string GetFolder(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 std::string WhyUnreadable(const char* path) {

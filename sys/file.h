@@ -14,12 +14,13 @@ public:
     ~LOpenFile();
 
     bool IsOpen() const { return descriptor >= 0; }
-    void Close();
+    /// False where what was written could not be kept after all, as on a network disk.
+    bool Close();
 
     /// Reads up to `bytes` bytes from the current offset, as many as the file has; answers the count read.
     std::size_t Read(void* data, std::size_t bytes);
     /// Writes all of `bytes`; false, with the reason in `errno`, when even one byte did not make it (a full
-    /// disk, a closed pipe).
+    /// disk, a closed pipe, a signal while it waited for a pipe).
     bool Write(const void* data, std::size_t bytes);
 
     std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe
@@ -34,22 +35,46 @@ protected:
     int descriptor = -1;
 };
 
-/// A file that is only read.
+/// A file that is only read. It can be closed for a while, so that thousands can wait their turn.
 class LReadFile : public LOpenFile {
 public:
-    using LOpenFile::LOpenFile;
+    LReadFile() = default;
+
+    void Suspend() { Close(); }
+    /// Opens the file again, at its beginning, where it was suspended; false where it is gone or another one
+    /// has taken its place.
+    bool Resume();
+
+protected:
+    /// Never waits: a named pipe without a writer opens and reads as empty.
+    explicit LReadFile(const char* pathToOpen);
+
+private:
+    struct Identity {
+        std::uint64_t device = 0, inode = 0;
+        bool operator==(const Identity&) const = default;
+    };
+    Identity GetIdentity() const;
+
+    std::string path;
+    Identity identity;
 };
 
 /// A file that is read and written.
 class LReadWriteFile : public LOpenFile {
 public:
+    LReadWriteFile() = default;
+    /// A descriptor of its own for what an open one leads to.
+    static LReadWriteFile Duplicate(int opened);
+
+protected:
     using LOpenFile::LOpenFile;
 };
 
-/// Opens for reading. Never waits: a named pipe without a writer opens and reads as empty.
+/// Opens for reading.
 class LSharedReadFile : public LReadFile {
 public:
-    explicit LSharedReadFile(const char* path);
+    explicit LSharedReadFile(const char* path) : LReadFile(path) {}
 };
 
 /// Opens for reading and writing, creates the file (mode 0666 less the mask) where it is missing, keeps what
@@ -74,6 +99,11 @@ public:
 
 /// True where both paths lead to one existing file, whatever links lie between.
 bool IsSameFile(const char* path, const char* otherPath);
+
+bool FileExists(const char* path);
+
+/// The folder part of a path, "." where it has none.
+std::string GetFolder(const std::string& path);
 
 /// Why `path` cannot be read as a file, in words for the user; empty where it can.
 std::string WhyUnreadable(const char* path);

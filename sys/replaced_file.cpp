@@ -33,8 +33,17 @@ mode_t DefaultMode() {
 } // namespace
 
 LReplacedFile::LReplacedFile(const std::string& path) : finalPath(FollowLinks(path)), writePath(finalPath) {
-    struct stat old {};
+    struct stat old {
+    }, itself{};
     const bool exists = stat(finalPath.c_str(), &old) == 0;
+    if (!exists && errno != ENOENT) {
+        error = std::strerror(errno);
+        return;
+    }
+    if (finalPath.empty()) {
+        error = std::strerror(ENOENT);
+        return;
+    }
     if (exists && S_ISDIR(old.st_mode)) {
         error = std::strerror(EISDIR);
         return;
@@ -44,6 +53,9 @@ LReplacedFile::LReplacedFile(const std::string& path) : finalPath(FollowLinks(pa
         return;
     }
     if (exists && !S_ISREG(old.st_mode))
+        return;
+    // A link that could not be followed, to a file that is not there yet or has no name any more.
+    if (lstat(finalPath.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode))
         return;
     writePath = TemporaryNameFor(finalPath);
     const int descriptor = mkostemp(writePath.data(), O_CLOEXEC);

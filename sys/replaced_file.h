@@ -5,8 +5,8 @@
 /// Writes a file so that a reader finds the old content or the new, never a part of either: the new content
 /// goes to a temporary file in the same folder, which `Commit` puts in the old one's place. Without `Commit`
 /// the destructor removes the temporary file and the old one stays as it was. A link is followed, and the
-/// file it leads to replaced. What is no regular file (a device, a pipe) cannot be replaced and is written
-/// directly.
+/// file it leads to replaced. What is no regular file (a device, a pipe), and what a link leads to
+/// but has no name, cannot be replaced and is written directly.
 class LReplacedFile {
 public:
     /// Creates the temporary file, empty, with the old file's permissions. `GetError` says why where it
@@ -18,6 +18,7 @@ public:
 
     const std::string& GetError() const { return error; }           ///< empty where the file could be created
     const std::string& GetPathToWrite() const { return writePath; } ///< what the new content is written to
+    bool IsWrittenDirectly() const { return !temporary; }
     /// Puts the written file in place, once it is closed; false, with `GetError`, where that failed.
     bool Commit();
 

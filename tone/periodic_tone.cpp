@@ -15,7 +15,7 @@ SSTone::SSTone(const SonvireData& tone)
       table(GetToneWaveTable(tone.waveform)),
       endSample(tone.GetDurationFrames()),
       logSweep(tone.HasFlag(ToneFlagLogSweep)),
-      toneCount(std::min<int>(tone.numTones, MaxTones)),
+      toneCount(tone.GetToneCount()),
       stereo(tone.HasFlag(ToneFlagStereo)) {
     if (tone.HasFlag(ToneFlagSweep) && endSample > 0)
         sweepCountdown = SweepFrames;
@@ -24,7 +24,7 @@ SSTone::SSTone(const SonvireData& tone)
 
 void SSTone::InitOscillators(const SonvireData& tone) {
     const bool impulse = tone.waveform == ToneImpulse;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(toneCount); ++i) {
+    for (std::size_t i = 0; i < toneCount; ++i) {
         const std::int8_t db = tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[i] : std::int8_t{0};
         left[i].Init(tone.startLeftHz[i], tone.endLeftHz[i], db, impulse, logSweep);
         right[i].Init(tone.startRightHz[i], tone.endRightHz[i], db, impulse, logSweep);
@@ -33,7 +33,7 @@ void SSTone::InitOscillators(const SonvireData& tone) {
 
 template <class Do>
 void SSTone::ForEachOscillator(Do doThis) {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(toneCount); ++i) {
+    for (std::size_t i = 0; i < toneCount; ++i) {
         doThis(left[i], 0);
         if (stereo)
             doThis(right[i], 1);
@@ -75,6 +75,6 @@ int SSTone::GetEndSample() const {
 
 void SSTone::Seek(int sample) {
     position = sample;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(toneCount); ++i)
+    for (std::size_t i = 0; i < toneCount; ++i)
         left[i].Restart();
 }

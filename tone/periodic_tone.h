@@ -39,6 +39,6 @@ private:
     Oscillators left, right;
     int sweepCountdown = -1; ///< samples until the next sweep update, 1..32; -1 = no sweep
     bool logSweep;
-    int toneCount; ///< 0..16
+    unsigned int toneCount; ///< 0..16
     bool stereo;
 };

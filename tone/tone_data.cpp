@@ -30,6 +30,18 @@ std::string SonvireData::GetListPath() const {
     return {listPath, strnlen(listPath, sizeof listPath)};
 }
 
+unsigned int SonvireData::GetToneCount() const {
+    return std::min<unsigned int>(numTones, MaxTones);
+}
+
+const char* SonvireData::GetModeName() const {
+    if (!HasFlag(ToneFlagDuration))
+        return "Constant (Continuous)";
+    if (!HasFlag(ToneFlagSweep))
+        return "Constant (Specified Duration)";
+    return HasFlag(ToneFlagLogSweep) ? "Sweep (Log)" : "Sweep (Linear)";
+}
+
 void SonvireData::SetDuration(std::uint32_t ms) {
     flags |= ToneFlagDuration;
     durationMs = ms;

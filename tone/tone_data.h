@@ -10,7 +10,7 @@ inline constexpr int MaxTones = 16;
 inline constexpr int ToneSampleRate = 44100;
 
 /// The longest duration whose frames can be counted, 13 and a half hours; the count wraps beyond it.
-inline constexpr std::uint32_t MaxToneDurationMs = 48'695'773;
+inline constexpr std::uint32_t MaxToneDurationMs = 48'695'774;
 
 /// Bits of `SonvireFile::flags`; all others are zero.
 enum ToneFlags : std::uint16_t {
@@ -72,6 +72,25 @@ public:
     void SetDuration(std::uint32_t ms);
     /// The length in frames at 44100 Hz; 0 without a duration.
     int GetDurationFrames() const;
+
+    /// How many components sound and are shown: `numTones`, but 16 at most.
+    unsigned int GetToneCount() const;
+    /// The mode that the flags make up, as it is called in menus: "Constant (Continuous)" and so on.
+    const char* GetModeName() const;
+
+    /// The items of tone/tone_items.h. `GetItemName`: the row's label, `GetItemValue`: its value with the
+    /// unit; both empty where the item is not used in the tone's mode or names nothing.
+    std::string GetItemName(unsigned int item) const;
+    std::string GetItemValue(unsigned int item) const;
+    /// Takes a typed text, units and all. What is out of range is told in a message box and replaced by the
+    /// nearest value, a duration by 1000 ms; frequencies are taken as they are.
+    void SetItemValue(unsigned int item, const char* text);
+    /// Steps: by the user's frequency step, 1 dB, and 100 or 1000 ms; the large ones by an octave, 1 dB, and
+    /// 500 or 5000 ms. Up and down don't mirror each other; that is meant.
+    void IncreaseItem(unsigned int item);
+    void DecreaseItem(unsigned int item);
+    void IncreaseItemLarge(unsigned int item);
+    void DecreaseItemLarge(unsigned int item);
 
     /// Fills the record from a tone data file, of which only the first 797 bytes count. False where it can't
     /// be read in full: the record then holds the default tone.

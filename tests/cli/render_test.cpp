@@ -165,9 +165,16 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
         {Path("second.tdf") + " " + Path("second.tdf"), "second.tdf", "is the input itself"},
         {Path("second.tdf") + " " + Path("link.tdf"), "link.tdf", "is the input itself"},
         {Path("second.tdf") + " " + Path("no/folder.wav"), "folder.wav", "can't be created: No such file"},
-        {Path("second.tdf") + " " + Path("folder.tdf"), "folder.tdf", "can't be created: Is a directory"},
+        {Path("second.tdf") + " " + Path(""), "", "can't be created: Is a directory"},
         {Path("second.tdf") + " /dev/full", "/dev/full", "written in full: No space left on device"},
-        {"--rate 0 " + Path("second.tdf") + " " + Path("kept.wav"), "--rate", "not in range"},
+        {Path("second.tdf") + " " + Path("new.tdl"), "new.tdl", "no name for a WAVE file"},
+        {Path("second.tdf") + " ''", ": ", "can't be created: No such file"},
+        {Path("second.tdf") + " " + Path(std::string(300, 'n')), "nnn",
+         "can't be created: File name too long"},
+        {Path("second.tdf") + " " + "'" + Path("two\nlines/x.wav") + "'", "two?lines", "No such file"},
+        {"--rate 010000 " + Path("second.tdf") + " " + Path("kept.wav"), "--rate", "not in the range"},
+        {"--rate 0x1F40 " + Path("second.tdf") + " " + Path("kept.wav"), "--rate", "not in the range"},
+        {"--rate 0 " + Path("second.tdf") + " " + Path("kept.wav"), "--rate", "not in the range"},
         {"--bits 24 " + Path("second.tdf") + " " + Path("kept.wav"), "--bits", "24"},
         {"--duration -5 " + Path("second.tdf") + " " + Path("kept.wav"), "--duration", "-5"},
         {Path("second.tdf"), "OUTPUT", "required"},
@@ -182,6 +189,18 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
         EXPECT_EQ(ReadBytes(Path("kept.wav")), "kept") << each.arguments;
     }
     EXPECT_EQ(ReadBytes(Path("second.tdf")).size(), 797u);
+}
+
+TEST_F(Render, ALengthThatAConversionOverflowsIsRefused) {
+    // 2014500000 frames: 47000 / 44100 of them could be counted, but not the 16/15 that the fraction makes of
+    // them.
+    WriteBytes(Path("long.wav"),
+               std::string("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\0\0\0\0\1\0\x08\0", 36) +
+                   "data\xA0\xD4\x12\x78");
+    const ProgramResult result =
+        RenderWith("--rate 47000 --bits 8 " + Path("long.wav") + " " + Path("o.wav"));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.errors, HasSubstr("long.wav: is too long to be converted"));
 }
 
 TEST_F(Render, AFileThatIsCutShortIsRenderedWithAWarning) {

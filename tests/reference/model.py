@@ -8,6 +8,7 @@ went into them.
 """
 import decimal
 import math
+import random
 import struct
 import zlib
 from decimal import Decimal as D
@@ -226,6 +227,56 @@ def converted(feed, inrate, outrate, frames, wide=False):
     return out
 
 
+# --- noise: the 31 upper bits of a Mersenne Twister (MT19937) of a known seed ---------------------------------------
+
+
+def twister(seed):
+    state = [seed]
+    for i in range(1, 624):
+        state.append((1812433253 * (state[-1] ^ state[-1] >> 30) + i) % 2**32)
+    generator = random.Random()
+    generator.setstate((3, tuple(state + [624]), None))
+    while True:
+        yield generator.getrandbits(32) >> 1
+
+
+def white(seed, frames):
+    draw = twister(seed)
+    table = []
+    for _ in range(32768):
+        v = int(next(draw) * 0.00012207031255684342)
+        table.append(-v if v & 0x200 else v)
+    out = list(table)
+    counter = 0
+    while len(out) < frames:
+        e = table[counter % 32768]
+        counter += 1
+        out += [x ^ e for x in table[e & 0x7FFF :]]
+    return out[:frames]
+
+
+def pink(seed, frames):
+    draw = twister(seed)
+    table = []
+    for _ in range(32768):
+        odd = next(draw) & 1
+        table.append(next(draw) * (8.54492187897904e-6 if odd else -8.54492187897904e-6))
+    poles = (0.99886, 0.99332, 0.969, 0.8665, 0.55, -0.7616)
+    gains = (0.0555179, 0.0750759, 0.153852, 0.3104856, 0.5329522, -0.016898)
+    b, b6, counter, index, end, out = [0.0] * 6, 0.0, 0, 0, 32768, []
+    while len(out) < frames:
+        if index >= end:
+            index = int(table[counter] * 10.0) & 0x3FFF
+            end = (int(table[counter + 1] * 10.0) & 0x3FFF) + 16384
+            counter = (counter + 2) % 32768
+        w = table[index]
+        index += 1
+        b = [p * x + g * w for p, g, x in zip(poles, gains, b)]
+        out.append(int(b[0] + b[1] + b[2] + b[3] + b[4] + b[5] + b6 + 0.5362 * w))
+        b6 = 0.115926 * w
+    return out
+
+
 # --- cases ---------------------------------------------------------------------------------------------------------
 
 
@@ -258,6 +309,8 @@ def main():
     show("linear sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000))
     show("log sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000, log=True))
     show("stereo log sweep", tone(20000, 3, [20.0, 50.0], [30.0, 9000.0], [20000.0, 60.0], [300.0, 90.0], ms=700, log=True))
+    show("white noise, seed 7", white(7, 200000))
+    show("pink noise, seed 7", pink(7, 200000))
     loud = tone(40000, 0, STEPS)
     show("16 components", loud)
     show("limited", limited(Feed(loud, 1), 44100, 524272, 30000))

@@ -171,6 +171,12 @@ TEST(ConvertRate, FarReductionsTakeTwoStagesAndMixingComesFirst) {
     EXPECT_EQ(&*equal, before);
 }
 
+TEST(ConvertRate, AFilterWithoutAnyPassBandIsSilent) {
+    // The first of two stages would cut off at exactly 2 * 2250 / 48000 - 3/32 = 0.
+    const LSoundSource source = LSPConvertRate(2250).OpenSource(Make(ReferenceNoise(9000, 524272), 48000));
+    EXPECT_EQ(ReadFrames(*source, 300), std::vector<int>(300));
+}
+
 TEST(ConvertRate, LayoutsThatNothingConvertsAreSilent) {
     LSRCConvertRate converter(Make(ReferenceNoise(3000, 1000), 48000, 3), 44100, false);
     EXPECT_EQ(ReadFrames(converter, 100), std::vector<int>(300));

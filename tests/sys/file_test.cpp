@@ -52,6 +52,17 @@ TEST(ReplacedFile, OldOrNewButNothingBetween) {
     EXPECT_EQ(dir.CountFiles(), 2u) << "nothing temporary stays";
 }
 
+TEST(ReplacedFile, ALinkIsNeverReplaced) {
+    const TempDir dir;
+    std::filesystem::create_symlink(dir / "not yet", dir / "dangling");
+    LReplacedFile file(dir / "dangling");
+    EXPECT_EQ(file.GetPathToWrite(), dir / "dangling");
+    WriteBytes(file.GetPathToWrite(), "x");
+    EXPECT_TRUE(file.Commit());
+    EXPECT_EQ(ReadBytes(dir / "not yet"), "x");
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "dangling"));
+}
+
 TEST(ReplacedFile, SaysWhyItCanNotBeCreated) {
     const TempDir dir;
     EXPECT_EQ(LReplacedFile(dir / "no/folder").GetError(), "No such file or directory");

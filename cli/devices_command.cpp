@@ -1,0 +1,29 @@
+#include "devices_command.h"
+
+#include "refusal.h"
+#include "sound/play_device.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <cstdio>
+
+namespace {
+
+int ListDevices() {
+    LSoundPlayDeviceList list;
+    if (GetSoundPlayDeviceList(list) == 0)
+        return Refuse("devices", "there is no sound output: no sound server or card was found");
+    for (const LSoundPlayDeviceListItem& item : list)
+        if (!item.name.empty())
+            std::printf("%c %s\n", item.isDefault ? '*' : ' ', item.name.c_str());
+    return ExitCompleted;
+}
+
+} // namespace
+
+void AddDevicesCommand(CLI::App& program, int& status) {
+    CLI::App* command = program.add_subcommand("devices", "List the sound outputs; * marks the default");
+    command->callback([&status] { status = ListDevices(); });
+}

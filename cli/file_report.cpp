@@ -1,0 +1,138 @@
+#include "file_report.h"
+
+#include "sound/wave_file.h"
+#include "sys/file.h"
+#include "text.h"
+#include "tone/tone_items.h"
+#include "tone/tone_list_report.h"
+#include "tone/tone_list_source.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+/// mm:ss.mmm
+std::string FormatLength(LSoundTime time) {
+    const int ms = std::max(0, time.GetMilliseconds());
+    char text[32];
+    std::snprintf(text, sizeof text, "%02d:%02d.%03d", ms / 60000, ms / 1000 % 60, ms % 1000);
+    return text;
+}
+
+FileReport Refused(const std::string& reason) {
+    return {.refusal = reason, .title = {}, .rows = {}, .object = {}};
+}
+
+FileReport ReportTone(const std::string& path) {
+    SonvireData tone;
+    if (!tone.ReadFromFile(path.c_str()))
+        return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
+                       " bytes");
+    const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
+    FileReport report;
+    report.title =
+        std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
+    QJsonArray items;
+    for (const unsigned int item : GetShownItems(tone)) {
+        const FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
+        report.rows.push_back(row);
+        items.append(QJsonObject{
+            {"item", static_cast<int>(item)}, {"label", ToQt(row.label)}, {"value", ToQt(row.value)}});
+    }
+    report.object = {{"type", "tone"},
+                     {"waveform", tone.GetToneName()},
+                     {"mode", tone.GetModeName()},
+                     {"stereo", stereo},
+                     {"loop", looped},
+                     {"items", items}};
+    if (tone.waveform == ToneFromList) {
+        report.rows.push_back({"List", tone.GetListPath()});
+        report.object["list"] = ToQt(tone.GetListPath());
+    }
+    return report;
+}
+
+FileReport ReportList(const std::string& path) {
+    FileReport report;
+    QJsonArray entries;
+    for (const ToneListEntry& entry : ExamineToneList(path)) {
+        const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
+        const std::string name = entry.file.empty() ? "silence" : entry.file;
+        report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
+                               FormatLength(entry.length)});
+        entries.append(QJsonObject{{"file", ToQt(entry.file)},
+                                   {"depth", entry.depth},
+                                   {"milliseconds", entry.length.GetMilliseconds()},
+                                   {"problem", ToQt(entry.problem)}});
+    }
+    const LSoundSource source = OpenToneList(path);
+    const LSoundTime total = source.GetEnd();
+    report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
+                   (source->channels == 1 ? "mono" : "stereo");
+    report.rows.push_back({"Total", FormatLength(total)});
+    report.object = {{"type", "list"},
+                     {"rate", source->sampleRate},
+                     {"channels", source->channels},
+                     {"milliseconds", total.GetMilliseconds()},
+                     {"entries", entries}};
+    return report;
+}
+
+FileReport ReportWave(const std::string& path) {
+    const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+    if (source->status != SoundUsable)
+        return Refused(LWaveFile::ExplainStatus(source->status));
+    const bool cutShort = LWaveFile::IsCutShort(path.c_str());
+    FileReport report;
+    report.title = std::string("WAVE file") + (source->IsStreaming() ? ", still being written" : "") +
+                   (cutShort ? ", cut short" : "");
+    report.rows = {{"Sample rate", std::to_string(source->sampleRate) + "Hz"},
+                   {"Channels", std::to_string(source->channels)},
+                   {"Frames", std::to_string(source->GetEndSample())},
+                   {"Length", FormatLength(source.GetEnd())}};
+    report.object = {{"type", "wave"},
+                     {"rate", source->sampleRate},
+                     {"channels", source->channels},
+                     {"frames", source->GetEndSample()},
+                     {"milliseconds", source.GetEnd().GetMilliseconds()},
+                     {"streaming", source->IsStreaming()},
+                     {"cutShort", cutShort}};
+    return report;
+}
+
+} // namespace
+
+std::string FileReport::ToText() const {
+    std::size_t width = 0;
+    for (const Row& row : rows)
+        width = std::max(width, row.label.size());
+    std::string text = title + "\n";
+    for (const Row& row : rows)
+        text += row.label +
+                (row.value.empty() ? "" : std::string(width + 2 - row.label.size(), ' ') + row.value) + "\n";
+    return text;
+}
+
+std::string FileReport::ToJson() const {
+    return QJsonDocument(object).toJson().toStdString();
+}
+
+FileReport ReportFile(const std::string& path) {
+    if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
+        return Refused(reason);
+    const std::string extension = ToLower(GetPathExtension(path));
+    if (extension == ".tdf")
+        return ReportTone(path);
+    if (extension == ".tdl")
+        return ReportList(path);
+    if (extension == ".wav")
+        return ReportWave(path);
+    return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QJsonObject>
+#include <string>
+#include <vector>
+
+/// What a file holds, as lines for people and as an object for scripts.
+struct FileReport {
+    struct Row {
+        std::string label;
+        std::string value;
+    };
+
+    std::string refusal; ///< why the file can't be shown; empty where it can
+    std::string title;   ///< one line above the rows
+    std::vector<Row> rows;
+    QJsonObject object;
+
+    /// The rows in two columns.
+    std::string ToText() const;
+    std::string ToJson() const;
+};
+
+/// Told apart by the extension in any case.
+FileReport ReportFile(const std::string& path);

@@ -1,0 +1,109 @@
+#include "play_command.h"
+
+#include "interrupt.h"
+#include "play_display.h"
+#include "refusal.h"
+#include "sound/sound_player.h"
+#include "sound_input.h"
+#include "sys/event_loop.h"
+#include "text.h"
+#include "tone_options.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+constexpr unsigned int InterruptPollMs = 20;
+
+struct PlayOptions {
+    std::string input;
+    std::string device;
+    int volumeDb = 0;
+    ToneOptions tone; ///< stand for the input where it is left out
+};
+
+std::string ExplainPlayStatus(LPlayStatus status, int rate) {
+    switch (status) {
+    case PlayNoOutput:
+        return "can't be played: there is no sound output that takes " + std::to_string(rate) +
+               " Hz; no sound server or card was found, or it refuses";
+    case PlayNoDevice:
+        return "can't be played: the sound output is not there any more";
+    default:
+        return "playback ended early: the sound output went away";
+    }
+}
+
+int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input,
+                const LSoundPlayDevice& device) {
+    LEventLoop loop;
+    PlayDisplay display(loop, input.source.GetEnd(), input.endless);
+    LSoundPlayer player;
+    player.SetDevice(device);
+    player.SetTitle(std::filesystem::path(name).filename().string());
+    player.SetPlayVolume(LDB(static_cast<std::int8_t>(options.volumeDb)));
+    player.SetNotify(&display, 0);
+    if (!player.Start(input.source))
+        return Refuse(name, "can't be played");
+    bool interrupted = false;
+    loop.Run(InterruptPollMs, [&] {
+        interrupted = IsInterrupted();
+        if (interrupted)
+            player.Stop();
+    });
+    if (player.GetStatus() != PlayUsable)
+        return Refuse(name, ExplainPlayStatus(player.GetStatus(), input.source->sampleRate));
+    return interrupted ? ExitStopped : ExitCompleted;
+}
+
+int PlayInput(const PlayOptions& options, const std::string& name, const SoundInput& input) {
+    if (!input.refusal.empty())
+        return Refuse(name, input.refusal);
+    LSoundPlayDevice device;
+    if (!options.device.empty() && options.device != LSoundPlayDevice::DefaultName) {
+        device = LSoundPlayDevice(LSoundPlayDevice::GetListDeviceIndex(options.device.c_str()));
+        if (device.IsDefault())
+            return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
+    }
+    for (const InputWarning& warning : input.warnings)
+        Warn(warning.file, warning.reason);
+    return PlayThrough(options, name, input, device);
+}
+
+int Play(const PlayOptions& options) {
+    if (options.tone.DescribeTone() != options.input.empty())
+        return Misuse("either INPUT or tone options are required");
+    if (!options.input.empty())
+        return PlayInput(options, options.input,
+                         OpenSoundInput(options.input, options.tone.durationMs, SoundLength::Any));
+    const DescribedTone described = MakeTone(options.tone);
+    if (!described.problem.empty())
+        return Misuse(described.problem);
+    return PlayInput(options, "the tone", OpenToneInput(described.tone, SoundLength::Any));
+}
+
+} // namespace
+
+void AddPlayCommand(CLI::App& program, int& status) {
+    const auto options = std::make_shared<PlayOptions>();
+    CLI::App* command = program.add_subcommand("play", "Play a tone, a tone list or a WAVE file");
+    command->add_option(
+        "INPUT", options->input,
+        "A tone (.tdf), a tone list (.tdl) or a WAVE file (.wav); left out where tone options stand "
+        "for it");
+    command->add_option("--device", options->device, "The sound output, by its name; without it, the default")
+        ->type_name("NAME");
+    command
+        ->add_option("--volume", options->volumeDb,
+                     "Volume in dB: -36 and less is silence, 13 and more plays at full level")
+        ->check(DecimalIn(-127, 127))
+        ->type_name("DB")
+        ->capture_default_str();
+    AddToneOptions(*command, options->tone);
+    command->callback([options, &status] { status = Play(*options); });
+}

@@ -1,0 +1,64 @@
+#include "play_display.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+constexpr int MeterCells = 20;
+constexpr int MeterStepDb = 3;
+constexpr int MeterTopDb = 15; // a square wave at full scale
+constexpr int MeterBottomDb = MeterTopDb - MeterCells * MeterStepDb;
+
+std::string FormatTime(int ms) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%d:%02d.%d", ms / 60000, ms / 1000 % 60, ms / 100 % 10);
+    return text;
+}
+
+std::string FormatMeter(LDB level) {
+    const int above = level.GetDecibels() - MeterBottomDb;
+    const auto cells = static_cast<std::size_t>(std::clamp(above / MeterStepDb, 0, MeterCells));
+    char number[16];
+    std::snprintf(number, sizeof number, "%4d dB", level.GetDecibels());
+    return " [" + std::string(cells, '#') + std::string(MeterCells - cells, '.') + "]" +
+           (level == LDB() ? " silent" : number);
+}
+
+} // namespace
+
+PlayDisplay::PlayDisplay(LEventLoop& ended, LSoundTime soundLength, bool soundIsEndless)
+    : loop(ended),
+      length(soundLength),
+      endless(soundIsEndless),
+      visible(isatty(STDERR_FILENO) != 0) {}
+
+void PlayDisplay::spntfPlay(long /*id*/) {
+    start = Clock::now();
+}
+
+void PlayDisplay::spntfStop(long /*id*/) {
+    if (visible)
+        std::fputs("\n", stderr);
+    loop.Quit();
+}
+
+void PlayDisplay::spntfLevel(const LDBMC& measured, long /*id*/) {
+    levels = measured;
+}
+
+void PlayDisplay::spntfTime(LSoundTime time, long /*id*/) {
+    const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    if (visible)
+        Draw(endless ? static_cast<int>(elapsed.count()) : time.GetMilliseconds());
+}
+
+void PlayDisplay::Draw(int positionMs) const {
+    std::string meters;
+    for (int c = 0; c < levels.GetChannels(); ++c)
+        meters += FormatMeter(levels[c]);
+    const std::string total = endless ? "endless" : FormatTime(length.GetMilliseconds());
+    std::fprintf(stderr, "\r%s / %s%s ", FormatTime(positionMs).c_str(), total.c_str(), meters.c_str());
+}

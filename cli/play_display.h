@@ -1,0 +1,31 @@
+#pragma once
+
+#include "sound/player_notify.h"
+#include "sys/event_loop.h"
+
+#include <chrono>
+
+/// Shows a playback on one line of the terminal: position, length and the level of each channel. Draws
+/// nothing where standard error is no terminal. Ends the event loop when the playback has stopped.
+class PlayDisplay : public LSoundPlayerNotify {
+public:
+    /// An endless sound has no length, and its position is the time since its start.
+    PlayDisplay(LEventLoop& ended, LSoundTime soundLength, bool soundIsEndless);
+
+    void spntfPlay(long id) override;
+    void spntfStop(long id) override;
+    void spntfTime(LSoundTime time, long id) override;
+    void spntfLevel(const LDBMC& measured, long id) override;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void Draw(int positionMs) const;
+
+    LEventLoop& loop;
+    LSoundTime length;
+    bool endless;
+    bool visible;
+    Clock::time_point start;
+    LDBMC levels;
+};

@@ -1,0 +1,47 @@
+#include "text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <sstream>
+
+std::string ToLower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+std::vector<std::string> SplitAtCommas(const std::string& text) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, ',');)
+        parts.push_back(part);
+    if (!text.empty() && text.back() == ',')
+        parts.emplace_back();
+    return parts;
+}
+
+CLI::Validator DecimalIn(int lowest, int highest) {
+    const std::string range = std::to_string(lowest) + " to " + std::to_string(highest);
+    return CLI::Validator(
+        [lowest, highest, range](const std::string& text) {
+            int value = 0;
+            const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
+            const bool plain =
+                failure == std::errc() && end == text.data() + text.size() && std::to_string(value) == text;
+            return plain && value >= lowest && value <= highest
+                       ? ""
+                       : "\"" + text + "\" is not in the range " + range;
+        },
+        range);
+}
+
+std::optional<double> ParseNumber(const std::string& text) {
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !std::isfinite(value))
+        return {};
+    return value;
+}

@@ -1,0 +1,188 @@
+#include "tone_options.h"
+
+#include "text.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+struct WaveformName {
+    const char* name; ///< in small letters, without blanks
+    ToneWaveform waveform;
+};
+
+constexpr WaveformName WaveformNames[] = {
+    {"sine", ToneSine},           {"square", ToneSquare},       {"triangular", ToneTriangular},
+    {"triangle", ToneTriangular}, {"tri", ToneTriangular},      {"sawtooth", ToneSawTooth},
+    {"saw", ToneSawTooth},        {"impulse", ToneImpulse},     {"whitenoise", ToneWhiteNoise},
+    {"white", ToneWhiteNoise},    {"pinknoise", TonePinkNoise}, {"pink", TonePinkNoise},
+};
+
+/// Builds a tone step by step; the first thing that is wrong stays as the problem.
+class ToneMaker {
+public:
+    explicit ToneMaker(const ToneOptions& toneOptions) : options(toneOptions) {}
+
+    DescribedTone Make() {
+        SetWaveform();
+        if (made.tone.waveform >= ToneWhiteNoise)
+            CheckNoise();
+        else
+            SetComponents();
+        SetLength();
+        return made;
+    }
+
+private:
+    void Fail(const std::string& problem) {
+        if (made.problem.empty())
+            made.problem = problem;
+    }
+
+    void SetFlag(ToneFlags flag) { made.tone.flags |= flag; }
+
+    void SetWaveform() {
+        if (options.waveform.empty())
+            return;
+        std::string wanted = ToLower(options.waveform);
+        std::erase_if(wanted, [](char c) { return c == ' ' || c == '-' || c == '_'; });
+        for (const WaveformName& each : WaveformNames) {
+            if (wanted == each.name) {
+                made.tone.waveform = each.waveform;
+                return;
+            }
+        }
+        Fail("--waveform: \"" + options.waveform +
+             "\" is none of sine, square, triangular, saw tooth, impulse, white noise, pink noise");
+    }
+
+    void CheckNoise() {
+        if (!(options.frequency + options.right + options.end + options.endRight + options.amplitude +
+              options.sweep)
+                 .empty() ||
+            options.tones.value_or(1) != 1)
+            Fail(std::string(made.tone.GetToneName()) + " has no components, frequencies, sweeps or levels");
+    }
+
+    void SetComponents() {
+        made.tone.numTones = static_cast<std::uint8_t>(options.tones.value_or(CountComponents()));
+        SetFrequencies("--frequency", options.frequency, made.tone.startLeftHz);
+        if (!options.right.empty()) {
+            SetFlag(ToneFlagStereo);
+            SetFrequencies("--right", options.right, made.tone.startRightHz);
+        }
+        SetSweep();
+        if (!options.amplitude.empty())
+            SetAmplitudes();
+    }
+
+    int CountComponents() const {
+        std::size_t count = 1;
+        for (const std::string& values :
+             {options.frequency, options.right, options.end, options.endRight, options.amplitude})
+            count = std::max(count, SplitAtCommas(values).size());
+        return static_cast<int>(std::min<std::size_t>(count, MaxTones + 1));
+    }
+
+    void SetSweep() {
+        if (options.end.empty()) {
+            if (!(options.endRight + options.sweep).empty())
+                Fail("a sweep needs --end, where it ends");
+            return;
+        }
+        if (!options.right.empty() && options.endRight.empty())
+            Fail("a sweep with --right needs --end-right, where it ends on that side");
+        if (options.right.empty() && !options.endRight.empty())
+            Fail("--end-right needs --right, where it starts");
+        SetFlag(ToneFlagSweep);
+        SetFlag(ToneFlagDuration);
+        if (options.sweep == "log")
+            SetFlag(ToneFlagLogSweep);
+        SetFrequencies("--end", options.end, made.tone.endLeftHz);
+        if (!options.endRight.empty())
+            SetFrequencies("--end-right", options.endRight, made.tone.endRightHz);
+    }
+
+    void SetAmplitudes() {
+        double decibels[MaxTones];
+        SetFrequencies("--amplitude", options.amplitude, decibels);
+        if (!made.problem.empty())
+            return;
+        SetFlag(ToneFlagVariableAmplitude);
+        for (std::size_t i = 0; i < made.tone.GetToneCount(); ++i) {
+            if (decibels[i] != std::trunc(decibels[i]) || decibels[i] < -127 || decibels[i] > 0)
+                Fail("--amplitude: levels are whole numbers between -127 and 0");
+            else
+                made.tone.amplitudeDb[i] = static_cast<std::int8_t>(decibels[i]);
+        }
+    }
+
+    /// One value per component, or one for all.
+    void SetFrequencies(const std::string& option, const std::string& text, double (&values)[MaxTones]) {
+        const std::vector<std::string> parts = SplitAtCommas(text);
+        const std::size_t count = made.tone.numTones;
+        if (count < 1 || count > MaxTones)
+            return Fail("a tone has 1 to 16 components");
+        if (parts.empty())
+            return;
+        if (parts.size() != 1 && parts.size() != count)
+            return Fail(option + ": " + std::to_string(parts.size()) + " values don't fit " +
+                        std::to_string(count) + (count == 1 ? " component" : " components"));
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::optional<double> value = ParseNumber(parts[parts.size() == 1 ? 0 : i]);
+            if (!value)
+                return Fail(option + ": \"" + parts[parts.size() == 1 ? 0 : i] + "\" is not a number");
+            values[i] = *value;
+        }
+    }
+
+    void SetLength() {
+        if (options.durationMs)
+            made.tone.SetDuration(*options.durationMs);
+        if (options.loop) {
+            SetFlag(ToneFlagDuration);
+            made.tone.repeat = 1;
+        }
+    }
+
+    const ToneOptions& options;
+    DescribedTone made;
+};
+
+} // namespace
+
+bool ToneOptions::DescribeTone() const {
+    return tones || loop || !(waveform + frequency + right + end + endRight + amplitude + sweep).empty();
+}
+
+void AddToneOptions(CLI::App& command, ToneOptions& options) {
+    const auto add = [&command](const char* name, auto& value, const char* what, const char* type) {
+        return command.add_option(name, value, what)->type_name(type)->group("Tone");
+    };
+    add("--waveform", options.waveform,
+        "sine (without this option), square, triangular, saw, impulse, white, pink", "NAME");
+    add("--tones", options.tones, "How many components sound; without it, as many as values are given", "N")
+        ->check(DecimalIn(1, MaxTones));
+    add("--frequency", options.frequency, "Frequency of each component, or one for all: 440,550,660", "HZ");
+    add("--right", options.right, "The right channel's frequencies; makes the tone stereo", "HZ");
+    add("--end", options.end, "Where a sweep ends", "HZ");
+    add("--end-right", options.endRight, "Where the right channel's sweep ends", "HZ");
+    add("--sweep", options.sweep, "linear (without this option) or log", "KIND")
+        ->check(CLI::IsMember({"linear", "log"}));
+    add("--amplitude", options.amplitude, "Level of each component, -127 (silence) to 0: 0,-6,-12", "DB");
+    add("--duration", options.durationMs, "How long the tone lasts, in milliseconds", "MS")
+        ->check(DecimalIn(1, MaxToneDurationMs));
+    command.add_flag("--loop", options.loop, "Play the tone over and over")->group("Tone");
+}
+
+DescribedTone MakeTone(const ToneOptions& options) {
+    return ToneMaker(options).Make();
+}

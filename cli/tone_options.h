@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tone/tone_data.h"
+
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+/// The options by which a command describes a tone. Each is a text as it was typed, empty where it was not
+/// given.
+struct ToneOptions {
+    std::string waveform;
+    std::string frequency, right, end, endRight; ///< values separated by commas, in Hz
+    std::string amplitude;                       ///< in dB
+    std::string sweep;
+    std::optional<int> tones;
+    std::optional<unsigned int> durationMs;
+    bool loop = false;
+
+    /// True where any option but the duration was given, which may as well belong to an input file.
+    bool DescribeTone() const;
+};
+
+/// Adds the options to a command. `options` must outlive it.
+void AddToneOptions(CLI::App& command, ToneOptions& options);
+
+/// The tone that the options describe, or why they describe none.
+struct DescribedTone {
+    SonvireData tone;
+    std::string problem; ///< empty where there is a tone
+};
+DescribedTone MakeTone(const ToneOptions& options);

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "sound/sound_source.h"
+
+#include <cstddef>
+#include <vector>
+
+/// A list of sources and silences that play one after another. An item whose source has a status plays as
+/// silence of its silence length, which for a source is 0.
+class LSoundSourceCat {
+public:
+    struct Item {
+        LSoundSource source;
+        LSoundTime silence;
+    };
+
+    /// Appends; the list shares the source.
+    void AddSource(const LSoundSource& source);
+    void AddSilence(LSoundTime time);
+
+    const std::vector<Item>& GetItems() const { return items; }
+    void Clear() { items.clear(); }
+
+    /// The list as one source; it keeps the items, so the list may be cleared. Every item is converted to
+    /// this format as it is reached; `peakMax` is the largest of the items' own, without what a conversion
+    /// may add. That is meant.
+    LSoundSource OpenSource(int rate, std::uint8_t channels) const;
+    /// At the largest rate and channel count of the items, 8000 Hz and mono where there are none.
+    LSoundSource OpenSource() const;
+
+private:
+    std::vector<Item> items;
+};
+
+/// A concatenation that plays. Walks the items forward once; only a seek goes back. Opening an item seeks it
+/// to 0 and may allocate for its conversion; an item that has had its turn is unloaded.
+class LSSRCCat : public LSoundSourceBase {
+public:
+    LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCount, int peak);
+
+    void Read(int* buffer, int frames) override;
+    int GetPositionSample() const override { return position; }
+    /// What has been played and what is left. Items not opened yet count in their own rates, unconverted;
+    /// that is how the length is defined, and exact where all have the list's rate.
+    int GetEndSample() const override;
+    /// Opens every item anew from the first one on. Beyond the end lies silence.
+    void Seek(int target) override;
+    bool IsStreaming() const override;
+    /// May wait twice: for the current item and for the next one.
+    void WaitForStreamingData(int milliseconds) override;
+    void Unload() override;
+
+private:
+    void Open(bool fromStart);
+    int ReadCurrent(int* buffer, int frames);
+    bool IsAllOpened() const { return cursor == items.size(); }
+
+    std::vector<LSoundSourceCat::Item> items;
+    std::size_t cursor = 0; ///< next item to open
+    int position = 0;       ///< may be negative: silence before the beginning
+    int silenceLeft = 0;    ///< of the current silence
+    LSoundSource current;   ///< after conversion; nothing behind it while a silence plays
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "sys/file.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+/// Reads a text file line by line. A line ends with CR, LF, CR LF or LF CR; of a longer line the first 259
+/// characters count.
+class LTextReader {
+public:
+    static constexpr std::size_t MaxLineLength = 259;
+
+    /// A file that can't be opened has no lines.
+    explicit LTextReader(const char* path) : file(path) {}
+
+    bool IsOpen() const { return file.IsOpen(); }
+    /// False at the end of the file. What stands behind the last line end is a line only if it is not empty.
+    bool ReadLine(std::string& line);
+
+private:
+    static constexpr int EndOfFile = -1;
+
+    int Peek();
+    int Next();
+
+    LSharedReadFile file;
+    std::array<char, 4096> buffer;
+    std::size_t filled = 0, used = 0;
+};

@@ -1,0 +1,138 @@
+#include "support/sound_server.h"
+
+#include "support/run_program.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <functional>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::chrono::seconds HangGuard{20};
+
+bool WaitFor(const std::function<bool()>& holds) {
+    const auto latest = std::chrono::steady_clock::now() + HangGuard;
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > latest)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+std::uintmax_t SizeOf(const std::string& file) {
+    std::error_code none;
+    const std::uintmax_t size = std::filesystem::file_size(file, none);
+    return none ? 0 : size;
+}
+
+} // namespace
+
+pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors) {
+    std::vector<char*> list;
+    for (const std::string& each : arguments)
+        list.push_back(const_cast<char*>(each.c_str()));
+    list.push_back(nullptr);
+    const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    const int errorFile = open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(outFile, STDOUT_FILENO);
+        dup2(errorFile, STDERR_FILENO);
+        execvp(list[0], list.data());
+        _exit(127);
+    }
+    close(outFile);
+    close(errorFile);
+    return child;
+}
+
+void EndProcess(pid_t process, int signal) {
+    kill(process, signal);
+    waitpid(process, nullptr, 0);
+}
+
+SoundServer::SoundServer() {
+    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"})
+        setenv(variable, Path("").c_str(), 1);
+    unsetenv("PULSE_SERVER");
+}
+
+SoundServer::~SoundServer() {
+    Kill();
+}
+
+bool SoundServer::Start() {
+    process = Spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "-L",
+                     "module-native-protocol-unix auth-anonymous=1 socket=" + Path("native")},
+                    Path("server.out"), Path("server.err"));
+    return WaitFor([this] { return waitpid(process, nullptr, WNOHANG) != 0 || !Control("stat").empty(); }) &&
+           kill(process, 0) == 0;
+}
+
+void SoundServer::Kill() {
+    if (process > 0)
+        EndProcess(process, SIGKILL);
+    process = -1;
+    modules.clear();
+    std::filesystem::remove(Path("native"));
+}
+
+bool SoundServer::AddOutput(const std::string& name, int rate, int channels) {
+    const std::string module =
+        Control("load-module module-null-sink norewinds=1 format=s16le sink_name=" + name +
+                " rate=" + std::to_string(rate) + " channels=" + std::to_string(channels) +
+                // Quoted once for the shell, once for the server, once for the property.
+                " \"sink_properties='device.description=\\\"Output " + name + "\\\"'\"");
+    modules[name] = module;
+    return !module.empty();
+}
+
+void SoundServer::RemoveOutput(const std::string& name) {
+    Control("unload-module " + modules[name]);
+    modules.erase(name);
+}
+
+std::string SoundServer::Control(const std::string& command) {
+    return RunProgram("exec pactl " + command).output;
+}
+
+Recording::Recording(const SoundServer& server, const std::string& output, int framesPerSecond,
+                     int channelCount)
+    : file(server.Path(output + ".raw")),
+      rate(framesPerSecond),
+      channels(channelCount) {
+    process = Spawn({"parec", "--raw", "--format=s16le", "--latency-msec=20", "-d", output + ".monitor",
+                     "--rate=" + std::to_string(rate), "--channels=" + std::to_string(channels)},
+                    file, server.Path("record.err"));
+    WaitForFrames(1);
+}
+
+Recording::~Recording() {
+    if (process > 0)
+        EndProcess(process, SIGKILL);
+}
+
+void Recording::WaitForFrames(std::uintmax_t more) const {
+    const std::uintmax_t wanted = SizeOf(file) + more * 2 * static_cast<unsigned int>(channels);
+    WaitFor([&] { return SizeOf(file) >= wanted; });
+}
+
+std::vector<int> Recording::Finish() {
+    WaitForFrames(static_cast<std::uintmax_t>(rate / 3));
+    EndProcess(process, SIGTERM);
+    process = -1;
+    const std::string bytes = ReadBytes(file);
+    std::vector<std::int16_t> samples(bytes.size() / 2);
+    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+    const auto sounds = [](std::int16_t sample) { return sample != 0; };
+    const auto first = std::find_if(samples.begin(), samples.end(), sounds);
+    const auto last = std::find_if(samples.rbegin(), samples.rend(), sounds).base();
+    return first < last ? std::vector<int>(first, last) : std::vector<int>();
+}

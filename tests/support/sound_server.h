@@ -1,0 +1,61 @@
+#pragma once
+
+#include "support/temp_dir.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/// A sound server of this process's own, in a folder of its own, without any hardware. While it is there,
+/// this process and the programs that it starts know no other. One at a time.
+class SoundServer {
+public:
+    SoundServer();
+    ~SoundServer();
+    SoundServer(const SoundServer&) = delete;
+    SoundServer& operator=(const SoundServer&) = delete;
+
+    /// False where the machine has no server to start, or it doesn't come up.
+    bool Start();
+    /// Ends it without a word to its clients.
+    void Kill();
+
+    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME".
+    bool AddOutput(const std::string& name, int rate, int channels);
+    void RemoveOutput(const std::string& name);
+    /// Runs a command of the server's own control program; answers what it prints.
+    std::string Control(const std::string& command);
+
+    std::string Path(const std::string& file) const { return folder / file; }
+
+private:
+    const TempDir folder;
+    std::map<std::string, std::string> modules; ///< of the outputs, by name
+    pid_t process = -1;
+};
+
+/// Records what reaches an output, from when it is made until `Finish`.
+class Recording {
+public:
+    Recording(const SoundServer& server, const std::string& output, int rate, int channels);
+    ~Recording();
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    /// Waits until all that has been played so far is recorded; answers every sample from the first that is
+    /// not 0 to the last.
+    std::vector<int> Finish();
+
+private:
+    void WaitForFrames(std::uintmax_t more) const;
+
+    std::string file;
+    int rate, channels;
+    pid_t process = -1;
+};
+
+/// Starts a program, with its output in files of these names.
+pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors);
+void EndProcess(pid_t process, int signal);

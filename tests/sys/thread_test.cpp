@@ -1,0 +1,119 @@
+#include "sys/background.h"
+#include "sys/queued_notify.h"
+#include "sys/thread.h"
+
+#include "support/owner.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <thread>
+
+namespace {
+
+bool IsSet(const LSignalObject& object) {
+    return LSignalObjectRef(object).WaitSignalDual(object, 0);
+}
+
+TEST(Signal, StaysSetUntilItIsReset) {
+    LSignalObject one, other;
+    EXPECT_FALSE(IsSet(one));
+    one.Signal();
+    one.Signal();
+    EXPECT_TRUE(IsSet(one));
+    EXPECT_TRUE(IsSet(one)) << "a wait takes nothing";
+    EXPECT_TRUE(LSignalObjectRef(other).WaitSignalDual(one, 10000));
+    one.Reset();
+    EXPECT_FALSE(IsSet(one));
+    for (int i = 0; i < 100'000; ++i)
+        one.Signal(); // more than a pipe holds
+    one.Reset();
+    EXPECT_FALSE(IsSet(one));
+}
+
+TEST(Signal, AWaitTakesItsTime) {
+    const LSignalObject never;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(LSignalObjectRef(never).WaitSignalDual(never, 1100));
+    const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(waited.count(), 1.09) << "whole seconds and the rest";
+}
+
+class Worker : public LThread {
+public:
+    ~Worker() override { StopThreadNow(); }
+    LSignalObject go;
+    std::atomic<int> runs = 0;
+    bool endAtOnce = false;
+
+private:
+    void ThreadFunction() override {
+        ++runs;
+        while (!endAtOnce && !IsStopRequested())
+            WaitSignal(go, 10000);
+    }
+};
+
+TEST(Thread, RunsAgainAfterItHasEnded) {
+    Worker worker;
+    worker.StopThreadNow();
+    worker.Start(2);
+    worker.Start(2); // it runs already
+    worker.StopThreadNow();
+    EXPECT_EQ(worker.runs, 1);
+    worker.endAtOnce = true;
+    for (int i = 0; i < 3; ++i) {
+        worker.Start(LThread::PriorityRealTime);
+        while (worker.IsRunning())
+            std::this_thread::yield();
+    }
+    worker.StopThreadNow();
+    worker.StopThreadNow();
+    EXPECT_EQ(worker.runs, 4);
+    worker.endAtOnce = false;
+    worker.Start(LThread::PriorityNormal);
+    worker.StopThreadSoon();
+    while (worker.IsRunning()) // a stop wakes it
+        std::this_thread::yield();
+}
+
+class Receiver : public LThreadQueuedNotify {
+public:
+    explicit Receiver(std::vector<const Receiver*>& orderOfCalls) : order(orderOfCalls) {}
+    std::thread::id thread;
+
+private:
+    void EvNotify() override {
+        order.push_back(this);
+        thread = std::this_thread::get_id();
+    }
+    std::vector<const Receiver*>& order;
+};
+
+TEST(QueuedNotify, EachPostIsOneCallOnTheMainThreadInOrder) {
+    LEventLoop loop;
+    std::vector<const Receiver*> order;
+    Receiver one(order), two(order);
+    auto gone = std::make_unique<Receiver>(order);
+    std::thread([&] {
+        one.PostQueueNotify();
+        gone->PostQueueNotify();
+        two.PostQueueNotify();
+        one.PostQueueNotify();
+    }).join();
+    EXPECT_TRUE(order.empty());
+    gone.reset();
+    EXPECT_TRUE(WaitUntil(loop, [&] { return order.size() >= 3; }));
+    EXPECT_EQ(order, (std::vector<const Receiver*>{&one, &two, &one})) << "and none for what is destroyed";
+    EXPECT_EQ(one.thread, std::this_thread::get_id());
+}
+
+TEST(Background, WorkIsWaitedForOnlySoLong) {
+    LSignalObject finish;
+    ASSERT_TRUE(RunInBackground([&finish] { LSignalObjectRef(finish).WaitSignalDual(finish, 10000); }));
+    EXPECT_FALSE(WaitForBackground(1));
+    finish.Signal();
+    EXPECT_TRUE(WaitForBackground(10000));
+}
+
+} // namespace

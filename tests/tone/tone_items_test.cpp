@@ -1,0 +1,200 @@
+#include "support/recorded_messages.h"
+#include "sys/settings.h"
+#include "tone/tone_items.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+SonvireData Flagged(int flags, int waveform = ToneSine, int tones = 1) {
+    SonvireData tone;
+    tone.flags = static_cast<std::uint16_t>(flags);
+    tone.waveform = static_cast<std::uint8_t>(waveform);
+    tone.numTones = static_cast<std::uint8_t>(tones);
+    return tone;
+}
+
+TEST(ToneItems, AreNamedByTheMode) {
+    constexpr int Sweep = ToneFlagSweep, Stereo = ToneFlagStereo;
+    struct {
+        unsigned int item;
+        const char *constant, *sweep, *stereo, *stereoSweep;
+    } const cases[] = {
+        {256, "Sine 1 Frequency", "Sine 1 Start Frequency", "Sine 1 Left Frequency",
+         "Sine 1 Start Left Frequency"},
+        {527, "", "", "Sine 16 Right Frequency", "Sine 16 Start Right Frequency"},
+        {769, "", "Sine 2 End Frequency", "", "Sine 2 End Left Frequency"},
+        {1026, "", "", "", "Sine 3 End Right Frequency"},
+        {1281, "Sine 2 Relative Amplitude", "Sine 2 Relative Amplitude", "Sine 2 Relative Amplitude",
+         "Sine 2 Relative Amplitude"},
+        {1536, "Sine Duration", "Sine Duration", "Sine Duration", "Sine Duration"},
+        {1792, "Sine", "Sine", "Sine", "Sine"},
+        {272, "", "", "", ""},
+        {1537, "", "", "", ""},
+        {0, "", "", "", ""},
+        {0xFFFFFFFF, "", "", "", ""},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(Flagged(0).GetItemName(each.item), each.constant) << each.item;
+        EXPECT_EQ(Flagged(Sweep).GetItemName(each.item), each.sweep) << each.item;
+        EXPECT_EQ(Flagged(Stereo).GetItemName(each.item), each.stereo) << each.item;
+        EXPECT_EQ(Flagged(Stereo | Sweep).GetItemName(each.item), each.stereoSweep) << each.item;
+    }
+    EXPECT_EQ(Flagged(0, TonePinkNoise).GetItemName(1281), "Pink Noise 2 Relative Amplitude");
+    EXPECT_EQ(Flagged(0, 9).GetItemName(1536), " Duration");
+}
+
+TEST(ToneItems, ShowTheirValuesWithUnits) {
+    SonvireData tone = Flagged(ToneFlagStereo);
+    tone.startRightHz[1] = 440.126;
+    tone.amplitudeDb[0] = -12;
+    tone.durationMs = 1500;
+    struct {
+        unsigned int item;
+        const char *stereo, *mono;
+    } const cases[] = {{256, "1000.00Hz", "1000.00Hz"},
+                       {513, "440.13Hz", ""},
+                       {768, "1000.00Hz", "1000.00Hz"},
+                       {1024, "1000.00Hz", ""},
+                       {1280, "-12dB", "-12dB"},
+                       {1536, "1500ms", "1500ms"},
+                       {1792, "", ""},
+                       {300, "", ""}};
+    for (const auto& each : cases) {
+        tone.flags = ToneFlagStereo;
+        EXPECT_EQ(tone.GetItemValue(each.item), each.stereo) << each.item;
+        tone.flags = 0;
+        EXPECT_EQ(tone.GetItemValue(each.item), each.mono) << each.item;
+    }
+    tone.startLeftHz[0] = 1e300;
+    EXPECT_EQ(tone.GetItemValue(256).size(), 301 + 3 + 2u) << "however long";
+}
+
+TEST(ToneItems, TakeTypedTexts) {
+    const char* const duration = "Duration: Please enter positive value";
+    const char* const amplitude = "Amplitude: Please enter negative value between [-127 .. 0]";
+    struct {
+        unsigned int item;
+        const char *typed, *shown, *message;
+    } const cases[] = {
+        {1536, "250ms", "250ms", ""},
+        {1536, "12.7", "12ms", ""},
+        {1536, "abc", "1000ms", duration},
+        {1536, "0", "1000ms", duration},
+        {1536, "-5", "1000ms", duration},
+        {1280, "-3", "-3dB", ""},
+        {1280, "5", "0dB", amplitude},
+        {1280, "-200", "-127dB", amplitude},
+        {1280, "-127dB", "-127dB", ""},
+        {256, "440Hz", "440.00Hz", ""},
+        {256, "-1.5", "-1.50Hz", ""},
+        {256, "99999", "99999.00Hz", ""},
+        {256, "x", "0.00Hz", ""},
+        {1792, "7", "", ""},
+        {999999, "7", "", ""},
+    };
+    for (const auto& each : cases) {
+        RecordedMessages messages;
+        SonvireData tone;
+        tone.SetItemValue(each.item, each.typed);
+        EXPECT_EQ(tone.GetItemValue(each.item), each.shown) << each.item << " " << each.typed;
+        EXPECT_EQ(messages.shown,
+                  *each.message ? std::vector<std::string>{each.message} : std::vector<std::string>())
+            << each.typed;
+    }
+    SonvireData tone;
+    tone.SetItemValue(1024 + 15, "1000.1");
+    EXPECT_EQ(tone.endRightHz[15], 1000.0999755859375) << "single precision";
+}
+
+class Stepping : public ::testing::Test {
+protected:
+    void SetUp() override {
+        LUserSettingDeleteItem("settings", "semitone increment");
+        LUserSettingDeleteItem("settings", "frequency increment step");
+    }
+    void TearDown() override { SetUp(); }
+
+    /// The item's value after one step of each kind: up, down, large up, large down.
+    static std::vector<std::string> Steps(unsigned int item, const char* from) {
+        std::vector<std::string> values;
+        for (const auto step : {&SonvireData::IncreaseItem, &SonvireData::DecreaseItem,
+                                &SonvireData::IncreaseItemLarge, &SonvireData::DecreaseItemLarge}) {
+            SonvireData tone;
+            tone.SetItemValue(item, from);
+            (tone.*step)(item);
+            values.push_back(tone.GetItemValue(item));
+        }
+        return values;
+    }
+};
+
+TEST_F(Stepping, DurationsAndAmplitudesStepUnevenly) {
+    struct {
+        unsigned int item;
+        const char *from, *up, *down, *largeUp, *largeDown;
+    } const cases[] = {
+        {1536, "1000", "2000ms", "900ms", "6000ms", "500ms"},
+        {1536, "999", "1099ms", "899ms", "1499ms", "499ms"},
+        {1536, "100", "200ms", "100ms", "600ms", "100ms"},
+        {1536, "101", "201ms", "1ms", "601ms", "101ms"},
+        {1536, "501", "601ms", "401ms", "1001ms", "1ms"},
+        {1536, "2000", "3000ms", "1000ms", "7000ms", "1500ms"},
+        {1536, "5000", "6000ms", "4000ms", "10000ms", "0ms"},
+        {1536, "4999", "5999ms", "3999ms", "9999ms", "4499ms"},
+        {1280, "0", "0dB", "-1dB", "0dB", "-1dB"},
+        {1280, "-90", "-89dB", "-90dB", "-89dB", "-90dB"},
+        {1280, "-127", "-126dB", "-127dB", "-126dB", "-127dB"},
+        {1792, "", "", "", "", ""},
+    };
+    for (const auto& each : cases)
+        EXPECT_THAT(Steps(each.item, each.from),
+                    ElementsAre(each.up, each.down, each.largeUp, each.largeDown))
+            << each.item << " from " << each.from;
+}
+
+TEST_F(Stepping, FrequenciesStepBySemitonesOrHz) {
+    const auto useSemitones = [](int count) {
+        LUserSettingSet("settings", "semitone increment", true);
+        LUserSettingSet("settings", "frequency increment step", count);
+    };
+    EXPECT_THAT(Steps(256, "440"), ElementsAre("466.16Hz", "415.30Hz", "880.00Hz", "220.00Hz"))
+        << "one semitone";
+    useSemitones(12);
+    EXPECT_THAT(Steps(1024 + 3, "440"), ElementsAre("", "", "", "")) << "not shown in mono, but stepped:";
+    EXPECT_THAT(Steps(256 + 15, "440"), ElementsAre("880.00Hz", "220.00Hz", "880.00Hz", "220.00Hz"));
+    EXPECT_THAT(Steps(256, "15000"), ElementsAre("20000.00Hz", "7500.00Hz", "20000.00Hz", "7500.00Hz"));
+    EXPECT_THAT(Steps(256, "0"), ElementsAre("0.02Hz", "0.00Hz", "0.00Hz", "0.00Hz")) << "0.01, an octave up";
+    EXPECT_THAT(Steps(256, "30000"), ElementsAre("30000.00Hz", "15000.00Hz", "20000.00Hz", "15000.00Hz"));
+    LUserSettingSet("settings", "semitone increment", false);
+    LUserSettingDeleteItem("settings", "frequency increment step");
+    EXPECT_THAT(Steps(256, "0.5"), ElementsAre("1.50Hz", "0.00Hz", "1.00Hz", "0.25Hz")) << "1 Hz";
+    LUserSettingSetString("settings", "frequency increment step", "2.5");
+    EXPECT_THAT(Steps(256, "19999"), ElementsAre("20000.00Hz", "19996.50Hz", "20000.00Hz", "9999.50Hz"));
+    LUserSettingSetString("settings", "frequency increment step", "nonsense");
+    EXPECT_THAT(Steps(256, "10"), ElementsAre("10.00Hz", "10.00Hz", "20.00Hz", "5.00Hz"));
+}
+
+TEST(ToneItems, AreShownInOrder) {
+    constexpr int All = ToneFlagStereo | ToneFlagSweep | ToneFlagVariableAmplitude | ToneFlagDuration;
+    EXPECT_THAT(GetShownItems(Flagged(All, ToneSquare, 2)),
+                ElementsAre(256, 768, 512, 1024, 1280, 257, 769, 513, 1025, 1281, 1536));
+    EXPECT_THAT(GetShownItems(Flagged(0)), ElementsAre(256));
+    EXPECT_THAT(GetShownItems(Flagged(All, ToneWhiteNoise, 5)), ElementsAre(1536));
+    EXPECT_THAT(GetShownItems(Flagged(ToneFlagStereo, ToneFromList)), ElementsAre(1792));
+    EXPECT_EQ(GetShownItems(Flagged(0, ToneSine, 200)).size(), 16u);
+    EXPECT_THAT(GetShownItems(Flagged(0, ToneSine, 0)), IsEmpty());
+}
+
+TEST(ToneItems, TheModeIsNamedByTheFlags) {
+    EXPECT_STREQ(Flagged(ToneFlagSweep).GetModeName(), "Constant (Continuous)");
+    EXPECT_STREQ(Flagged(ToneFlagDuration | ToneFlagLogSweep).GetModeName(), "Constant (Specified Duration)");
+    EXPECT_STREQ(Flagged(ToneFlagDuration | ToneFlagSweep).GetModeName(), "Sweep (Linear)");
+    EXPECT_STREQ(Flagged(0x0B).GetModeName(), "Sweep (Log)");
+}
+
+} // namespace

@@ -1,0 +1,203 @@
+#include "support/array_source.h"
+#include "support/recorded_messages.h"
+#include "support/temp_dir.h"
+#include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
+#include "tone/tone_list_source.h"
+
+#include "sound/wave_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class ToneList : public ::testing::Test {
+protected:
+    std::string Path(const std::string& name) { return dir / name; }
+
+    std::string Tone(const std::string& name, std::uint32_t ms, double hz = 1000) {
+        SonvireData tone;
+        tone.startLeftHz[0] = hz;
+        if (ms > 0)
+            tone.SetDuration(ms);
+        tone.WriteToFile(Path(name).c_str());
+        return Path(name);
+    }
+
+    std::string Wave(const std::string& name, int frames, int value, int rate = 44100) {
+        const std::vector<int> samples(static_cast<std::size_t>(frames), value);
+        LWaveFile::OpenSinkPCM(Path(name).c_str(), rate, 1, 16, 0)->Write(samples.data(), frames);
+        return Path(name);
+    }
+
+    /// The entries as a file's lines, in playing order.
+    std::string List(const std::string& name, const std::vector<std::string>& entries) {
+        WriteToneListFile(Path(name).c_str(), entries);
+        return Path(name);
+    }
+
+    const TempDir dir;
+    RecordedMessages messages;
+};
+
+/// "250" for a silence, "[path]" for a file.
+std::string Describe(const ToneItem& item) {
+    if (item.IsSilence())
+        return std::to_string(item.GetLength().GetMilliseconds());
+    std::string text(1, '[');
+    return text += item.GetPath() + "]";
+}
+
+std::vector<std::string> DescribeFile(const std::string& path) {
+    LList<ToneItem> list;
+    GetToneListFromFile(list, path.c_str());
+    std::vector<std::string> items;
+    for (const ToneItem& item : list)
+        items.push_back(Describe(item));
+    return items;
+}
+
+TEST_F(ToneList, ItsLastLinePlaysFirst) {
+    const std::string longLine(300, 'x');
+    struct {
+        const char* name;
+        std::string bytes;
+        std::vector<std::string> items;
+    } const cases[] = {
+        {"as written", "a.tdf\n250ms silence.\nb.wav\n", {"[b.wav]", "250", "[a.tdf]"}},
+        {"CR LF and LF CR are single line ends", "a\r\nb\n\rc\rd", {"[d]", "[c]", "[b]", "[a]"}},
+        {"an empty line between is an empty silence", "a\n\nb\r\rc", {"[c]", "0", "[b]", "0", "[a]"}},
+        {"LF LF at the end is one more", "a\n\n", {"0", "[a]"}},
+        {"CR LF at the end is not", "a\r\n", {"[a]"}},
+        {"no line end at the end", "a\n7ms silence.", {"7", "[a]"}},
+        {"a blank before the unit", "250 ms silence.", {"250"}},
+        {"the point ends the number", "1.5ms silence.", {"1"}},
+        {"no number", "ms silence.", {"0"}},
+        {"a sign", "-5ms silence.", {"-5"}},
+        {"beyond the range", "99999999999ms silence.", {"2147483647"}},
+        {"the unit must end the line", "ms silence. x", {"[ms silence. x]"}},
+        {"with its full stop", "250ms silence", {"[250ms silence]"}},
+        {"the first unit counts", "1ms silence.2ms silence.", {"1"}},
+        {"a long line", longLine, {"[" + longLine.substr(0, 259) + "]"}},
+        {"a zero byte ends a line's text", std::string("a.tdf\0x\nb", 9), {"[b]", "[a.tdf]"}},
+        {"nothing", "", {}},
+    };
+    for (const auto& each : cases) {
+        WriteBytes(Path("list.tdl"), each.bytes);
+        EXPECT_EQ(DescribeFile(Path("list.tdl")), each.items) << each.name;
+    }
+    EXPECT_TRUE(DescribeFile(Path("missing.tdl")).empty());
+    EXPECT_TRUE(DescribeFile(Path("")).empty()) << "a folder";
+    List("list.tdl", {"A.tdf", "500ms silence.", "B.tdf"});
+    EXPECT_EQ(ReadBytes(Path("list.tdl")), "B.tdf\n500ms silence.\nA.tdf\n");
+}
+
+TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
+    const std::string inner = List("inner.tdl", {Wave("two.wav", 2, 32), "1ms silence."});
+    const std::string outer = List("outer.tdl", {Wave("one.wav", 3, 16), inner, Tone("tone.tdf", 1, 11025)});
+    const LSoundSource source = OpenToneList(outer);
+    EXPECT_EQ(source->GetEndSample(), 3 + 2 + 44 + 44);
+    const std::vector<int> out = ReadFrames(*source, 95);
+    std::vector<int> start = {16, 16, 16, 32, 32};
+    start.resize(49, 0);
+    start.insert(start.end(), {131070, 0, -131070, 0});
+    EXPECT_TRUE(std::equal(start.begin(), start.end(), out.begin()));
+    EXPECT_TRUE(messages.shown.empty());
+
+    SonvireData tone;
+    tone.waveform = ToneFromList;
+    std::snprintf(tone.listPath, sizeof tone.listPath, "%s", outer.c_str());
+    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 95), out);
+    tone.SetDuration(1); // the region that loops: 44 frames
+    tone.repeat = 1;
+    EXPECT_EQ(OpenToneEngine(tone)->GetEndSample(), 44 + 8 * 44100);
+}
+
+TEST_F(ToneList, ARelativePathIsFoundBesideTheList) {
+    Tone("beside.tdf", 10);
+    EXPECT_EQ(OpenToneList(List("list.tdl", {"beside.tdf"}))->GetEndSample(), 441);
+}
+
+TEST_F(ToneList, WhatCanNotBeUsedIsSkippedOrPlaysAsTheDefault) {
+    const std::string list =
+        List("list.tdl", {Path("missing.wav"), Path("tone.TDF"), Path("plain"), Tone("ok.tdf", 10)});
+    EXPECT_EQ(OpenToneList(list)->GetEndSample(), 441);
+    const std::string text = "Unrecognized file type: File type of extension \"";
+    const std::string end = "\" is not recognized as a tone file.";
+    std::string plain = GetPathExtension(Path("plain")); // of the whole path
+    EXPECT_THAT(messages.shown, ElementsAre(text + ".TDF" + end, text + plain + end));
+    WriteBytes(Path("short.tdf"), "x");
+    EXPECT_EQ(OpenToneList(List("list.tdl", {Path("short.tdf"), Tone("ok.tdf", 10)}))->GetEndSample(),
+              2646000 + 441);
+}
+
+TEST_F(ToneList, AListThatIncludesItselfEndsWithOneMessage) {
+    const std::string tone = Tone("tone.tdf", 10);
+    const std::string self = Path("self.tdl");
+    struct {
+        const char* name;
+        std::vector<std::string> entries;
+        int end;
+    } const cases[] = {{"behind", {tone, self}, 32 * 441}, {"in front", {self, tone}, 32 * 441}};
+    for (const auto& each : cases) {
+        messages.shown.clear();
+        const LSoundSource source = OpenToneList(List("self.tdl", each.entries));
+        EXPECT_EQ(source->GetEndSample(), each.end) << each.name;
+        source->Seek(0);
+        ReadFrames(*source, 20000);
+        EXPECT_EQ(messages.shown.size(), 1u) << each.name;
+    }
+    messages.shown.clear();
+    OpenToneList(List("self.tdl", {self, tone, self, self})); // 3^32 lists, were they not counted
+    EXPECT_EQ(messages.shown.size(), 1u);
+    ExamineToneList(self);
+}
+
+TEST_F(ToneList, ThousandsOfFilesNeedFewHandles) {
+    rlimit old{};
+    getrlimit(RLIMIT_NOFILE, &old);
+    const rlimit few{40, old.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &few);
+    std::vector<std::string> entries;
+    for (int i = 0; i < 300; ++i)
+        entries.push_back(Wave("w" + std::to_string(i) + ".wav", 10, 16 * (i + 1)));
+    const LSoundSource source = OpenToneList(List("many.tdl", entries));
+    ASSERT_EQ(source->GetEndSample(), 3000);
+    for (int round = 0; round < 2; ++round) {
+        const std::vector<int> out = ReadFrames(*source, 3000);
+        for (std::size_t i = 0; i < out.size(); ++i)
+            ASSERT_EQ(out[i], 16 * (static_cast<int>(i / 10) + 1)) << i;
+        source->Seek(0);
+    }
+    setrlimit(RLIMIT_NOFILE, &old);
+}
+
+TEST_F(ToneList, AFileThatIsReplacedBeforeItsTurnIsSilent) {
+    const std::string list = List("list.tdl", {Wave("a.wav", 2, 16), Wave("b.wav", 2, 32)});
+    const LSoundSource source = OpenToneList(list);
+    Wave("new.wav", 2, 48);
+    std::filesystem::rename(Path("new.wav"), Path("b.wav"));
+    EXPECT_EQ(ReadFrames(*source, 4), (std::vector<int>{16, 16, 0, 0}));
+}
+
+TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
+    const std::string inner = List("inner.tdl", {Tone("deep.tdf", 20), Path("gone.wav")});
+    const std::string list =
+        List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", 0), Path("odd.xyz")});
+    std::vector<std::string> lines;
+    for (const ToneListEntry& entry : ExamineToneList(list))
+        lines.push_back(std::to_string(entry.depth) + " " + entry.file.substr(entry.file.rfind('/') + 1) +
+                        " " + std::to_string(entry.length.GetMilliseconds()) + " " + entry.problem);
+    EXPECT_THAT(lines,
+                ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ", "1 gone.wav 0 No such file or directory",
+                            "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
+                            "0 odd.xyz 0 is of an unknown type and left out"));
+}
+
+} // namespace

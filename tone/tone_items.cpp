@@ -1,0 +1,210 @@
+#include "tone/tone_items.h"
+
+#include "sys/message_box.h"
+#include "sys/parse.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+constexpr double MaxHz = 20000.0;
+constexpr std::int8_t SteppedAmplitudeMin = -90, AmplitudeMin = -127, AmplitudeMax = 0;
+constexpr unsigned int FallbackDurationMs = 1000;
+
+/// An item taken apart.
+struct Item {
+    explicit Item(unsigned int item) : kind(item & ~0xFFu), component(item & 0xFF) {
+        const bool single = kind == ItemDuration || kind == ItemWaveform;
+        if (single ? component != 0 : component >= MaxTones)
+            kind = 0; // names no field
+    }
+
+    unsigned int kind;
+    std::size_t component;
+};
+
+/// The frequency that an item names; none for other items. `Tone` is const or not.
+template <class Tone>
+auto FindFrequency(Tone& tone, const Item& item) -> decltype(&tone.startLeftHz[0]) {
+    switch (item.kind) {
+    case ItemStartLeft:
+        return &tone.startLeftHz[item.component];
+    case ItemStartRight:
+        return &tone.startRightHz[item.component];
+    case ItemEndLeft:
+        return &tone.endLeftHz[item.component];
+    case ItemEndRight:
+        return &tone.endRightHz[item.component];
+    default:
+        return nullptr;
+    }
+}
+
+/// What a frequency is called in the tone's mode; empty where the mode doesn't use it.
+std::string GetFrequencyLabel(const SonvireData& tone, unsigned int kind) {
+    const bool sweep = tone.HasFlag(ToneFlagSweep), stereo = tone.HasFlag(ToneFlagStereo);
+    const bool right = kind == ItemStartRight || kind == ItemEndRight;
+    const bool end = kind == ItemEndLeft || kind == ItemEndRight;
+    if ((right && !stereo) || (end && !sweep))
+        return {};
+    const std::string place = !sweep ? "" : end ? "End " : "Start ";
+    const std::string side = !stereo ? "" : right ? "Right " : "Left ";
+    return place + side + "Frequency";
+}
+
+std::string Format(const char* format, auto value) {
+    char text[400]; // the longest double has 310 digits
+    std::snprintf(text, sizeof text, format, value);
+    return text;
+}
+
+/// A step that is small below a border and large above it.
+struct DurationStep {
+    unsigned int border, below, above, least;
+};
+constexpr DurationStep SmallUp = {1000, 100, 1000, 0}, LargeUp = {1000, 500, 5000, 0};
+constexpr DurationStep SmallDown = {2000, 100, 1000, 101}, LargeDown = {5000, 500, 5000, 501};
+
+void Lengthen(std::uint32_t& ms, const DurationStep& step) {
+    ms += ms < step.border ? step.below : step.above;
+}
+
+void Shorten(std::uint32_t& ms, const DurationStep& step) {
+    if (ms >= step.least)
+        ms -= ms < step.border ? step.below : step.above;
+}
+
+void Louder(std::int8_t& db) {
+    if (db < AmplitudeMax)
+        ++db;
+}
+
+void Quieter(std::int8_t& db) {
+    if (db > SteppedAmplitudeMin)
+        --db;
+}
+
+void DoubleFrequency(double& hz) {
+    hz *= 2;
+    if (hz > MaxHz)
+        hz = MaxHz;
+}
+
+void HalveFrequency(double& hz) {
+    hz /= 2;
+}
+
+/// Applies the step that goes with the item's kind.
+void Step(SonvireFile& tone, unsigned int number, void (*stepFrequency)(double&),
+          void (*stepAmplitude)(std::int8_t&), void (*stepDuration)(std::uint32_t&, const DurationStep&),
+          const DurationStep& step) {
+    const Item item(number);
+    if (double* hz = FindFrequency(tone, item))
+        stepFrequency(*hz);
+    else if (item.kind == ItemAmplitude)
+        stepAmplitude(tone.amplitudeDb[item.component]);
+    else if (item.kind == ItemDuration)
+        stepDuration(tone.durationMs, step);
+}
+
+std::int8_t CheckAmplitude(int db) {
+    if (db >= AmplitudeMin && db <= AmplitudeMax)
+        return static_cast<std::int8_t>(db);
+    LShowMessageBox("Amplitude", "Please enter negative value between [-127 .. 0]");
+    return db > AmplitudeMax ? AmplitudeMax : AmplitudeMin;
+}
+
+std::uint32_t CheckDuration(int ms) {
+    if (ms > 0)
+        return static_cast<std::uint32_t>(ms);
+    LShowMessageBox("Duration", "Please enter positive value");
+    return FallbackDurationMs;
+}
+
+} // namespace
+
+std::string SonvireData::GetItemName(unsigned int number) const {
+    const Item item(number);
+    const std::string name = GetToneName();
+    const std::string component = name + " " + std::to_string(item.component + 1) + " ";
+    switch (item.kind) {
+    case ItemWaveform:
+        return name;
+    case ItemDuration:
+        return name + " Duration";
+    case ItemAmplitude:
+        return component + "Relative Amplitude";
+    case ItemStartLeft:
+    case ItemStartRight:
+    case ItemEndLeft:
+    case ItemEndRight: {
+        const std::string label = GetFrequencyLabel(*this, item.kind);
+        return label.empty() ? "" : component + label;
+    }
+    default:
+        return {};
+    }
+}
+
+std::string SonvireData::GetItemValue(unsigned int number) const {
+    const Item item(number);
+    const bool right = item.kind == ItemStartRight || item.kind == ItemEndRight;
+    if (right && !HasFlag(ToneFlagStereo))
+        return {};
+    if (const double* hz = FindFrequency(*this, item))
+        return Format("%.2fHz", *hz);
+    if (item.kind == ItemAmplitude)
+        return Format("%ddB", int{amplitudeDb[item.component]});
+    if (item.kind == ItemDuration)
+        return Format("%dms", static_cast<int>(durationMs));
+    return {};
+}
+
+void SonvireData::SetItemValue(unsigned int number, const char* text) {
+    const Item item(number);
+    if (double* hz = FindFrequency(*this, item))
+        *hz = std::strtof(text, nullptr); // single precision on purpose: 1000.1 becomes 1000.0999755859375
+    else if (item.kind == ItemAmplitude)
+        amplitudeDb[item.component] = CheckAmplitude(ParseLeadingInt(text));
+    else if (item.kind == ItemDuration)
+        durationMs = CheckDuration(ParseLeadingInt(text));
+}
+
+void SonvireData::IncreaseItem(unsigned int item) {
+    Step(*this, item, AdjustIncreaseFrequencyValueHz, Louder, Lengthen, SmallUp);
+}
+
+void SonvireData::DecreaseItem(unsigned int item) {
+    Step(*this, item, AdjustDecreaseFrequencyValueHz, Quieter, Shorten, SmallDown);
+}
+
+void SonvireData::IncreaseItemLarge(unsigned int item) {
+    Step(*this, item, DoubleFrequency, Louder, Lengthen, LargeUp);
+}
+
+void SonvireData::DecreaseItemLarge(unsigned int item) {
+    Step(*this, item, HalveFrequency, Quieter, Shorten, LargeDown);
+}
+
+std::vector<unsigned int> GetShownItems(const SonvireData& tone) {
+    const bool sweep = tone.HasFlag(ToneFlagSweep), stereo = tone.HasFlag(ToneFlagStereo);
+    const bool finite = tone.HasFlag(ToneFlagDuration);
+    if (tone.waveform == ToneWhiteNoise || tone.waveform == TonePinkNoise || tone.waveform == ToneFromList)
+        return {finite ? ItemDuration : ItemWaveform};
+    std::vector<unsigned int> items;
+    const auto addIf = [&items](bool shown, unsigned int item) {
+        if (shown)
+            items.push_back(item);
+    };
+    for (unsigned int i = 0; i < tone.GetToneCount(); ++i) {
+        items.push_back(ItemStartLeft + i);
+        addIf(sweep, ItemEndLeft + i);
+        addIf(stereo, ItemStartRight + i);
+        addIf(stereo && sweep, ItemEndRight + i);
+        addIf(tone.HasFlag(ToneFlagVariableAmplitude), ItemAmplitude + i);
+    }
+    addIf(finite, ItemDuration);
+    return items;
+}

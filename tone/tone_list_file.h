@@ -1,0 +1,37 @@
+#pragma once
+
+#include "sound/sound_time.h"
+#include "sys/list.h"
+
+#include <string>
+#include <vector>
+
+/// One entry of a tone list: a file to play, or a silence where the path is empty.
+class ToneItem {
+public:
+    static constexpr std::size_t MaxPathLength = 259;
+
+    explicit ToneItem(LSoundTime silence) : length(silence) {}
+    explicit ToneItem(const std::string& file) : path(file.substr(0, MaxPathLength)) {}
+
+    bool IsSilence() const { return path.empty(); }
+    LSoundTime GetLength() const { return length; } ///< 0 for a file
+    const std::string& GetPath() const { return path; }
+
+private:
+    LSoundTime length;
+    std::string path;
+};
+
+/// How a silence is written: its length in ms, directly followed by this.
+inline constexpr const char* SilenceSuffix = "ms silence.";
+
+/// The most entries that one file is read for; what a longer one has beyond them is left out.
+inline constexpr int MaxListEntries = 100'000;
+
+/// Reads a tone list file (docs/file-formats.md): adds an item for every line at the head of `list`, so that
+/// the file's last line, which plays first, comes out first. A file that can't be opened adds nothing.
+void GetToneListFromFile(LList<ToneItem>& list, const char* path);
+
+/// Writes the rows, given in playing order, under an exclusive lock; false where not all of it was written.
+bool WriteToneListFile(const char* path, const std::vector<std::string>& rows);

@@ -1,0 +1,89 @@
+#include "tone/tone_list_report.h"
+
+#include "sound/wave_file.h"
+#include "sys/file.h"
+#include "tone/tone_engine.h"
+#include "tone/tone_list_source.h"
+
+namespace {
+
+class Report {
+public:
+    void AddList(const std::string& path, int depth) {
+        LList<ToneItem> list;
+        GetToneListFromFile(list, path.c_str());
+        const std::string folder = GetFolder(path);
+        for (const ToneItem& item : list) {
+            if (entries.size() >= MaxEntriesInAll)
+                return;
+            if (item.IsSilence())
+                entries.push_back({.file = {}, .depth = depth, .length = item.GetLength(), .problem = {}});
+            else
+                AddFile(FindListEntry(item.GetPath(), folder), depth);
+        }
+    }
+
+    std::vector<ToneListEntry> entries;
+
+private:
+    void AddFile(const std::string& path, int depth) {
+        const std::string extension = GetPathExtension(path);
+        const std::string unreadable = WhyUnreadable(path.c_str());
+        entries.push_back({.file = path, .depth = depth, .length = {}, .problem = unreadable});
+        if (extension == ".tdf")
+            AddTone(path, depth);
+        else if (extension == ".wav")
+            AddWave(path);
+        else if (extension == ".tdl")
+            AddNested(path, depth);
+        else
+            entries.back().problem = "is of an unknown type and left out";
+    }
+
+    void AddTone(const std::string& path, int depth) {
+        ToneListEntry& entry = entries.back();
+        SonvireData tone;
+        const bool whole = tone.ReadFromFile(path.c_str());
+        if (whole && tone.waveform == ToneFromList) {
+            AddNested(tone.GetListPath(), depth);
+            return;
+        }
+        entry.length = OpenToneEngine(tone).GetEnd();
+        if (!whole)
+            entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
+                            "; an endless sine plays, and nothing behind it";
+        else if (!tone.IsFinite())
+            entry.problem = "is endless; nothing behind it plays";
+    }
+
+    void AddWave(const std::string& path) {
+        ToneListEntry& entry = entries.back();
+        const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+        if (source->status == SoundUsable)
+            entry.length = source.GetEnd();
+        else if (entry.problem.empty())
+            entry.problem = LWaveFile::ExplainStatus(source->status);
+    }
+
+    void AddNested(const std::string& path, int depth) {
+        const std::size_t at = entries.size() - 1;
+        if (depth + 1 >= MaxListDepth) {
+            entries[at].problem = "is nested too deep, or includes itself, and left out";
+            return;
+        }
+        AddList(path, depth + 1);
+        int total = 0;
+        for (std::size_t i = at + 1; i < entries.size(); ++i)
+            if (entries[i].depth == depth + 1)
+                total = WrapAdd(total, entries[i].length.GetMilliseconds());
+        entries[at].length = LSoundTime(total);
+    }
+};
+
+} // namespace
+
+std::vector<ToneListEntry> ExamineToneList(const std::string& path) {
+    Report report;
+    report.AddList(path, 0);
+    return std::move(report.entries);
+}

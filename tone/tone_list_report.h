@@ -1,0 +1,18 @@
+#pragma once
+
+#include "sound/sound_time.h"
+
+#include <string>
+#include <vector>
+
+/// What an entry of a tone list is and whether it can be used.
+struct ToneListEntry {
+    std::string file;    ///< empty for a silence
+    int depth;           ///< 0 in the list itself, 1 in a list that it includes, and so on
+    LSoundTime length;   ///< how long it plays
+    std::string problem; ///< why it doesn't play as its user would expect; empty where it does
+};
+
+/// Looks through a tone list file and the lists in it, in playing order, an included list before its entries.
+/// Opens every file for a moment; reads no sound.
+std::vector<ToneListEntry> ExamineToneList(const std::string& path);
