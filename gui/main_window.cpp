@@ -17,6 +17,7 @@ void LMainWindow::Run() {
     InitDialog();
     peer->SetGeometry(ReadGeometry());
     standing = true;
+    EvStarted();
     OpenDocuments(std::exchange(waitingDocuments, {}));
     peer->Show();
     EnableControls();

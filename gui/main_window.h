@@ -11,8 +11,8 @@ public:
     LMainWindow(LToolkit& windowToolkit, int argumentCount, const char* const* arguments);
     ~LMainWindow() override;
 
-    /// Start-up, in this order: the window is created, `InitDialog`, its geometry, documents that have
-    /// already arrived, shown, `EnableControls`, `EvRunArguments`, events until the end; then
+    /// Start-up, in this order: the window is created, `InitDialog`, its geometry, `EvStarted`, documents
+    /// that have already arrived, shown, `EnableControls`, `EvRunArguments`, events until the end; then
     /// `DestroyDialog`.
     void Run();
 
@@ -25,6 +25,8 @@ public:
 protected:
     virtual void CmLoadFile(const char* /*path*/) {}
     virtual void EvRunArguments(const char* const* /*arguments*/, int /*count*/) {}
+    /// The window stands, and takes documents from here on.
+    virtual void EvStarted() {}
     /// Remembers the geometry from one run to the next.
     virtual LWindowGeometry ReadGeometry() { return {}; }
     virtual void WriteGeometry(const LWindowGeometry& /*geometry*/) {}
