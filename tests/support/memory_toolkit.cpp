@@ -61,8 +61,18 @@ void MemoryToolkit::Run() {
 void MemoryToolkit::DispatchPending() {
     if (whileDispatched)
         whileDispatched();
-    while (!posted.empty())
-        TakeNext(posted, {})();
+    while (const auto call = TakePosted())
+        call();
+}
+
+void MemoryToolkit::Post(std::function<void()> call) {
+    const std::scoped_lock lock(mutex);
+    posted.push_back(std::move(call));
+}
+
+std::function<void()> MemoryToolkit::TakePosted() {
+    const std::scoped_lock lock(mutex);
+    return TakeNext(posted, {});
 }
 
 LMessageAnswer MemoryToolkit::Show(const std::string& title, const std::string& text,

@@ -5,6 +5,7 @@
 #include "sys/message_box.h"
 
 #include <deque>
+#include <mutex>
 
 /// A toolkit without a display. What the program shows is kept in plain fields; what the user does comes from
 /// scripts, each used once and in order. A box without a script takes its least consequence: Cancel, No, the
@@ -37,12 +38,15 @@ public:
     void Run() override;
     void Quit() override { quit = true; }
     void DispatchPending() override;
-    void Post(std::function<void()> call) override { posted.push_back(std::move(call)); }
+    void Post(std::function<void()> call) override;
     LMessageAnswer Show(const std::string& title, const std::string& text, LMessageButtons buttons) override;
 
     bool HasQuit() const { return quit; }
 
 private:
-    std::deque<std::function<void()>> posted;
+    std::function<void()> TakePosted();
+
+    std::mutex mutex;
+    std::deque<std::function<void()>> posted; ///< under the mutex
     bool quit = false;
 };
