@@ -2,6 +2,7 @@
 
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
+#include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_main_window.h"
 #include "gui/qt/qt_menu.h"
 #include "gui/qt/qt_text.h"
@@ -17,6 +18,8 @@ static void BringPictures() {
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     BringPictures();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
+    QApplication::setDesktopFileName("com.quenbysoftware.Sonvire");
+    QApplication::setWindowIcon(MakeIcon("sine"));
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
