@@ -41,7 +41,7 @@ protected:
                         server.Path("display.err"));
         if (!WaitFor([&] { return ReadBytes(number).ends_with('\n'); }))
             return false;
-        setenv("DISPLAY", (":" + ReadBytes(number)).c_str(), 1);
+        setenv("DISPLAY", (":" + std::to_string(std::atoi(ReadBytes(number).c_str()))).c_str(), 1);
         return true;
     }
     bool StartProgram(const std::string& argument) {
