@@ -69,6 +69,8 @@ bool MainDialog::ChangeListViewData() {
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
         if (!box.Open(*this))
             break;
+        if (IsList(tone) || list->GetData(row) != item)
+            break; // meanwhile a document has arrived
         tone.SetItemValue(item, box.GetText().c_str());
         UpdateListViewItem(item, row);
         changed = true;
