@@ -62,7 +62,7 @@ FileReport ReportTone(const std::string& path) {
 FileReport ReportList(const std::string& path) {
     FileReport report;
     QJsonArray entries;
-    for (const ToneListEntry& entry : ExamineToneList(path)) {
+    for (const ToneListEntry& entry : ExamineToneList(path).entries) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),

@@ -25,5 +25,6 @@ int Misuse(const std::string& reason) {
 }
 
 void Warn(const std::string& file, const std::string& reason) {
-    std::fprintf(stderr, "sonvire-cli: warning: %s: %s\n", Printable(file).c_str(), reason.c_str());
+    std::fprintf(stderr, "sonvire-cli: warning: %s: %s\n", Printable(file).c_str(),
+                 Printable(reason).c_str());
 }

@@ -95,11 +95,12 @@ LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool
 
 /// Why this output must not be written for this input; empty where it may.
 std::string WhyNotWritable(const std::string& output, const SoundInput& input) {
+    const char* const written = output == "-" ? "/dev/stdout" : output.c_str();
     const std::string extension = ToLower(GetPathExtension(output));
     if (extension == ".tdf" || extension == ".tdl")
         return "is no name for a WAVE file";
     for (const std::string& file : input.files)
-        if (IsSameFile(file.c_str(), output.c_str()))
+        if (IsSameFile(file.c_str(), written))
             return "is read by the input";
     return {};
 }

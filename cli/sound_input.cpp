@@ -19,12 +19,11 @@ SoundInput Refused(std::string reason) {
 
 SoundInput OpenList(const std::string& path) {
     SoundInput input{.source = OpenToneList(path), .refusal = {}};
-    for (const ToneListEntry& entry : ExamineToneList(path)) {
+    ToneListReport report = ExamineToneList(path);
+    for (const ToneListEntry& entry : report.entries)
         if (!entry.problem.empty())
             input.warnings.push_back({entry.file, entry.problem});
-        if (!entry.file.empty())
-            input.files.push_back(entry.file);
-    }
+    input.files = std::move(report.files);
     return input;
 }
 
@@ -38,7 +37,13 @@ SoundInput OpenTone(const std::string& path, std::optional<unsigned int> duratio
         return Refused("plays a list, which has a length of its own: --duration goes with tones");
     if (durationMs)
         tone.SetDuration(*durationMs);
-    return isList && tone.IsFinite() ? OpenList(tone.GetListPath()) : OpenToneInput(tone, length);
+    const bool plays = length == SoundLength::Any || tone.HasFlag(ToneFlagDuration);
+    if (!isList || tone.repeat != 0 || !plays)
+        return OpenToneInput(tone, length);
+    SoundInput input = OpenList(tone.GetListPath());
+    if (const std::string reason = WhyUnreadable(tone.GetListPath().c_str()); !reason.empty())
+        input.warnings.push_back({tone.GetListPath(), reason});
+    return input;
 }
 
 SoundInput OpenWave(const std::string& path) {
@@ -49,7 +54,7 @@ SoundInput OpenWave(const std::string& path) {
         return Refused("is too long: more than 2147483647 frames");
     SoundInput input{.source = source, .refusal = {}};
     if (LWaveFile::IsCutShort(path.c_str()))
-        input.warnings.push_back({path, "is cut short; silence stands for the rest"});
+        input.warnings.push_back({path, LWaveFile::CutShortText});
     return input;
 }
 

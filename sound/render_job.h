@@ -2,8 +2,8 @@
 
 #include "sound/convert_rate.h"
 #include "sound/peak_limit.h"
-#include "sound/process_result.h"
 #include "sound/sound_sink.h"
+#include "sys/process_result.h"
 
 #include <algorithm>
 #include <vector>

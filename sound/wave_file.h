@@ -18,6 +18,7 @@ public:
     /// What such a status means, in words for the user.
     static const char* ExplainStatus(int status);
 
+    static constexpr const char* CutShortText = "is cut short; silence stands for the rest";
     /// True where the header promises more data than the file holds; what is missing reads as silence.
     static bool IsCutShort(const char* path);
 

@@ -91,6 +91,11 @@ std::int64_t LOpenFile::GetSize() const {
     return fstat(descriptor, &info) == 0 ? info.st_size : 0;
 }
 
+bool LOpenFile::IsRegular() const {
+    struct stat info {};
+    return fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode);
+}
+
 bool LOpenFile::SeekTo(std::int64_t offset) {
     return lseek(descriptor, offset, SEEK_SET) >= 0;
 }
@@ -107,8 +112,8 @@ LReadWriteFile LReadWriteFile::Duplicate(int opened) {
     return LReadWriteFile(fcntl(opened, F_DUPFD_CLOEXEC, 0));
 }
 
-LReadFile::LReadFile(const char* pathToOpen)
-    : LOpenFile(OpenAtOnce(pathToOpen, O_RDONLY)),
+LReadFile::LReadFile(const char* pathToOpen, bool locked)
+    : LOpenFile(locked ? OpenLocked(pathToOpen, O_RDONLY, LOCK_SH) : OpenAtOnce(pathToOpen, O_RDONLY)),
       path(pathToOpen),
       identity(GetIdentity()) {}
 

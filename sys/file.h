@@ -25,6 +25,7 @@ public:
 
     std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe
     std::int64_t GetSize() const;   ///< 0 where it cannot be told
+    bool IsRegular() const;         ///< neither a device nor a pipe nor a folder
     bool SeekTo(std::int64_t offset);
     bool SkipForward(std::int64_t bytes);
     bool Truncate(std::int64_t size);
@@ -46,8 +47,9 @@ public:
     bool Resume();
 
 protected:
-    /// Never waits: a named pipe without a writer opens and reads as empty.
-    explicit LReadFile(const char* pathToOpen);
+    /// Never waits: a named pipe without a writer opens and reads as empty; under a lock, a file that
+    /// somebody else holds exclusively does not open.
+    explicit LReadFile(const char* pathToOpen, bool locked = false);
 
 private:
     struct Identity {
@@ -79,6 +81,12 @@ protected:
 class LSharedReadFile : public LReadFile {
 public:
     explicit LSharedReadFile(const char* path) : LReadFile(path) {}
+};
+
+/// Opens for reading under a shared advisory lock that is not waited for.
+class LLockedReadFile : public LReadFile {
+public:
+    explicit LLockedReadFile(const char* path) : LReadFile(path, true) {}
 };
 
 /// Opens for reading and writing, creates the file (mode 0666 less the mask) where it is missing, keeps what

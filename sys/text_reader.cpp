@@ -8,9 +8,15 @@ bool IsLineEnd(int character) {
 
 } // namespace
 
+LTextReader::LTextReader(const char* path) : file(path) {
+    if (!file.IsRegular())
+        file.Close();
+}
+
 int LTextReader::Peek() {
     if (used == filled) {
-        filled = file.Read(buffer.data(), buffer.size());
+        filled = total < MaxBytes ? file.Read(buffer.data(), buffer.size()) : 0;
+        total += filled;
         used = 0;
     }
     return filled == 0 ? EndOfFile : static_cast<unsigned char>(buffer[used]);

@@ -12,8 +12,8 @@ class LTextReader {
 public:
     static constexpr std::size_t MaxLineLength = 259;
 
-    /// A file that can't be opened has no lines.
-    explicit LTextReader(const char* path) : file(path) {}
+    /// A file that can't be opened, is held by another program or is no regular file has no lines.
+    explicit LTextReader(const char* path);
 
     bool IsOpen() const { return file.IsOpen(); }
     /// False at the end of the file. What stands behind the last line end is a line only if it is not empty.
@@ -21,11 +21,13 @@ public:
 
 private:
     static constexpr int EndOfFile = -1;
+    /// No text of use is as long; what follows is left out.
+    static constexpr std::size_t MaxBytes = 64 << 20;
 
     int Peek();
     int Next();
 
-    LSharedReadFile file;
+    LLockedReadFile file;
     std::array<char, 4096> buffer;
-    std::size_t filled = 0, used = 0;
+    std::size_t filled = 0, used = 0, total = 0;
 };

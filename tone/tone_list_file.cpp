@@ -1,6 +1,7 @@
 #include "tone/tone_list_file.h"
 
 #include "sys/file.h"
+#include "sys/message_box.h"
 #include "sys/parse.h"
 #include "sys/text_reader.h"
 
@@ -21,8 +22,15 @@ ToneItem ParseLine(std::string line) {
 void GetToneListFromFile(LList<ToneItem>& list, const char* path) {
     LTextReader reader(path);
     std::string line;
-    for (int count = 0; count < MaxListEntries && reader.ReadLine(line); ++count)
+    for (int count = 0; reader.ReadLine(line); ++count) {
+        if (count == MaxListEntries) {
+            LShowMessageBox("Tone list", std::string("The list \"") + path + "\" has more than " +
+                                             std::to_string(MaxListEntries) +
+                                             " lines. The last ones are left out.");
+            return;
+        }
         list.push_front(ParseLine(line));
+    }
 }
 
 bool WriteToneListFile(const char* path, const std::vector<std::string>& rows) {

@@ -7,9 +7,12 @@
 
 namespace {
 
-class Report {
+constexpr const char* EndlessProblem = "is endless; nothing behind it plays";
+
+class Examination {
 public:
     void AddList(const std::string& path, int depth) {
+        report.files.push_back(path);
         LList<ToneItem> list;
         GetToneListFromFile(list, path.c_str());
         const std::string folder = GetFolder(path);
@@ -23,12 +26,15 @@ public:
         }
     }
 
-    std::vector<ToneListEntry> entries;
+    ToneListReport report;
 
 private:
+    std::vector<ToneListEntry>& entries = report.entries;
+
     void AddFile(const std::string& path, int depth) {
         const std::string extension = GetPathExtension(path);
         const std::string unreadable = WhyUnreadable(path.c_str());
+        report.files.push_back(path);
         entries.push_back({.file = path, .depth = depth, .length = {}, .problem = unreadable});
         if (extension == ".tdf")
             AddTone(path, depth);
@@ -45,7 +51,7 @@ private:
         SonvireData tone;
         const bool whole = tone.ReadFromFile(path.c_str());
         if (whole && tone.waveform == ToneFromList) {
-            AddNested(tone.GetListPath(), depth);
+            AddListTone(tone, depth);
             return;
         }
         entry.length = OpenToneEngine(tone).GetEnd();
@@ -53,7 +59,19 @@ private:
             entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
                             "; an endless sine plays, and nothing behind it";
         else if (!tone.IsFinite())
-            entry.problem = "is endless; nothing behind it plays";
+            entry.problem = EndlessProblem;
+    }
+
+    void AddListTone(const SonvireData& tone, int depth) {
+        const std::size_t at = entries.size() - 1;
+        const std::string unreadable = WhyUnreadable(tone.GetListPath().c_str());
+        AddNested(tone.GetListPath(), depth);
+        if (!unreadable.empty())
+            entries[at].problem = "plays the list \"" + tone.GetListPath() + "\": " + unreadable;
+        if (tone.repeat == 0)
+            return;
+        entries[at].length = OpenToneEngine(tone).GetEnd();
+        entries[at].problem = EndlessProblem;
     }
 
     void AddWave(const std::string& path) {
@@ -61,7 +79,9 @@ private:
         const LSoundSource source = LWaveFile::OpenSource(path.c_str());
         if (source->status == SoundUsable)
             entry.length = source.GetEnd();
-        else if (entry.problem.empty())
+        if (LWaveFile::IsCutShort(path.c_str()))
+            entry.problem = LWaveFile::CutShortText;
+        if (source->status != SoundUsable && entry.problem.empty())
             entry.problem = LWaveFile::ExplainStatus(source->status);
     }
 
@@ -82,8 +102,8 @@ private:
 
 } // namespace
 
-std::vector<ToneListEntry> ExamineToneList(const std::string& path) {
-    Report report;
-    report.AddList(path, 0);
-    return std::move(report.entries);
+ToneListReport ExamineToneList(const std::string& path) {
+    Examination examination;
+    examination.AddList(path, 0);
+    return std::move(examination.report);
 }

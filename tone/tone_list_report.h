@@ -13,6 +13,10 @@ struct ToneListEntry {
     std::string problem; ///< why it doesn't play as its user would expect; empty where it does
 };
 
-/// Looks through a tone list file and the lists in it, in playing order, an included list before its entries.
-/// Opens every file for a moment; reads no sound.
-std::vector<ToneListEntry> ExamineToneList(const std::string& path);
+struct ToneListReport {
+    std::vector<ToneListEntry> entries; ///< in playing order, an included list before its own entries
+    std::vector<std::string> files;     ///< every file that is read, lists and the list itself included
+};
+
+/// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.
+ToneListReport ExamineToneList(const std::string& path);

@@ -36,7 +36,7 @@ void TellTooDeep(const std::string& path) {
         return;
     nesting.told = true;
     LShowMessageBox("Tone list", "The list \"" + path +
-                                     "\" includes itself, or lists too deep within each other. "
+                                     "\" includes itself, or lists too deep within each other, or too many. "
                                      "Its deepest entries are left out.");
 }
 
@@ -45,7 +45,8 @@ void TellTooDeep(const std::string& path) {
 SSFromList::SSFromList(const LList<ToneItem>& list, const std::string& folder) {
     const NestingLevel level;
     for (const ToneItem& item : list) {
-        ++nesting.entries;
+        if (++nesting.entries > MaxEntriesInAll)
+            break;
         if (item.IsSilence())
             AddSilence(item.GetLength());
         else

@@ -27,7 +27,7 @@ void SSWhiteNoise::DrawTable() {
 }
 
 void SSWhiteNoise::Read(int* out, int frames) {
-    if (status != SoundUsable || frames < 0)
+    if (status != SoundUsable)
         return;
     if (endSample != 0)
         position = WrapAdd(position, frames);

@@ -125,6 +125,22 @@ TEST_F(ToneCommands, ShowAndRenderTakeLists) {
     EXPECT_EQ(RunCli("render " + Path("outer.tdl") + " " + Path("w.wav")).status, 2) << "however deep";
 }
 
+TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
+    SonvireData tone;
+    tone.waveform = ToneFromList;
+    tone.SetDuration(100);
+    std::snprintf(tone.listPath, sizeof tone.listPath, "%s", Path("list.txt").c_str());
+    tone.WriteToFile(Path("t.tdf").c_str());
+    const ProgramResult missing = RunCli("render --strict " + Path("t.tdf") + " " + Path("o.wav"));
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_THAT(missing.errors, HasSubstr("list.txt: No such file"));
+    WriteBytes(Path("list.txt"), "100ms silence.\n");
+    for (const std::string& output : {Path("list.txt"), "- 1<>" + Path("list.txt")}) {
+        EXPECT_EQ(RunCli("render " + Path("t.tdf") + " " + output).status, 2) << output;
+        EXPECT_EQ(ReadBytes(Path("list.txt")), "100ms silence.\n");
+    }
+}
+
 TEST_F(ToneCommands, AnEntryThatCanNotBeUsedIsNamed) {
     WriteToneListFile(Path("list.tdl").c_str(), {Path("gone.wav"), "100ms silence."});
     const ProgramResult lenient = RunCli("render " + Path("list.tdl") + " " + Path("o.wav"));

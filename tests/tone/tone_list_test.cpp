@@ -1,6 +1,7 @@
 #include "support/array_source.h"
 #include "support/recorded_messages.h"
 #include "support/temp_dir.h"
+#include "sys/file.h"
 #include "tone/tone_engine.h"
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
@@ -186,12 +187,19 @@ TEST_F(ToneList, AFileThatIsReplacedBeforeItsTurnIsSilent) {
     EXPECT_EQ(ReadFrames(*source, 4), (std::vector<int>{16, 16, 0, 0}));
 }
 
+TEST_F(ToneList, WhatIsNoRegularFileOrHeldByAnotherProgramHasNoLines) {
+    EXPECT_TRUE(DescribeFile("/dev/zero").empty()) << "and is not read for ever";
+    const std::string held = List("held.tdl", {"5ms silence."});
+    const LExclusiveLock lock(held.c_str());
+    EXPECT_TRUE(DescribeFile(held).empty());
+}
+
 TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
     const std::string inner = List("inner.tdl", {Tone("deep.tdf", 20), Path("gone.wav")});
     const std::string list =
         List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", 0), Path("odd.xyz")});
     std::vector<std::string> lines;
-    for (const ToneListEntry& entry : ExamineToneList(list))
+    for (const ToneListEntry& entry : ExamineToneList(list).entries)
         lines.push_back(std::to_string(entry.depth) + " " + entry.file.substr(entry.file.rfind('/') + 1) +
                         " " + std::to_string(entry.length.GetMilliseconds()) + " " + entry.problem);
     EXPECT_THAT(lines,

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "gui/standard_commands.h"
+
+/// The commands of the main window; each is also the id of the control, menu entry or tool bar item that
+/// sends it.
+enum MainCommand : int {
+    CommandPlay = 101,
+    CommandStop = 102,
+    CommandSelection = 110, ///< other rows of the list are selected
+    CommandFiniteToggle = 117,
+    CommandLoop = 118,
+    CommandStereoToggle = 122,
+
+    CommandSave = 1110,
+    CommandLoadTone = 1111,
+    CommandSaveAsTone = 1112,
+    CommandNewList = 1113,
+    CommandLoadListMenu = 1114, ///< does nothing; that is meant
+    CommandSaveList = 1115,
+    CommandSaveAsWav = 1116,
+
+    CommandPreferences = 1401,
+    CommandCloseWindow = 1402,
+    CommandAbout = 1403,
+
+    CommandIncrease = 2101,
+    CommandDecrease = 2102,
+    CommandEditValue = 2103,
+    CommandContinuous = 2104,
+    CommandSpecifiedDuration = 2105,
+    CommandSweepLinear = 2106,
+    CommandSweepLog = 2107,
+    CommandMono = 2108,
+    CommandStereo = 2109,
+    CommandVariableAmplitude = 2110,
+    CommandFirstWaveform = 2111, ///< plus the waveform's code
+    CommandWhiteNoise = 2116,
+    CommandPinkNoise = 2117,
+    CommandLoadList = 2118, ///< in the tool bar, where it also stands for the waveform of a list
+
+    CommandNumberOfTones = 3000, ///< plus the number, 1..16
+    CommandOneTone = 3001,
+    CommandSixteenTones = 3016,
+
+    CommandIncreaseLarge = 5101,
+    CommandDecreaseLarge = 5102,
+    CommandListDoubleClick = 6111,
+    CommandListRightClick = 6112,
+};
+
+/// The controls of the main window that send no command of another name.
+enum MainControl : int {
+    ControlList = 110,
+    ControlSmallToolBar = 200,
+    ControlStatusText = 301,
+    ControlPosition = 302,
+    ControlLevels = 303,
+    ControlDevice = 304,
+    ControlVolume = 305,
+};

@@ -1,0 +1,5 @@
+#pragma once
+
+#include "gui/key_map.h"
+
+std::span<const LKeyMapEntry> GetMainKeys();

@@ -1,0 +1,93 @@
+#include "app/command_ids.h"
+#include "app/main_dialog.h"
+#include "app/menu_table.h"
+#include "app/tone_commands.h"
+#include "gui/numeric_edit.h"
+#include "gui/toolkit.h"
+#include "sys/file.h"
+#include "sys/message_box.h"
+#include "sys/text_reader.h"
+#include "tone/tone_items.h"
+#include "tone/tone_list_source.h"
+
+void MainDialog::SetupListViewData() {
+    const LListRebuild rebuild(*list);
+    for (const unsigned int item : GetShownItems(tone))
+        InsertListViewItem(item);
+}
+
+void MainDialog::InsertListViewItem(unsigned int item) {
+    if (IsList(tone)) {
+        InsertListRows(item);
+        return;
+    }
+    list->AppendRow(tone.GetItemName(item), item);
+    UpdateListViewItem(item, list->GetCount() - 1);
+}
+
+/// One row for each line of the list file. The last one shows the list's own name instead of its entry; that
+/// is meant.
+void MainDialog::InsertListRows(unsigned int item) {
+    const std::string path = tone.GetListPath();
+    LTextReader reader(path.c_str());
+    if (!reader.IsOpen())
+        return;
+    std::string line;
+    for (int count = 0; count < MaxListEntries && reader.ReadLine(line); ++count) {
+        const bool silence = line.find(SilenceSuffix) != std::string::npos;
+        if (!silence && !FileExists(FindListEntry(line, GetFolder(path)).c_str()))
+            LShowMessageBox("Error", "File \"" + line + "\" does not exist.");
+        list->AppendRow(line, item);
+    }
+    if (list->GetCount() == 0)
+        list->AppendRow(path, item);
+    else
+        list->SetText(list->GetCount() - 1, 0, GetPathExtension(path) == ".tdl" ? path : "Unsaved list");
+}
+
+void MainDialog::UpdateListViewItem(unsigned int item, int row) {
+    if (!IsList(tone))
+        list->SetText(row, 1, tone.GetItemValue(item));
+}
+
+void MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int)) {
+    for (const int row : list->GetSelection()) {
+        const unsigned int item = list->GetData(row);
+        (tone.*step)(item);
+        UpdateListViewItem(item, row);
+    }
+    Restart();
+}
+
+/// Asks for the value of one selected row after the other until the user cancels; true where at least one was
+/// set.
+bool MainDialog::ChangeListViewData() {
+    bool changed = false;
+    const std::vector<int> rows = list->GetSelection();
+    for (const int row : rows) {
+        const unsigned int item = list->GetData(row);
+        LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
+        if (!box.Open(*this))
+            break;
+        if (IsList(tone) || list->GetData(row) != item)
+            break; // meanwhile a document has arrived
+        tone.SetItemValue(item, box.GetText().c_str());
+        UpdateListViewItem(item, row);
+        changed = true;
+    }
+    return changed;
+}
+
+void MainDialog::CmToneEditValue() {
+    if (IsList(tone))
+        CmEditList();
+    else if (ChangeListViewData())
+        Restart();
+}
+
+void MainDialog::CmListViewRightClickMenu() {
+    LMenu menu(GetToolkit().CreatePopupMenu(), GetListMenu());
+    EnableMenuItems(menu, GetState());
+    if (const int chosen = menu.Choose(); chosen != 0)
+        Command(chosen);
+}

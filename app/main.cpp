@@ -1,0 +1,18 @@
+#include "app/main_dialog.h"
+#include "gui/qt/qt_session_service.h"
+#include "gui/qt/qt_toolkit.h"
+
+#include <clocale>
+
+int main(int argc, char** argv) {
+    LQtToolkit toolkit(argc, argv);
+    std::setlocale(LC_NUMERIC,
+                   "C"); // numbers are read and written with a point, whatever the user's language
+    LQtSessionService service;
+    if (service.HandOver(argc > 1 ? argv[1] : ""))
+        return 0;
+    MainDialog window(toolkit, argc, argv);
+    service.Serve(window);
+    window.Run();
+    return 0;
+}

@@ -1,0 +1,111 @@
+#include "app/command_ids.h"
+#include "app/main_dialog.h"
+#include "app/set_dlg.h"
+#include "app/tone_commands.h"
+
+void MainDialog::Command(int command) {
+    if (ChangeTone(tone, command)) {
+        RelistandStart();
+        return;
+    }
+    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command))
+        return;
+    switch (command) {
+    case CommandPlay:
+        CmPlay();
+        break;
+    case CommandStop:
+        player.Stop();
+        break;
+    case CommandSelection:
+        EnableControls();
+        break;
+    case CommandFiniteToggle:
+        Command(smallToolBar.GetState(CommandFiniteToggle) ? CommandSpecifiedDuration : CommandContinuous);
+        break;
+    case CommandStereoToggle:
+        Command(smallToolBar.GetState(CommandStereoToggle) ? CommandStereo : CommandMono);
+        break;
+    case CommandLoop:
+        CmRepeatPlay();
+        break;
+    case CommandPreferences:
+        CmSettings();
+        break;
+    case CommandCloseWindow:
+        Close(0);
+        break;
+    case CommandAbout:
+        CmAbout();
+        break;
+    default:
+        break;
+    }
+}
+
+bool MainDialog::RunValueCommand(int command) {
+    switch (command) {
+    case CommandIncrease:
+        StepSelectedItems(&SonvireData::IncreaseItem);
+        return true;
+    case CommandDecrease:
+        StepSelectedItems(&SonvireData::DecreaseItem);
+        return true;
+    case CommandIncreaseLarge:
+        StepSelectedItems(&SonvireData::IncreaseItemLarge);
+        return true;
+    case CommandDecreaseLarge:
+        StepSelectedItems(&SonvireData::DecreaseItemLarge);
+        return true;
+    case CommandEditValue:
+    case CommandListDoubleClick:
+        CmToneEditValue();
+        return true;
+    case CommandListRightClick:
+        CmListViewRightClickMenu();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MainDialog::RunFileCommand(int command) {
+    switch (command) {
+    case CommandLoadTone:
+        CmLoadTDF();
+        return true;
+    case CommandSave:
+        CmSave();
+        return true;
+    case CommandSaveAsTone:
+        CmSaveAsTDF();
+        return true;
+    case CommandSaveAsWav:
+        CmSaveAsWav();
+        return true;
+    case CommandLoadList:
+        EnableControls(); // the item was pressed, and the tone is no list for that
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MainDialog::RunStatusCommand(int command) {
+    switch (command) {
+    case ControlDevice:
+        status.StoreDevice();
+        Restart();
+        return true;
+    case ControlVolume:
+        player.SetPlayVolume(status.StoreVolume());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MainDialog::CmSettings() {
+    if (OpenSettingsDialog(*this))
+        Restart();
+}

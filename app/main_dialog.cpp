@@ -1,0 +1,115 @@
+#include "app/main_dialog.h"
+
+#include "app/command_ids.h"
+#include "app/key_table.h"
+#include "app/menu_table.h"
+#include "app/product.h"
+#include "app/tool_bar_tables.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+#include "sys/user_data.h"
+
+namespace {
+
+constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr const char* GeometrySection = "MainWindow";
+
+std::string CurrentTonePath() {
+    return GetUserDataFolder() + "/current.tdf";
+}
+
+} // namespace
+
+MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* const* arguments,
+                       MainOutputs outputs)
+    : LMainWindow(windowToolkit, argumentCount, arguments),
+      player(std::move(outputs.open)),
+      status(*this),
+      devices(windowToolkit, std::move(outputs.listNames),
+              [this](const auto& names) { status.SetDevices(names); }) {}
+
+void MainDialog::InitDialog() {
+    SetCaption("Sonvire");
+    GetControls().Add({ControlList, LControlKind::List, "", {}});
+    list = std::make_unique<LListView>(*this, ControlList);
+    SetStatusBar(StatusFields::GetItems());
+    status.Init();
+    SetToolBar(GetMainToolBar());
+    SetToolBarSmallIcons(ControlSmallToolBar, smallToolBar, GetSmallToolBar());
+    SetMenu(GetMainMenu());
+    SetKeys(*this, GetMainKeys());
+    player.SetNotify(this, 0);
+    InitListView();
+    devices.Refresh();
+    if (LUserSettingGet("settings", "autoplay", false))
+        CmPlay();
+}
+
+void MainDialog::InitListView() {
+    list->SetColumns(Columns);
+    tone.ReadFromFile(CurrentTonePath().c_str());
+    SetupListViewData();
+    list->SetFocus();
+    list->SetCurrent(0);
+    list->BindCommands({.selection = CommandSelection,
+                        .doubleClick = CommandListDoubleClick,
+                        .rightClick = CommandListRightClick});
+    SetToolTip(ControlList, "Tone details (double click to modify)");
+}
+
+void MainDialog::DestroyDialog() {
+    player.Stop();
+    player.SetNotify(nullptr, 0);
+    devices.Leave();
+    tone.WriteToFile(CurrentTonePath().c_str());
+    list.reset();
+}
+
+void MainDialog::EvStarted() {
+    LUserSettingSet("Settings", "FirstRun", true);
+}
+
+void MainDialog::LayoutControls(int width, int height) {
+    LControlsPeer& controls = GetControls();
+    const int barHeight = controls.GetPlace(ControlSmallToolBar).height;
+    controls.Place(ControlSmallToolBar, {0, 0, width, barHeight});
+    controls.Place(ControlList, {0, barHeight, width, height - barHeight});
+}
+
+MainState MainDialog::GetState() const {
+    return {.tone = tone, .selected = !list->GetSelection().empty(), .playing = player.IsPlaying()};
+}
+
+void MainDialog::EnableControls() {
+    EnableMenuItems(GetMenu(), GetState());
+    EnableToolBarItems(GetToolBar(), smallToolBar, GetState());
+}
+
+void MainDialog::CmHelp() {
+    LShowMessageBox("Sonvire Help",
+                    "Select a row and step its value with the keypad's + and with -, "
+                    "by larger steps with Page Up and Page Down, or press Return to type it.\n\n"
+                    "Space plays the tone, Escape stops it, Ctrl+S saves it.");
+}
+
+void MainDialog::CmAbout() {
+    LShowMessageBox("About Sonvire", ProductAndVersion + std::string("\n\nGenerates test tones."));
+}
+
+LWindowGeometry MainDialog::ReadGeometry() {
+    LWindowGeometry geometry;
+    geometry.width = LUserSettingGet(GeometrySection, "Width", geometry.width);
+    geometry.height = LUserSettingGet(GeometrySection, "Height", geometry.height);
+    geometry.x = LUserSettingGet(GeometrySection, "X", geometry.x);
+    geometry.y = LUserSettingGet(GeometrySection, "Y", geometry.y);
+    geometry.maximized = LUserSettingGet(GeometrySection, "Maximized", geometry.maximized);
+    return geometry;
+}
+
+void MainDialog::WriteGeometry(const LWindowGeometry& geometry) {
+    LUserSettingSet(GeometrySection, "Maximized", geometry.maximized);
+    LUserSettingSet(GeometrySection, "X", geometry.x);
+    LUserSettingSet(GeometrySection, "Y", geometry.y);
+    LUserSettingSet(GeometrySection, "Width", geometry.width);
+    LUserSettingSet(GeometrySection, "Height", geometry.height);
+}

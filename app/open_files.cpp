@@ -1,0 +1,77 @@
+#include "app/file_extension.h"
+#include "app/main_dialog.h"
+#include "sys/file.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+
+#include <filesystem>
+#include <strings.h>
+
+namespace {
+
+bool HasExtension(const std::string& path, const char* extension) {
+    return strcasecmp(GetFileExtension(path).c_str(), extension) == 0;
+}
+
+/// As a path that still leads there at the next start, from another folder.
+void SetListPath(SonvireData& tone, const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(path, error);
+    const std::string& kept = error ? path : full.native();
+    const std::size_t length = kept.copy(tone.listPath, sizeof tone.listPath - 1);
+    tone.listPath[length] = 0;
+}
+
+} // namespace
+
+/// Takes the file as the current tone; one that can't be read leaves the tone as it was.
+bool MainDialog::ReadTone(const std::string& path) {
+    SonvireData read;
+    if (!read.ReadFromFile(path.c_str())) {
+        const std::string reason = WhyUnreadable(path.c_str());
+        LShowMessageBox("Error", "The file \"" + path + "\" can't be read: " +
+                                     (reason.empty() ? "it is no tone file" : reason) + ".");
+        return false;
+    }
+    tone = read;
+    return true;
+}
+
+void MainDialog::CmLoadFile(const char* path) {
+    LUserSettingSetString("settings", "file", path);
+    LUserSettingSetString("settings", "filedir", GetFolder(path));
+    if (GetFileExtension(path) == ".tdf")
+        ReadTone(path);
+    else
+        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
+    RelistandStart();
+}
+
+/// Only the first argument counts.
+void MainDialog::EvRunArguments(const char* const* arguments, int count) {
+    if (count > 1)
+        OpenArgument(arguments[1]);
+}
+
+/// Other than a document from the desktop, a file named by its user may be a list, and its extension in
+/// capitals.
+void MainDialog::OpenArgument(const std::string& path) {
+    if (HasExtension(path, ".tdf")) {
+        ReadTone(path);
+        RelistandStart();
+    } else if (HasExtension(path, ".tdl")) {
+        SetListPath(tone, path);
+        CmEditList();
+    } else if (!GetFileExtension(path).empty()) {
+        LShowMessageBox("Unrecognized file type.", "Sonvire does not process this type of file.",
+                        LMessageButtons::OkCancel);
+    }
+}
+
+void MainDialog::EvDropFiles(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths)
+        if (HasExtension(path, ".tdl"))
+            OpenArgument(path);
+        else
+            CmLoadFile(path.c_str());
+}

@@ -1,0 +1,83 @@
+#include "app/main_dialog.h"
+
+#include "app/tone_commands.h"
+#include "gui/toolkit.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+#include "tone/tone_engine.h"
+
+void MainDialog::CmPlay() {
+    if (!player.IsPlaying())
+        devices.Refresh();
+    player.SetDevice(FindDevice());
+    player.SetPlayVolume(StatusFields::ReadVolume());
+    const LSoundSource source = OpenToneEngine(tone);
+    status.SetLength(tone.IsFinite() ? source.GetEnd() : LSoundTime());
+    if (!player.Start(source))
+        ReportLostOutput();
+}
+
+/// A device is looked up once: asking the sound server at every step of a value would make the window wait.
+LSoundPlayDevice MainDialog::FindDevice() {
+    const std::string name = StatusFields::ReadDevice();
+    const bool known = name == deviceName && !device.IsDefault() && player.GetStatus() == PlayUsable;
+    if (!known)
+        device = LSoundPlayDevice(name.empty() ? 0 : LSoundPlayDevice::GetListDeviceIndex(name.c_str()));
+    deviceName = name;
+    return device;
+}
+
+void MainDialog::Restart() {
+    if (player.IsPlaying())
+        CmPlay();
+}
+
+void MainDialog::RelistandStart() {
+    if (IsList(tone))
+        TakeListLength();
+    SetupListViewData();
+    Restart();
+}
+
+/// The length of one pass, also of a list that loops.
+void MainDialog::TakeListLength() {
+    SonvireData onePass = tone;
+    onePass.repeat = 0;
+    tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(onePass).GetEnd().GetMilliseconds());
+}
+
+void MainDialog::CmRepeatPlay() {
+    tone.flags |= ToneFlagDuration; // a loop has an end to go back from
+    tone.repeat = tone.repeat == 0 ? 1 : 0;
+    RelistandStart();
+}
+
+void MainDialog::ReportLostOutput() {
+    LShowMessageBox("Sound Play Error",
+                    "Unable to start playback.\r\n\r\nThis might be because the sound card is being used by "
+                    "some other applications or because you have not selected the correct Sound Play Device "
+                    "using Play Settings.");
+}
+
+void MainDialog::spntfPlay(long /*id*/) {
+    EnableControls();
+}
+
+void MainDialog::spntfStop(long /*id*/) {
+    status.ShowStopped();
+    EnableControls();
+    if (player.GetStatus() != PlayUsable) {
+        devices.Refresh();
+        GetToolkit().Post([this] { ReportLostOutput(); }); // once the player is done with its stop
+    }
+}
+
+void MainDialog::spntfTime(LSoundTime time, long /*id*/) {
+    if (player.IsPlaying())
+        status.ShowPosition(time);
+}
+
+void MainDialog::spntfLevel(const LDBMC& levels, long /*id*/) {
+    if (player.IsPlaying())
+        status.ShowLevels(levels);
+}

@@ -1,0 +1,3 @@
+#pragma once
+
+inline constexpr const char* ProductAndVersion = "Sonvire " SONVIRE_VERSION;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "gui/dialog.h"
+
+/// The play settings: whether playback begins when the program starts, and by how much a step changes a
+/// frequency. It only reads and writes settings.
+class SetDlg : public LDialog {
+public:
+    SetDlg();
+
+protected:
+    void InitDialog() override;
+    void EnableControls() override;
+    bool CmOk() override;
+    void CmHelp() override;
+
+private:
+    bool StoreSemitones(const std::string& text);
+    bool StoreFrequency(const std::string& text);
+};
+
+/// True where it was closed with OK.
+bool OpenSettingsDialog(LWindow& parent);

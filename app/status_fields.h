@@ -1,0 +1,45 @@
+#pragma once
+
+#include "gui/status_bar.h"
+#include "gui/window.h"
+#include "sound/level.h"
+#include "sound/sound_time.h"
+
+#include <span>
+
+/// The status bar: product, position, levels, and the output and volume as controls that keep the user's
+/// choices in the settings.
+class StatusFields {
+public:
+    static std::span<const LStatusItem> GetItems();
+    /// From the settings: the output's name, empty for the default one, and the volume in -127..127 dB.
+    static std::string ReadDevice();
+    static LDB ReadVolume();
+
+    /// The window must outlive this.
+    explicit StatusFields(LWindow& owner) : window(owner) {}
+
+    /// Fills the fields in, once the window has them.
+    void Init();
+    /// What can be chosen, besides the default output; the chosen one is offered even where it is not there.
+    void SetDevices(const std::vector<std::string>& names);
+
+    /// 0 for a tone without an end.
+    void SetLength(LSoundTime playedLength) { length = playedLength; }
+    void ShowPosition(LSoundTime position);
+    void ShowLevels(const LDBMC& levels);
+    void ShowStopped();
+
+    /// Keep what the user has just chosen.
+    void StoreDevice();
+    LDB StoreVolume();
+
+private:
+    void ShowVolume(int decibels);
+
+    LWindow& window;
+    LSoundTime length;
+};
+
+/// Minutes, seconds and tenths: "02:03.4".
+std::string FormatPosition(LSoundTime time);

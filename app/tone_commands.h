@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tone/tone_data.h"
+
+/// Changes the tone as a command of the Tone menu says: its mode, channels, waveform or number of tones.
+/// False, with the tone as it was, for every other command.
+bool ChangeTone(SonvireData& tone, int command);
+
+/// The command that would lead to the tone's mode: one of the four from `CommandContinuous` on.
+int GetModeCommand(const SonvireData& tone);
+
+bool IsList(const SonvireData& tone);
+/// A tone without frequencies of its own.
+bool IsNoiseOrList(const SonvireData& tone);

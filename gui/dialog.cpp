@@ -1,0 +1,35 @@
+#include "gui/dialog.h"
+
+#include "gui/toolkit.h"
+
+bool LDialog::Open(LWindow& parent) {
+    Create(parent);
+    const bool ok = peer->RunModal();
+    Destroy();
+    return ok;
+}
+
+void LDialog::Create(LWindow& parent) {
+    toolkit = &parent.GetToolkit();
+    peer = toolkit->CreateDialog(layout, *this);
+    for (const LControlLayout& control : layout.controls)
+        peer->Controls().Add(control);
+    SetCaption(layout.title);
+    InitDialog();
+    EnableControls();
+}
+
+void LDialog::Destroy() {
+    DestroyDialog();
+    peer.reset();
+}
+
+void LDialog::Close(int ok) {
+    peer->End(ok != 0);
+}
+
+void LDialog::LayoutControls(int width, int height) {
+    for (const LControlLayout& control : layout.controls)
+        peer->Controls().Place(control.id,
+                               PlaceControl(control, width - layout.width, height - layout.height));
+}

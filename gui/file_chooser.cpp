@@ -1,0 +1,76 @@
+#include "gui/file_chooser.h"
+
+#include "gui/toolkit.h"
+#include "gui/window.h"
+#include "sys/file.h"
+#include "sys/message_box.h"
+
+#include <filesystem>
+
+namespace {
+
+std::string NameOf(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/'));
+}
+
+std::string ExtensionFor(const LFileChooser& chooser, int filter) {
+    if (filter > 0 && filter < static_cast<int>(chooser.filters.size()))
+        for (const std::string& pattern : SplitPatterns(chooser.filters[static_cast<std::size_t>(filter)]))
+            return GetPathExtension(pattern);
+    return chooser.defaultExtension.empty() ? std::string() : "." + chooser.defaultExtension;
+}
+
+bool Exists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+}
+
+bool MayReplace(const std::string& path) {
+    return LShowMessageBox("Replace File?",
+                           "The file \"" + path + "\" already exists. Do you want to replace it?",
+                           LMessageButtons::YesNo) == LMessageAnswer::Yes;
+}
+
+} // namespace
+
+std::vector<std::string> SplitPatterns(const LFileFilter& filter) {
+    std::vector<std::string> patterns;
+    std::string rest = filter.pattern;
+    while (!rest.empty()) {
+        const std::size_t end = rest.find(';');
+        if (end != 0)
+            patterns.push_back(rest.substr(0, end));
+        rest = end == std::string::npos ? std::string() : rest.substr(end + 1);
+    }
+    return patterns;
+}
+
+std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
+    LFileChooser shown = chooser;
+    shown.name = NameOf(chooser.name);
+    const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Read);
+    if (!chosen)
+        return {};
+    chooser.folder = FolderOf(chosen->path);
+    return chosen->path;
+}
+
+std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
+    LFileChooser shown = chooser;
+    shown.name = NameOf(chooser.name);
+    while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
+        const bool bare = NameOf(chosen->path).find('.') == std::string::npos;
+        std::string path = chosen->path + (bare ? ExtensionFor(chooser, chosen->filter) : "");
+        shown.name = NameOf(path);
+        shown.folder = FolderOf(path);
+        if (Exists(path) && !MayReplace(path))
+            continue;
+        chooser.folder = shown.folder;
+        return path;
+    }
+    return {};
+}

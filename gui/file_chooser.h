@@ -1,0 +1,41 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+class LWindow;
+
+/// A kind of file that a chooser offers. The pattern is "*.tdf" or several of them, each followed by ";".
+struct LFileFilter {
+    const char* description;
+    const char* pattern;
+};
+
+enum class LFilePurpose { Read, Save };
+
+/// What a file chooser is opened with.
+struct LFileChooser {
+    std::string title;
+    std::string name;   ///< what stands in the name field at first; of a path only the last part counts
+    std::string folder; ///< where it starts; after a choice, the folder of the file chosen
+    std::span<const LFileFilter> filters;
+    std::string defaultExtension; ///< without a dot; added to a name to save that has no extension
+};
+
+/// What a toolkit's chooser answers.
+struct LChosenFile {
+    std::string path;
+    int filter = 0; ///< the index of the filter that was in use
+};
+
+/// The single patterns of a filter: "*.tdl;*.wav" has two.
+std::vector<std::string> SplitPatterns(const LFileFilter& filter);
+
+/// Asks for an existing file; the empty path where the user cancels.
+std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser);
+
+/// Asks for a file to save to, and again where it exists and shall not be replaced; the empty path where the
+/// user cancels. A name without an extension takes that of the filter in use, or the default where the filter
+/// is the first.
+std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser);

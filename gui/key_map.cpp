@@ -1,0 +1,48 @@
+#include "gui/key_map.h"
+
+#include <cctype>
+
+namespace {
+
+bool IsKey(const LKeyMapEntry& entry, const LKeyPress& key) {
+    return entry.virtualKey == key.virtualKey && (entry.character == 0 || entry.character == key.character);
+}
+
+std::string NameOf(unsigned virtualKey, char32_t character) {
+    switch (virtualKey) {
+    case LKeyReturn:
+        return "Return";
+    case LKeyEscape:
+        return "Esc";
+    case LKeyPageUp:
+        return "PgUp";
+    case LKeyPageDown:
+        return "PgDown";
+    case LKeyF1:
+        return "F1";
+    case LKeyKeypadPlus:
+        return "Num+";
+    default:
+        return character == ' '
+                   ? "Space"
+                   : std::string(1, static_cast<char>(std::toupper(static_cast<int>(character))));
+    }
+}
+
+} // namespace
+
+std::string DescribeKey(const LKeyMapEntry& key) {
+    const bool control = (key.virtualKey & LKeyControl) != 0;
+    return (control ? "Ctrl+" : "") + NameOf(key.virtualKey & ~LKeyControl, key.character);
+}
+
+bool LKeyHandler::HandleKey(const LKeyPress& key) {
+    for (const LKeyMapEntry& entry : keyMap) {
+        if (!IsKey(entry, key))
+            continue;
+        const auto command = static_cast<unsigned>(entry.command);
+        key.repeated ? EvKeyRepeat(command) : EvKeyDown(command);
+        return true;
+    }
+    return false;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+/// Keys that are named, not typed, and what can be held with any key.
+enum LVirtualKey : unsigned {
+    LKeyNone = 0,
+    LKeyReturn = 1, ///< also Enter on the keypad
+    LKeyEscape = 2,
+    LKeyPageUp = 3,
+    LKeyPageDown = 4,
+    LKeyF1 = 5,
+    LKeyKeypadPlus = 6,
+    LKeyControl = 0x100, ///< added while Ctrl is held
+};
+
+/// A key as the window gets it.
+struct LKeyPress {
+    unsigned virtualKey = LKeyNone;
+    char32_t character = 0; ///< what it types, in small letters while Ctrl is held; 0 for a named key
+    bool repeated = false;  ///< the key is held down
+};
+
+/// One row of a key map. A row without a character stands for the named key alone.
+struct LKeyMapEntry {
+    unsigned virtualKey;
+    char32_t character;
+    int command;
+};
+
+/// How the key is written beside a menu entry, such as "Ctrl+S".
+std::string DescribeKey(const LKeyMapEntry& key);
+
+/// Turns keys into commands.
+class LKeyHandler {
+public:
+    virtual ~LKeyHandler() = default;
+
+    /// The table must outlive the handler.
+    void SetKeyMap(std::span<const LKeyMapEntry> keys) { keyMap = keys; }
+    std::span<const LKeyMapEntry> GetKeyMap() const { return keyMap; }
+    /// True where the map has the key: its command has then gone to one of the two below.
+    bool HandleKey(const LKeyPress& key);
+
+protected:
+    virtual void EvKeyDown(unsigned command) = 0;
+    /// The same for a key that is held down.
+    virtual void EvKeyRepeat(unsigned /*command*/) {}
+
+private:
+    std::span<const LKeyMapEntry> keyMap;
+};

@@ -1,0 +1,205 @@
+#include "gui/list_view.h"
+
+#include "gui/window.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+bool Contains(const std::vector<int>& rows, int row) {
+    return std::find(rows.begin(), rows.end(), row) != rows.end();
+}
+
+/// Where a row stands once the row `from` has moved to `to`.
+int AfterMove(int row, int from, int to) {
+    if (row == from)
+        return to;
+    if (from < to)
+        return row > from && row <= to ? row - 1 : row;
+    return row >= to && row < from ? row + 1 : row;
+}
+
+} // namespace
+
+LListView::LListView(LWindow& owner, int control)
+    : window(owner),
+      id(control),
+      peer(owner.GetControls().CreateListViewPeer(control, *this)) {}
+
+void LListView::SetColumns(std::span<const char* const> titles) {
+    columns = titles.size();
+    peer->SetColumns({titles.begin(), titles.end()});
+}
+
+void LListView::EnableDragging() {
+    peer->EnableDragging();
+}
+
+void LListView::SetFocus() {
+    window.SetFocus(id);
+}
+
+void LListView::InsertRow(int row, const std::string& text, std::uint32_t data) {
+    row = std::clamp(row, 0, GetCount());
+    Row inserted{std::vector<std::string>(columns), data};
+    inserted.texts[0] = text;
+    peer->InsertRow(row, inserted.texts);
+    rows.insert(rows.begin() + row, std::move(inserted));
+    for (int& each : selection)
+        each += each >= row ? 1 : 0;
+    current += current >= row ? 1 : 0;
+    ShowSelection();
+}
+
+void LListView::DeleteRow(int row) {
+    if (!HasRow(row))
+        return;
+    const bool wasSelected = Contains(selection, row);
+    peer->DeleteRow(row);
+    rows.erase(rows.begin() + row);
+    std::erase(selection, row);
+    for (int& each : selection)
+        each -= each > row ? 1 : 0;
+    if (current > row || current == GetCount())
+        --current;
+    ShowSelection();
+    if (wasSelected && !rebuilding)
+        Send(commands.selection);
+}
+
+void LListView::DeleteAll() {
+    while (GetCount() > 0)
+        DeleteRow(GetCount() - 1);
+}
+
+void LListView::MoveRow(int from, int to) {
+    if (!HasRow(from) || !HasRow(to) || from == to)
+        return;
+    Row moved = std::move(rows[static_cast<std::size_t>(from)]);
+    peer->DeleteRow(from);
+    peer->InsertRow(to, moved.texts);
+    rows.erase(rows.begin() + from);
+    rows.insert(rows.begin() + to, std::move(moved));
+    for (int& each : selection)
+        each = AfterMove(each, from, to);
+    current = AfterMove(current, from, to);
+    ShowSelection();
+}
+
+void LListView::SetText(int row, int column, const std::string& text) {
+    if (!HasRow(row) || column < 0 || column >= static_cast<int>(columns))
+        return;
+    rows[static_cast<std::size_t>(row)].texts[static_cast<std::size_t>(column)] = text;
+    peer->SetText(row, column, text);
+}
+
+std::string LListView::GetText(int row, int column) const {
+    if (!HasRow(row) || column < 0 || column >= static_cast<int>(columns))
+        return {};
+    return rows[static_cast<std::size_t>(row)].texts[static_cast<std::size_t>(column)];
+}
+
+std::uint32_t LListView::GetData(int row) const {
+    return HasRow(row) ? rows[static_cast<std::size_t>(row)].data : 0;
+}
+
+void LListView::SelectRows(const std::vector<int>& chosen) {
+    const std::vector<int> before = selection;
+    std::vector<int> existing;
+    std::copy_if(chosen.begin(), chosen.end(), std::back_inserter(existing),
+                 [this](int row) { return HasRow(row); });
+    Take(existing, existing.empty() ? current : existing.front());
+    ShowChangedSelection(before);
+}
+
+void LListView::SetCurrent(int row) {
+    if (HasRow(row))
+        SelectRows({row});
+}
+
+/// Rows that stay selected keep their place in the order; the new ones follow.
+void LListView::Take(const std::vector<int>& chosen, int newCurrent) {
+    std::erase_if(selection, [&chosen](int row) { return !Contains(chosen, row); });
+    std::copy_if(chosen.begin(), chosen.end(), std::back_inserter(selection),
+                 [this](int row) { return !Contains(selection, row); });
+    current = newCurrent;
+}
+
+void LListView::ShowSelection() {
+    if (!rebuilding)
+        peer->SetSelection(selection, current);
+}
+
+void LListView::ShowChangedSelection(const std::vector<int>& before) {
+    ShowSelection();
+    if (selection != before && !rebuilding)
+        Send(commands.selection);
+}
+
+void LListView::Send(int command) {
+    if (command != LCommandNone)
+        window.Command(command);
+}
+
+void LListView::SelectionChanged(const std::vector<int>& chosen, int newCurrent) {
+    const std::vector<int> before = selection;
+    Take(chosen, newCurrent);
+    if (selection != before)
+        Send(commands.selection);
+}
+
+void LListView::RowsDragged(int before) {
+    const std::vector<int> placesBefore = selection;
+    std::vector<int> dragged = selection;
+    std::sort(dragged.begin(), dragged.end());
+    int target = before;
+    for (int i = 0; i < static_cast<int>(dragged.size()); ++i) {
+        // Rows above the target that have left make it move up; those that have arrived stand before the next
+        // one.
+        const int row = dragged[static_cast<std::size_t>(i)];
+        if (row < before)
+            MoveRow(row - i, before - 1);
+        else
+            MoveRow(row, target++);
+    }
+    if (selection != placesBefore)
+        Send(commands.rowsMoved);
+}
+
+void LListView::FilesDropped(const std::vector<std::string>& paths, int before) {
+    window.EvDropFilesOnList(id, paths, before);
+}
+
+LListRebuild::LListRebuild(LListView& rebuilt) : list(rebuilt) {
+    const std::vector<Key> keys = KeysOfAllRows();
+    for (const int row : list.selection)
+        selected.push_back(keys[static_cast<std::size_t>(row)]);
+    if (list.HasRow(list.current))
+        current.push_back(keys[static_cast<std::size_t>(list.current)]);
+    list.rebuilding = true;
+    list.DeleteAll();
+}
+
+LListRebuild::~LListRebuild() {
+    const std::vector<Key> keys = KeysOfAllRows();
+    const auto rowOf = [&keys](const Key& key) {
+        const auto found = std::find(keys.begin(), keys.end(), key);
+        return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
+    };
+    for (const Key& key : selected)
+        if (const int row = rowOf(key); row >= 0)
+            list.selection.push_back(row);
+    list.current = current.empty() ? -1 : rowOf(current.front());
+    list.rebuilding = false;
+    list.ShowSelection();
+    list.Send(list.commands.selection);
+}
+
+std::vector<LListRebuild::Key> LListRebuild::KeysOfAllRows() const {
+    std::map<std::uint32_t, int> seen;
+    std::vector<Key> keys;
+    for (const LListView::Row& row : list.rows)
+        keys.push_back({row.data, seen[row.data]++});
+    return keys;
+}

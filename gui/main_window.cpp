@@ -1,0 +1,79 @@
+#include "gui/main_window.h"
+
+#include "gui/toolkit.h"
+
+#include <utility>
+
+LMainWindow::LMainWindow(LToolkit& windowToolkit, int count, const char* const* argv)
+    : argumentCount(count),
+      arguments(argv) {
+    toolkit = &windowToolkit;
+}
+
+LMainWindow::~LMainWindow() = default;
+
+void LMainWindow::Run() {
+    peer = toolkit->CreateMainWindow(*this);
+    InitDialog();
+    peer->SetGeometry(ReadGeometry());
+    standing = true;
+    EvStarted();
+    OpenDocuments(std::exchange(waitingDocuments, {}));
+    peer->Show();
+    EnableControls();
+    EvRunArguments(arguments, argumentCount);
+    if (standing)
+        toolkit->Run();
+    Close(0);
+    DestroyDialog();
+    menu.reset();
+    peer.reset();
+}
+
+void LMainWindow::OpenDocuments(const std::vector<std::string>& paths) {
+    if (!standing) {
+        if (waitingDocuments.empty())
+            waitingDocuments = paths;
+        return;
+    }
+    for (const std::string& path : paths)
+        CmLoadFile(path.c_str());
+}
+
+void LMainWindow::Activate() {
+    if (standing)
+        peer->Raise();
+}
+
+void LMainWindow::Close(int /*ok*/) {
+    if (!std::exchange(standing, false))
+        return;
+    WriteGeometry(peer->GetGeometry());
+    peer->Hide();
+    toolkit->Quit();
+}
+
+void LMainWindow::SetMenu(std::span<const LMenuEntry> entries) {
+    menu = std::make_unique<LMenu>(peer->CreateMenuBar(), entries);
+}
+
+void LMainWindow::SetToolBar(std::span<const LToolBarItem> items) {
+    mainToolBar.Build(peer->CreateToolBar(mainToolBar.GetEvents()), items, *this);
+}
+
+void LMainWindow::SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items) {
+    toolBar.Build(peer->CreateSmallToolBar(control, toolBar.GetEvents()), items, *this);
+}
+
+void LMainWindow::SetStatusBar(std::span<const LStatusItem> items) {
+    for (const LStatusItem& item : items)
+        peer->AddStatusItem(item);
+}
+
+void LMainWindow::SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table) {
+    keys = &handler;
+    handler.SetKeyMap(table);
+    for (const LKeyMapEntry& key : table)
+        if (menu)
+            menu->SetKeyText(key.command, DescribeKey(key));
+}

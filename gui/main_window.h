@@ -1,0 +1,61 @@
+#pragma once
+
+#include "gui/main_window_peer.h"
+#include "gui/window.h"
+
+/// The window that the program lives in: menu bar, tool bar, controls, status bar. `Run` brings it on the
+/// screen and returns when it has closed, and with it the program.
+class LMainWindow : public LWindow {
+public:
+    /// The arguments are those of the process, which keep to the end of it.
+    LMainWindow(LToolkit& windowToolkit, int argumentCount, const char* const* arguments);
+    ~LMainWindow() override;
+
+    /// Start-up, in this order: the window is created, `InitDialog`, its geometry, `EvStarted`, documents
+    /// that have already arrived, shown, `EnableControls`, `EvRunArguments`, events until the end; then
+    /// `DestroyDialog`.
+    void Run();
+
+    /// Opens documents that the desktop hands over, one after the other: at once, or once the window stands.
+    /// While some wait for that, more are ignored.
+    void OpenDocuments(const std::vector<std::string>& paths);
+    /// Brings the window to the front.
+    void Activate();
+
+protected:
+    virtual void CmLoadFile(const char* /*path*/) {}
+    virtual void EvRunArguments(const char* const* /*arguments*/, int /*count*/) {}
+    /// The window stands, and takes documents from here on.
+    virtual void EvStarted() {}
+    /// Remembers the geometry from one run to the next.
+    virtual LWindowGeometry ReadGeometry() { return {}; }
+    virtual void WriteGeometry(const LWindowGeometry& /*geometry*/) {}
+
+    bool CmOk() override { return false; }
+    /// Stores the geometry and ends the program.
+    void Close(int ok) override;
+    bool KeyPressed(const LKeyPress& key) override { return keys && keys->HandleKey(key); }
+    LWindowPeer* GetPeer() const override { return peer.get(); }
+
+    // The tables of these must outlive the window.
+    void SetMenu(std::span<const LMenuEntry> entries);
+    void SetToolBar(std::span<const LToolBarItem> items);
+    void SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items);
+    void SetStatusBar(std::span<const LStatusItem> items);
+    /// The keys go to the handler, whichever control of the window has the keyboard; while that is one that
+    /// is typed or stepped in, only those that it has no use for. The menu shows them beside its entries.
+    void SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table);
+
+    LMenu& GetMenu() const { return *menu; }
+    LToolBar& GetToolBar() { return mainToolBar; }
+
+private:
+    int argumentCount;
+    const char* const* arguments;
+    std::unique_ptr<LMainWindowPeer> peer;
+    std::unique_ptr<LMenu> menu;
+    LToolBar mainToolBar;
+    LKeyHandler* keys = nullptr;
+    std::vector<std::string> waitingDocuments;
+    bool standing = false; ///< between the end of its creation and its end
+};

@@ -1,0 +1,245 @@
+#include "gui/qt/qt_controls.h"
+
+#include "gui/qt/qt_child.h"
+#include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_list_view.h"
+#include "gui/qt/qt_number_edit.h"
+#include "gui/qt/qt_text.h"
+#include "gui/window_peer.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QFrame* MakeLine(QWidget* parent) {
+    auto* line = MakeChild<QFrame>(parent);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+QLabel* MakeText(QWidget* parent, const QString& text) {
+    auto* label = MakeChild<QLabel>(parent, text);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* MakeButton(QWidget* parent, int id, const QString& text) {
+    auto* button = MakeChild<QPushButton>(parent, text);
+    button->setDefault(id == LCommandOk);
+    button->setAutoDefault(id == LCommandOk || id == LCommandCancel);
+    return button;
+}
+
+/// A frame fills its place; what holds text is as tall as the text needs, around the middle of its place.
+bool FillsItsPlace(const QWidget* widget) {
+    return qobject_cast<const QGroupBox*>(widget) || dynamic_cast<const LQtListWidget*>(widget);
+}
+
+} // namespace
+
+LQtControls::LQtControls(QWidget* parentWidget, double pixels, LWindowEvents& windowEvents)
+    : parent(parentWidget),
+      unit(pixels),
+      events(windowEvents) {}
+
+QWidget* LQtControls::Find(int id) const {
+    const auto found = widgets.find(id);
+    return found == widgets.end() ? nullptr : found->second;
+}
+
+void LQtControls::Register(int id, QWidget* widget) {
+    widgets[id] = widget;
+    widget->setObjectName(QString::number(id));
+    Connect(id, widget);
+}
+
+void LQtControls::Connect(int id, QWidget* widget) {
+    const auto use = [this, id] { events.ControlUsed(id); };
+    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        QObject::connect(button, &QAbstractButton::clicked, button, use);
+    if (auto* combo = qobject_cast<QComboBox*>(widget))
+        QObject::connect(combo, &QComboBox::activated, combo, use);
+    if (auto* slider = qobject_cast<QSlider*>(widget))
+        QObject::connect(slider, &QSlider::valueChanged, slider, use);
+}
+
+QWidget* LQtControls::Make(const LControlLayout& control) {
+    const QString text = QString::fromUtf8(control.text);
+    switch (control.kind) {
+    case LControlKind::Group:
+        return MakeChild<QGroupBox>(parent, text);
+    case LControlKind::CheckBox:
+        return MakeChild<QCheckBox>(parent, text);
+    case LControlKind::Radio:
+        return MakeChild<QRadioButton>(parent, text);
+    case LControlKind::Edit:
+        return MakeChild<QLineEdit>(parent, text);
+    case LControlKind::NumberEdit:
+        numberEdit = control.id;
+        return MakeChild<LQtNumberEdit>(parent);
+    case LControlKind::NumberText: {
+        auto* number = dynamic_cast<LQtNumberEdit*>(Find(numberEdit));
+        return number ? number->GetLine() : nullptr;
+    }
+    case LControlKind::Text:
+        return MakeText(parent, text);
+    case LControlKind::Button:
+        return MakeButton(parent, control.id, text);
+    case LControlKind::List:
+        return MakeChild<LQtListWidget>(parent);
+    case LControlKind::Line:
+        return MakeLine(parent);
+    case LControlKind::Progress:
+        return MakeChild<QProgressBar>(parent);
+    }
+    return nullptr;
+}
+
+void LQtControls::Add(const LControlLayout& control) {
+    QWidget* widget = Make(control);
+    if (!widget)
+        return;
+    if (control.kind == LControlKind::Group)
+        widget->lower(); // its frame stands around controls that are not its own
+    Register(control.id, widget);
+    if (control.kind != LControlKind::NumberText)
+        Place(control.id, control.rect);
+}
+
+void LQtControls::Place(int id, const LRect& rect) {
+    QWidget* widget = Find(id);
+    if (!widget || widget->parentWidget() != parent)
+        return;
+    const auto scale = [this](int length) { return static_cast<int>(std::lround(length * unit)); };
+    const int height = scale(rect.height);
+    const int tall = FillsItsPlace(widget) ? height : std::max(height, widget->sizeHint().height());
+    const int above = rect.height == 0 ? 0 : (tall - height) / 2;
+    widget->setGeometry(scale(rect.x), scale(rect.y) - above, scale(rect.width), tall);
+}
+
+LRect LQtControls::GetPlace(int id) const {
+    const QWidget* widget = Find(id);
+    if (!widget)
+        return {};
+    const auto scale = [this](int length) { return static_cast<int>(std::lround(length / unit)); };
+    return {scale(widget->x()), scale(widget->y()), scale(widget->width()), scale(widget->height())};
+}
+
+void LQtControls::SetText(int id, const std::string& text) {
+    QWidget* widget = Find(id);
+    if (auto* label = qobject_cast<QLabel*>(widget))
+        label->setText(ToQt(text));
+    else if (auto* edit = qobject_cast<QLineEdit*>(widget))
+        edit->setText(ToQt(text));
+    else if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        button->setText(ToQt(text));
+    else if (auto* group = qobject_cast<QGroupBox*>(widget))
+        group->setTitle(ToQt(text));
+}
+
+std::string LQtControls::GetText(int id) const {
+    const QWidget* widget = Find(id);
+    if (const auto* label = qobject_cast<const QLabel*>(widget))
+        return FromQt(label->text());
+    if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
+        return FromQt(edit->text());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return FromQt(button->text());
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+        return FromQt(combo->currentText());
+    return {};
+}
+
+void LQtControls::Enable(int id, bool enabled) {
+    if (QWidget* widget = Find(id))
+        widget->setEnabled(enabled);
+}
+
+void LQtControls::SetToolTip(int id, const std::string& text) {
+    QWidget* widget = Find(id);
+    if (!widget)
+        return;
+    widget->setToolTip(ToQt(text));
+    if (GetText(id).empty())
+        widget->setAccessibleName(ToQt(text));
+}
+
+void LQtControls::SetFocus(int id) {
+    QWidget* widget = Find(id);
+    if (!widget)
+        return;
+    widget->setFocus();
+    if (auto* edit = qobject_cast<QLineEdit*>(widget))
+        edit->selectAll();
+}
+
+void LQtControls::SetRange(int id, int least, int most) {
+    QWidget* widget = Find(id);
+    const QSignalBlocker blocker(widget);
+    if (auto* number = dynamic_cast<LQtNumberEdit*>(widget))
+        number->SetRange(least, most);
+    else if (auto* slider = qobject_cast<QSlider*>(widget))
+        slider->setRange(least, most);
+}
+
+void LQtControls::SetValue(int id, int value) {
+    QWidget* widget = Find(id);
+    const QSignalBlocker blocker(widget);
+    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        button->setChecked(value != 0);
+    else if (auto* number = dynamic_cast<LQtNumberEdit*>(widget))
+        number->SetValue(value);
+    else if (auto* bar = qobject_cast<QProgressBar*>(widget))
+        bar->setValue(value);
+    else if (auto* slider = qobject_cast<QSlider*>(widget))
+        slider->setValue(value);
+    else if (auto* combo = qobject_cast<QComboBox*>(widget))
+        combo->setCurrentIndex(value);
+}
+
+int LQtControls::GetValue(int id) const {
+    const QWidget* widget = Find(id);
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return button->isChecked() ? 1 : 0;
+    if (const auto* number = dynamic_cast<const LQtNumberEdit*>(widget))
+        return number->GetValue();
+    if (const auto* bar = qobject_cast<const QProgressBar*>(widget))
+        return bar->value();
+    if (const auto* slider = qobject_cast<const QSlider*>(widget))
+        return slider->value();
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+        return combo->currentIndex();
+    return 0;
+}
+
+void LQtControls::SetChoices(int id, const std::vector<std::string>& choices) {
+    auto* combo = qobject_cast<QComboBox*>(Find(id));
+    if (!combo)
+        return;
+    const QSignalBlocker blocker(combo);
+    combo->clear();
+    for (const std::string& choice : choices)
+        combo->addItem(ToQt(choice));
+}
+
+void LQtControls::SetLevels(int id, const std::vector<int>& decibels) {
+    if (auto* meter = dynamic_cast<LQtLevelMeter*>(Find(id)))
+        meter->SetLevels(decibels);
+}
+
+std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {
+    return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents);
+}

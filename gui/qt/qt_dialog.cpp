@@ -1,0 +1,62 @@
+#include "gui/qt/qt_dialog.h"
+
+#include "gui/qt/qt_active_window.h"
+#include "gui/qt/qt_text.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double UsualTextHeight = 17;
+
+/// Layouts are made for text of the usual size; larger text makes them larger.
+double UnitFor(const QWidget& widget) {
+    return std::max(1.0, widget.fontMetrics().height() / UsualTextHeight);
+}
+
+} // namespace
+
+LQtDialog::LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEvents)
+    : QDialog(FindActiveWindow()),
+      events(windowEvents),
+      controls(this, UnitFor(*this), windowEvents) {
+    const QSize size(static_cast<int>(std::lround(dialogLayout.width * controls.GetUnit())),
+                     static_cast<int>(std::lround(dialogLayout.height * controls.GetUnit())));
+    setMinimumSize(size);
+    if (!CanGrow(dialogLayout))
+        setMaximumSize(size);
+    resize(size);
+    setWindowModality(Qt::ApplicationModal);
+}
+
+void LQtDialog::SetCaption(const std::string& caption) {
+    setWindowTitle(ToQt(caption));
+}
+
+bool LQtDialog::RunModal() {
+    return exec() == Accepted;
+}
+
+void LQtDialog::End(bool ok) {
+    done(ok ? Accepted : Rejected);
+}
+
+void LQtDialog::ShowModal() {
+    show();
+}
+
+void LQtDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && controls.Find(LCommandHelp))
+        events.ControlUsed(LCommandHelp);
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void LQtDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    events.Resized(static_cast<int>(std::lround(width() / controls.GetUnit())),
+                   static_cast<int>(std::lround(height() / controls.GetUnit())));
+}

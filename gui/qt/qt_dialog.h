@@ -1,0 +1,27 @@
+#pragma once
+
+#include "gui/qt/qt_controls.h"
+#include "gui/window_peer.h"
+
+#include <QDialog>
+
+/// A dialog's peer and its window in one.
+class LQtDialog : public LDialogPeer, private QDialog {
+public:
+    LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEvents);
+
+    LControlsPeer& Controls() override { return controls; }
+    void SetCaption(const std::string& caption) override;
+    bool RunModal() override;
+    void End(bool ok) override;
+    void ShowModal() override;
+
+private:
+    /// Escape, and the button in the title bar.
+    void reject() override { events.CloseAsked(); }
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+    LWindowEvents& events;
+    LQtControls controls;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "gui/main_window_peer.h"
+#include "gui/qt/qt_controls.h"
+
+#include <QMainWindow>
+
+/// The main window's peer and its window in one.
+class LQtMainWindow : public LMainWindowPeer, private QMainWindow {
+public:
+    explicit LQtMainWindow(LWindowEvents& windowEvents);
+    ~LQtMainWindow() override;
+
+    LControlsPeer& Controls() override { return *controls; }
+    void SetCaption(const std::string& caption) override;
+
+    void SetGeometry(const LWindowGeometry& geometry) override;
+    LWindowGeometry GetGeometry() const override;
+    void Show() override;
+    void Raise() override;
+    void Hide() override { hide(); }
+
+    std::unique_ptr<LMenuPeer> CreateMenuBar() override;
+    std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& toolBarEvents) override;
+    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int control, LToolBarEvents& toolBarEvents) override;
+    void AddStatusItem(const LStatusItem& item) override;
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+    bool TakesKey(const QObject& watched, const QKeyEvent& event);
+    void FitFrame(int triesLeft);
+
+    LWindowEvents& events;
+    QWidget* content;
+    std::unique_ptr<LQtControls> controls;
+    QSize frameToFit; ///< the size that the frame shall have
+    bool hasStatusText = false;
+};

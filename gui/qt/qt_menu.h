@@ -1,0 +1,56 @@
+#pragma once
+
+#include "gui/menu.h"
+
+#include <QMenu>
+#include <QPoint>
+
+#include <map>
+#include <set>
+#include <vector>
+
+class LWindowEvents;
+class QActionGroup;
+class QMenuBar;
+
+/// Says where pop-up menus appear while it exists, other than at the pointer.
+class LQtMenuPlace {
+public:
+    explicit LQtMenuPlace(const QPoint& place);
+    ~LQtMenuPlace();
+    LQtMenuPlace(const LQtMenuPlace&) = delete;
+    LQtMenuPlace& operator=(const LQtMenuPlace&) = delete;
+};
+
+/// A menu bar or a pop-up menu. Every text gets a letter of its menu, so that the keyboard reaches it.
+class LQtMenu : public LMenuPeer {
+public:
+    /// A pop-up menu.
+    LQtMenu() : open{&popup} {}
+    /// A menu bar, which outlives this; what the user chooses goes to the window.
+    LQtMenu(QMenuBar& menuBar, LWindowEvents& windowEvents) : bar(&menuBar), events(&windowEvents) {}
+
+    void OpenSubmenu(const std::string& text) override;
+    void CloseSubmenu() override;
+    void AddSeparator() override;
+    void AddItem(int id, const std::string& text) override;
+    void Enable(int id, bool enabled) override;
+    void SetCheck(int id, bool checked) override;
+    void SetRadio(int first, int last, int marked) override;
+    void SetKeyText(int id, const std::string& key) override;
+    int Choose() override;
+
+private:
+    QString WithLetter(const std::string& text);
+    QAction* Find(int id) const;
+    void Mark(QAction* action, bool marked);
+    void RestoreMarks();
+
+    QMenu popup;
+    QMenuBar* bar = nullptr;
+    LWindowEvents* events = nullptr;
+    std::vector<QMenu*> open; ///< from the outermost to the one that is being built
+    std::map<int, QAction*> actions;
+    std::map<QMenu*, std::set<QChar>> letters; ///< that a menu has taken
+    std::map<QAction*, bool> marks;
+};

@@ -1,0 +1,91 @@
+#include "gui/qt/qt_session_service.h"
+
+#include "gui/main_window.h"
+#include "gui/qt/qt_text.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QFileInfo>
+#include <QTimer>
+#include <QUrl>
+
+namespace {
+
+constexpr const char* ServiceName = "com.quenbysoftware.Sonvire";
+constexpr const char* ObjectPath = "/com/quenbysoftware/Sonvire";
+constexpr const char* Interface = "org.freedesktop.Application";
+constexpr int AnswerMs = 5000;
+
+std::vector<std::string> LocalFiles(const QStringList& addresses) {
+    std::vector<std::string> paths;
+    for (const QString& address : addresses)
+        if (const QUrl url(address); url.isLocalFile())
+            paths.push_back(FromQt(url.toLocalFile()));
+    return paths;
+}
+
+QDBusMessage MakeRequest(const std::string& path) {
+    const char* method = path.empty() ? "Activate" : "Open";
+    QDBusMessage request = QDBusMessage::createMethodCall(ServiceName, ObjectPath, Interface, method);
+    if (!path.empty())
+        request << QStringList(QUrl::fromLocalFile(QFileInfo(ToQt(path)).absoluteFilePath()).toString());
+    return request << QVariantMap();
+}
+
+} // namespace
+
+/// The object on the bus.
+class LQtSessionService::Requests : public QDBusVirtualObject {
+public:
+    LMainWindow* window = nullptr; ///< set before the event loop runs
+
+    QString introspect(const QString& /*path*/) const override {
+        return R"(<interface name="org.freedesktop.Application">
+    <method name="Activate"><arg type="a{sv}" name="platform_data" direction="in"/></method>
+    <method name="Open"><arg type="as" name="uris" direction="in"/>
+        <arg type="a{sv}" name="platform_data" direction="in"/></method>
+    <method name="ActivateAction"><arg type="s" name="action_name" direction="in"/>
+        <arg type="av" name="parameter" direction="in"/>
+        <arg type="a{sv}" name="platform_data" direction="in"/></method>
+</interface>)";
+    }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+        if (message.interface() != Interface && !message.interface().isEmpty())
+            return false;
+        const bool opens = message.member() == "Open" && !message.arguments().isEmpty();
+        if (!opens && message.member() != "Activate" && message.member() != "ActivateAction")
+            return false;
+        connection.send(message.createReply());
+        const std::vector<std::string> paths =
+            LocalFiles(opens ? message.arguments().constFirst().toStringList() : QStringList());
+        // Once the caller has its answer: what follows may open a dialog.
+        QTimer::singleShot(0, this, [this, paths] {
+            window->Activate();
+            if (!paths.empty())
+                window->OpenDocuments(paths);
+        });
+        return true;
+    }
+};
+
+LQtSessionService::LQtSessionService() : requests(std::make_unique<Requests>()) {}
+LQtSessionService::~LQtSessionService() = default;
+
+bool LQtSessionService::HandOver(const std::string& path) {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return false;
+    bus.registerVirtualObject(ObjectPath,
+                              requests.get()); // first, so that who finds the name finds the object
+    if (bus.registerService(ServiceName))
+        return false;
+    bus.unregisterObject(ObjectPath);
+    return bus.call(MakeRequest(path), QDBus::Block, AnswerMs).type() == QDBusMessage::ReplyMessage;
+}
+
+void LQtSessionService::Serve(LMainWindow& window) {
+    requests->window = &window;
+}

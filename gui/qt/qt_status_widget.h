@@ -1,0 +1,8 @@
+#pragma once
+
+struct LStatusItem;
+class QWidget;
+
+/// The widget that shows a field of the status bar, which owns it. A click on it leaves the keyboard where it
+/// is.
+QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* statusBar);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "gui/tool_bar.h"
+
+#include <QPointer>
+#include <QToolBar>
+
+#include <map>
+
+/// A tool bar's peer. The bar may go before it does.
+class LQtToolBar : public LToolBarPeer {
+public:
+    LQtToolBar(QToolBar& toolBar, LToolBarEvents& toolBarEvents) : bar(&toolBar), events(toolBarEvents) {}
+
+    void AddItem(const LToolBarItem& item) override;
+    void Enable(int command, bool enabled) override;
+    void SetPressed(int command, bool pressed) override;
+
+private:
+    QAction* Find(int command) const;
+
+    QPointer<QToolBar> bar;
+    LToolBarEvents& events;
+    std::map<int, QAction*> actions;
+};

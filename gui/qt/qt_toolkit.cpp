@@ -1,0 +1,59 @@
+#include "gui/qt/qt_toolkit.h"
+
+#include "gui/qt/qt_dialog.h"
+#include "gui/qt/qt_file_chooser.h"
+#include "gui/qt/qt_icon.h"
+#include "gui/qt/qt_main_window.h"
+#include "gui/qt/qt_menu.h"
+#include "gui/qt/qt_text.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+/// The pictures are linked into a library, where nothing else would bring them along.
+static void BringPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
+LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
+    BringPictures();
+    QApplication::setQuitOnLastWindowClosed(false); // the main window says when
+    QApplication::setDesktopFileName("com.quenbysoftware.Sonvire");
+    QApplication::setWindowIcon(MakeIcon("sine"));
+}
+
+std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
+    return std::make_unique<LQtMainWindow>(events);
+}
+
+std::unique_ptr<LDialogPeer> LQtToolkit::CreateDialog(const LDialogLayout& layout, LWindowEvents& events) {
+    return std::make_unique<LQtDialog>(layout, events);
+}
+
+std::unique_ptr<LMenuPeer> LQtToolkit::CreatePopupMenu() {
+    return std::make_unique<LQtMenu>();
+}
+
+std::optional<LChosenFile> LQtToolkit::ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) {
+    return ShowFileChooser(chooser, purpose);
+}
+
+bool LQtToolkit::OpenUrl(const std::string& url) {
+    return QDesktopServices::openUrl(QUrl(ToQt(url)));
+}
+
+void LQtToolkit::Run() {
+    QApplication::exec();
+}
+
+void LQtToolkit::Quit() {
+    QApplication::quit();
+}
+
+void LQtToolkit::DispatchPending() {
+    QApplication::processEvents();
+}
+
+void LQtToolkit::Post(std::function<void()> call) {
+    QMetaObject::invokeMethod(&application, std::move(call), Qt::QueuedConnection);
+}

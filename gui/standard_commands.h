@@ -1,0 +1,9 @@
+#pragma once
+
+/// The commands that every window knows. Ids from 100 on are a window's own.
+enum LStandardCommand : int {
+    LCommandNone = 0,
+    LCommandOk = 1,
+    LCommandCancel = 2,
+    LCommandHelp = 9,
+};

@@ -1,0 +1,329 @@
+#include "support/app_window.h"
+#include "sys/settings.h"
+#include "sys/user_data.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* PlayError = "Sound Play Error|Unable to start playback.\r\n\r\n";
+
+TEST_F(App, RowsStandInOrder) {
+    Run([&](MemoryMainWindow&) {
+        EXPECT_EQ(List().columns, (Texts{"Tone Data", "Values"}));
+        EXPECT_EQ(List().selection, Ints{0});
+        EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
+        Send({2109, 2110, 2106, 3002, 2114});
+        EXPECT_THAT(
+            Rows(),
+            ElementsAre(
+                "Saw Tooth 1 Start Left Frequency=1000.00Hz", "Saw Tooth 1 End Left Frequency=1000.00Hz",
+                "Saw Tooth 1 Start Right Frequency=1000.00Hz", "Saw Tooth 1 End Right Frequency=1000.00Hz",
+                "Saw Tooth 1 Relative Amplitude=0dB", "Saw Tooth 2 Start Left Frequency=1000.00Hz",
+                "Saw Tooth 2 End Left Frequency=1000.00Hz", "Saw Tooth 2 Start Right Frequency=1000.00Hz",
+                "Saw Tooth 2 End Right Frequency=1000.00Hz", "Saw Tooth 2 Relative Amplitude=0dB",
+                "Saw Tooth Duration=1000ms"));
+        List().Select({4, 6, 10});
+        Send({2108});
+        EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
+        Send({2117});
+        EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
+        EXPECT_EQ(List().selection, Ints{0});
+    });
+}
+
+TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
+    struct {
+        int command;
+        const char *frequency, *amplitude, *duration;
+    } const steps[] = {{2101, "1059.46Hz", "0dB", "2000ms"},
+                       {2102, "1000.00Hz", "-1dB", "1000ms"},
+                       {5101, "2000.00Hz", "0dB", "6000ms"},
+                       {5102, "1000.00Hz", "-1dB", "1000ms"}};
+    Run([&](MemoryMainWindow&) {
+        Send({2105, 2110});
+        List().Select({0, 1, 2});
+        int opened = 0;
+        for (const bool playing : {false, true}) {
+            if (playing) {
+                Send({101});
+                EXPECT_TRUE(WaitForPlayback(++opened));
+            }
+            for (const auto& step : steps) {
+                Send({step.command});
+                opened += playing ? 1 : 0;
+                EXPECT_TRUE(WaitForPlayback(opened));
+                EXPECT_THAT(Rows(), ElementsAre(std::string("Sine 1 Frequency=") + step.frequency,
+                                                std::string("Sine 1 Relative Amplitude=") + step.amplitude,
+                                                std::string("Sine Duration=") + step.duration));
+            }
+        }
+        List().Select({});
+        Send({2101});
+        EXPECT_EQ(List().rows[0][1], "1000.00Hz");
+    });
+}
+
+TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
+    Texts prompts;
+    const auto type = [&](const std::string& text, bool ok) {
+        return [&prompts, text, ok](MemoryDialog& box) {
+            prompts.push_back(box.controls.GetText(101) + "=" + box.controls.GetText(102));
+            box.Type(102, text);
+            box.Press(ok ? LCommandOk : LCommandCancel);
+        };
+    };
+    dialogs = {type(" 440.5 Hz", true), type("1", false), type("2", true)};
+    Run([&](MemoryMainWindow&) {
+        Send({3003});
+        List().Select({2});
+        List().Select({0, 1, 2});
+        Send({2103});
+        EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz", "Sine 2 Frequency=1000.00Hz",
+                                        "Sine 3 Frequency=440.50Hz"));
+    });
+    EXPECT_THAT(prompts, ElementsAre("Sine 3 Frequency=1000.00Hz", "Sine 1 Frequency=1000.00Hz"))
+        << "in the order in which they were selected";
+}
+
+TEST_F(App, EveryKeyHasItsCommand) {
+    dialogs = {[](MemoryDialog& box) {
+        box.Type(102, "50");
+        box.Press(LCommandOk);
+    }};
+    files = {{}};
+    Run([&](MemoryMainWindow& window) {
+        struct {
+            unsigned key;
+            char32_t character;
+            const char* value;
+        } const keys[] = {{LKeyKeypadPlus, 0, "1059.46Hz"}, {LKeyNone, '-', "1000.00Hz"},
+                          {LKeyPageUp, 0, "2000.00Hz"},     {LKeyPageDown, 0, "1000.00Hz"},
+                          {LKeyReturn, 0, "50.00Hz"},       {LKeyNone, '+', "50.00Hz"}};
+        for (const auto& each : keys) {
+            window.Key(each.key, each.character);
+            EXPECT_EQ(List().rows[0][1], each.value);
+            window.Key(each.key, each.character, true);
+            EXPECT_EQ(List().rows[0][1], each.value) << "a key that is held down does no more";
+        }
+        window.Key(LKeyNone, ' ');
+        EXPECT_FALSE(window.toolBar[101].enabled);
+        window.Key(LKeyEscape);
+        EXPECT_TRUE(window.toolBar[101].enabled);
+        window.Key(LKeyControl, 's');
+        EXPECT_EQ(toolkit->choosers.size(), 1U);
+        window.Key(LKeyF1);
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("Help|")));
+        EXPECT_FALSE(toolkit->HasQuit());
+        window.Key(LKeyControl, 'w');
+        EXPECT_TRUE(toolkit->HasQuit());
+    });
+}
+
+TEST_F(App, TheLastToneAndPlaceComeBack) {
+    Run([&](MemoryMainWindow& window) {
+        EXPECT_EQ(window.geometry, (LWindowGeometry{200, 200, 800, 600, false}));
+        EXPECT_EQ(Control(ControlStatusText).text, "Sonvire 2.14");
+        Send({2109, 3002, 101});
+        window.geometry = {10, 20, 900, 500, true};
+    });
+    EXPECT_TRUE(LUserSettingGet("Settings", "FirstRun", false));
+    EXPECT_EQ(output.opened, output.closed) << "nothing plays on";
+    SonvireData kept;
+    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
+    EXPECT_EQ(kept.flags, ToneFlagStereo);
+    LUserSettingSet("settings", "autoplay", true);
+    const int before = output.opened;
+    Run(
+        [&](MemoryMainWindow& window) {
+            EXPECT_EQ(window.geometry, (LWindowGeometry{10, 20, 900, 500, true}));
+            EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=440.00Hz"});
+            EXPECT_TRUE(window.menu.items.at(102).enabled);
+            EXPECT_TRUE(WaitForPlayback(before + 2)) << "at the start, and again with the file";
+        },
+        {WriteTone("a.tdf", Tone440())});
+}
+
+TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
+    const std::string tone = WriteTone("tone.tdf", Tone440());
+    const std::string capitals = WriteTone("tone.TDF", Tone440());
+    const std::string inFolder = folder / "a.folder/tone";
+    const std::string text = folder / "a.txt";
+    const std::string list = folder / "list.tdl";
+    WriteBytes(list, tone + "\n300ms silence.\n");
+    const std::string rejected = "Unrecognized File Type|Unrecognized tone file type.";
+    enum Way { Argument, Document, Early, Drop };
+    struct {
+        Way way;
+        std::string path, row, box, remembered;
+    } const cases[] = {
+        {Argument, tone, "Sine 1 Frequency=440.00Hz", "", ""},
+        {Argument, capitals, "Sine 1 Frequency=440.00Hz", "", ""},
+        {Argument, list, tone + "=", "", ""},
+        {Argument, inFolder, "Sine 1 Frequency=1000.00Hz", "", ""},
+        {Argument, text, "Sine 1 Frequency=1000.00Hz",
+         "Unrecognized file type.|Sonvire does not process this type of file.", ""},
+        {Argument, folder / "missing.tdf", "Sine 1 Frequency=1000.00Hz",
+         "Error|The file \"" + (folder / "missing.tdf") + "\" can't be read: No such file or directory.", ""},
+        {Document, tone, "Sine 1 Frequency=440.00Hz", "", tone},
+        {Document, capitals, "Sine 1 Frequency=1000.00Hz", rejected, capitals},
+        {Document, list, "Sine 1 Frequency=1000.00Hz", rejected, list},
+        {Early, tone, "Sine 1 Frequency=440.00Hz", "", tone},
+        {Drop, tone, "Sine 1 Frequency=440.00Hz", "", tone},
+        {Drop, list, tone + "=", "", ""},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.path);
+        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            std::filesystem::remove_all(std::getenv(kept));
+        Run(
+            [&](MemoryMainWindow& window) {
+                if (each.way == Document)
+                    dialog->OpenDocuments({each.path});
+                if (each.way == Drop)
+                    window.Drop({each.path});
+                EXPECT_EQ(Rows().at(0), each.row);
+                EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
+                std::string remembered, rememberedFolder;
+                LUserSettingGetString("settings", "file", "", remembered);
+                LUserSettingGetString("settings", "filedir", "", rememberedFolder);
+                EXPECT_EQ(remembered, each.remembered);
+                EXPECT_EQ(rememberedFolder + "/", each.remembered.empty() ? "/" : folder / "");
+            },
+            each.way == Argument ? Texts{each.path, folder / "second.tdf"} : Texts{},
+            [&](MainDialog& window) {
+                if (each.way == Early)
+                    window.OpenDocuments({each.path});
+            });
+    }
+}
+
+TEST_F(App, AListShowsItsLinesAndItsName) {
+    const std::string tone = WriteTone("tone.tdf", Tone440(true));
+    const std::string list = folder / "list.tdl";
+    WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\n" + tone + "\n");
+    Run(
+        [&](MemoryMainWindow&) {
+            EXPECT_EQ(Rows(),
+                      (Texts{"500ms silence.=", (folder / "gone.tdf") + "=", "tone.tdf=", list + "="}));
+            EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
+            Send({118, 118, 118});
+        },
+        {list});
+    SonvireData kept;
+    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
+    EXPECT_EQ(kept.GetListPath(), list);
+    EXPECT_EQ(kept.repeat, 1);
+    WriteBytes(list, "");
+    Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{list + "="}); });
+    WriteBytes(list, "500ms silence.\n250ms silence.\n");
+    Run([&](MemoryMainWindow&) { Send({118, 118}); });
+    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
+    EXPECT_EQ(kept.durationMs, 750U) << "one pass, also where it loops";
+    std::filesystem::remove(list);
+    Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
+}
+
+TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
+    constexpr std::uint32_t Both = 0x10001;
+    struct {
+        const char* stored;
+        std::uint32_t word;
+    } const cases[] = {{"", 180 * Both},    {"0", 180 * Both}, {"12", 240 * Both},
+                       {"300", 256 * Both}, {"-35", 5 * Both}, {"-500", 0}};
+    Run([&](MemoryMainWindow& window) {
+        for (const auto& each : cases) {
+            LUserSettingSetString("settings", "playvolume", each.stored);
+            output.volume = 1;
+            window.Choose(101);
+            EXPECT_TRUE(Wait([&] { return output.volume == each.word; })) << each.stored;
+            window.Choose(102);
+        }
+        window.Choose(101);
+        window.Move(ControlVolume, -6);
+        EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
+        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -6);
+    });
+    EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";
+}
+
+TEST_F(App, TheOutputIsChosenInTheStatusBar) {
+    LUserSettingSetString("Settings", "OutDevice", "unplugged");
+    Run([&](MemoryMainWindow& window) {
+        MemoryControl& chooser = Control(ControlDevice);
+        EXPECT_TRUE(Wait([&] { return chooser.choices.size() == 4; }));
+        EXPECT_EQ(chooser.choices, (Texts{"[Default Sound Out]", "Left Hall", "Studio", "unplugged"}));
+        EXPECT_EQ(chooser.value, 3);
+        window.Choose(101);
+        EXPECT_TRUE(WaitForPlayback(1));
+        chooser.text = "Studio";
+        window.Move(ControlDevice, 2);
+        EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
+        std::string stored;
+        LUserSettingGetString("Settings", "OutDevice", "", stored);
+        EXPECT_EQ(stored, "Studio");
+    });
+}
+
+TEST_F(App, TheStatusBarFollowsPlayback) {
+    Run([&](MemoryMainWindow& window) {
+        Send({2105});
+        EXPECT_EQ(Control(ControlPosition).text, "");
+        window.Choose(101);
+        EXPECT_TRUE(Wait([&] { return output.queuedFrames == 44100; }));
+        EXPECT_EQ(Control(ControlPosition).text, "00:00.0 / 00:01.0");
+        output.Take(22050);
+        EXPECT_TRUE(Wait([&] { return Control(ControlPosition).text == "00:00.5 / 00:01.0"; }));
+        EXPECT_EQ(Control(ControlLevels).levels, Ints{0});
+        output.Take(22050);
+        EXPECT_TRUE(Wait([&] { return window.menu.items.at(101).enabled; })) << "at the end of the tone";
+        EXPECT_EQ(Control(ControlPosition).text, "");
+        Send({2104, 101});
+        EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
+    });
+}
+
+TEST_F(App, FailuresToPlayAreTold) {
+    Run([&](MemoryMainWindow& window) {
+        window.Choose(101);
+        EXPECT_TRUE(WaitForPlayback(1));
+        output.Fail(LSoundChannelState::NoOutput);
+        EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(PlayError)));
+        EXPECT_TRUE(window.menu.items.at(101).enabled);
+        EXPECT_FALSE(window.menu.items.at(102).enabled);
+        window.Choose(101);
+        EXPECT_TRUE(WaitForPlayback(2));
+        window.Choose(102);
+        toolkit->DispatchPending();
+        EXPECT_EQ(toolkit->boxes.size(), 1U);
+    });
+}
+
+TEST_F(App, ATonesFileIsSavedAndLoaded) {
+    files = {{folder / "a.tdf"},
+             {folder / "a.tdf"},
+             {folder / "new.tdf", 0},
+             {folder / "b.wav"},
+             {folder / "b.wav"}};
+    const std::string noDuration = "No Duration Specified|";
+    Run([&](MemoryMainWindow&) {
+        Send({2109, 1112, 2108, 1111});
+        EXPECT_EQ(Rows().size(), 2U) << "stereo, as saved";
+        Send({1110});
+        EXPECT_TRUE(std::filesystem::exists(folder / "new.tdf"));
+        EXPECT_EQ(toolkit->choosers.back().name, "a.tdf");
+        Send({1110, 1116});
+        EXPECT_EQ(toolkit->boxes.size(), 2U);
+        EXPECT_THAT(toolkit->boxes.back(), HasSubstr(noDuration));
+        EXPECT_FALSE(std::filesystem::exists(folder / "b.wav"));
+        Send({2105, 1116});
+        EXPECT_EQ(std::filesystem::file_size(folder / "b.wav"), 46 + 44100 * 4U);
+        EXPECT_EQ(toolkit->boxes.size(), 2U);
+    });
+}
+
+} // namespace

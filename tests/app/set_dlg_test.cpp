@@ -1,0 +1,96 @@
+#include "support/app_window.h"
+#include "sys/settings.h"
+
+namespace {
+
+std::string Stored(const char* key) {
+    std::string text;
+    LUserSettingGetString("settings", key, "-", text);
+    return text;
+}
+
+enum : int {
+    Autoplay = 102,
+    ByFrequency = 104,
+    Frequency = 105,
+    BySemitone = 107,
+    Semitones = 108,
+    SemitoneText = 109
+};
+
+TEST_F(App, PlaySettingsAreCheckedAndKept) {
+    const std::string badSemitones =
+        "Play Settings|Please enter valid SemiTone value. It must be between 1 and 12.";
+    const std::string badFrequency = "Play Settings|Please enter Frequency value";
+    struct {
+        int radio;
+        const char *semitones, *frequency;
+        std::string box, step, bySemitone, semitoneVal, frequencyVal;
+    } const cases[] = {
+        {BySemitone, "12", "1.0", "", "12", "1", "12", "1.0"},
+        {BySemitone, " 3 ", "none", "", "3", "1", "3", "none"},
+        {BySemitone, "13", "1.0", badSemitones, "-", "-", "-", "-"},
+        {BySemitone, "0", "1.0", badSemitones, "-", "-", "-", "-"},
+        {ByFrequency, "99", " 2.5 ", "", "2.5", "0", "99", "2.5"},
+        {ByFrequency, "1", "0", badFrequency, "-", "-", "-", "-"},
+        {ByFrequency, "1", "abc", badFrequency, "-", "-", "-", "-"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.semitones) + ", " + each.frequency);
+        std::filesystem::remove_all(std::getenv("XDG_CONFIG_HOME"));
+        dialogs = {[&](MemoryDialog& box) {
+            EXPECT_EQ(box.caption, "Play Settings");
+            EXPECT_EQ(box.controls.GetValue(BySemitone), 1);
+            box.Check(Autoplay, true);
+            for (const int radio : Ints{ByFrequency, BySemitone, each.radio}) {
+                box.Check(radio, true);
+                EXPECT_EQ(box.controls.controls.at(Frequency).enabled, radio == ByFrequency);
+                EXPECT_EQ(box.controls.controls.at(Semitones).enabled, radio == BySemitone);
+            }
+            box.controls.SetText(SemitoneText, each.semitones);
+            box.controls.SetText(Frequency, each.frequency);
+            box.Press(LCommandOk);
+            EXPECT_EQ(box.ended, each.box.empty());
+        }};
+        Run([&](MemoryMainWindow&) {
+            Send({1401});
+            EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
+        });
+        EXPECT_EQ(Stored("autoplay"), "1") << "also where the rest is refused";
+        EXPECT_EQ(Stored("frequency increment step"), each.step);
+        EXPECT_EQ(Stored("semitone increment"), each.bySemitone);
+        EXPECT_EQ(Stored("semitoneval"), each.semitoneVal);
+        EXPECT_EQ(Stored("frequencyval"), each.frequencyVal);
+    }
+}
+
+TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
+    LUserSettingSet("settings", "semitone increment", false);
+    LUserSettingSetString("settings", "frequency increment step", "25");
+    LUserSettingSetString("settings", "semitoneval", "7");
+    const auto check = [](MemoryDialog& box) {
+        EXPECT_EQ(box.controls.GetText(Frequency), "25");
+        EXPECT_EQ(box.controls.GetText(SemitoneText), "7");
+        EXPECT_EQ(box.controls.GetValue(ByFrequency), 1);
+    };
+    dialogs = {[&](MemoryDialog& box) {
+                   check(box);
+                   box.Press(LCommandCancel);
+               },
+               [&](MemoryDialog& box) {
+                   check(box);
+                   box.Press(LCommandOk);
+               }};
+    Run([&](MemoryMainWindow& window) {
+        window.Choose(101);
+        EXPECT_TRUE(WaitForPlayback(1));
+        Send({1401});
+        EXPECT_EQ(output.opened, 1);
+        Send({1401});
+        EXPECT_TRUE(WaitForPlayback(2)) << "played anew";
+        Send({2101});
+        EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=1025.00Hz"});
+    });
+}
+
+} // namespace

@@ -1,0 +1,530 @@
+#include "gui/numeric_edit.h"
+#include "gui/process_dialog.h"
+#include "gui/qt/qt_icon.h"
+#include "gui/qt/qt_toolkit.h"
+#include "support/temp_dir.h"
+#include "support/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QDir>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include <csignal>
+
+namespace {
+
+/// Arguments and platform as the toolkit needs them before it is made.
+struct Offscreen {
+    Offscreen() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+    char name[5] = "test";
+    char* arguments[2] = {name, nullptr};
+    int count = 1;
+};
+
+/// A window on Qt's offscreen platform; `user` has it on the screen, and it closes afterwards.
+class QtGui : public testing::Test, private Offscreen {
+protected:
+    void Run(std::function<void(TestWindow&)> init, const std::function<void()>& user) {
+        window.init = std::move(init);
+        toolkit.Post([this, &user] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(Main()));
+            user();
+            if (Main())
+                Main()->close();
+        });
+        window.Run();
+    }
+    static QWidget* Main() {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->isVisible() && qobject_cast<QMainWindow*>(widget))
+                return widget;
+        return nullptr;
+    }
+    template <class T>
+    static T* Control(int id, QWidget* in = Main()) {
+        return in->findChild<T*>(QString::number(id));
+    }
+    static QTreeWidget* ListWidget() { return Control<QTreeWidget>(List); }
+    static QToolButton* ToolButton(const char* accessibleName) {
+        for (QToolButton* button : Main()->findChildren<QToolButton*>())
+            if (button->accessibleName() == accessibleName)
+                return button;
+        return nullptr;
+    }
+    static void ClickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
+        const QRect place = ListWidget()->visualItemRect(ListWidget()->topLevelItem(row));
+        QTest::mouseClick(ListWidget()->viewport(), Qt::LeftButton, modifiers, place.center());
+    }
+    /// Does something to the dialog, box or menu that opens next, once it is on the screen.
+    static void Then(const std::function<void(QWidget&)>& act) {
+        QTimer::singleShot(0, qApp, [act] {
+            QWidget* top = QApplication::activePopupWidget();
+            top = top ? top : QApplication::activeModalWidget();
+            if (!top || !QTest::qWaitForWindowExposed(top))
+                return Then(act);
+            EXPECT_TRUE(QApplication::activePopupWidget() || QTest::qWaitForWindowActive(top));
+            act(*top);
+        });
+    }
+
+    LQtToolkit toolkit{count, arguments};
+    TestWindow window{toolkit};
+};
+
+constexpr LKeyMapEntry Keys[] = {
+    {LKeyF1, 0, LCommandHelp}, {LKeyNone, ' ', 101},      {LKeyEscape, 0, 102},  {LKeyControl, 's', 1110},
+    {LKeyControl, 'w', 1402},  {LKeyKeypadPlus, 0, 2101}, {LKeyNone, '-', 2102}, {LKeyPageUp, 0, 5101},
+    {LKeyPageDown, 0, 5102},   {LKeyReturn, 0, 2103},
+};
+
+TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
+    static constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
+    Run(
+        [&](TestWindow& w) {
+            w.MakeList(3);
+            w.SetKeys(w, Keys);
+            w.SetStatusBar(status);
+            w.SetChoices(304, {"one", "two"});
+            w.list->SetCurrent(0);
+            w.list->SetFocus();
+            w.commands.clear();
+        },
+        [this] {
+            struct {
+                Qt::Key key;
+                Qt::KeyboardModifiers held;
+                Ints commands;
+            } const cases[] = {
+                {Qt::Key_F1, {}, {-LCommandHelp}},
+                {Qt::Key_Space, {}, {101}},
+                {Qt::Key_Escape, {}, {102}},
+                {Qt::Key_S, Qt::ControlModifier, {1110}},
+                {Qt::Key_W, Qt::ControlModifier, {1402}},
+                {Qt::Key_Plus, Qt::KeypadModifier, {2101}},
+                {Qt::Key_Plus, {}, {}},
+                {Qt::Key_Minus, {}, {2102}},
+                {Qt::Key_PageUp, {}, {5101}},
+                {Qt::Key_PageDown, {}, {5102}},
+                {Qt::Key_Return, {}, {2103}},
+                {Qt::Key_Enter, Qt::KeypadModifier, {2103}},
+                {Qt::Key_S, {}, {}},
+                {Qt::Key_Space, Qt::AltModifier, {}},
+                {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
+            };
+            EXPECT_EQ(QApplication::focusWidget(), ListWidget());
+            for (const auto& each : cases) {
+                window.commands.clear();
+                QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
+                EXPECT_EQ(window.commands, each.commands) << each.key;
+            }
+            EXPECT_EQ(window.list->GetSelection(), Ints{1});
+
+            window.commands.clear();
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
+            QApplication::sendEvent(ListWidget(), &held);
+            EXPECT_TRUE(window.commands.empty());
+            EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+
+            auto* chooser = Control<QComboBox>(304);
+            chooser->setFocus();
+            QTest::keyClick(chooser, Qt::Key_Escape);
+            QTest::keyClick(chooser, Qt::Key_Down);
+            QTest::keyClick(chooser, Qt::Key_PageDown);
+            EXPECT_EQ(window.commands, (Ints{102, 304})) << "keys that step a chooser stay with it";
+            EXPECT_EQ(window.GetValue(304), 1);
+        });
+}
+
+TEST_F(QtGui, ToolBarItemsLookAsTheirStateIs) {
+    using enum LToolBarItemKind;
+    static constexpr LToolBarItem items[] = {{Button, 1, "increase", "", "More"},
+                                             {Radio, 2111, "sine", "", "Sine"},
+                                             {Radio, 2112, "square", "", "Square"},
+                                             {Toggle, 122, "stereo", "", "Stereo"}};
+    Run(
+        [&](TestWindow& w) {
+            w.MakeList(1);
+            w.SetToolBarSmallIcons(200, w.small, items);
+            w.list->SetFocus();
+            // A window may refuse: what was pressed is then released again.
+            w.onCommand = [&w](int command) {
+                if (command == 122)
+                    w.small.SetState(122, w.commands.size() < 4);
+            };
+        },
+        [this] {
+            struct {
+                const char* pressed;
+                bool sine, square, stereo;
+            } const steps[] = {{"Sine", true, false, false},   {"Sine", true, false, false},
+                               {"Stereo", true, false, true},  {"Square", false, true, true},
+                               {"Stereo", false, true, false}, {"Stereo", false, true, false}};
+            for (const auto& step : steps) {
+                QTest::mouseClick(ToolButton(step.pressed), Qt::LeftButton);
+                EXPECT_EQ(ToolButton("Sine")->isChecked(), step.sine);
+                EXPECT_EQ(ToolButton("Square")->isChecked(), step.square);
+                EXPECT_EQ(ToolButton("Stereo")->isChecked(), step.stereo);
+            }
+            window.small.Enable(1, false);
+            QTest::mouseClick(ToolButton("More"), Qt::LeftButton);
+            EXPECT_EQ(window.commands, (Ints{2111, 2111, 122, 2112, 122, 122}));
+            EXPECT_EQ(ToolButton("More")->toolTip(), "More");
+            EXPECT_EQ(QApplication::focusWidget(), ListWidget()) << "a click leaves the keyboard in the list";
+        });
+}
+
+TEST_F(QtGui, TheListIsSelectedAsAList) {
+    Run([](TestWindow& w) { w.MakeList(6); },
+        [this] {
+            ClickRow(4);
+            ClickRow(1, Qt::ControlModifier);
+            ClickRow(2, Qt::ControlModifier);
+            EXPECT_EQ(window.list->GetSelection(), (Ints{4, 1, 2}));
+            window.list->MoveRow(4, 0);
+            ClickRow(5, Qt::ControlModifier);
+            EXPECT_EQ(window.list->GetSelection(), (Ints{0, 2, 3, 5}));
+            {
+                const LListRebuild rebuild(*window.list);
+                for (const std::uint32_t data : {5u, 4u, 9u})
+                    window.list->AppendRow("row", data);
+            }
+            EXPECT_EQ(window.list->GetSelection(), (Ints{1, 0}));
+            EXPECT_TRUE(ListWidget()->topLevelItem(0)->isSelected());
+            EXPECT_FALSE(ListWidget()->topLevelItem(2)->isSelected());
+            ClickRow(0);
+            window.commands.clear();
+            QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},
+                               ListWidget()->visualItemRect(ListWidget()->topLevelItem(0)).center());
+            EXPECT_EQ(window.commands, Ints{DoubleClick});
+            window.list->DeleteAll();
+            EXPECT_EQ(ListWidget()->topLevelItemCount(), 0);
+        });
+}
+
+constexpr LMenuEntry Entries[] = {{101, "Play"}, {102, "Stop"},       {0},           {-118, "Loop & Play"},
+                                  {-1, "Tones"}, {3001, "One & all"}, {3002, "Two"}, {-1}};
+
+TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
+    int chosen = -1;
+    Run(
+        [&](TestWindow& w) {
+            w.MakeList(3);
+            w.onCommand = [&](int command) {
+                if (command != RightClick)
+                    return;
+                LMenu menu(toolkit.CreatePopupMenu(), Entries);
+                menu.Enable(102, false);
+                menu.SetRadio(3001, 3002, 3002);
+                menu.SetCheck(118, true);
+                chosen = menu.Choose();
+            };
+        },
+        [&] {
+            const auto ask = [&](const std::function<void(QWidget&)>& act) {
+                Then(act);
+                QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+                QApplication::sendEvent(ListWidget(), &event);
+                return chosen;
+            };
+            EXPECT_EQ(ask([](QWidget& menu) {
+                          const QList<QAction*> actions = static_cast<QMenu&>(menu).actions();
+                          EXPECT_FALSE(actions[1]->isEnabled());
+                          EXPECT_TRUE(actions[3]->isChecked());
+                          EXPECT_EQ(actions[3]->text(), "&Loop && Play");
+                          const QList<QAction*> tones = actions[4]->menu()->actions();
+                          EXPECT_FALSE(tones[0]->isChecked());
+                          EXPECT_TRUE(tones[1]->isChecked());
+                          QTest::keyClick(&menu, Qt::Key_Down);
+                          QTest::keyClick(&menu, Qt::Key_Down); // over the one that can't be chosen
+                          QTest::keyClick(&menu, Qt::Key_Return);
+                      }),
+                      118);
+            EXPECT_EQ(ask([](QWidget& menu) { QTest::keyClick(&menu, Qt::Key_Escape); }), 0);
+        });
+}
+
+TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
+    static constexpr LMenuEntry bar[] = {
+        {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
+    Run(
+        [&](TestWindow& w) {
+            w.SetMenu(bar);
+            w.GetMenu().SetRadio(2108, 2109, 2108);
+            w.GetMenu().SetKeyText(118, "L");
+        },
+        [this] {
+            const QList<QAction*> items = Main()->findChildren<QMenu*>().at(0)->actions();
+            EXPECT_EQ(items[0]->text(), "&Loop\tL");
+            for (QAction* item : items)
+                item->trigger();
+            EXPECT_EQ(window.commands, (Ints{118, 2108, 2109}));
+            EXPECT_FALSE(items[0]->isChecked());
+            EXPECT_TRUE(items[1]->isChecked());
+            EXPECT_FALSE(items[2]->isChecked());
+        });
+}
+
+TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
+    struct {
+        Qt::Key key;
+        bool ok;
+        const char* text;
+    } const cases[] = {{Qt::Key_Return, true, "441"}, {Qt::Key_Escape, false, "440.0 Hz"}};
+    Run([](TestWindow&) {},
+        [&] {
+            for (const auto& each : cases) {
+                LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz");
+                Then([&](QWidget& dialog) {
+                    EXPECT_EQ(dialog.windowTitle(), "Edit Value");
+                    auto* input = Control<QLineEdit>(102, &dialog);
+                    EXPECT_EQ(input->selectedText(), "440.0 Hz");
+                    EXPECT_TRUE(input->hasFocus());
+                    QTest::keyClicks(input, "441");
+                    QTest::keyClick(input, each.key);
+                });
+                EXPECT_EQ(box.Open(window), each.ok);
+                EXPECT_EQ(box.GetText(), each.text);
+            }
+        });
+}
+
+constexpr LControlLayout FormControls[] = {
+    {101, LControlKind::Group, "Group", {20, 14, 360, 64}},
+    {102, LControlKind::CheckBox, "Check", {32, 48, 300, 20}},
+    {104, LControlKind::Radio, "First", {32, 90, 200, 20}},
+    {107, LControlKind::Radio, "Second", {32, 122, 200, 20}},
+    {108, LControlKind::NumberEdit, "", {250, 122, 58, 20}},
+    {109, LControlKind::NumberText, "", {}},
+    {110, LControlKind::List, "", {20, 150, 360, 100}, Widen | Heighten},
+    {LCommandHelp, LControlKind::Button, "Help", {20, 264, 100, 0}, MoveDown},
+    {LCommandOk, LControlKind::Button, "OK", {280, 264, 100, 0}, MoveDown | MoveRight},
+};
+constexpr LDialogLayout FormLayout{"Form", 400, 300, FormControls};
+
+class Form : public LDialog {
+public:
+    Form() : LDialog(FormLayout) {}
+    Texts seen;
+
+private:
+    void InitDialog() override {
+        SetRange(108, 1, 12);
+        SetValue(108, 11);
+        CheckButton(107, true);
+    }
+    void CmHelp() override { seen.emplace_back("help"); }
+    bool CmOk() override {
+        seen.push_back(GetText(109));
+        return GetText(109) != "13";
+    }
+};
+
+TEST_F(QtGui, ADialogStandsAsItsTableSaysAndGrows) {
+    Run([](TestWindow&) {},
+        [this] {
+            Form form;
+            Then([&](QWidget& dialog) {
+                const double unit = dialog.width() / 400.0;
+                const QRect inner = dialog.rect();
+                for (const LControlLayout& row : FormControls) {
+                    const auto* control = Control<QWidget>(row.id, &dialog);
+                    EXPECT_TRUE(row.id == 109 || inner.contains(control->geometry())) << row.id;
+                    EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
+                        << row.id;
+                }
+                dialog.resize(dialog.width() + 100, dialog.height() + 50);
+                EXPECT_EQ(Control<QWidget>(110, &dialog)->height(), qRound(100 * unit) + 50);
+                EXPECT_EQ(Control<QWidget>(LCommandOk, &dialog)->x(), qRound(280 * unit) + 100);
+                EXPECT_EQ(Control<QWidget>(LCommandHelp, &dialog)->x(), qRound(20 * unit));
+
+                QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
+                EXPECT_EQ(form.GetValue(104), 1);
+                EXPECT_EQ(form.GetValue(107), 0);
+                auto* number = Control<QAbstractSpinBox>(108, &dialog);
+                QTest::keyClick(number, Qt::Key_Up);
+                QTest::keyClick(number, Qt::Key_Up);
+                EXPECT_EQ(form.GetText(109), "12");
+                number->selectAll();
+                QTest::keyClicks(number, "13");
+                QTest::keyClick(&dialog, Qt::Key_F1);
+                QTest::keyClick(&dialog, Qt::Key_Return);
+                EXPECT_TRUE(dialog.isVisible()) << "OK was refused";
+                form.SetText(109, "12");
+                QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
+            });
+            EXPECT_TRUE(form.Open(window));
+            EXPECT_EQ(form.seen, (Texts{"help", "13", "12"}));
+        });
+}
+
+/// A job that only the user can end.
+struct EndlessJob {
+    std::function<void(QWidget&)> user;
+    int asked = 0;
+};
+
+LProcessResult Process(LProgressDialog& dialog, EndlessJob& job) {
+    for (job.asked = 0; job.asked < 10; ++job.asked) {
+        if (dialog.IsToStop())
+            return LProcessResult::Stopped;
+        dialog.PBSetProgress(ProgressBar, 0.425);
+        if (job.asked == 2)
+            job.user(*QApplication::activeModalWidget());
+    }
+    return LProcessResult::Completed;
+}
+
+TEST_F(QtGui, CancelEscapeAndClosingStopAJob) {
+    const std::function<void(QWidget&)> ways[] = {
+        [](QWidget& dialog) {
+            QTest::mouseClick(Control<QPushButton>(LCommandCancel, &dialog), Qt::LeftButton);
+        },
+        [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+        [](QWidget& dialog) { dialog.close(); }};
+    Run([](TestWindow&) {},
+        [&] {
+            for (const auto& way : ways) {
+                EndlessJob job{[&](QWidget& dialog) {
+                    EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
+                    way(dialog);
+                    EXPECT_TRUE(dialog.isVisible()) << "it goes when the job has returned";
+                }};
+                EXPECT_FALSE(ProcessDialogRun(window, "Saving", job));
+                EXPECT_EQ(job.asked, 3);
+                EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+            }
+        });
+}
+
+TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/a b.tdf")});
+    const auto drop = [&files](QWidget* on, int y) {
+        QDragEnterEvent enter(QPoint(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(on, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(on, &event);
+        QApplication::processEvents();
+    };
+    Run([](TestWindow& w) { w.MakeList(3); },
+        [&] {
+            EXPECT_FALSE(ListWidget()->acceptDrops());
+            window.log.clear();
+            drop(Main(), 50);
+            window.list->EnableDragging();
+            QTreeWidget* list = ListWidget();
+            const QRect second = list->visualItemRect(list->topLevelItem(1));
+            drop(list->viewport(), second.top() + 1);
+            drop(list->viewport(), second.bottom() - 1);
+            drop(list->viewport(), list->viewport()->height() - 1);
+            EXPECT_EQ(window.log, (Texts{"drop /a b.tdf", "drop /a b.tdf before 1", "drop /a b.tdf before 2",
+                                         "drop /a b.tdf before 3"}));
+        });
+}
+
+TEST_F(QtGui, TheGeometryIsTheFrames) {
+    int frameWidth = 0;
+    Run([](TestWindow&) {},
+        [&] {
+            const QRect expected(10, 20, 300, 400);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Main()->frameGeometry() == expected; }));
+            Main()->resize(420, 300);
+            frameWidth = Main()->frameGeometry().width() - 420;
+        });
+    EXPECT_EQ(window.log.at(window.log.size() - 2), "geometry " + std::to_string(420 + frameWidth));
+}
+
+TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
+    bool ok = true;
+    LMessageAnswer answer = LMessageAnswer::Yes;
+    Run([](TestWindow&) {},
+        [&] {
+            LNumericEdit box("Edit Value", "", "1");
+            Then([](QWidget&) { raise(SIGTERM); });
+            ok = box.Open(window);
+            answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
+            EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
+        });
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(answer, LMessageAnswer::No);
+    EXPECT_EQ(window.log.back(), "destroy");
+}
+
+TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
+    struct {
+        LMessageButtons buttons;
+        Qt::Key key;
+        LMessageAnswer answer;
+    } const cases[] = {{LMessageButtons::Ok, Qt::Key_Escape, LMessageAnswer::Ok},
+                       {LMessageButtons::OkCancel, Qt::Key_Return, LMessageAnswer::Ok},
+                       {LMessageButtons::OkCancel, Qt::Key_Escape, LMessageAnswer::Cancel},
+                       {LMessageButtons::YesNo, Qt::Key_Return, LMessageAnswer::Yes},
+                       {LMessageButtons::YesNo, Qt::Key_Escape, LMessageAnswer::No},
+                       {LMessageButtons::YesNoCancel, Qt::Key_Escape, LMessageAnswer::Cancel}};
+    for (const auto& each : cases) {
+        Then([&each](QWidget& box) {
+            EXPECT_EQ(box.windowTitle(), "Title");
+            EXPECT_EQ(static_cast<QMessageBox&>(box).text(), "<b>One\n\nTwo");
+            QTest::keyClick(&box, each.key);
+        });
+        EXPECT_EQ(LShowMessageBox("Title", "<b>One\r\n\r\nTwo", each.buttons), each.answer);
+    }
+}
+
+TEST_F(QtGui, AFileChooserStartsAsAsked) {
+    const TempDir dir;
+    WriteBytes(dir / "a.tdf", "");
+    static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    LFileChooser chooser{"Save tone as", "a.tdf", dir / "", filters, "tdf"};
+    Then([&](QWidget& widget) {
+        auto& dialog = static_cast<QFileDialog&>(widget);
+        EXPECT_EQ(dialog.windowTitle(), "Save tone as");
+        EXPECT_EQ(dialog.nameFilters(), (QStringList{"Tone file (*.tdf)", "Wave file (*.wav *.wave)"}));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "a.tdf");
+        dialog.selectNameFilter("Wave file (*.wav *.wave)");
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("new");
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    const auto chosen = toolkit.ChooseFile(chooser, LFilePurpose::Save);
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(chosen->path, dir / "new");
+    EXPECT_EQ(chosen->filter, 1);
+}
+
+TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
+    const QStringList names = QDir(":/icons").entryList();
+    EXPECT_GE(names.size(), 20);
+    for (const QColor& colour : {QColor(0x10, 0x20, 0x30), QColor(0xE0, 0xF0, 0xFF)}) {
+        QPalette palette = QApplication::palette();
+        palette.setColor(QPalette::ButtonText, colour);
+        QApplication::setPalette(palette);
+        for (const QString& name : names) {
+            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(16, 16).toImage();
+            int inked = 0;
+            for (int i = 0; i < 256; ++i)
+                if (const QColor pixel = picture.pixelColor(i % 16, i / 16); pixel.alpha() == 255)
+                    inked += pixel == colour ? 1 : -1000;
+            EXPECT_GT(inked, 3) << name.toStdString();
+        }
+    }
+    EXPECT_TRUE(MakeIcon("no such picture").isNull());
+}
+
+} // namespace

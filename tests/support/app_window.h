@@ -1,0 +1,93 @@
+#pragma once
+
+#include "app/command_ids.h"
+#include "app/main_dialog.h"
+#include "support/memory_toolkit.h"
+#include "support/owner.h"
+#include "support/temp_dir.h"
+#include "support/test_output.h"
+
+#include <gtest/gtest.h>
+
+using Ints = std::vector<int>;
+using Texts = std::vector<std::string>;
+
+/// The program without a display and with an output of the test's own: each run is one start of it, and what
+/// it keeps from one to the next is gone with the test.
+class App : public ::testing::Test {
+protected:
+    App() {
+        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            std::filesystem::remove_all(std::getenv(kept));
+    }
+
+    /// Starts the program with these arguments; `user` is all that happens to it, then the window is closed.
+    void Run(const std::function<void(MemoryMainWindow&)>& user, const Texts& given = {},
+             const std::function<void(MainDialog&)>& before = {}) {
+        std::vector<const char*> arguments = {"sonvire"};
+        for (const std::string& each : given)
+            arguments.push_back(each.c_str());
+        toolkit.emplace();
+        toolkit->dialogScripts = std::move(dialogs);
+        toolkit->chosenFiles = std::move(files);
+        toolkit->popupChoices = std::move(popupChoices);
+        MainDialog window(*toolkit, static_cast<int>(arguments.size()), arguments.data(),
+                          {.open = output.Opener(), .listNames = [] {
+                               return Texts{"Left Hall", "Studio"};
+                           }});
+        dialog = &window;
+        if (before)
+            before(window);
+        toolkit->running = [&] { user(*toolkit->mainWindow); };
+        window.Run();
+    }
+
+    /// Sends commands as the menu would, enabled or not.
+    void Send(const Ints& commands) {
+        for (const int command : commands)
+            dialog->Command(command);
+    }
+    MemoryList& List() { return toolkit->mainWindow->controls.controls.at(ControlList).list; }
+    MemoryControl& Control(int id) { return toolkit->mainWindow->controls.controls.at(id); }
+    /// The rows as "name=value".
+    Texts Rows() {
+        Texts rows;
+        for (const auto& row : List().rows)
+            rows.push_back(row[0] + "=" + row[1]);
+        return rows;
+    }
+    /// Runs events of both kinds until the condition holds.
+    bool Wait(const std::function<bool()>& holds) {
+        return WaitUntil(loop, [&] {
+            toolkit->DispatchPending();
+            return holds();
+        });
+    }
+    bool WaitForPlayback(int count) {
+        return Wait([&] { return output.opened == count; });
+    }
+
+    std::string WriteTone(const std::string& name, const SonvireData& tone) {
+        EXPECT_TRUE(tone.WriteToFile((folder / name).c_str()));
+        return folder / name;
+    }
+    /// A tone that shows 440.00Hz, and ends after a second where it is to.
+    static SonvireData Tone440(bool finite = false) {
+        SonvireData tone;
+        tone.startLeftHz[0] = 440;
+        if (finite)
+            tone.SetDuration(1000);
+        return tone;
+    }
+
+    // What the user will do.
+    std::deque<std::function<void(MemoryDialog&)>> dialogs;
+    std::deque<LChosenFile> files;
+    std::deque<int> popupChoices;
+
+    const TempDir folder;
+    LEventLoop loop;
+    TestOutput output;
+    std::optional<MemoryToolkit> toolkit; ///< of the last run
+    MainDialog* dialog = nullptr;
+};
