@@ -15,7 +15,7 @@ public:
     void Advance(int milliseconds) { shown = std::max(level, shown - 0.04 * milliseconds); }
 
     double GetDecibels() const { return shown; }
-    /// The part of the bar that is lit, in [0, 1].
+    /// How much of the bar is lit, in [0, 1].
     double GetFraction() const { return 1 - shown / Silence; }
     bool IsFalling() const { return shown > level; }
 
