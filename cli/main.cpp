@@ -12,6 +12,7 @@
 
 #include <csignal>
 
+// NOLINTNEXTLINE(bugprone-exception-escape): only options that are defined wrongly throw out of it
 int main(int argc, char** argv) {
     CLI::App program("Sonvire generates test tones.", "sonvire-cli");
     program.set_version_flag("--version", "sonvire-cli " SONVIRE_VERSION);

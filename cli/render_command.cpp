@@ -60,7 +60,8 @@ std::string WhyNotConvertible(const LSoundSource& source, const OutputFormat& fo
     if (changed && source->channels > 2)
         return "has " + std::to_string(source->channels) + " channels; only mono and stereo can be converted";
     const double frames = static_cast<double>(source->GetEndSample()) * format.rate / source->sampleRate;
-    const double bytes = frames * format.channels * (format.bits / 8);
+    const int bytesPerFrame = format.channels * (format.bits / 8);
+    const double bytes = frames * bytesPerFrame;
     if (frames > 2147483647.0 || bytes > 4294967040.0)
         return "is too long for a WAVE file, which holds 4 GiB";
     return {};

@@ -54,7 +54,7 @@ LSSRCCat::LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCo
 
 /// Goes on to the item at the cursor, at its start unless it is sought elsewhere right away.
 void LSSRCCat::Open(bool fromStart) {
-    Unload();
+    LSSRCCat::Unload(); // also while it is being built
     current.Close();
     silenceLeft = 0;
     if (IsAllOpened())

@@ -5,6 +5,8 @@
 /// A handle that shares an object with a plain reference count (`refCount`) and is never empty: where there
 /// is nothing to hold, `Null` stands in. Handles to one object must not be copied or released from two
 /// threads at once.
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDelete*, bugprone-unhandled-self-assignment): the analyser follows
+// neither the count nor the swap
 template <class Object, class Null>
 class LSharedHandle {
 public:
@@ -33,3 +35,4 @@ public:
 private:
     Object* held;
 };
+// NOLINTEND(clang-analyzer-cplusplus.NewDelete*, bugprone-unhandled-self-assignment)
