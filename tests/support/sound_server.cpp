@@ -59,7 +59,7 @@ void EndProcess(pid_t process, int signal) {
 }
 
 SoundServer::SoundServer() {
-    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME"})
+    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"})
         setenv(variable, Path("").c_str(), 1);
     unsetenv("PULSE_SERVER");
 }
