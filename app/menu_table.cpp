@@ -2,9 +2,22 @@
 
 #include "app/command_ids.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace {
 
-constexpr LMenuEntry MainMenu[] = {
+/// The tables behind one another.
+template <std::size_t... Sizes>
+constexpr auto Join(const LMenuEntry (&... parts)[Sizes]) {
+    std::array<LMenuEntry, (Sizes + ...)> all{};
+    auto next = all.begin();
+    ((next = std::copy(std::begin(parts), std::end(parts), next)), ...);
+    return all;
+}
+
+constexpr LMenuEntry FileAndToneMenu[] = {
     {-1, "File"},
     {CommandLoadTone, "Load Tone..."},
     {CommandSaveAsTone, "Save As Tone..."},
@@ -20,6 +33,10 @@ constexpr LMenuEntry MainMenu[] = {
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value"},
+};
+
+/// What the Tone menu and the list's own menu have in common.
+constexpr LMenuEntry ToneChoices[] = {
     {0},
     {-1, "Number of Tones"},
     {3001, "1"},
@@ -57,6 +74,9 @@ constexpr LMenuEntry MainMenu[] = {
     {CommandFirstWaveform + 4, "Impulse"},
     {CommandWhiteNoise, "White Noise"},
     {CommandPinkNoise, "Pink Noise"},
+};
+
+constexpr LMenuEntry RestOfMainMenu[] = {
     {-1},
     {-1, "Playback"},
     {CommandPlay, "Play"},
@@ -73,48 +93,14 @@ constexpr LMenuEntry MainMenu[] = {
     {-1},
 };
 
-constexpr LMenuEntry ListMenu[] = {
+constexpr LMenuEntry ListValues[] = {
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value..."},
-    {0},
-    {-1, "Number of Tones"},
-    {3001, "1"},
-    {3002, "2"},
-    {3003, "3"},
-    {3004, "4"},
-    {3005, "5"},
-    {3006, "6"},
-    {3007, "7"},
-    {3008, "8"},
-    {3009, "9"},
-    {3010, "10"},
-    {3011, "11"},
-    {3012, "12"},
-    {3013, "13"},
-    {3014, "14"},
-    {3015, "15"},
-    {3016, "16"},
-    {-1},
-    {0},
-    {CommandContinuous, "Constant (Continuous)"},
-    {CommandSpecifiedDuration, "Constant (Specified Duration)"},
-    {CommandSweepLinear, "Sweep (Linear)"},
-    {CommandSweepLog, "Sweep (Log)"},
-    {0},
-    {CommandMono, "Mono"},
-    {CommandStereo, "Stereo"},
-    {0},
-    {-CommandVariableAmplitude, "Variable Amplitude"},
-    {0},
-    {CommandFirstWaveform + 0, "Sine"},
-    {CommandFirstWaveform + 1, "Square"},
-    {CommandFirstWaveform + 2, "Triangular"},
-    {CommandFirstWaveform + 3, "Saw Tooth"},
-    {CommandFirstWaveform + 4, "Impulse"},
-    {CommandWhiteNoise, "White Noise"},
-    {CommandPinkNoise, "Pink Noise"},
 };
+
+constexpr auto MainMenu = Join(FileAndToneMenu, ToneChoices, RestOfMainMenu);
+constexpr auto ListMenu = Join(ListValues, ToneChoices);
 
 } // namespace
 

@@ -94,14 +94,18 @@ LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool
     return result;
 }
 
+/// True where `file` is what the output leads to.
+bool IsWritten(const std::string& output, const std::string& file) {
+    return IsSameFile(file.c_str(), output == "-" ? "/dev/stdout" : output.c_str());
+}
+
 /// Why this output must not be written for this input; empty where it may.
 std::string WhyNotWritable(const std::string& output, const SoundInput& input) {
-    const char* const written = output == "-" ? "/dev/stdout" : output.c_str();
     const std::string extension = ToLower(GetPathExtension(output));
     if (extension == ".tdf" || extension == ".tdl")
         return "is no name for a WAVE file";
     for (const std::string& file : input.files)
-        if (IsSameFile(file.c_str(), written))
+        if (IsWritten(output, file))
             return "is read by the input";
     return {};
 }
@@ -136,7 +140,7 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
 
 int RenderFile(const RenderOptions& options) {
     const std::string& path = options.files.front();
-    if (IsSameFile(path.c_str(), options.files.back().c_str()))
+    if (IsWritten(options.files.back(), path))
         return Refuse(options.files.back(), "is the input itself");
     return RenderInput(options, path, OpenSoundInput(path, options.tone.durationMs, SoundLength::Finite));
 }

@@ -74,10 +74,10 @@ private:
 
     void SetComponents() {
         made.tone.numTones = static_cast<std::uint8_t>(options.tones.value_or(CountComponents()));
-        SetFrequencies("--frequency", options.frequency, made.tone.startLeftHz);
+        SetValues("--frequency", options.frequency, made.tone.startLeftHz);
         if (!options.right.empty()) {
             SetFlag(ToneFlagStereo);
-            SetFrequencies("--right", options.right, made.tone.startRightHz);
+            SetValues("--right", options.right, made.tone.startRightHz);
         }
         SetSweep();
         if (!options.amplitude.empty())
@@ -106,14 +106,14 @@ private:
         SetFlag(ToneFlagDuration);
         if (options.sweep == "log")
             SetFlag(ToneFlagLogSweep);
-        SetFrequencies("--end", options.end, made.tone.endLeftHz);
+        SetValues("--end", options.end, made.tone.endLeftHz);
         if (!options.endRight.empty())
-            SetFrequencies("--end-right", options.endRight, made.tone.endRightHz);
+            SetValues("--end-right", options.endRight, made.tone.endRightHz);
     }
 
     void SetAmplitudes() {
         double decibels[MaxTones];
-        SetFrequencies("--amplitude", options.amplitude, decibels);
+        SetValues("--amplitude", options.amplitude, decibels);
         if (!made.problem.empty())
             return;
         SetFlag(ToneFlagVariableAmplitude);
@@ -126,7 +126,7 @@ private:
     }
 
     /// One value per component, or one for all.
-    void SetFrequencies(const std::string& option, const std::string& text, double (&values)[MaxTones]) {
+    void SetValues(const std::string& option, const std::string& text, double (&values)[MaxTones]) {
         const std::vector<std::string> parts = SplitAtCommas(text);
         const std::size_t count = made.tone.numTones;
         if (count < 1 || count > MaxTones)

@@ -135,6 +135,7 @@ TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
     EXPECT_EQ(missing.status, 2);
     EXPECT_THAT(missing.errors, HasSubstr("list.txt: No such file"));
     WriteBytes(Path("list.txt"), "100ms silence.\n");
+    EXPECT_EQ(RunCli("render " + Path("t.tdf") + " - 1<>" + Path("t.tdf")).status, 2) << "the input itself";
     for (const std::string& output : {Path("list.txt"), "- 1<>" + Path("list.txt")}) {
         EXPECT_EQ(RunCli("render " + Path("t.tdf") + " " + output).status, 2) << output;
         EXPECT_EQ(ReadBytes(Path("list.txt")), "100ms silence.\n");

@@ -59,13 +59,20 @@ void EndProcess(pid_t process, int signal) {
 }
 
 SoundServer::SoundServer() {
-    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"})
+    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"}) {
+        if (const char* value = getenv(variable))
+            environment[variable] = value;
+        else
+            environment[variable] = std::nullopt;
         setenv(variable, Path("").c_str(), 1);
+    }
     unsetenv("PULSE_SERVER");
 }
 
 SoundServer::~SoundServer() {
     Kill();
+    for (const auto& [variable, value] : environment)
+        value ? setenv(variable.c_str(), value->c_str(), 1) : unsetenv(variable.c_str());
 }
 
 bool SoundServer::Start() {

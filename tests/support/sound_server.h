@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -32,7 +33,8 @@ public:
 
 private:
     const TempDir folder;
-    std::map<std::string, std::string> modules; ///< of the outputs, by name
+    std::map<std::string, std::string> modules;                    ///< of the outputs, by name
+    std::map<std::string, std::optional<std::string>> environment; ///< as it was before
     pid_t process = -1;
 };
 
