@@ -2,7 +2,6 @@
 
 #include "refusal.h"
 #include "sys/file.h"
-#include "sys/replaced_file.h"
 #include "text.h"
 #include "tone_options.h"
 
@@ -11,7 +10,6 @@
 #include <CLI/Formatter.hpp>
 
 #include <cerrno>
-#include <cstring>
 #include <memory>
 
 namespace {
@@ -27,13 +25,8 @@ int Make(const MakeOptions& options) {
         return Misuse(described.problem);
     if (ToLower(GetPathExtension(options.output)) != ".tdf")
         return Refuse(options.output, "is no name for a tone file, which ends in .tdf");
-    LReplacedFile file(options.output);
-    if (!file.GetError().empty())
-        return Refuse(options.output, "can't be created: " + file.GetError());
-    if (!described.tone.WriteToFile(file.GetPathToWrite().c_str()))
-        return Refuse(options.output, std::string("could not be written: ") + std::strerror(errno));
-    if (!file.Commit())
-        return Refuse(options.output, "can't be put in place: " + file.GetError());
+    if (!described.tone.WriteToFile(options.output.c_str()))
+        return Refuse(options.output, "can't be written: " + ExplainError(errno));
     return ExitCompleted;
 }
 

@@ -1,5 +1,7 @@
 #include "sys/file.h"
 
+#include "sys/replaced_file.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -37,6 +39,14 @@ class LockedFile : public LOpenFile {
 public:
     LockedFile(const char* path, int flags, int lock) : LOpenFile(OpenLocked(path, flags, lock)) {}
 };
+
+/// Replaces what is in the file; true only once all of it is on the disk.
+bool WriteAll(LockedFile file, const void* data, unsigned int size) {
+    if (!file.IsOpen())
+        return false;
+    file.Truncate(0);
+    return file.Write(data, size) && file.Sync();
+}
 
 } // namespace
 
@@ -104,6 +114,10 @@ bool LOpenFile::SkipForward(std::int64_t bytes) {
     return lseek(descriptor, bytes, SEEK_CUR) >= 0;
 }
 
+bool LOpenFile::Sync() {
+    return fsync(descriptor) == 0 || errno == EINVAL || errno == EROFS; // a device has nothing to bring there
+}
+
 bool LOpenFile::Truncate(std::int64_t size) {
     return ftruncate(descriptor, size) == 0;
 }
@@ -155,12 +169,28 @@ bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
 }
 
 bool LFile::SaveFile(const char* path, const void* data, unsigned int size) {
-    // Truncated only once the lock is held, so that a file in another program's hands keeps its content.
-    LockedFile file(path, O_WRONLY | O_CREAT, LOCK_EX);
-    if (!file.IsOpen())
+    // Held until the new content stands: a file in another program's hands keeps its own.
+    LockedFile old(path, O_WRONLY, LOCK_EX);
+    if (!old.IsOpen() && errno != ENOENT)
         return false;
-    file.Truncate(0);
-    return file.Write(data, size);
+    LReplacedFile file(path);
+    if (!file.IsWrittenDirectly())
+        return WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size) &&
+               file.Commit();
+    if (!file.GetError().empty() && errno != EACCES)
+        return false;
+    // A device, or a file that may be written in a folder that may not.
+    return WriteAll(old.IsOpen() ? std::move(old) : LockedFile(path, O_WRONLY | O_CREAT, LOCK_EX), data,
+                    size);
+}
+
+bool LFile::CopyFile(const char* from, const char* to) {
+    LSharedReadFile file(from);
+    if (!file.IsOpen() || IsSameFile(from, to))
+        return file.IsOpen();
+    std::string content(static_cast<std::size_t>(file.GetSize()), '\0');
+    content.resize(file.Read(content.data(), content.size()));
+    return SaveFile(to, content.data(), static_cast<unsigned int>(content.size()));
 }
 
 bool IsSameFile(const char* path, const char* otherPath) {
@@ -187,6 +217,10 @@ std::string WhyUnreadable(const char* path) {
     if (!S_ISREG(info.st_mode))
         return "Is not a regular file";
     return access(path, R_OK) == 0 ? "" : std::strerror(errno);
+}
+
+std::string ExplainError(int error) {
+    return error == EWOULDBLOCK ? "another program is using it" : std::strerror(error);
 }
 
 std::string GetPathExtension(const std::string& path) {

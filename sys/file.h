@@ -29,6 +29,7 @@ public:
     bool SeekTo(std::int64_t offset);
     bool SkipForward(std::int64_t bytes);
     bool Truncate(std::int64_t size);
+    bool Sync(); ///< waits until what was written has reached the disk
 
 protected:
     explicit LOpenFile(int opened) : descriptor(opened) {}
@@ -116,8 +117,11 @@ public:
     /// ignored.
     static bool LoadFile(const char* path, void* data, unsigned int size);
     /// Replaces the file's content under an exclusive advisory lock that is not waited for: a file that
-    /// another program holds is left alone. True only when all of it was written.
+    /// another program holds is left alone. True only when all of it was written; otherwise `errno` says
+    /// why, and the file is as it was, but for one in a folder that takes no new files.
     static bool SaveFile(const char* path, const void* data, unsigned int size);
+    /// Saves what is in one file, of up to 4 GiB, as another; the same answer.
+    static bool CopyFile(const char* from, const char* to);
 };
 
 /// True where both paths lead to one existing file, whatever links lie between.
@@ -130,6 +134,9 @@ std::string GetFolder(const std::string& path);
 
 /// Why `path` cannot be read as a file, in words for the user; empty where it can.
 std::string WhyUnreadable(const char* path);
+
+/// What an `errno` of this file's functions means, in words for the user.
+std::string ExplainError(int error);
 
 /// The path's extension with its dot: the text from the last "." of the whole path, empty without one.
 std::string GetPathExtension(const std::string& path);

@@ -1,3 +1,4 @@
+#include "support/full_disk.h"
 #include "support/temp_dir.h"
 #include "sys/file.h"
 #include "sys/replaced_file.h"
@@ -50,6 +51,25 @@ TEST(ReplacedFile, OldOrNewButNothingBetween) {
     stat(path.c_str(), &info);
     EXPECT_EQ(info.st_mode & 0777, 0640u);
     EXPECT_EQ(dir.CountFiles(), 2u) << "nothing temporary stays";
+}
+
+TEST(File, ASaveThatFailsLeavesTheOldContent) {
+    const TempDir dir;
+    const std::string path = dir / "kept";
+    WriteBytes(path, "precious");
+    {
+        const FullDisk full;
+        EXPECT_FALSE(LFile::SaveFile(path.c_str(), "xx", 2));
+        EXPECT_EQ(ExplainError(errno), "File too large");
+        EXPECT_FALSE(LFile::SaveFile((dir / "new").c_str(), "xx", 2));
+    }
+    EXPECT_EQ(ReadBytes(path), "precious");
+    EXPECT_EQ(dir.CountFiles(), 1U) << "nothing half written stays";
+    EXPECT_TRUE(LFile::CopyFile(path.c_str(), path.c_str()));
+    EXPECT_TRUE(LFile::CopyFile(path.c_str(), (dir / "copy").c_str()));
+    EXPECT_EQ(ReadBytes(path) + ReadBytes(dir / "copy"), "preciousprecious");
+    EXPECT_FALSE(LFile::CopyFile((dir / "gone").c_str(), path.c_str()));
+    EXPECT_EQ(ReadBytes(path), "precious");
 }
 
 TEST(ReplacedFile, ALinkIsNeverReplaced) {
