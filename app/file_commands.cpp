@@ -1,16 +1,19 @@
 #include "app/file_extension.h"
+#include "app/file_reports.h"
+#include "app/list_entries.h"
 #include "app/main_dialog.h"
 #include "app/tone_commands.h"
 #include "gui/file_chooser.h"
 #include "gui/process_dialog.h"
 #include "sound/render_job.h"
 #include "sound/wave_file.h"
+#include "sys/file.h"
 #include "sys/message_box.h"
 #include "sys/replaced_file.h"
 #include "sys/settings.h"
 #include "tone/tone_engine.h"
 
-#include <cstring>
+#include <cerrno>
 
 namespace {
 
@@ -20,22 +23,14 @@ constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
-std::string ReadText(const char* key) {
-    std::string text;
-    LUserSettingGetString("settings", key, "", text);
-    return text;
-}
-
 /// Where the last tone file was.
 LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, ReadText("file"), ReadText("filedir"), filters, "tdf"};
+    return {title, LUserSettingGetText("settings", "file"), LUserSettingGetText("settings", "filedir"),
+            filters, "tdf"};
 }
 
-void ReportUnwritten(const std::string& path, const std::string& reason) {
-    LShowMessageBox("Error", "The file \"" + path + "\" can't be written: " + reason + ".");
-}
-
-/// Writes the whole sound or nothing: a file that was there before stays as it was until then.
+/// A file that was there before, which the source may read, stays as it was until then. What the user has
+/// stopped is kept as far as it got; what could not be written is not.
 void Render(LWindow& parent, const LSoundSource& source, const std::string& path) {
     LReplacedFile file(path);
     if (!file.GetError().empty()) {
@@ -49,8 +44,8 @@ void Render(LWindow& parent, const LSoundSource& source, const std::string& path
     dialog.Open(parent);
     sink->Finish();
     if ((sink->status & (SinkUnusable | SinkFellShort)) != 0)
-        ReportUnwritten(path, std::strerror(sink->writeError));
-    else if (dialog.GetResult() == LProcessResult::Completed && !file.Commit())
+        ReportUnwritten(path, ExplainError(sink->writeError));
+    else if (dialog.GetResult() != LProcessResult::Failed && !file.Commit())
         ReportUnwritten(path, file.GetError());
 }
 
@@ -74,8 +69,10 @@ void MainDialog::CmSaveAsTDF() {
 }
 
 void MainDialog::CmSave() {
-    if (IsList(tone))
+    if (IsList(tone)) {
+        CmSaveList();
         return;
+    }
     LFileChooser chooser = MakeToneChooser("Save tone as", SaveFilters);
     const std::string path = LChooseFileToSave(*this, chooser);
     if (path.empty())
@@ -91,7 +88,8 @@ void MainDialog::CmSaveAsWav() {
         SaveWave({}); // which says why not
         return;
     }
-    LFileChooser chooser{"Save As Wav File", "", ReadText("filedir"), WaveFilters, "wav"};
+    LFileChooser chooser{"Save As Wav File", "", LUserSettingGetText("settings", "filedir"), WaveFilters,
+                         "wav"};
     if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
         SaveWave(path);
 }
@@ -100,7 +98,7 @@ void MainDialog::SaveTone(const std::string& path) {
     LUserSettingSetString("settings", "file", path);
     LUserSettingSetString("settings", "filedir", GetFolder(path));
     if (!tone.WriteToFile(path.c_str()))
-        ReportUnwritten(path, std::strerror(errno));
+        ReportUnwritten(path, ExplainError(errno));
 }
 
 void MainDialog::SaveWave(const std::string& path) {
@@ -113,13 +111,8 @@ void MainDialog::SaveWave(const std::string& path) {
         return;
     }
     LUserSettingSetString("settings", "filedir", GetFolder(path));
+    const bool replacesItsOwn = IsList(tone) && IsReadByList(path, tone.GetListPath());
     Render(*this, OpenToneEngine(tone), path);
-}
-
-/// Makes the list at `listPath` the current tone.
-void MainDialog::CmEditList() {
-    LUserSettingSetString("tonelist", "editlist", tone.GetListPath());
-    tone.waveform = ToneFromList;
-    tone.flags |= ToneFlagDuration;
-    RelistandStart();
+    if (replacesItsOwn)
+        RelistandStart();
 }

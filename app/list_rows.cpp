@@ -1,4 +1,5 @@
 #include "app/command_ids.h"
+#include "app/list_entries.h"
 #include "app/main_dialog.h"
 #include "app/menu_table.h"
 #include "app/tone_commands.h"
@@ -6,7 +7,6 @@
 #include "gui/toolkit.h"
 #include "sys/file.h"
 #include "sys/message_box.h"
-#include "sys/text_reader.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
 
@@ -29,13 +29,11 @@ void MainDialog::InsertListViewItem(unsigned int item) {
 /// is meant.
 void MainDialog::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
-    LTextReader reader(path.c_str());
-    if (!reader.IsOpen())
+    std::vector<std::string> lines;
+    if (!ReadToneListLines(lines, path.c_str()))
         return;
-    std::string line;
-    for (int count = 0; count < MaxListEntries && reader.ReadLine(line); ++count) {
-        const bool silence = line.find(SilenceSuffix) != std::string::npos;
-        if (!silence && !FileExists(FindListEntry(line, GetFolder(path)).c_str()))
+    for (const std::string& line : lines) {
+        if (!IsSilence(line) && !FileExists(FindListEntry(line, GetFolder(path)).c_str()))
             LShowMessageBox("Error", "File \"" + line + "\" does not exist.");
         list->AppendRow(line, item);
     }
@@ -80,7 +78,7 @@ bool MainDialog::ChangeListViewData() {
 
 void MainDialog::CmToneEditValue() {
     if (IsList(tone))
-        CmEditList();
+        CmEditList(tone.GetListPath());
     else if (ChangeListViewData())
         Restart();
 }

@@ -83,8 +83,14 @@ bool MainDialog::RunFileCommand(int command) {
     case CommandSaveAsWav:
         CmSaveAsWav();
         return true;
+    case CommandNewList:
+        CmCreateList();
+        return true;
     case CommandLoadList:
-        EnableControls(); // the item was pressed, and the tone is no list for that
+        CmLoadList();
+        return true;
+    case CommandSaveList:
+        CmSaveList();
         return true;
     default:
         return false;

@@ -75,7 +75,6 @@ private:
     // open_files.cpp: documents from outside.
     void CmLoadFile(const char* path) override;
     void EvRunArguments(const char* const* arguments, int count) override;
-    bool ReadTone(const std::string& path);
     void OpenArgument(const std::string& path);
 
     // file_commands.cpp
@@ -83,9 +82,16 @@ private:
     void CmSave();
     void CmSaveAsTDF();
     void CmSaveAsWav();
-    void CmEditList();
     void SaveTone(const std::string& path);
     void SaveWave(const std::string& path);
+
+    // list_commands.cpp
+    void CmCreateList();
+    void CmEditList(const std::string& path);
+    void CmLoadList();
+    void CmSaveList();
+    bool EditList(const std::string& path);
+    bool CopyList(const std::string& list, const std::string& path);
 
     LToolBar smallToolBar;
     LSoundPlayer player;

@@ -1,6 +1,6 @@
 #include "app/file_extension.h"
+#include "app/file_reports.h"
 #include "app/main_dialog.h"
-#include "sys/file.h"
 #include "sys/message_box.h"
 #include "sys/settings.h"
 
@@ -13,35 +13,27 @@ bool HasExtension(const std::string& path, const char* extension) {
     return strcasecmp(GetFileExtension(path).c_str(), extension) == 0;
 }
 
-/// As a path that still leads there at the next start, from another folder.
-void SetListPath(SonvireData& tone, const std::string& path) {
+/// So that it still leads there at the next start, from another folder.
+std::string MakeAbsolute(const std::string& path) {
     std::error_code error;
     const std::filesystem::path full = std::filesystem::absolute(path, error);
-    const std::string& kept = error ? path : full.native();
-    const std::size_t length = kept.copy(tone.listPath, sizeof tone.listPath - 1);
-    tone.listPath[length] = 0;
+    return error ? path : full.native();
+}
+
+/// One that can't be read leaves the tone as it was.
+void ReadTone(SonvireData& tone, const std::string& path) {
+    SonvireData read;
+    if (ReadToneFile(read, path))
+        tone = read;
 }
 
 } // namespace
-
-/// Takes the file as the current tone; one that can't be read leaves the tone as it was.
-bool MainDialog::ReadTone(const std::string& path) {
-    SonvireData read;
-    if (!read.ReadFromFile(path.c_str())) {
-        const std::string reason = WhyUnreadable(path.c_str());
-        LShowMessageBox("Error", "The file \"" + path + "\" can't be read: " +
-                                     (reason.empty() ? "it is no tone file" : reason) + ".");
-        return false;
-    }
-    tone = read;
-    return true;
-}
 
 void MainDialog::CmLoadFile(const char* path) {
     LUserSettingSetString("settings", "file", path);
     LUserSettingSetString("settings", "filedir", GetFolder(path));
     if (GetFileExtension(path) == ".tdf")
-        ReadTone(path);
+        ReadTone(tone, path);
     else
         LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
     RelistandStart();
@@ -57,11 +49,10 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
 /// capitals.
 void MainDialog::OpenArgument(const std::string& path) {
     if (HasExtension(path, ".tdf")) {
-        ReadTone(path);
+        ReadTone(tone, path);
         RelistandStart();
     } else if (HasExtension(path, ".tdl")) {
-        SetListPath(tone, path);
-        CmEditList();
+        CmEditList(MakeAbsolute(path));
     } else if (!GetFileExtension(path).empty()) {
         LShowMessageBox("Unrecognized file type.", "Sonvire does not process this type of file.",
                         LMessageButtons::OkCancel);

@@ -14,12 +14,6 @@ constexpr const char* StepKey = "frequency increment step";
 constexpr int LeastSemitones = 1;
 constexpr int MostSemitones = 12;
 
-std::string ReadText(const char* key, const char* fallback) {
-    std::string text;
-    LUserSettingGetString(Section, key, fallback, text);
-    return text;
-}
-
 std::string Trimmed(const std::string& text) {
     constexpr const char* Blanks = " \t\r\n";
     const std::size_t first = text.find_first_not_of(Blanks);
@@ -34,14 +28,14 @@ SetDlg::SetDlg() : LDialog(SetDlgLayout) {}
 void SetDlg::InitDialog() {
     CheckButton(SetAutoplay, LUserSettingGet(Section, "autoplay", false));
     SetRange(SetSemitones, LeastSemitones, MostSemitones);
-    SetText(SetFrequency, ReadText("frequencyval", "1.0"));
+    SetText(SetFrequency, LUserSettingGetText(Section, "frequencyval", "1.0"));
     SetValue(SetSemitones, LUserSettingGet(Section, "semitoneval", 1));
     const bool bySemitone = LUserSettingGet(Section, "semitone increment", true);
     CheckButton(bySemitone ? SetBySemitone : SetByFrequency, true);
     if (bySemitone)
         SetValue(SetSemitones, LUserSettingGet(Section, StepKey, 1));
     else
-        SetText(SetFrequency, ReadText(StepKey, "1.0"));
+        SetText(SetFrequency, LUserSettingGetText(Section, StepKey, "1.0"));
     SetToolTip(SetFrequency, "Frequency");
     SetToolTip(SetSemitones, "SemiTone");
 }

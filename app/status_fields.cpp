@@ -2,12 +2,11 @@
 
 #include "app/command_ids.h"
 #include "app/product.h"
+#include "app/time_text.h"
 #include "sound/play_device.h"
 #include "sys/settings.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <strings.h>
 
 namespace {
@@ -30,21 +29,12 @@ bool IsSameName(const std::string& name, const std::string& other) {
 
 } // namespace
 
-std::string FormatPosition(LSoundTime time) {
-    const int tenths = std::max(0, time.GetMilliseconds()) / 100;
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%02d:%02d.%d", tenths / 600, tenths / 10 % 60, tenths % 10);
-    return text.data();
-}
-
 std::span<const LStatusItem> StatusFields::GetItems() {
     return Items;
 }
 
 std::string StatusFields::ReadDevice() {
-    std::string name;
-    LUserSettingGetString("Settings", "OutDevice", LSoundPlayDevice::DefaultName, name);
-    return name;
+    return LUserSettingGetText("Settings", "OutDevice", LSoundPlayDevice::DefaultName);
 }
 
 LDB StatusFields::ReadVolume() {
@@ -74,7 +64,7 @@ void StatusFields::SetDevices(const std::vector<std::string>& names) {
 
 void StatusFields::ShowPosition(LSoundTime position) {
     const bool ends = length.GetMilliseconds() > 0;
-    window.SetText(ControlPosition, FormatPosition(position) + (ends ? " / " + FormatPosition(length) : ""));
+    window.SetText(ControlPosition, FormatTime(position) + (ends ? " / " + FormatTime(length) : ""));
 }
 
 void StatusFields::ShowLevels(const LDBMC& levels) {

@@ -40,6 +40,3 @@ private:
     LWindow& window;
     LSoundTime length;
 };
-
-/// Minutes, seconds and tenths: "02:03.4".
-std::string FormatPosition(LSoundTime time);

@@ -68,6 +68,11 @@ int GetModeCommand(const SonvireData& tone) {
     return tone.HasFlag(ToneFlagLogSweep) ? CommandSweepLog : CommandSweepLinear;
 }
 
+void SetListPath(SonvireData& tone, const std::string& path) {
+    const std::size_t length = path.copy(tone.listPath, sizeof tone.listPath - 1);
+    tone.listPath[length] = 0;
+}
+
 bool IsList(const SonvireData& tone) {
     return tone.waveform == ToneFromList;
 }

@@ -63,6 +63,13 @@ bool LUserSettingGetString(const std::string& section, const std::string& key, c
     return true;
 }
 
+std::string LUserSettingGetText(const std::string& section, const std::string& key,
+                                const std::string& fallback) {
+    std::string value;
+    LUserSettingGetString(section, key, fallback, value);
+    return value;
+}
+
 void LUserSettingSetString(const std::string& section, const std::string& key, const std::string& value) {
     Store store;
     const WriteLock lock(store);

@@ -15,6 +15,9 @@ inline constexpr int MaxSettingBytes = 259;
 /// Sets `value` to the stored text; to `fallback`, with false, where nothing is stored.
 bool LUserSettingGetString(const std::string& section, const std::string& key, const std::string& fallback,
                            std::string& value);
+/// The stored text alone, or `fallback`.
+std::string LUserSettingGetText(const std::string& section, const std::string& key,
+                                const std::string& fallback = {});
 void LUserSettingSetString(const std::string& section, const std::string& key, const std::string& value);
 void LUserSettingDeleteItem(const std::string& section, const std::string& key);
 

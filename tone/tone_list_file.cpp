@@ -7,9 +7,7 @@
 
 #include <algorithm>
 
-namespace {
-
-ToneItem ParseLine(std::string line) {
+ToneItem ParseToneListLine(std::string line) {
     line.resize(std::min(line.size(), line.find('\0'))); // a text ends at its first zero byte
     const std::size_t suffix = line.find(SilenceSuffix);
     if (suffix == std::string::npos || line.back() != '.')
@@ -17,20 +15,26 @@ ToneItem ParseLine(std::string line) {
     return ToneItem(LSoundTime(ParseLeadingInt(line.substr(0, suffix).c_str())));
 }
 
-} // namespace
-
-void GetToneListFromFile(LList<ToneItem>& list, const char* path) {
+bool ReadToneListLines(std::vector<std::string>& lines, const char* path) {
     LTextReader reader(path);
     std::string line;
-    for (int count = 0; reader.ReadLine(line); ++count) {
-        if (count == MaxListEntries) {
+    while (reader.ReadLine(line)) {
+        if (lines.size() == MaxListEntries) {
             LShowMessageBox("Tone list", std::string("The list \"") + path + "\" has more than " +
                                              std::to_string(MaxListEntries) +
                                              " lines. The last ones are left out.");
-            return;
+            break;
         }
-        list.push_front(ParseLine(line));
+        lines.push_back(line);
     }
+    return reader.IsOpen();
+}
+
+void GetToneListFromFile(LList<ToneItem>& list, const char* path) {
+    std::vector<std::string> lines;
+    ReadToneListLines(lines, path);
+    for (std::string& line : lines)
+        list.push_front(ParseToneListLine(std::move(line)));
 }
 
 bool WriteToneListFile(const char* path, const std::vector<std::string>& rows) {

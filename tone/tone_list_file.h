@@ -29,9 +29,16 @@ inline constexpr const char* SilenceSuffix = "ms silence.";
 /// The most entries that one file is read for; what a longer one has beyond them is left out.
 inline constexpr int MaxListEntries = 100'000;
 
+/// One line of a list file as an entry.
+ToneItem ParseToneListLine(std::string line);
+
+/// The lines of a tone list file as they stand, of which the last one plays first; false where it can't be
+/// opened.
+bool ReadToneListLines(std::vector<std::string>& lines, const char* path);
+
 /// Reads a tone list file (docs/file-formats.md): adds an item for every line at the head of `list`, so that
 /// the file's last line, which plays first, comes out first. A file that can't be opened adds nothing.
 void GetToneListFromFile(LList<ToneItem>& list, const char* path);
 
-/// Writes the rows, given in playing order, under an exclusive lock; false where not all of it was written.
+/// Writes the rows, given in playing order, as `LFile::SaveFile` does.
 bool WriteToneListFile(const char* path, const std::vector<std::string>& rows);

@@ -19,11 +19,15 @@ public:
         for (const ToneItem& item : list) {
             if (entries.size() >= MaxEntriesInAll)
                 return;
-            if (item.IsSilence())
-                entries.push_back({.file = {}, .depth = depth, .length = item.GetLength(), .problem = {}});
-            else
-                AddFile(FindListEntry(item.GetPath(), folder), depth);
+            AddItem(item, folder, depth);
         }
+    }
+
+    void AddItem(const ToneItem& item, const std::string& folder, int depth) {
+        if (item.IsSilence())
+            entries.push_back({.file = {}, .depth = depth, .length = item.GetLength(), .problem = {}});
+        else
+            AddFile(FindListEntry(item.GetPath(), folder), depth);
     }
 
     ToneListReport report;
@@ -106,4 +110,10 @@ ToneListReport ExamineToneList(const std::string& path) {
     Examination examination;
     examination.AddList(path, 0);
     return std::move(examination.report);
+}
+
+ToneListEntry ExamineToneListEntry(const std::string& line) {
+    Examination examination;
+    examination.AddItem(ParseToneListLine(line), {}, 0);
+    return examination.report.entries.front();
 }

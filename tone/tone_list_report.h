@@ -20,3 +20,6 @@ struct ToneListReport {
 
 /// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.
 ToneListReport ExamineToneList(const std::string& path);
+
+/// The same for one entry, given as its line in a list file.
+ToneListEntry ExamineToneListEntry(const std::string& line);

@@ -86,7 +86,7 @@ LSoundSource OpenToneList(const std::string& path) {
 }
 
 std::string FindListEntry(const std::string& path, const std::string& folder) {
-    if (folder.empty() || path.front() == '/' || FileExists(path.c_str()))
+    if (folder.empty() || path.empty() || path.front() == '/' || FileExists(path.c_str()))
         return path;
     const std::string beside = folder + "/" + path;
     return FileExists(beside.c_str()) ? beside : path;

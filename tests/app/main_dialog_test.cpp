@@ -179,6 +179,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
         SCOPED_TRACE(each.path);
         for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             std::filesystem::remove_all(std::getenv(kept));
+        dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
         Run(
             [&](MemoryMainWindow& window) {
                 if (each.way == Document)
@@ -205,6 +206,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     const std::string tone = WriteTone("tone.tdf", Tone440(true));
     const std::string list = folder / "list.tdl";
     WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\n" + tone + "\n");
+    dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
     Run(
         [&](MemoryMainWindow&) {
             EXPECT_EQ(Rows(),

@@ -1,0 +1,93 @@
+#include "app/edited_list.h"
+#include "app/file_extension.h"
+#include "app/file_reports.h"
+#include "app/list_dlg.h"
+#include "app/list_entries.h"
+#include "app/main_dialog.h"
+#include "app/tone_commands.h"
+#include "gui/file_chooser.h"
+#include "sys/file.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+#include "tone/tone_engine.h"
+
+#include <cerrno>
+
+namespace {
+
+constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
+constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
+
+} // namespace
+
+/// Lets the user edit the list at `path`, a new one where it is empty. True where it is the current tone
+/// afterwards.
+bool MainDialog::EditList(const std::string& path) {
+    SetEditedList(path);
+    if (!OpenToneListDialog(*this))
+        return false;
+    const std::string edited = GetEditedList();
+    if (edited.empty())
+        return false;
+    SetListPath(tone, edited);
+    tone.waveform = ToneFromList;
+    tone.flags |= ToneFlagDuration; // a list ends
+    return true;
+}
+
+void MainDialog::CmCreateList() {
+    if (EditList({}))
+        RelistandStart();
+}
+
+void MainDialog::CmEditList(const std::string& path) {
+    if (EditList(path))
+        RelistandStart();
+}
+
+void MainDialog::CmLoadList() {
+    LFileChooser chooser{"Select Tone List to Open", GetEditedList(),
+                         LUserSettingGetText("tonelist", "readfolder"), LoadListFilters, "tdl"};
+    const std::string path = LChooseFileToRead(*this, chooser);
+    if (path.empty()) {
+        EnableControls(); // the item was pressed, and the tone is no list for that
+        return;
+    }
+    LUserSettingSetString("tonelist", "readfolder", chooser.folder);
+    if (GetFileExtension(path) != ".tdl")
+        LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
+    else if (!EditList(path))
+        tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(tone).GetEnd().GetMilliseconds());
+    RelistandStart();
+}
+
+void MainDialog::CmSaveList() {
+    const std::string list = tone.GetListPath();
+    LFileChooser chooser{"Save Tone List to File", IsTemporaryList(list) ? "" : list,
+                         LUserSettingGetText("tonelist", "savefolder"), SaveListFilters, "tdl"};
+    const std::string path = LChooseFileToSave(*this, chooser);
+    if (path.empty())
+        return;
+    LUserSettingSetString("tonelist", "savefolder", chooser.folder);
+    if (GetFileExtension(path) == ".wav") {
+        SaveWave(path);
+    } else if (CopyList(list, path)) {
+        SetListPath(tone, path);
+        RelistandStart();
+    }
+}
+
+bool MainDialog::CopyList(const std::string& list, const std::string& path) {
+    if (!WhyUnreadable(list.c_str()).empty()) {
+        ReportUnreadable(list, {});
+        return false;
+    }
+    std::string refusal = WhyNoListEntry(path);
+    if (!IsSameFile(list.c_str(), path.c_str()) && IsReadByList(path, list))
+        refusal = "the list plays it";
+    else if (refusal.empty() && !LFile::CopyFile(list.c_str(), path.c_str()))
+        refusal = ExplainError(errno);
+    if (!refusal.empty())
+        ReportUnwritten(path, refusal);
+    return refusal.empty();
+}

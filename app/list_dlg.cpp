@@ -1,0 +1,232 @@
+#include "app/list_dlg.h"
+
+#include "app/edited_list.h"
+#include "app/file_extension.h"
+#include "app/file_reports.h"
+#include "app/list_dlg_layout.h"
+#include "app/list_entries.h"
+#include "app/time_text.h"
+#include "gui/file_chooser.h"
+#include "gui/numeric_edit.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+#include "tone/tone_data.h"
+#include "tone/tone_list_file.h"
+#include "tone/tone_list_report.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* Columns[] = {"Tone"};
+constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
+constexpr std::uint32_t UnknownLength = UINT32_MAX;
+
+std::uint32_t MeasureEntry(const std::string& entry) {
+    const ToneListEntry measured = ExamineToneListEntry(entry);
+    return measured.problem.empty() ? static_cast<std::uint32_t>(measured.length.GetMilliseconds())
+                                    : UnknownLength;
+}
+
+} // namespace
+
+ListDlg::ListDlg() : LDialog(ListDlgLayout) {}
+
+void ListDlg::Command(int command) {
+    switch (command) {
+    case ListAddTone:
+        CmAddTone();
+        break;
+    case ListAddSilence:
+        CmAddSilence();
+        break;
+    case ListMoveUp:
+        CmMoveUp();
+        break;
+    case ListMoveDown:
+        CmMoveDown();
+        break;
+    case ListRemove:
+        CmRemove();
+        break;
+    case ListSave:
+        CmSaveList();
+        break;
+    case ListSaveAs:
+        CmSaveAs();
+        break;
+    case ListRowsDragged:
+        Modify();
+        break;
+    default:
+        EnableControls();
+    }
+}
+
+void ListDlg::InitDialog() {
+    list = std::make_unique<LListView>(*this, ListRows);
+    list->SetColumns(Columns);
+    list->BindCommands({.selection = ListSelectionChanged, .rowsMoved = ListRowsDragged});
+    list->EnableDragging();
+    OpenList();
+    list->SetFocus();
+    ShowTotal();
+}
+
+void ListDlg::OpenList() {
+    const std::string path = GetEditedList();
+    if (!path.empty()) {
+        const LListRebuild rebuild(*list);
+        CmAddToneToLV(path, 0);
+        untitled = GetFileExtension(path) != ".tdl";
+        return;
+    }
+    newList = CreateTemporaryList();
+    if (newList.empty())
+        ReportUnwritten("/var/tmp", ExplainError(errno));
+    SetEditedList(newList);
+}
+
+void ListDlg::DestroyDialog() {
+    list.reset();
+    if (newList.empty())
+        return;
+    if (!accepted)
+        SetEditedList({});
+    if (GetEditedList() != newList)
+        unlink(newList.c_str());
+}
+
+void ListDlg::EnableControls() {
+    const bool one = list->GetSelection().size() == 1;
+    EnableControl(ListMoveUp, one);
+    EnableControl(ListMoveDown, one);
+}
+
+bool ListDlg::CmOk() {
+    accepted = !modified || KeepChanges();
+    return accepted;
+}
+
+void ListDlg::CmAddTone() {
+    LFileChooser chooser{"Select file", "", LUserSettingGetText("tonelist", "read folder"), AddToneFilters,
+                         ""};
+    const std::string path = LChooseFileToRead(*this, chooser);
+    if (path.empty())
+        return;
+    LUserSettingSetString("tonelist", "read folder", chooser.folder);
+    if (AddFile(path, list->GetCount()))
+        Modify();
+}
+
+bool ListDlg::AddFile(const std::string& path, int row) {
+    std::string entry = path;
+    if (GetFileExtension(path) == ".tdf") {
+        SonvireData tone;
+        if (!ReadToneFile(tone, path))
+            return false;
+        if (!tone.IsFinite()) {
+            LShowMessageBox("",
+                            "Cannot add tones of infinite duration to list. Please check the selected tone "
+                            "is not to be played continuously or repeatly.");
+            return false;
+        }
+        if (tone.waveform == ToneFromList)
+            entry = tone.GetListPath();
+    }
+    CmAddToneToLV(entry, row);
+    return true;
+}
+
+void ListDlg::CmAddToneToLV(const std::string& path, int row) {
+    for (const std::string& entry : ExpandListEntry(path)) {
+        const std::string refusal = WhyNoListEntry(entry);
+        if (refusal.empty())
+            InsertEntry(entry, row++);
+        else
+            LShowMessageBox("Error", "The file \"" + entry + "\" can't be added: " + refusal + ".");
+    }
+}
+
+void ListDlg::InsertEntry(const std::string& entry, int row) {
+    list->InsertRow(row, entry, MeasureEntry(entry));
+}
+
+/// Files from the desktop are added like those of the button, in the order in which they were dropped.
+void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>& paths, int before) {
+    const int rowsBelow = list->GetCount() - before;
+    bool added = false;
+    for (const std::string& path : paths)
+        added = AddFile(path, list->GetCount() - rowsBelow) || added;
+    if (added)
+        Modify();
+}
+
+void ListDlg::CmAddSilence() {
+    LNumericEdit box("Add silence to list", "Please specify the length of silence in milliseconds:", "");
+    if (!box.Open(*this))
+        return;
+    if (box.GetText().find_first_not_of("0123456789.") != std::string::npos) {
+        LShowMessageBox("", "Duration should be specified as a numeric value.");
+        return;
+    }
+    InsertEntry(box.GetText() + SilenceSuffix, list->GetCount());
+    Modify();
+}
+
+void ListDlg::MoveRow(int step) {
+    const std::vector<int> selection = list->GetSelection();
+    if (selection.size() != 1)
+        return;
+    list->MoveRow(selection.front(), selection.front() + step);
+    Modify();
+}
+
+void ListDlg::CmRemove() {
+    std::vector<int> rows = list->GetSelection();
+    std::sort(rows.begin(), rows.end());
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+        list->DeleteRow(*row);
+    if (!rows.empty())
+        list->SetCurrent(std::min(rows.front(), list->GetCount() - 1));
+    Modify();
+}
+
+std::vector<std::string> ListDlg::GetEntries() const {
+    std::vector<std::string> entries;
+    for (int row = 0; row < list->GetCount(); ++row)
+        entries.push_back(list->GetText(row, 0));
+    return entries;
+}
+
+void ListDlg::Modify() {
+    modified = true;
+    ShowTotal();
+    EnableControls();
+}
+
+/// The length of one pass.
+void ListDlg::ShowTotal() {
+    std::int64_t total = 0;
+    int unknown = 0;
+    for (int row = 0; row < list->GetCount(); ++row) {
+        const std::uint32_t length = list->GetData(row);
+        if (length == UnknownLength)
+            ++unknown;
+        else
+            total += static_cast<std::int32_t>(length);
+    }
+    const auto shown = static_cast<int>(std::clamp<std::int64_t>(total, 0, INT_MAX));
+    SetText(ListTotal, "Total: " + FormatTime(LSoundTime(shown)) +
+                           (unknown > 0 ? " + " + std::to_string(unknown) + " unknown" : ""));
+}
+
+void ListDlg::CmHelp() {}
+
+bool OpenToneListDialog(LWindow& parent) {
+    ListDlg dialog;
+    return dialog.Open(parent);
+}

@@ -1,0 +1,71 @@
+#include "app/edited_list.h"
+#include "app/file_extension.h"
+#include "app/file_reports.h"
+#include "app/list_dlg.h"
+#include "app/list_entries.h"
+#include "gui/file_chooser.h"
+#include "sys/message_box.h"
+#include "sys/settings.h"
+#include "tone/tone_list_file.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace {
+
+constexpr LFileFilter SaveListFilters[] = {{"Tone list file", "*.tdl"}};
+
+} // namespace
+
+bool ListDlg::CmSaveList() {
+    if (untitled)
+        return CmSaveAs();
+    return !modified || SaveTo(GetEditedList());
+}
+
+bool ListDlg::CmSaveAs() {
+    LFileChooser chooser{"Save tone list as", untitled ? "" : GetEditedList(),
+                         LUserSettingGetText("tonelist", "savefolder"), SaveListFilters, "tdl"};
+    const std::string path = LChooseFileToSave(*this, chooser);
+    if (path.empty())
+        return false;
+    LUserSettingSetString("tonelist", "savefolder", chooser.folder);
+    return SaveTo(path);
+}
+
+bool ListDlg::SaveTo(const std::string& path) {
+    const std::vector<std::string> entries = GetEntries();
+    std::string refusal = WhyNoListEntry(path);
+    if (std::any_of(entries.begin(), entries.end(),
+                    [&path](const std::string& entry) { return IsSameFile(entry.c_str(), path.c_str()); }))
+        refusal = "it is an entry of the list";
+    else if (refusal.empty() && !WriteToneListFile(path.c_str(), entries))
+        refusal = ExplainError(errno);
+    if (!refusal.empty()) {
+        ReportUnwritten(path, refusal);
+        return false;
+    }
+    SetEditedList(path);
+    modified = false;
+    untitled = untitled && GetFileExtension(path) != ".tdl";
+    return true;
+}
+
+/// So that the list plays as it was edited, whatever becomes of its file.
+bool ListDlg::SaveToTemporary() {
+    const std::string path = CreateTemporaryList();
+    if (path.empty() || !WriteToneListFile(path.c_str(), GetEntries())) {
+        ReportUnwritten(path.empty() ? "/var/tmp" : path, ExplainError(errno));
+        return false;
+    }
+    SetEditedList(path);
+    return true;
+}
+
+/// False where the changes would be lost. A list that the user would save after all but could not is kept
+/// like one that is not to be saved.
+bool ListDlg::KeepChanges() {
+    const LMessageAnswer answer =
+        LShowMessageBox("Tone List", "Tone list modified. Do you want to save it?", LMessageButtons::YesNo);
+    return (answer == LMessageAnswer::Yes && CmSaveList()) || SaveToTemporary();
+}

@@ -1,0 +1,101 @@
+#include "app/list_entries.h"
+
+#include "app/file_extension.h"
+#include "app/file_reports.h"
+#include "tone/tone_list_report.h"
+#include "tone/tone_list_source.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* TemporaryPrefix = "/var/tmp/0";
+
+class Expansion {
+public:
+    explicit Expansion(std::vector<std::string>& found) : entries(found) {}
+
+    void Add(const std::string& path, int depth) {
+        if (--left < 0)
+            return;
+        if (!IsListFile(path))
+            entries.push_back(path);
+        else if (depth < MaxListDepth)
+            AddList(path, depth);
+        else
+            TellTooDeep(path);
+    }
+
+private:
+    /// Other than a list's lines, its entries come in playing order.
+    void AddList(const std::string& path, int depth) {
+        std::vector<std::string> lines;
+        if (!ReadToneListLines(lines, path.c_str()))
+            ReportUnreadable(path, "another program is using it");
+        const std::string folder = GetFolder(path);
+        for (auto line = lines.rbegin(); line != lines.rend(); ++line)
+            if (IsSilence(*line))
+                entries.push_back(*line);
+            else
+                Add(FindListEntry(*line, folder), depth + 1);
+    }
+
+    void TellTooDeep(const std::string& path) {
+        if (!told)
+            ReportUnreadable(path, "it includes itself, or lists too deep within each other");
+        told = true;
+    }
+
+    std::vector<std::string>& entries;
+    int left = MaxEntriesInAll;
+    bool told = false;
+};
+
+} // namespace
+
+bool IsSilence(const std::string& entry) {
+    return entry.find(SilenceSuffix) != std::string::npos;
+}
+
+bool IsTemporaryList(const std::string& path) {
+    return path.starts_with(TemporaryPrefix) && GetFileExtension(path).empty();
+}
+
+bool IsListFile(const std::string& path) {
+    const std::string extension = GetFileExtension(path);
+    return extension == ".tdl" || extension == ".tmp" || IsTemporaryList(path);
+}
+
+std::string CreateTemporaryList() {
+    std::string path = std::string(TemporaryPrefix) + "XXXXXX";
+    const int descriptor = mkstemp(path.data());
+    if (descriptor < 0)
+        return {};
+    // Where this is refused, the list is still its user's.
+    [[maybe_unused]] const int ignored = fchmod(descriptor, 0666);
+    close(descriptor);
+    return path;
+}
+
+std::vector<std::string> ExpandListEntry(const std::string& path) {
+    std::vector<std::string> entries;
+    Expansion(entries).Add(path, 0);
+    return entries;
+}
+
+bool IsReadByList(const std::string& file, const std::string& list) {
+    const std::vector<std::string> files = ExamineToneList(list).files;
+    return std::any_of(files.begin(), files.end(),
+                       [&file](const std::string& each) { return IsSameFile(each.c_str(), file.c_str()); });
+}
+
+std::string WhyNoListEntry(const std::string& path) {
+    if (path.size() > ToneItem::MaxPathLength)
+        return "its path is longer than " + std::to_string(ToneItem::MaxPathLength) + " bytes";
+    if (path.find_first_of("\r\n") != std::string::npos)
+        return "there is a line break in its name";
+    return {};
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// True for a line of a list, and a row that shows it, that stands for a silence.
+bool IsSilence(const std::string& entry);
+
+/// True for the file of a list that the user has not saved.
+bool IsTemporaryList(const std::string& path);
+/// True for a file whose lines are entries: a tone list by its extension (.tdl, .tmp), or a temporary one.
+bool IsListFile(const std::string& path);
+
+/// Creates an empty file for an unsaved list, which every user may read and write; it has no extension. The
+/// empty path, with the reason in `errno`, where that failed.
+std::string CreateTemporaryList();
+
+/// What a file is in a list, in playing order: a list's entries, with those of the lists in it in their
+/// place, and else the file itself. Entries that lie beside their list are given with their folder. A list
+/// that can't be opened has none, and is told in a message box.
+std::vector<std::string> ExpandListEntry(const std::string& path);
+
+/// True where the list, or a list in it, plays the file, or is the file.
+bool IsReadByList(const std::string& file, const std::string& list);
+
+/// Why the file can't be an entry of a list, in words for the user; empty where it can.
+std::string WhyNoListEntry(const std::string& path);

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "sound/sound_time.h"
+
+#include <string>
+
+/// Minutes, seconds and tenths: "02:03.4".
+std::string FormatTime(LSoundTime time);
