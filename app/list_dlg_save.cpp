@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <unistd.h>
 
 namespace {
 
@@ -56,6 +57,7 @@ bool ListDlg::SaveToTemporary() {
     const std::string path = CreateTemporaryList();
     if (path.empty() || !WriteToneListFile(path.c_str(), GetEntries())) {
         ReportUnwritten(path.empty() ? "/var/tmp" : path, ExplainError(errno));
+        unlink(path.c_str());
         return false;
     }
     SetEditedList(path);
