@@ -18,9 +18,11 @@ void MainDialog::CmPlay() {
 }
 
 /// A device is looked up once: asking the sound server at every step of a value would make the window wait.
+/// A name that no output has is asked for again where the user starts to play.
 LSoundPlayDevice MainDialog::FindDevice() {
     const std::string name = StatusFields::ReadDevice();
-    const bool known = name == deviceName && !device.IsDefault() && player.GetStatus() == PlayUsable;
+    const bool known =
+        name == deviceName && player.GetStatus() == PlayUsable && (player.IsPlaying() || !device.IsDefault());
     if (!known)
         device = LSoundPlayDevice(name.empty() ? 0 : LSoundPlayDevice::GetListDeviceIndex(name.c_str()));
     deviceName = name;
