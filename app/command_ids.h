@@ -47,6 +47,8 @@ enum MainCommand : int {
     CommandDecreaseLarge = 5102,
     CommandListDoubleClick = 6111,
     CommandListRightClick = 6112,
+
+    CommandCheckForUpdates = 9021,
 };
 
 /// The controls of the main window that send no command of another name.

@@ -2,6 +2,7 @@
 #include "app/main_dialog.h"
 #include "app/set_dlg.h"
 #include "app/tone_commands.h"
+#include "app/update_check.h"
 
 void MainDialog::Command(int command) {
     if (ChangeTone(tone, command)) {
@@ -37,6 +38,9 @@ void MainDialog::Command(int command) {
         break;
     case CommandAbout:
         CmAbout();
+        break;
+    case CommandCheckForUpdates:
+        LAboutCheckForVersionUpdate(*this);
         break;
     default:
         break;

@@ -89,6 +89,7 @@ constexpr LMenuEntry RestOfMainMenu[] = {
     {-1},
     {-1, "Help"},
     {LCommandHelp, "Sonvire Help"},
+    {CommandCheckForUpdates, "Check for Updates..."},
     {CommandAbout, "About Sonvire"},
     {-1},
 };

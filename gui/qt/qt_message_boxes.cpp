@@ -49,5 +49,7 @@ LMessageAnswer LQtMessageBoxes::Show(const std::string& title, const std::string
     box.setText(ToQt(text).remove('\r'));
     box.setIcon(buttons == LMessageButtons::Ok ? QMessageBox::Warning : QMessageBox::Question);
     box.setStandardButtons(ButtonsOf(buttons));
+    if (buttons == LMessageButtons::YesNoCancel)
+        box.setDefaultButton(QMessageBox::Yes);
     return AnswerOf(box.exec(), buttons);
 }

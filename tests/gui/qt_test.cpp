@@ -477,6 +477,7 @@ TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
                        {LMessageButtons::OkCancel, Qt::Key_Escape, LMessageAnswer::Cancel},
                        {LMessageButtons::YesNo, Qt::Key_Return, LMessageAnswer::Yes},
                        {LMessageButtons::YesNo, Qt::Key_Escape, LMessageAnswer::No},
+                       {LMessageButtons::YesNoCancel, Qt::Key_Return, LMessageAnswer::Yes},
                        {LMessageButtons::YesNoCancel, Qt::Key_Escape, LMessageAnswer::Cancel}};
     for (const auto& each : cases) {
         Then([&each](QWidget& box) {

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+/// A port of 127.0.0.1 that listens. Who connects is not answered.
+class LocalPort {
+public:
+    explicit LocalPort(int backlog = 16);
+    ~LocalPort();
+    LocalPort(const LocalPort&) = delete;
+    LocalPort& operator=(const LocalPort&) = delete;
+
+    std::uint16_t GetPort() const { return port; }
+    std::string GetAddress() const { return "127.0.0.1:" + std::to_string(port); }
+    /// The next connection, or -1 once nothing is to be accepted any more.
+    int Accept() const;
+    void Stop();
+
+private:
+    int descriptor;
+    std::uint16_t port = 0;
+};
+
+/// A web server with one page. Requests are read up to their empty line, then `serve` has the connection,
+/// which is closed afterwards. What connects must be gone before the server is.
+class LocalServer {
+public:
+    explicit LocalServer(std::function<void(int connection)> serve);
+    ~LocalServer();
+
+    std::string GetUrl() const { return "http://" + listening.GetAddress() + "/versions/sonvire_mac.txt"; }
+    std::string GetAddress() const { return listening.GetAddress(); }
+    /// What has been asked so far.
+    std::vector<std::string> GetRequests();
+
+private:
+    void Run();
+
+    LocalPort listening;
+    std::function<void(int)> serveOne;
+    std::mutex mutex;
+    std::vector<std::string> requests; ///< under the mutex
+    std::thread thread;
+};
+
+/// Sends a text as far as the other side takes it.
+void SendText(int connection, const std::string& text);
+/// All that comes until the other side closes.
+std::string ReceiveAll(int connection);
