@@ -65,7 +65,7 @@ void MainDialog::CmSaveAsTDF() {
     }
     LFileChooser chooser = MakeToneChooser("Save As Tone", SaveToneFilters);
     if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
-        SaveTone(path);
+        CmSaveTDF(path);
 }
 
 void MainDialog::CmSave() {
@@ -78,30 +78,30 @@ void MainDialog::CmSave() {
     if (path.empty())
         return;
     if (GetFileExtension(path) == ".tdf")
-        SaveTone(path);
+        CmSaveTDF(path);
     else
-        SaveWave(path);
+        CmSaveWave(path);
 }
 
 void MainDialog::CmSaveAsWav() {
     if (!tone.IsFinite()) {
-        SaveWave({}); // which says why not
+        CmSaveWave({}); // which says why not
         return;
     }
     LFileChooser chooser{"Save As Wav File", "", LUserSettingGetText("settings", "filedir"), WaveFilters,
                          "wav"};
     if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
-        SaveWave(path);
+        CmSaveWave(path);
 }
 
-void MainDialog::SaveTone(const std::string& path) {
+void MainDialog::CmSaveTDF(const std::string& path) {
     LUserSettingSetString("settings", "file", path);
     LUserSettingSetString("settings", "filedir", GetFolder(path));
     if (!tone.WriteToFile(path.c_str()))
         ReportUnwritten(path, ExplainError(errno));
 }
 
-void MainDialog::SaveWave(const std::string& path) {
+void MainDialog::CmSaveWave(const std::string& path) {
     if (!tone.IsFinite()) {
         LShowMessageBox(
             "No Duration Specified",

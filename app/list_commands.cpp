@@ -70,7 +70,7 @@ void MainDialog::CmSaveList() {
         return;
     LUserSettingSetString("tonelist", "savefolder", chooser.folder);
     if (GetFileExtension(path) == ".wav") {
-        SaveWave(path);
+        CmSaveWave(path);
     } else if (CopyList(list, path)) {
         SetListPath(tone, path);
         RelistandStart();

@@ -48,13 +48,14 @@ void MainDialog::UpdateListViewItem(unsigned int item, int row) {
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
-void MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int)) {
+bool MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
-        (tone.*step)(item);
+        for (int i = 0; i < count; ++i)
+            (tone.*step)(item);
         UpdateListViewItem(item, row);
     }
-    Restart();
+    return !list->GetSelection().empty();
 }
 
 /// Asks for the value of one selected row after the other until the user cancels; true where at least one was

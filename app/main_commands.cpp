@@ -50,16 +50,20 @@ void MainDialog::Command(int command) {
 bool MainDialog::RunValueCommand(int command) {
     switch (command) {
     case CommandIncrease:
-        StepSelectedItems(&SonvireData::IncreaseItem);
+        if (IncreaseListViewData(1))
+            Restart();
         return true;
     case CommandDecrease:
-        StepSelectedItems(&SonvireData::DecreaseItem);
+        if (DecreaseListViewData(1))
+            Restart();
         return true;
     case CommandIncreaseLarge:
-        StepSelectedItems(&SonvireData::IncreaseItemLarge);
+        if (IncreaseListViewDataLarge())
+            Restart();
         return true;
     case CommandDecreaseLarge:
-        StepSelectedItems(&SonvireData::DecreaseItemLarge);
+        if (DecreaseListViewDataLarge())
+            Restart();
         return true;
     case CommandEditValue:
     case CommandListDoubleClick:

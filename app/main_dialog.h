@@ -52,7 +52,12 @@ private:
     void InsertListViewItem(unsigned int item);
     void InsertListRows(unsigned int item);
     void UpdateListViewItem(unsigned int item, int row);
-    void StepSelectedItems(void (SonvireData::*step)(unsigned int));
+    // Each selected row's item by `count` steps, or by a large one; false where no row is selected.
+    bool IncreaseListViewData(int count) { return StepSelectedItems(&SonvireData::IncreaseItem, count); }
+    bool DecreaseListViewData(int count) { return StepSelectedItems(&SonvireData::DecreaseItem, count); }
+    bool IncreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::IncreaseItemLarge, 1); }
+    bool DecreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::DecreaseItemLarge, 1); }
+    bool StepSelectedItems(void (SonvireData::*step)(unsigned int), int count);
     bool ChangeListViewData();
     void CmToneEditValue();
     void CmListViewRightClickMenu();
@@ -82,8 +87,8 @@ private:
     void CmSave();
     void CmSaveAsTDF();
     void CmSaveAsWav();
-    void SaveTone(const std::string& path);
-    void SaveWave(const std::string& path);
+    void CmSaveTDF(const std::string& path);
+    void CmSaveWave(const std::string& path);
 
     // list_commands.cpp
     void CmCreateList();
