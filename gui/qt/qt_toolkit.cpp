@@ -10,6 +10,9 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+/// What the desktop knows the program, and its icon, by.
+static constexpr const char* ProgramName = "com.quenbysoftware.Sonvire";
+
 /// The pictures are linked into a library, where nothing else would bring them along.
 static void BringPictures() {
     Q_INIT_RESOURCE(icons);
@@ -18,8 +21,8 @@ static void BringPictures() {
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     BringPictures();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
-    QApplication::setDesktopFileName("com.quenbysoftware.Sonvire");
-    QApplication::setWindowIcon(MakeIcon("sine"));
+    QApplication::setDesktopFileName(ProgramName);
+    QApplication::setWindowIcon(QIcon::fromTheme(ProgramName, MakeIcon(ProgramName)));
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
