@@ -18,8 +18,8 @@ namespace {
 
 constexpr const char* DesktopEntry = "applications/com.quenbysoftware.Sonvire.desktop";
 
-/// Below the shared data folder, and in the same place below the user's. The entry comes last: it refers to the
-/// others.
+/// Below the shared data folder, and in the same place below the user's. The entry comes last: it refers to
+/// the others.
 constexpr const char* Files[] = {
     "icons/hicolor/scalable/apps/com.quenbysoftware.Sonvire.svg",
     "icons/hicolor/scalable/mimetypes/application-x-sonvire-tone.svg",
@@ -65,11 +65,14 @@ bool Register(const std::string& name, const std::string& folder) {
     return true;
 }
 
-/// Desktops find what is registered without a cache too, so that one that nothing is there to refresh will do.
-bool Refresh(const std::string& cache, const std::string& program, const std::vector<std::string>& arguments) {
+/// A cache that nothing is there to refresh is none that this desktop uses.
+bool Refresh(const std::string& cache, const std::string& program,
+             const std::vector<std::string>& arguments) {
     const std::optional<int> status = RunCommand(program, arguments);
-    if (!status)
+    if (!status) {
+        std::printf("Left %s as it was: %s is not installed\n", cache.c_str(), program.c_str());
         return true;
+    }
     if (*status != 0)
         return Fail(cache, program + " failed");
     std::printf("Refreshed %s\n", cache.c_str());
@@ -77,7 +80,8 @@ bool Refresh(const std::string& cache, const std::string& program, const std::ve
 }
 
 bool RefreshCaches(const std::string& folder) {
-    const std::string types = folder + "/mime", entries = folder + "/applications", icons = folder + "/icons/hicolor";
+    const std::string types = folder + "/mime", entries = folder + "/applications",
+                      icons = folder + "/icons/hicolor";
     return Refresh(types, "update-mime-database", {types}) &&
            Refresh(entries, "update-desktop-database", {"--quiet", entries}) &&
            Refresh(icons, "gtk-update-icon-cache", {"--quiet", "--force", "--ignore-theme-index", icons});
