@@ -4,7 +4,7 @@
 #include <QStandardPaths>
 
 std::string GetUserDataFolder() {
-    const std::string folder = GetUserSharedDataFolder() + "/Quenby Software/Sonvire";
+    std::string folder = GetUserSharedDataFolder() + "/Quenby Software/Sonvire";
     QDir().mkpath(QString::fromStdString(folder));
     return folder;
 }
