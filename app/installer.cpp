@@ -4,7 +4,6 @@
 #include "sys/command.h"
 #include "sys/file.h"
 #include "sys/program_data.h"
-#include "sys/replaced_file.h"
 #include "sys/user_data.h"
 
 #include <cerrno>
@@ -44,13 +43,8 @@ bool WriteAll(const std::string& path, const std::string& content) {
     std::filesystem::create_directories(GetFolder(path), error);
     if (error)
         return Fail(path, error.message());
-    LReplacedFile file(path);
-    if (!file.GetError().empty())
-        return Fail(path, file.GetError());
-    if (!LFile::SaveFile(file.GetPathToWrite().c_str(), content.data(),
-                         static_cast<unsigned int>(content.size())))
-        return Fail(path, std::strerror(errno));
-    return file.Commit() || Fail(path, file.GetError());
+    return LFile::SaveFile(path.c_str(), content.data(), static_cast<unsigned int>(content.size())) ||
+           Fail(path, std::strerror(errno));
 }
 
 bool Register(const std::string& name, const std::string& folder) {
