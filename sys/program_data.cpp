@@ -2,8 +2,11 @@
 
 #include <filesystem>
 
-std::string GetSharedDataFolder() {
+std::string GetProgramPath() {
     std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return program.parent_path().parent_path() / "share";
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+std::string GetSharedDataFolder() {
+    return std::filesystem::path(GetProgramPath()).parent_path().parent_path() / "share";
 }

@@ -4,8 +4,11 @@
 #include <QStandardPaths>
 
 std::string GetUserDataFolder() {
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Quenby Software/Sonvire";
-    QDir().mkpath(folder);
-    return folder.toStdString();
+    std::string folder = GetUserSharedDataFolder() + "/Quenby Software/Sonvire";
+    QDir().mkpath(QString::fromStdString(folder));
+    return folder;
+}
+
+std::string GetUserSharedDataFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
 }

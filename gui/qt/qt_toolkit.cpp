@@ -2,24 +2,29 @@
 
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
-#include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_main_window.h"
 #include "gui/qt/qt_menu.h"
 #include "gui/qt/qt_text.h"
 
 #include <QDesktopServices>
+#include <QIcon>
 #include <QUrl>
+
+/// What the desktop knows the program, and its icon, by.
+static constexpr const char* ProgramName = "com.quenbysoftware.Sonvire";
 
 /// The pictures are linked into a library, where nothing else would bring them along.
 static void BringPictures() {
     Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(program_icon);
 }
 
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     BringPictures();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
-    QApplication::setDesktopFileName("com.quenbysoftware.Sonvire");
-    QApplication::setWindowIcon(MakeIcon("sine"));
+    QApplication::setDesktopFileName(ProgramName);
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {

@@ -526,6 +526,7 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
         }
     }
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
+    EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }
 
 } // namespace

@@ -1,0 +1,30 @@
+# The Debian package: cmake --build build/release --target package.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/DebianFiles.cmake)
+
+set(CPACK_DEBIAN_PACKAGE_NAME sonvire)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Sonvire developers <sonvire@quenbysoftware.example>")
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.quenbysoftware.example/sonvire")
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "test tone generator")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Sonvire generates test tones for the audio engineer with a meter on the bench,
+the acoustics teacher and the hi-fi owner hunting a rattle. A tone has a
+waveform, 1 to 16 components, mono or stereo, sweeps, levels in dB and a
+duration; every change of it is heard at once. Tones, WAVE files and silences
+are strung into lists, and any of it is rendered into a WAVE file that is exact
+to the bit.
+.
+Beside the window there is sonvire-cli, which does the same in scripts.")
+
+include(CPack)
