@@ -1,6 +1,7 @@
 #include "app/main_dialog.h"
 
 #include "app/command_ids.h"
+#include "app/help_pages.h"
 #include "app/key_table.h"
 #include "app/menu_table.h"
 #include "app/product.h"
@@ -86,10 +87,7 @@ void MainDialog::EnableControls() {
 }
 
 void MainDialog::CmHelp() {
-    LShowMessageBox("Sonvire Help",
-                    "Select a row and step its value with the keypad's + and with -, "
-                    "by larger steps with Page Up and Page Down, or press Return to type it.\n\n"
-                    "Space plays the tone, Escape stops it, Ctrl+S saves it.");
+    OpenHelpPage(*this, HelpPage::Start);
 }
 
 void MainDialog::CmAbout() {

@@ -116,7 +116,7 @@ TEST_F(App, EveryKeyHasItsCommand) {
         window.Key(LKeyControl, 's');
         EXPECT_EQ(toolkit->choosers.size(), 1U);
         window.Key(LKeyF1);
-        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("Help|")));
+        EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html")));
         EXPECT_FALSE(toolkit->HasQuit());
         window.Key(LKeyControl, 'w');
         EXPECT_TRUE(toolkit->HasQuit());

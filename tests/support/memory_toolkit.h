@@ -17,7 +17,8 @@ public:
         dialogScripts;                   ///< a dialog is cancelled where one does not end it
     std::deque<LChosenFile> chosenFiles; ///< an empty path cancels
     std::deque<LMessageAnswer> answers;
-    std::deque<int> popupChoices;                ///< nothing is chosen that is disabled
+    std::deque<int> popupChoices; ///< nothing is chosen that is disabled
+    bool hasBrowser = true;
     std::function<void(MemoryDialog&)> onDialog; ///< sees every dialog when it is made
     std::function<void()> running;         ///< the user's time with the main window; it closes afterwards
     std::function<void()> whileDispatched; ///< what happens each time pending events are delivered
