@@ -23,6 +23,7 @@ enum MainCommand : int {
     CommandPreferences = 1401,
     CommandCloseWindow = 1402,
     CommandAbout = 1403,
+    CommandHelpKeys = 1404,
 
     CommandIncrease = 2101,
     CommandDecrease = 2102,
@@ -47,6 +48,10 @@ enum MainCommand : int {
     CommandDecreaseLarge = 5102,
     CommandListDoubleClick = 6111,
     CommandListRightClick = 6112,
+
+    // 9021..9039 are the standard links of the Help menu.
+    CommandWebSite = 9022,
+    CommandReportProblem = 9023,
 };
 
 /// The controls of the main window that send no command of another name.

@@ -1,14 +1,17 @@
 #include "app/command_ids.h"
+#include "app/help_pages.h"
 #include "app/main_dialog.h"
 #include "app/set_dlg.h"
 #include "app/tone_commands.h"
+#include "app/web_links.h"
 
 void MainDialog::Command(int command) {
     if (ChangeTone(tone, command)) {
         RelistandStart();
         return;
     }
-    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command))
+    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command) ||
+        OpenWebLink(*this, command))
         return;
     switch (command) {
     case CommandPlay:
@@ -37,6 +40,9 @@ void MainDialog::Command(int command) {
         break;
     case CommandAbout:
         CmAbout();
+        break;
+    case CommandHelpKeys:
+        OpenHelpPage(*this, HelpPage::Keys);
         break;
     default:
         break;

@@ -64,6 +64,18 @@ TEST_F(App, HelpOpensItsPages) {
     });
 }
 
+TEST_F(App, LinksLeadToTheWebSite) {
+    const std::string site = "https://www.quenbysoftware.example/sonvire/";
+    Run([&](MemoryMainWindow& window) {
+        window.Choose(9022);
+        toolkit->hasBrowser = false;
+        window.Choose(9023);
+        EXPECT_EQ(toolkit->urls, (Texts{site, site + "problem.html"}));
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(site + "problem.html")));
+        EXPECT_EQ(window.menu.items.at(9022).path, "Help/Sonvire on the Web");
+    });
+}
+
 TEST(FileUrl, EncodesWhatAnAddressCannotHold) {
     EXPECT_EQ(MakeFileUrl("/a b/50%#?\xC3\xA9.txt"), "file:///a%20b/50%25%23%3F%C3%A9.txt");
 }

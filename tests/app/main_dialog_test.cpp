@@ -123,6 +123,20 @@ TEST_F(App, EveryKeyHasItsCommand) {
     });
 }
 
+TEST_F(App, QuittingIsClosing) {
+    for (const bool byKey : {true, false}) {
+        Run([&](MemoryMainWindow& window) {
+            EXPECT_EQ(window.menu.items.at(LCommandQuit).path, "File/Quit");
+            EXPECT_EQ(window.menu.items.at(LCommandQuit).key, "Ctrl+Q");
+            window.geometry.x = byKey ? 11 : 12;
+            byKey ? static_cast<void>(window.Key(LKeyControl, 'q')) : window.Choose(LCommandQuit);
+            EXPECT_TRUE(toolkit->HasQuit());
+            EXPECT_FALSE(window.visible);
+        });
+        EXPECT_EQ(LUserSettingGet("MainWindow", "X", 0), byKey ? 11 : 12);
+    }
+}
+
 TEST_F(App, TheLastToneAndPlaceComeBack) {
     Run([&](MemoryMainWindow& window) {
         EXPECT_EQ(window.geometry, (LWindowGeometry{200, 200, 800, 600, false}));

@@ -1,0 +1,34 @@
+#include "app/web_links.h"
+
+#include "app/command_ids.h"
+#include "gui/toolkit.h"
+#include "sys/message_box.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr const char* WebSite = SONVIRE_WEB_SITE; // ends in "/"
+
+struct WebLink {
+    int command;
+    const char* page; ///< below the web site
+};
+constexpr WebLink WebLinks[] = {
+    {CommandWebSite, ""},
+    {CommandReportProblem, "problem.html"},
+};
+
+} // namespace
+
+bool OpenWebLink(LWindow& parent, int command) {
+    const auto* link = std::find_if(std::begin(WebLinks), std::end(WebLinks),
+                                    [command](const WebLink& each) { return each.command == command; });
+    if (link == std::end(WebLinks))
+        return false;
+    const std::string address = std::string(WebSite) + link->page;
+    if (!parent.GetToolkit().OpenUrl(address))
+        LShowMessageBox("Sonvire", "No program was found that shows web pages. The address is " + address);
+    return true;
+}
