@@ -1,12 +1,11 @@
 #include "app/main_dialog.h"
 
+#include "app/about_dlg.h"
 #include "app/command_ids.h"
 #include "app/help_pages.h"
 #include "app/key_table.h"
 #include "app/menu_table.h"
-#include "app/product.h"
 #include "app/tool_bar_tables.h"
-#include "sys/message_box.h"
 #include "sys/settings.h"
 #include "sys/user_data.h"
 
@@ -91,7 +90,8 @@ void MainDialog::CmHelp() {
 }
 
 void MainDialog::CmAbout() {
-    LShowMessageBox("About Sonvire", ProductAndVersion + std::string("\n\nGenerates test tones."));
+    AboutDlg about;
+    about.Open(*this);
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {

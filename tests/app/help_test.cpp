@@ -76,6 +76,22 @@ TEST_F(App, LinksLeadToTheWebSite) {
     });
 }
 
+TEST_F(App, TheAboutBoxLeadsOn) {
+    dialogs = {[](MemoryDialog& about) {
+        EXPECT_EQ(about.caption, "About Sonvire");
+        EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
+        EXPECT_THAT(about.controls.GetText(104), HasSubstr("The Sonvire developers"));
+        about.Press(9022);
+        about.Press(LCommandHelp);
+        EXPECT_FALSE(about.ended);
+        about.Press(LCommandOk);
+    }};
+    Run([&](MemoryMainWindow& window) {
+        window.Choose(1403);
+        EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("https://"), HasSubstr("/index.html")));
+    });
+}
+
 TEST(FileUrl, EncodesWhatAnAddressCannotHold) {
     EXPECT_EQ(MakeFileUrl("/a b/50%#?\xC3\xA9.txt"), "file:///a%20b/50%25%23%3F%C3%A9.txt");
 }
