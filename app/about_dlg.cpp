@@ -6,6 +6,10 @@
 
 AboutDlg::AboutDlg() : LDialog(AboutDlgLayout) {}
 
+void AboutDlg::InitDialog() {
+    SetFocus(LCommandOk); // rather than the first link
+}
+
 void AboutDlg::Command(int command) {
     OpenWebLink(*this, command);
 }

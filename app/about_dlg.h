@@ -10,5 +10,6 @@ public:
     void Command(int command) override;
 
 protected:
+    void InitDialog() override;
     void CmHelp() override;
 };

@@ -6,6 +6,7 @@
 #include "app/key_table.h"
 #include "app/menu_table.h"
 #include "app/tool_bar_tables.h"
+#include "app/web_links.h"
 #include "sys/settings.h"
 #include "sys/user_data.h"
 
@@ -63,6 +64,7 @@ void MainDialog::DestroyDialog() {
     devices.Leave();
     tone.WriteToFile(CurrentTonePath().c_str());
     list.reset();
+    OpenThankYouPageOnce(GetToolkit());
 }
 
 void MainDialog::EvStarted() {

@@ -3,6 +3,7 @@
 #include "app/command_ids.h"
 #include "gui/toolkit.h"
 #include "sys/message_box.h"
+#include "sys/settings.h"
 
 #include <algorithm>
 #include <iterator>
@@ -31,4 +32,11 @@ bool OpenWebLink(LWindow& parent, int command) {
     if (!parent.GetToolkit().OpenUrl(address))
         LShowMessageBox("Sonvire", "No program was found that shows web pages. The address is " + address);
     return true;
+}
+
+void OpenThankYouPageOnce(LToolkit& toolkit) {
+    if (toolkit.IsSessionEnding() || LUserSettingGet("Settings", "Thanks", false))
+        return;
+    LUserSettingSet("Settings", "Thanks", true);
+    toolkit.OpenUrl(std::string(WebSite) + "thanks.html");
 }

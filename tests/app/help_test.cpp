@@ -79,6 +79,7 @@ TEST_F(App, LinksLeadToTheWebSite) {
 TEST_F(App, TheAboutBoxLeadsOn) {
     dialogs = {[](MemoryDialog& about) {
         EXPECT_EQ(about.caption, "About Sonvire");
+        EXPECT_EQ(about.controls.focus, LCommandOk);
         EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
         EXPECT_THAT(about.controls.GetText(104), HasSubstr("The Sonvire developers"));
         about.Press(9022);
@@ -90,6 +91,21 @@ TEST_F(App, TheAboutBoxLeadsOn) {
         window.Choose(1403);
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("https://"), HasSubstr("/index.html")));
     });
+}
+
+TEST_F(App, ThanksAreSaidAtTheFirstEndByTheUser) {
+    struct {
+        bool sessionEnding, hasBrowser;
+        std::size_t opened;
+    } const runs[] = {{true, true, 0}, {false, false, 1}, {false, true, 0}};
+    for (const auto& run : runs) {
+        Run([&](MemoryMainWindow&) {
+            toolkit->sessionEnding = run.sessionEnding;
+            toolkit->hasBrowser = run.hasBrowser;
+        });
+        EXPECT_EQ(toolkit->urls, Texts(run.opened, "https://www.quenbysoftware.example/sonvire/thanks.html"));
+        EXPECT_EQ(toolkit->boxes, Texts{}) << "also without a browser";
+    }
 }
 
 TEST(FileUrl, EncodesWhatAnAddressCannotHold) {

@@ -487,12 +487,14 @@ TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
     LMessageAnswer answer = LMessageAnswer::Yes;
     Run([](TestWindow&) {},
         [&] {
+            EXPECT_FALSE(toolkit.IsSessionEnding());
             LNumericEdit box("Edit Value", "", "1");
             Then([](QWidget&) { raise(SIGTERM); });
             ok = box.Open(window);
             answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
             EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
         });
+    EXPECT_TRUE(toolkit.IsSessionEnding());
     EXPECT_FALSE(ok);
     EXPECT_EQ(answer, LMessageAnswer::No);
     EXPECT_EQ(window.log.back(), "destroy");
