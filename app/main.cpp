@@ -1,3 +1,4 @@
+#include "app/crash_offer.h"
 #include "app/main_dialog.h"
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     LQtSessionService service;
     if (service.HandOver(argc > 1 ? argv[1] : ""))
         return 0;
+    InstallCrashReport();
     MainDialog window(toolkit, argc, argv);
     service.Serve(window);
     window.Run();

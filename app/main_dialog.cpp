@@ -25,6 +25,7 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
                        MainOutputs outputs)
     : LMainWindow(windowToolkit, argumentCount, arguments),
       player(std::move(outputs.open)),
+      witness(tone, player),
       status(*this),
       devices(windowToolkit, std::move(outputs.listNames),
               [this](const auto& names) { status.SetDevices(names); }) {}
@@ -49,6 +50,7 @@ void MainDialog::InitDialog() {
 void MainDialog::InitListView() {
     list->SetColumns(Columns);
     tone.ReadFromFile(CurrentTonePath().c_str());
+    witness.Watch(CurrentTonePath());
     SetupListViewData();
     list->SetFocus();
     list->SetCurrent(0);
@@ -63,6 +65,7 @@ void MainDialog::DestroyDialog() {
     player.SetNotify(nullptr, 0);
     devices.Leave();
     tone.WriteToFile(CurrentTonePath().c_str());
+    witness.Leave();
     list.reset();
     OpenThankYouPageOnce(GetToolkit());
 }

@@ -23,12 +23,16 @@ constexpr WebLink WebLinks[] = {
 
 } // namespace
 
-bool OpenWebLink(LWindow& parent, int command) {
+std::string GetWebAddress(int command) {
     const auto* link = std::find_if(std::begin(WebLinks), std::end(WebLinks),
                                     [command](const WebLink& each) { return each.command == command; });
-    if (link == std::end(WebLinks))
+    return link == std::end(WebLinks) ? std::string() : std::string(WebSite) + link->page;
+}
+
+bool OpenWebLink(LWindow& parent, int command) {
+    const std::string address = GetWebAddress(command);
+    if (address.empty())
         return false;
-    const std::string address = std::string(WebSite) + link->page;
     if (!parent.GetToolkit().OpenUrl(address))
         LShowMessageBox("Sonvire", "No program was found that shows web pages. The address is " + address);
     return true;
