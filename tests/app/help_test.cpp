@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <regex>
-
 namespace {
 
 using ::testing::ElementsAre;
@@ -14,8 +12,13 @@ using ::testing::HasSubstr;
 
 /// What an attribute is set to, each time in the page.
 Texts ValuesOf(const std::string& attribute, const std::string& page) {
-    const std::regex pattern("\\s" + attribute + "=\"([^\"]*)\"");
-    return {std::sregex_token_iterator(page.begin(), page.end(), pattern, 1), {}};
+    const std::string opening = " " + attribute + "=\"";
+    Texts values;
+    for (std::size_t at = page.find(opening); at != std::string::npos; at = page.find(opening, at)) {
+        at += opening.size();
+        values.push_back(page.substr(at, page.find('"', at) - at));
+    }
+    return values;
 }
 
 bool Holds(const Texts& texts, const std::string& text) {

@@ -28,7 +28,7 @@ protected:
         unsetenv("WAYLAND_DISPLAY");
         unsetenv("DBUS_SESSION_BUS_ADDRESS");
         unsetenv("QT_QPA_PLATFORM");
-        std::filesystem::remove_all(std::getenv("XDG_DATA_HOME"));
+        std::filesystem::remove_all(DataFolder());
     }
     ~Program() override {
         for (const pid_t process : {program, display})
@@ -50,9 +50,13 @@ protected:
         return WaitFor(
             [] { return RunProgram("xdotool search --onlyvisible --name Sonvire windowfocus").status == 0; });
     }
+    static std::string DataFolder() {
+        const char* folder = std::getenv("XDG_DATA_HOME");
+        return folder ? folder : "";
+    }
     /// Where the program keeps its own files.
     static std::string DataPath(const std::string& file) {
-        return std::string(std::getenv("XDG_DATA_HOME")) + "/Quenby Software/Sonvire/" + file;
+        return DataFolder() + "/Quenby Software/Sonvire/" + file;
     }
     static void Key(const std::string& key) { EXPECT_EQ(RunProgram("xdotool key " + key).status, 0); }
     bool IsPlaying() { return !server.Control("list short sink-inputs").empty(); }
@@ -135,9 +139,9 @@ TEST_F(Program, ACrashIsReportedAndKeepsTheTone) {
          {"Sonvire 2.14 ended unexpectedly", Signal == SIGABRT ? "Signal: SIGABRT\n" : "Signal: SIGSEGV\n",
           "Tone: Sine, Constant (Continuous), components: 1, ", "\nPlaying\n", "\nsonvire+0x", "Qt 6."})
         EXPECT_NE(report.find(part), std::string::npos) << part << " is not in\n" << report;
-    for (const std::string& part : {server.Path(""), std::string(std::getenv("XDG_DATA_HOME")),
-                                    std::filesystem::path(SONVIRE).parent_path().string(),
-                                    std::string("start.tdf"), std::string("Output main")})
+    for (const std::string& part :
+         {server.Path(""), DataFolder(), std::filesystem::path(SONVIRE).parent_path().string(),
+          std::string("start.tdf"), std::string("Output main")})
         EXPECT_EQ(report.find(part), std::string::npos) << part << " is in\n" << report;
 }
 
