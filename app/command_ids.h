@@ -23,6 +23,7 @@ enum MainCommand : int {
     CommandPreferences = 1401,
     CommandCloseWindow = 1402,
     CommandAbout = 1403,
+    CommandHelpKeys = 1404,
 
     CommandIncrease = 2101,
     CommandDecrease = 2102,
@@ -48,7 +49,10 @@ enum MainCommand : int {
     CommandListDoubleClick = 6111,
     CommandListRightClick = 6112,
 
+    // 9021..9039 are the standard links of the Help menu.
     CommandCheckForUpdates = 9021,
+    CommandWebSite = 9022,
+    CommandReportProblem = 9023,
 };
 
 /// The controls of the main window that send no command of another name.

@@ -3,6 +3,7 @@
 #include "app/edited_list.h"
 #include "app/file_extension.h"
 #include "app/file_reports.h"
+#include "app/help_pages.h"
 #include "app/list_dlg_layout.h"
 #include "app/list_entries.h"
 #include "app/time_text.h"
@@ -224,7 +225,9 @@ void ListDlg::ShowTotal() {
                            (unknown > 0 ? " + " + std::to_string(unknown) + " unknown" : ""));
 }
 
-void ListDlg::CmHelp() {}
+void ListDlg::CmHelp() {
+    OpenHelpPage(*this, HelpPage::Lists);
+}
 
 bool OpenToneListDialog(LWindow& parent) {
     ListDlg dialog;

@@ -1,3 +1,4 @@
+#include "app/crash_offer.h"
 #include "app/installer.h"
 #include "app/main_dialog.h"
 #include "gui/qt/qt_session_service.h"
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
     LQtSessionService service;
     if (service.HandOver(argc > 1 ? argv[1] : ""))
         return 0;
+    InstallCrashReport();
     MainDialog window(toolkit, argc, argv);
     service.Serve(window);
     window.Run();

@@ -1,15 +1,18 @@
 #include "app/command_ids.h"
+#include "app/help_pages.h"
 #include "app/main_dialog.h"
 #include "app/set_dlg.h"
 #include "app/tone_commands.h"
 #include "app/update_check.h"
+#include "app/web_links.h"
 
 void MainDialog::Command(int command) {
     if (ChangeTone(tone, command)) {
         RelistandStart();
         return;
     }
-    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command))
+    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command) ||
+        OpenWebLink(*this, command))
         return;
     switch (command) {
     case CommandPlay:
@@ -41,6 +44,9 @@ void MainDialog::Command(int command) {
         break;
     case CommandCheckForUpdates:
         LAboutCheckForVersionUpdate(*this);
+        break;
+    case CommandHelpKeys:
+        OpenHelpPage(*this, HelpPage::Keys);
         break;
     default:
         break;

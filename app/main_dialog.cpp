@@ -1,11 +1,12 @@
 #include "app/main_dialog.h"
 
+#include "app/about_dlg.h"
 #include "app/command_ids.h"
+#include "app/help_pages.h"
 #include "app/key_table.h"
 #include "app/menu_table.h"
-#include "app/product.h"
 #include "app/tool_bar_tables.h"
-#include "sys/message_box.h"
+#include "app/web_links.h"
 #include "sys/settings.h"
 #include "sys/user_data.h"
 
@@ -24,6 +25,7 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
                        MainOutputs outputs)
     : LMainWindow(windowToolkit, argumentCount, arguments),
       player(std::move(outputs.open)),
+      witness(tone, player),
       status(*this),
       devices(windowToolkit, std::move(outputs.listNames),
               [this](const auto& names) { status.SetDevices(names); }) {}
@@ -48,6 +50,7 @@ void MainDialog::InitDialog() {
 void MainDialog::InitListView() {
     list->SetColumns(Columns);
     tone.ReadFromFile(CurrentTonePath().c_str());
+    witness.Watch(CurrentTonePath());
     SetupListViewData();
     list->SetFocus();
     list->SetCurrent(0);
@@ -62,7 +65,9 @@ void MainDialog::DestroyDialog() {
     player.SetNotify(nullptr, 0);
     devices.Leave();
     tone.WriteToFile(CurrentTonePath().c_str());
+    witness.Leave();
     list.reset();
+    OpenThankYouPageOnce(GetToolkit());
 }
 
 void MainDialog::EvStarted() {
@@ -86,14 +91,12 @@ void MainDialog::EnableControls() {
 }
 
 void MainDialog::CmHelp() {
-    LShowMessageBox("Sonvire Help",
-                    "Select a row and step its value with the keypad's + and with -, "
-                    "by larger steps with Page Up and Page Down, or press Return to type it.\n\n"
-                    "Space plays the tone, Escape stops it, Ctrl+S saves it.");
+    OpenHelpPage(*this, HelpPage::Start);
 }
 
 void MainDialog::CmAbout() {
-    LShowMessageBox("About Sonvire", ProductAndVersion + std::string("\n\nGenerates test tones."));
+    AboutDlg about;
+    about.Open(*this);
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {

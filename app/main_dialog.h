@@ -3,6 +3,7 @@
 #include "app/device_list.h"
 #include "app/enabling_rules.h"
 #include "app/status_fields.h"
+#include "app/tone_witness.h"
 #include "gui/list_view.h"
 #include "gui/main_window.h"
 #include "sound/sound_player.h"
@@ -101,6 +102,7 @@ private:
     LToolBar smallToolBar;
     LSoundPlayer player;
     SonvireData tone;
+    ToneWitness witness;
     std::unique_ptr<LListView> list;
     StatusFields status;
     DeviceList devices;

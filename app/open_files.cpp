@@ -1,6 +1,9 @@
+#include "app/crash_offer.h"
 #include "app/file_extension.h"
 #include "app/file_reports.h"
 #include "app/main_dialog.h"
+#include "gui/toolkit.h"
+#include "sys/file.h"
 #include "sys/message_box.h"
 #include "sys/settings.h"
 
@@ -39,10 +42,11 @@ void MainDialog::CmLoadFile(const char* path) {
     RelistandStart();
 }
 
-/// Only the first argument counts.
+/// Only the first argument counts. What the last run has left to say comes after it.
 void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     if (count > 1)
         OpenArgument(arguments[1]);
+    GetToolkit().Post([this] { OfferCrashReport(*this); });
 }
 
 /// Other than a document from the desktop, a file named by its user may be a list, and its extension in

@@ -1,5 +1,6 @@
 #include "app/set_dlg.h"
 
+#include "app/help_pages.h"
 #include "app/set_dlg_layout.h"
 #include "sys/message_box.h"
 #include "sys/parse.h"
@@ -82,8 +83,7 @@ bool SetDlg::StoreFrequency(const std::string& text) {
 }
 
 void SetDlg::CmHelp() {
-    LShowMessageBox("Sonvire Help", "One step of a frequency is either this many Hz or this many semitones, "
-                                    "12 of which are an octave.");
+    OpenHelpPage(*this, HelpPage::Settings);
 }
 
 bool OpenSettingsDialog(LWindow& parent) {

@@ -23,6 +23,7 @@ enum class LControlKind {
     NumberEdit, ///< one line with up and down arrows; the value is the number in it
     NumberText, ///< the text field of the number edit in the row before, under an id of its own
     Text,
+    Link,   ///< a text that is used like a button, such as one that opens a page
     Button, ///< with a standard command as id, the window's OK, Cancel or Help
     List,
     Line,

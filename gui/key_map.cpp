@@ -1,5 +1,6 @@
 #include "gui/key_map.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace {
@@ -36,13 +37,17 @@ std::string DescribeKey(const LKeyMapEntry& key) {
     return (control ? "Ctrl+" : "") + NameOf(key.virtualKey & ~LKeyControl, key.character);
 }
 
+const LKeyMapEntry* FindKey(std::span<const LKeyMapEntry> keys, const LKeyPress& key) {
+    const auto found = std::find_if(keys.begin(), keys.end(),
+                                    [&key](const LKeyMapEntry& entry) { return IsKey(entry, key); });
+    return found == keys.end() ? nullptr : &*found;
+}
+
 bool LKeyHandler::HandleKey(const LKeyPress& key) {
-    for (const LKeyMapEntry& entry : keyMap) {
-        if (!IsKey(entry, key))
-            continue;
-        const auto command = static_cast<unsigned>(entry.command);
-        key.repeated ? EvKeyRepeat(command) : EvKeyDown(command);
-        return true;
-    }
-    return false;
+    const LKeyMapEntry* entry = FindKey(keyMap, key);
+    if (!entry)
+        return false;
+    const auto command = static_cast<unsigned>(entry->command);
+    key.repeated ? EvKeyRepeat(command) : EvKeyDown(command);
+    return true;
 }

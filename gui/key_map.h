@@ -32,6 +32,9 @@ struct LKeyMapEntry {
 /// How the key is written beside a menu entry, such as "Ctrl+S".
 std::string DescribeKey(const LKeyMapEntry& key);
 
+/// The row that stands for this key, null where there is none.
+const LKeyMapEntry* FindKey(std::span<const LKeyMapEntry> keys, const LKeyPress& key);
+
 /// Turns keys into commands.
 class LKeyHandler {
 public:

@@ -4,6 +4,13 @@
 
 #include <utility>
 
+namespace {
+
+/// What standard commands have in every program.
+constexpr LKeyMapEntry StandardKeys[] = {{LKeyControl, 'q', LCommandQuit}};
+
+} // namespace
+
 LMainWindow::LMainWindow(LToolkit& windowToolkit, int count, const char* const* argv)
     : argumentCount(count),
       arguments(argv) {
@@ -53,8 +60,25 @@ void LMainWindow::Close(int /*ok*/) {
     toolkit->Quit();
 }
 
+void LMainWindow::ControlUsed(int id) {
+    if (id == LCommandQuit)
+        CloseAsked();
+    else
+        LWindow::ControlUsed(id);
+}
+
+bool LMainWindow::KeyPressed(const LKeyPress& key) {
+    if (keys && keys->HandleKey(key))
+        return true;
+    const LKeyMapEntry* standard = FindKey(StandardKeys, key);
+    if (standard && !key.repeated)
+        ControlUsed(standard->command);
+    return standard != nullptr;
+}
+
 void LMainWindow::SetMenu(std::span<const LMenuEntry> entries) {
     menu = std::make_unique<LMenu>(peer->CreateMenuBar(), entries);
+    ShowKeys(StandardKeys);
 }
 
 void LMainWindow::SetToolBar(std::span<const LToolBarItem> items) {
@@ -73,6 +97,10 @@ void LMainWindow::SetStatusBar(std::span<const LStatusItem> items) {
 void LMainWindow::SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table) {
     keys = &handler;
     handler.SetKeyMap(table);
+    ShowKeys(table);
+}
+
+void LMainWindow::ShowKeys(std::span<const LKeyMapEntry> table) {
     for (const LKeyMapEntry& key : table)
         if (menu)
             menu->SetKeyText(key.command, DescribeKey(key));

@@ -34,10 +34,11 @@ protected:
     bool CmOk() override { return false; }
     /// Stores the geometry and ends the program.
     void Close(int ok) override;
-    bool KeyPressed(const LKeyPress& key) override { return keys && keys->HandleKey(key); }
+    void ControlUsed(int id) override;
+    bool KeyPressed(const LKeyPress& key) override;
     LWindowPeer* GetPeer() const override { return peer.get(); }
 
-    // The tables of these must outlive the window.
+    // The tables of these must outlive the window. Ctrl+Q is the key of `LCommandQuit` in any main window.
     void SetMenu(std::span<const LMenuEntry> entries);
     void SetToolBar(std::span<const LToolBarItem> items);
     void SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items);
@@ -50,6 +51,8 @@ protected:
     LToolBar& GetToolBar() { return mainToolBar; }
 
 private:
+    void ShowKeys(std::span<const LKeyMapEntry> table);
+
     int argumentCount;
     const char* const* arguments;
     std::unique_ptr<LMainWindowPeer> peer;

@@ -5,5 +5,6 @@ enum LStandardCommand : int {
     LCommandNone = 0,
     LCommandOk = 1,
     LCommandCancel = 2,
+    LCommandQuit = 8, ///< of the main window, which it closes
     LCommandHelp = 9,
 };

@@ -23,6 +23,9 @@ public:
     /// Opens an address or a local page with the program that the user has for it; false where there is none.
     virtual bool OpenUrl(const std::string& url) = 0;
 
+    /// True once the desktop, or who started the program, has asked it to end; the user has not.
+    virtual bool IsSessionEnding() const = 0;
+
     /// Waits for events and delivers them until `Quit`.
     virtual void Run() = 0;
     virtual void Quit() = 0;

@@ -1,20 +1,19 @@
 #include "gui/qt/qt_controls.h"
 
-#include "gui/qt/qt_child.h"
 #include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
+#include "gui/qt/qt_make_control.h"
 #include "gui/qt/qt_number_edit.h"
 #include "gui/qt/qt_text.h"
 #include "gui/window_peer.h"
 
-#include <QCheckBox>
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
 
@@ -22,26 +21,6 @@
 #include <cmath>
 
 namespace {
-
-QFrame* MakeLine(QWidget* parent) {
-    auto* line = MakeChild<QFrame>(parent);
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Sunken);
-    return line;
-}
-
-QLabel* MakeText(QWidget* parent, const QString& text) {
-    auto* label = MakeChild<QLabel>(parent, text);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QPushButton* MakeButton(QWidget* parent, int id, const QString& text) {
-    auto* button = MakeChild<QPushButton>(parent, text);
-    button->setDefault(id == LCommandOk);
-    button->setAutoDefault(id == LCommandOk || id == LCommandCancel);
-    return button;
-}
 
 /// A frame fills its place; what holds text is as tall as the text needs, around the middle of its place.
 bool FillsItsPlace(const QWidget* widget) {
@@ -70,6 +49,8 @@ void LQtControls::Connect(int id, QWidget* widget) {
     const auto use = [this, id] { events.ControlUsed(id); };
     if (auto* button = qobject_cast<QAbstractButton*>(widget))
         QObject::connect(button, &QAbstractButton::clicked, button, use);
+    if (auto* link = dynamic_cast<LQtLink*>(widget))
+        QObject::connect(link, &QLabel::linkActivated, link, use);
     if (auto* combo = qobject_cast<QComboBox*>(widget))
         QObject::connect(combo, &QComboBox::activated, combo, use);
     if (auto* slider = qobject_cast<QSlider*>(widget))
@@ -77,35 +58,12 @@ void LQtControls::Connect(int id, QWidget* widget) {
 }
 
 QWidget* LQtControls::Make(const LControlLayout& control) {
-    const QString text = QString::fromUtf8(control.text);
-    switch (control.kind) {
-    case LControlKind::Group:
-        return MakeChild<QGroupBox>(parent, text);
-    case LControlKind::CheckBox:
-        return MakeChild<QCheckBox>(parent, text);
-    case LControlKind::Radio:
-        return MakeChild<QRadioButton>(parent, text);
-    case LControlKind::Edit:
-        return MakeChild<QLineEdit>(parent, text);
-    case LControlKind::NumberEdit:
+    if (control.kind == LControlKind::NumberEdit)
         numberEdit = control.id;
-        return MakeChild<LQtNumberEdit>(parent);
-    case LControlKind::NumberText: {
-        auto* number = dynamic_cast<LQtNumberEdit*>(Find(numberEdit));
-        return number ? number->GetLine() : nullptr;
-    }
-    case LControlKind::Text:
-        return MakeText(parent, text);
-    case LControlKind::Button:
-        return MakeButton(parent, control.id, text);
-    case LControlKind::List:
-        return MakeChild<LQtListWidget>(parent);
-    case LControlKind::Line:
-        return MakeLine(parent);
-    case LControlKind::Progress:
-        return MakeChild<QProgressBar>(parent);
-    }
-    return nullptr;
+    if (control.kind != LControlKind::NumberText)
+        return MakeControl(control, parent);
+    auto* number = dynamic_cast<LQtNumberEdit*>(Find(numberEdit));
+    return number ? number->GetLine() : nullptr;
 }
 
 void LQtControls::Add(const LControlLayout& control) {
@@ -140,7 +98,9 @@ LRect LQtControls::GetPlace(int id) const {
 
 void LQtControls::SetText(int id, const std::string& text) {
     QWidget* widget = Find(id);
-    if (auto* label = qobject_cast<QLabel*>(widget))
+    if (auto* link = dynamic_cast<LQtLink*>(widget))
+        link->SetLinkText(ToQt(text));
+    else if (auto* label = qobject_cast<QLabel*>(widget))
         label->setText(ToQt(text));
     else if (auto* edit = qobject_cast<QLineEdit*>(widget))
         edit->setText(ToQt(text));
@@ -152,6 +112,8 @@ void LQtControls::SetText(int id, const std::string& text) {
 
 std::string LQtControls::GetText(int id) const {
     const QWidget* widget = Find(id);
+    if (const auto* link = dynamic_cast<const LQtLink*>(widget))
+        return FromQt(link->GetLinkText());
     if (const auto* label = qobject_cast<const QLabel*>(widget))
         return FromQt(label->text());
     if (const auto* edit = qobject_cast<const QLineEdit*>(widget))

@@ -62,6 +62,7 @@ LQtSessionEnd::~LQtSessionEnd() {
 }
 
 void LQtSessionEnd::Begin() {
+    begun = true;
     timer.start();
     CloseTopmost();
 }

@@ -16,6 +16,7 @@ public:
 
     /// Begins to close. UI thread.
     void Begin();
+    bool HasBegun() const { return begun; }
 
 private:
     void CloseTopmost();
@@ -23,4 +24,5 @@ private:
     int pipeEnds[2] = {-1, -1};
     std::unique_ptr<QSocketNotifier> signalArrived;
     QTimer timer;
+    bool begun = false;
 };

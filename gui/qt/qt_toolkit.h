@@ -18,6 +18,7 @@ public:
     std::unique_ptr<LMenuPeer> CreatePopupMenu() override;
     std::optional<LChosenFile> ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) override;
     bool OpenUrl(const std::string& url) override;
+    bool IsSessionEnding() const override { return sessionEnd.HasBegun(); }
     void Run() override;
     void Quit() override;
     void DispatchPending() override;

@@ -116,11 +116,25 @@ TEST_F(App, EveryKeyHasItsCommand) {
         window.Key(LKeyControl, 's');
         EXPECT_EQ(toolkit->choosers.size(), 1U);
         window.Key(LKeyF1);
-        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("Help|")));
+        EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html")));
         EXPECT_FALSE(toolkit->HasQuit());
         window.Key(LKeyControl, 'w');
         EXPECT_TRUE(toolkit->HasQuit());
     });
+}
+
+TEST_F(App, QuittingIsClosing) {
+    for (const bool byKey : {true, false}) {
+        Run([&](MemoryMainWindow& window) {
+            EXPECT_EQ(window.menu.items.at(LCommandQuit).path, "File/Quit");
+            EXPECT_EQ(window.menu.items.at(LCommandQuit).key, "Ctrl+Q");
+            window.geometry.x = byKey ? 11 : 12;
+            byKey ? static_cast<void>(window.Key(LKeyControl, 'q')) : window.Choose(LCommandQuit);
+            EXPECT_TRUE(toolkit->HasQuit());
+            EXPECT_FALSE(window.visible);
+        });
+        EXPECT_EQ(LUserSettingGet("MainWindow", "X", 0), byKey ? 11 : 12);
+    }
 }
 
 TEST_F(App, TheLastToneAndPlaceComeBack) {

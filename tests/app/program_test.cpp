@@ -28,6 +28,7 @@ protected:
         unsetenv("WAYLAND_DISPLAY");
         unsetenv("DBUS_SESSION_BUS_ADDRESS");
         unsetenv("QT_QPA_PLATFORM");
+        std::filesystem::remove_all(DataFolder());
     }
     ~Program() override {
         for (const pid_t process : {program, display})
@@ -48,6 +49,14 @@ protected:
         program = Spawn({SONVIRE, argument}, server.Path("out"), server.Path("err"));
         return WaitFor(
             [] { return RunProgram("xdotool search --onlyvisible --name Sonvire windowfocus").status == 0; });
+    }
+    static std::string DataFolder() {
+        const char* folder = std::getenv("XDG_DATA_HOME");
+        return folder ? folder : "";
+    }
+    /// Where the program keeps its own files.
+    static std::string DataPath(const std::string& file) {
+        return DataFolder() + "/Quenby Software/Sonvire/" + file;
     }
     static void Key(const std::string& key) { EXPECT_EQ(RunProgram("xdotool key " + key).status, 0); }
     bool IsPlaying() { return !server.Control("list short sink-inputs").empty(); }
@@ -93,12 +102,47 @@ TEST_F(Program, KeysAreHeardAndTheToneIsKept) {
 
     EndProcess(program, SIGTERM); // which waits for its end
     program = -1;
-    const std::string current =
-        std::string(std::getenv("XDG_DATA_HOME")) + "/Quenby Software/Sonvire/current.tdf";
+    const std::string current = DataPath("current.tdf");
     ASSERT_TRUE(tone.ReadFromFile(current.c_str()));
     EXPECT_EQ(tone.startLeftHz[0], 440);
     ASSERT_EQ(RunCli("render '" + current + "' " + server.Path("expected.wav")).status, 0);
     EXPECT_EQ(WithoutZeros(heard), WithoutZeros(Rendered(server.Path("expected.wav"))));
+}
+
+TEST_F(Program, ACrashIsReportedAndKeepsTheTone) {
+#ifdef __SANITIZE_ADDRESS__
+    constexpr int Signal = SIGABRT; // the sanitizer handles the others itself
+#else
+    constexpr int Signal = SIGSEGV;
+#endif
+    ASSERT_TRUE(server.Start());
+    ASSERT_TRUE(server.AddOutput("main", 44100, 1));
+    ASSERT_TRUE(StartDisplay());
+    SonvireData tone;
+    tone.startLeftHz[0] = 220;
+    ASSERT_TRUE(tone.WriteToFile(server.Path("start.tdf").c_str()));
+    ASSERT_TRUE(StartProgram(server.Path("start.tdf")));
+    Key("Page_Up");
+    Key("space");
+    EXPECT_TRUE(WaitFor([this] { return IsPlaying(); }));
+
+    kill(program, Signal);
+    int state = 0;
+    waitpid(program, &state, 0);
+    program = -1;
+    EXPECT_TRUE(WIFSIGNALED(state));
+    EXPECT_EQ(WTERMSIG(state), Signal);
+    ASSERT_TRUE(tone.ReadFromFile(DataPath("current.tdf").c_str()));
+    EXPECT_EQ(tone.startLeftHz[0], 440);
+    const std::string report = ReadBytes(DataPath("crash-report.txt"));
+    for (const std::string part :
+         {"Sonvire 2.14 ended unexpectedly", Signal == SIGABRT ? "Signal: SIGABRT\n" : "Signal: SIGSEGV\n",
+          "Tone: Sine, Constant (Continuous), components: 1, ", "\nPlaying\n", "\nsonvire+0x", "Qt 6."})
+        EXPECT_NE(report.find(part), std::string::npos) << part << " is not in\n" << report;
+    for (const std::string& part :
+         {server.Path(""), DataFolder(), std::filesystem::path(SONVIRE).parent_path().string(),
+          std::string("start.tdf"), std::string("Output main")})
+        EXPECT_EQ(report.find(part), std::string::npos) << part << " is in\n" << report;
 }
 
 } // namespace

@@ -312,6 +312,7 @@ constexpr LControlLayout FormControls[] = {
     {108, LControlKind::NumberEdit, "", {250, 122, 58, 20}},
     {109, LControlKind::NumberText, "", {}},
     {110, LControlKind::List, "", {20, 150, 360, 100}, Widen | Heighten},
+    {111, LControlKind::Link, "A < B", {140, 268, 100, 20}, MoveDown},
     {LCommandHelp, LControlKind::Button, "Help", {20, 264, 100, 0}, MoveDown},
     {LCommandOk, LControlKind::Button, "OK", {280, 264, 100, 0}, MoveDown | MoveRight},
 };
@@ -321,6 +322,11 @@ class Form : public LDialog {
 public:
     Form() : LDialog(FormLayout) {}
     Texts seen;
+
+    void Command(int command) override {
+        if (command == 111)
+            seen.push_back(GetText(111));
+    }
 
 private:
     void InitDialog() override {
@@ -370,6 +376,31 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysAndGrows) {
             });
             EXPECT_TRUE(form.Open(window));
             EXPECT_EQ(form.seen, (Texts{"help", "13", "12"}));
+        });
+}
+
+TEST_F(QtGui, ALinkIsUsedByClickAndByKey) {
+    Run([](TestWindow&) {},
+        [this] {
+            Form form;
+            Then([&](QWidget& dialog) {
+                auto* link = Control<QWidget>(111, &dialog);
+                QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(5, link->height() / 2));
+                Control<QWidget>(110, &dialog)->setFocus();
+                QTest::keyClick(&dialog, Qt::Key_Tab);
+                EXPECT_TRUE(link->hasFocus());
+                form.SetText(111, "C & D");
+                QTest::keyClick(&dialog, Qt::Key_Tab);
+                QTest::keyClick(&dialog, Qt::Key_Backtab);
+                EXPECT_TRUE(link->hasFocus());
+                QTest::keyClick(link, Qt::Key_Return);
+                EXPECT_TRUE(dialog.isVisible());
+                QTest::keyClick(&dialog, Qt::Key_Tab);
+                EXPECT_FALSE(link->hasFocus());
+                dynamic_cast<QDialog&>(dialog).reject();
+            });
+            form.Open(window);
+            EXPECT_EQ(form.seen, (Texts{"A < B", "C & D"}));
         });
 }
 
@@ -456,12 +487,14 @@ TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
     LMessageAnswer answer = LMessageAnswer::Yes;
     Run([](TestWindow&) {},
         [&] {
+            EXPECT_FALSE(toolkit.IsSessionEnding());
             LNumericEdit box("Edit Value", "", "1");
             Then([](QWidget&) { raise(SIGTERM); });
             ok = box.Open(window);
             answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
             EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
         });
+    EXPECT_TRUE(toolkit.IsSessionEnding());
     EXPECT_FALSE(ok);
     EXPECT_EQ(answer, LMessageAnswer::No);
     EXPECT_EQ(window.log.back(), "destroy");

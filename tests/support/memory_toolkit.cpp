@@ -46,7 +46,7 @@ std::optional<LChosenFile> MemoryToolkit::ChooseFile(const LFileChooser& chooser
 
 bool MemoryToolkit::OpenUrl(const std::string& url) {
     urls.push_back(url);
-    return true;
+    return hasBrowser;
 }
 
 void MemoryToolkit::Run() {

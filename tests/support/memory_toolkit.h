@@ -17,7 +17,9 @@ public:
         dialogScripts;                   ///< a dialog is cancelled where one does not end it
     std::deque<LChosenFile> chosenFiles; ///< an empty path cancels
     std::deque<LMessageAnswer> answers;
-    std::deque<int> popupChoices;                ///< nothing is chosen that is disabled
+    std::deque<int> popupChoices; ///< nothing is chosen that is disabled
+    bool hasBrowser = true;
+    bool sessionEnding = false;
     std::function<void(MemoryDialog&)> onDialog; ///< sees every dialog when it is made
     std::function<void()> running;         ///< the user's time with the main window; it closes afterwards
     std::function<void()> whileDispatched; ///< what happens each time pending events are delivered
@@ -35,6 +37,7 @@ public:
     std::unique_ptr<LMenuPeer> CreatePopupMenu() override;
     std::optional<LChosenFile> ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) override;
     bool OpenUrl(const std::string& url) override;
+    bool IsSessionEnding() const override { return sessionEnding; }
     void Run() override;
     void Quit() override { quit = true; }
     void DispatchPending() override;

@@ -87,7 +87,7 @@ private:
 };
 
 bool IsNumberKind(LControlKind kind) {
-    return kind != LControlKind::Text && kind != LControlKind::Edit;
+    return kind != LControlKind::Text && kind != LControlKind::Link && kind != LControlKind::Edit;
 }
 
 } // namespace

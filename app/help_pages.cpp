@@ -1,0 +1,36 @@
+#include "app/help_pages.h"
+
+#include "gui/toolkit.h"
+#include "sys/file.h"
+#include "sys/file_url.h"
+#include "sys/message_box.h"
+#include "sys/program_data.h"
+
+namespace {
+
+const char* GetFileName(HelpPage page) {
+    switch (page) {
+    case HelpPage::Start:
+        break;
+    case HelpPage::Lists:
+        return "lists.html";
+    case HelpPage::Settings:
+        return "settings.html";
+    case HelpPage::Keys:
+        return "keys.html";
+    case HelpPage::CommandLine:
+        return "command-line.html";
+    }
+    return "index.html";
+}
+
+} // namespace
+
+void OpenHelpPage(LWindow& parent, HelpPage page) {
+    const std::string path = GetSharedDataFolder() + "/sonvire/help/" + GetFileName(page);
+    if (!FileExists(path.c_str()))
+        LShowMessageBox("Sonvire Help", "The help page \"" + path + "\" does not exist.");
+    else if (!parent.GetToolkit().OpenUrl(MakeFileUrl(path)))
+        LShowMessageBox("Sonvire Help",
+                        "No program was found that shows web pages. The help page is \"" + path + "\".");
+}

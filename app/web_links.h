@@ -1,0 +1,13 @@
+#pragma once
+
+#include "gui/window.h"
+
+/// Opens the page of the maker's web site that a standard link of the Help menu leads to, and says its
+/// address where there is no browser. False for every other command.
+bool OpenWebLink(LWindow& parent, int command);
+/// Where such a link leads; empty for every other command.
+std::string GetWebAddress(int command);
+
+/// At the end of the program: the first time that the user ends it, opens a page of thanks. Nothing is said
+/// where there is no browser.
+void OpenThankYouPageOnce(LToolkit& toolkit);
