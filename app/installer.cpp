@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -44,7 +43,7 @@ bool WriteAll(const std::string& path, const std::string& content) {
     if (error)
         return Fail(path, error.message());
     return LFile::SaveFile(path.c_str(), content.data(), static_cast<unsigned int>(content.size())) ||
-           Fail(path, std::strerror(errno));
+           Fail(path, ExplainError(errno));
 }
 
 bool Register(const std::string& name, const std::string& folder) {

@@ -78,14 +78,14 @@ void ListDlg::InitDialog() {
 }
 
 void ListDlg::OpenList() {
-    const std::string path = GetEditedList();
-    if (!path.empty()) {
+    file = GetEditedList();
+    if (!file.empty()) {
         const LListRebuild rebuild(*list);
-        CmAddToneToLV(path, 0);
-        untitled = GetFileExtension(path) != ".tdl";
+        CmAddToneToLV(file, 0);
+        untitled = GetFileExtension(file) != ".tdl";
         return;
     }
-    newList = CreateTemporaryList();
+    file = newList = CreateTemporaryList();
     if (newList.empty())
         ReportUnwritten("/var/tmp", ExplainError(errno));
     SetEditedList(newList);
@@ -93,12 +93,12 @@ void ListDlg::OpenList() {
 
 void ListDlg::DestroyDialog() {
     list.reset();
-    if (newList.empty())
+    const bool isUsed = accepted && file == newList;
+    if (newList.empty() || isUsed)
         return;
-    if (!accepted)
+    unlink(newList.c_str());
+    if (GetEditedList() == newList)
         SetEditedList({});
-    if (GetEditedList() != newList)
-        unlink(newList.c_str());
 }
 
 void ListDlg::EnableControls() {
@@ -109,6 +109,8 @@ void ListDlg::EnableControls() {
 
 bool ListDlg::CmOk() {
     accepted = !modified || KeepChanges();
+    if (accepted)
+        SetEditedList(file); // another editor may have been opened over this one
     return accepted;
 }
 

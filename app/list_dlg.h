@@ -53,6 +53,7 @@ private:
     bool modified = false;           ///< the rows are others than in the list file
     bool untitled = true;            ///< the list has no file of the user's yet
     bool accepted = false;           ///< closed with OK
+    std::string file;                ///< that the list is in
     std::string newList; ///< the file of a new list, which goes where the list does not stay in it
 };
 

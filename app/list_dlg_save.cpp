@@ -21,11 +21,11 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone list file", "*.tdl"}};
 bool ListDlg::CmSaveList() {
     if (untitled)
         return CmSaveAs();
-    return !modified || SaveTo(GetEditedList());
+    return !modified || SaveTo(file);
 }
 
 bool ListDlg::CmSaveAs() {
-    LFileChooser chooser{"Save tone list as", untitled ? "" : GetEditedList(),
+    LFileChooser chooser{"Save tone list as", untitled ? "" : file,
                          LUserSettingGetText("tonelist", "savefolder"), SaveListFilters, "tdl"};
     const std::string path = LChooseFileToSave(*this, chooser);
     if (path.empty())
@@ -46,7 +46,7 @@ bool ListDlg::SaveTo(const std::string& path) {
         ReportUnwritten(path, refusal);
         return false;
     }
-    SetEditedList(path);
+    SetEditedList(file = path);
     modified = false;
     untitled = untitled && GetFileExtension(path) != ".tdl";
     return true;
@@ -60,7 +60,7 @@ bool ListDlg::SaveToTemporary() {
         unlink(path.c_str());
         return false;
     }
-    SetEditedList(path);
+    file = path;
     return true;
 }
 

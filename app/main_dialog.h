@@ -81,7 +81,7 @@ private:
     // open_files.cpp: documents from outside.
     void CmLoadFile(const char* path) override;
     void EvRunArguments(const char* const* arguments, int count) override;
-    void OpenArgument(const std::string& path);
+    void OpenFromUser(const std::string& path);
 
     // file_commands.cpp
     void CmLoadTDF();

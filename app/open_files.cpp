@@ -3,7 +3,6 @@
 #include "app/file_reports.h"
 #include "app/main_dialog.h"
 #include "gui/toolkit.h"
-#include "sys/file.h"
 #include "sys/message_box.h"
 #include "sys/settings.h"
 
@@ -45,13 +44,13 @@ void MainDialog::CmLoadFile(const char* path) {
 /// Only the first argument counts. What the last run has left to say comes after it.
 void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     if (count > 1)
-        OpenArgument(arguments[1]);
+        OpenFromUser(arguments[1]);
     GetToolkit().Post([this] { OfferCrashReport(*this); });
 }
 
 /// Other than a document from the desktop, a file named by its user may be a list, and its extension in
 /// capitals.
-void MainDialog::OpenArgument(const std::string& path) {
+void MainDialog::OpenFromUser(const std::string& path) {
     if (HasExtension(path, ".tdf")) {
         ReadTone(tone, path);
         RelistandStart();
@@ -66,7 +65,7 @@ void MainDialog::OpenArgument(const std::string& path) {
 void MainDialog::EvDropFiles(const std::vector<std::string>& paths) {
     for (const std::string& path : paths)
         if (HasExtension(path, ".tdl"))
-            OpenArgument(path);
+            OpenFromUser(path);
         else
             CmLoadFile(path.c_str());
 }

@@ -47,6 +47,12 @@ void LMainWindow::OpenDocuments(const std::vector<std::string>& paths) {
         CmLoadFile(path.c_str());
 }
 
+void LMainWindow::OpenArgument(const std::string& path) {
+    const char* const given[] = {arguments[0], path.c_str()};
+    if (standing)
+        EvRunArguments(given, 2);
+}
+
 void LMainWindow::Activate() {
     if (standing)
         peer->Raise();

@@ -19,6 +19,8 @@ public:
     /// Opens documents that the desktop hands over, one after the other: at once, or once the window stands.
     /// While some wait for that, more are ignored.
     void OpenDocuments(const std::vector<std::string>& paths);
+    /// Takes a file that a second start of the program was given as the first start takes its argument.
+    void OpenArgument(const std::string& path);
     /// Brings the window to the front.
     void Activate();
 

@@ -3,6 +3,7 @@
 #include "gui/main_window.h"
 #include "gui/qt/qt_text.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -16,6 +17,7 @@ namespace {
 constexpr const char* ServiceName = "com.quenbysoftware.Sonvire";
 constexpr const char* ObjectPath = "/com/quenbysoftware/Sonvire";
 constexpr const char* Interface = "org.freedesktop.Application";
+constexpr const char* OpenArgument = "open-argument"; ///< the action of a second start with a file
 constexpr int AnswerMs = 5000;
 
 std::vector<std::string> LocalFiles(const QStringList& addresses) {
@@ -27,11 +29,27 @@ std::vector<std::string> LocalFiles(const QStringList& addresses) {
 }
 
 QDBusMessage MakeRequest(const std::string& path) {
-    const char* method = path.empty() ? "Activate" : "Open";
+    const char* method = path.empty() ? "Activate" : "ActivateAction";
     QDBusMessage request = QDBusMessage::createMethodCall(ServiceName, ObjectPath, Interface, method);
     if (!path.empty())
-        request << QStringList(QUrl::fromLocalFile(QFileInfo(ToQt(path)).absoluteFilePath()).toString());
+        request << OpenArgument << QVariantList{QFileInfo(ToQt(path)).absoluteFilePath()};
     return request << QVariantMap();
+}
+
+/// What another process asks the window for, besides to show itself.
+struct Request {
+    std::vector<std::string> documents;
+    std::string argument;
+};
+
+Request ReadRequest(const QDBusMessage& message) {
+    const QVariantList arguments = message.arguments();
+    if (message.member() == "Open" && !arguments.isEmpty())
+        return {LocalFiles(arguments[0].toStringList()), {}};
+    if (message.member() != "ActivateAction" || arguments.size() < 2 || arguments[0] != OpenArgument)
+        return {};
+    const auto parameters = qdbus_cast<QVariantList>(arguments[1]);
+    return {{}, parameters.isEmpty() ? std::string() : FromQt(parameters[0].toString())};
 }
 
 } // namespace
@@ -55,17 +73,16 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         if (message.interface() != Interface && !message.interface().isEmpty())
             return false;
-        const bool opens = message.member() == "Open" && !message.arguments().isEmpty();
-        if (!opens && message.member() != "Activate" && message.member() != "ActivateAction")
+        if (!QStringList{"Open", "Activate", "ActivateAction"}.contains(message.member()))
             return false;
         connection.send(message.createReply());
-        const std::vector<std::string> paths =
-            LocalFiles(opens ? message.arguments().constFirst().toStringList() : QStringList());
         // Once the caller has its answer: what follows may open a dialog.
-        QTimer::singleShot(0, this, [this, paths] {
+        QTimer::singleShot(0, this, [this, request = ReadRequest(message)] {
             window->Activate();
-            if (!paths.empty())
-                window->OpenDocuments(paths);
+            if (!request.documents.empty())
+                window->OpenDocuments(request.documents);
+            if (!request.argument.empty())
+                window->OpenArgument(request.argument);
         });
         return true;
     }

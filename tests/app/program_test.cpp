@@ -31,7 +31,7 @@ protected:
         std::filesystem::remove_all(DataFolder());
     }
     ~Program() override {
-        for (const pid_t process : {program, display})
+        for (const pid_t process : {program, display, bus})
             if (process > 0)
                 EndProcess(process, SIGKILL);
     }
@@ -43,6 +43,16 @@ protected:
         if (!WaitFor([&] { return ReadBytes(number).ends_with('\n'); }))
             return false;
         setenv("DISPLAY", (":" + std::to_string(std::atoi(ReadBytes(number).c_str()))).c_str(), 1);
+        return true;
+    }
+    bool StartBus() {
+        const std::string address = server.Path("bus");
+        bus = Spawn({"dbus-daemon", "--session", "--nofork", "--print-address=1"}, address,
+                    server.Path("bus.err"));
+        if (!WaitFor([&] { return ReadBytes(address).ends_with('\n'); }))
+            return false;
+        const std::string line = ReadBytes(address);
+        setenv("DBUS_SESSION_BUS_ADDRESS", line.substr(0, line.size() - 1).c_str(), 1);
         return true;
     }
     bool StartProgram(const std::string& argument) {
@@ -64,6 +74,7 @@ protected:
     SoundServer server;
     pid_t display = -1;
     pid_t program = -1;
+    pid_t bus = -1;
 };
 
 std::vector<int> WithoutZeros(std::vector<int> samples) {
@@ -107,6 +118,34 @@ TEST_F(Program, KeysAreHeardAndTheToneIsKept) {
     EXPECT_EQ(tone.startLeftHz[0], 440);
     ASSERT_EQ(RunCli("render '" + current + "' " + server.Path("expected.wav")).status, 0);
     EXPECT_EQ(WithoutZeros(heard), WithoutZeros(Rendered(server.Path("expected.wav"))));
+}
+
+TEST_F(Program, ASecondStartHandsItsFileOver) {
+    ASSERT_TRUE(server.Start());
+    ASSERT_TRUE(StartDisplay());
+    ASSERT_TRUE(StartBus());
+    SonvireData tone;
+    tone.startLeftHz[0] = 220;
+    ASSERT_TRUE(tone.WriteToFile(server.Path("tone.tdf").c_str()));
+    WriteBytes(server.Path("list.tdl"), "500ms silence.\n250ms silence.\n");
+    ASSERT_TRUE(StartProgram(server.Path("none")));
+    const std::string second = "exec timeout 20 " SONVIRE " ";
+    EXPECT_EQ(RunProgram(second + server.Path("tone.tdf")).status, 0);
+    Key("Page_Up");
+    EXPECT_EQ(RunProgram(second + server.Path("list.tdl")).status, 0);
+    const auto editor = [] {
+        return RunProgram("xdotool search --onlyvisible --name 'Tone List' windowfocus").status == 0;
+    };
+    EXPECT_TRUE(WaitFor(editor)) << "lists as well";
+    Key("Return");
+    EXPECT_TRUE(WaitFor([&] { return !editor(); }));
+
+    EndProcess(program, SIGTERM);
+    program = -1;
+    ASSERT_TRUE(tone.ReadFromFile(DataPath("current.tdf").c_str()));
+    EXPECT_EQ(tone.startLeftHz[0], 440);
+    EXPECT_EQ(tone.GetListPath(), server.Path("list.tdl"));
+    EXPECT_EQ(tone.durationMs, 750U);
 }
 
 TEST_F(Program, ACrashIsReportedAndKeepsTheTone) {
