@@ -85,7 +85,8 @@ void StatusFields::StoreDevice() {
 
 LDB StatusFields::StoreVolume() {
     const int decibels = window.GetValue(ControlVolume);
-    LUserSettingSet("settings", "playvolume", decibels);
+    if (!window.IsHeld(ControlVolume)) // a store takes longer than a slider's next step
+        LUserSettingSet("settings", "playvolume", decibels);
     ShowVolume(decibels);
     return LDB(static_cast<std::int8_t>(decibels));
 }

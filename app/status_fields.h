@@ -30,7 +30,7 @@ public:
     void ShowLevels(const LDBMC& levels);
     void ShowStopped();
 
-    /// Keep what the user has just chosen.
+    /// Keep what the user has just chosen; a volume that is still being chosen is answered only.
     void StoreDevice();
     LDB StoreVolume();
 

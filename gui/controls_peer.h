@@ -33,6 +33,9 @@ public:
     virtual void SetRange(int id, int least, int most) = 0;
     virtual void SetValue(int id, int value) = 0;
     virtual int GetValue(int id) const = 0;
+    /// True while the user holds a slider: more values are to come, and the last one is told again when it is
+    /// let go.
+    virtual bool IsHeld(int id) const = 0;
 
     /// What a chooser offers; the first one becomes its value.
     virtual void SetChoices(int id, const std::vector<std::string>& choices) = 0;

@@ -32,6 +32,10 @@ int LWindow::GetValue(int control) const {
     return GetControls().GetValue(control);
 }
 
+bool LWindow::IsHeld(int control) const {
+    return GetControls().IsHeld(control);
+}
+
 void LWindow::PBSetProgress(int control, double fraction) {
     SetValue(control, static_cast<int>(fraction * 100));
 }

@@ -25,6 +25,7 @@ public:
     void SetRange(int control, int least, int most);
     void SetValue(int control, int value);
     int GetValue(int control) const;
+    bool IsHeld(int control) const;
     /// A progress bar at the whole percents of `fraction`, which counts from 0 to 1.
     void PBSetProgress(int control, double fraction);
     void SetChoices(int control, const std::vector<std::string>& choices);

@@ -53,8 +53,10 @@ void LQtControls::Connect(int id, QWidget* widget) {
         QObject::connect(link, &QLabel::linkActivated, link, use);
     if (auto* combo = qobject_cast<QComboBox*>(widget))
         QObject::connect(combo, &QComboBox::activated, combo, use);
-    if (auto* slider = qobject_cast<QSlider*>(widget))
+    if (auto* slider = qobject_cast<QSlider*>(widget)) {
         QObject::connect(slider, &QSlider::valueChanged, slider, use);
+        QObject::connect(slider, &QSlider::sliderReleased, slider, use);
+    }
 }
 
 QWidget* LQtControls::Make(const LControlLayout& control) {
@@ -185,6 +187,11 @@ int LQtControls::GetValue(int id) const {
     if (const auto* combo = qobject_cast<const QComboBox*>(widget))
         return combo->currentIndex();
     return 0;
+}
+
+bool LQtControls::IsHeld(int id) const {
+    const auto* slider = qobject_cast<const QSlider*>(Find(id));
+    return slider && slider->isSliderDown();
 }
 
 void LQtControls::SetChoices(int id, const std::vector<std::string>& choices) {

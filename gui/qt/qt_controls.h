@@ -29,6 +29,7 @@ public:
     void SetRange(int id, int least, int most) override;
     void SetValue(int id, int value) override;
     int GetValue(int id) const override;
+    bool IsHeld(int id) const override;
     void SetChoices(int id, const std::vector<std::string>& choices) override;
     void SetLevels(int id, const std::vector<int>& decibels) override;
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& listEvents) override;

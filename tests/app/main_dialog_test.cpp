@@ -259,8 +259,12 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
             window.Choose(102);
         }
         window.Choose(101);
+        Control(ControlVolume).held = true;
         window.Move(ControlVolume, -6);
         EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
+        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -500) << "kept once the slider is let go";
+        Control(ControlVolume).held = false;
+        window.Move(ControlVolume, -6);
         EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -6);
     });
     EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";

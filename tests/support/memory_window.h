@@ -27,6 +27,7 @@ struct MemoryControl {
     std::string toolTip;
     bool enabled = true;
     int value = 0;
+    bool held = false; ///< a slider, by the user
     int least = 0;
     int most = 0;
     std::vector<std::string> choices;
@@ -50,6 +51,7 @@ public:
     void SetRange(int id, int least, int most) override;
     void SetValue(int id, int value) override;
     int GetValue(int id) const override;
+    bool IsHeld(int id) const override { return controls.at(id).held; }
     void SetChoices(int id, const std::vector<std::string>& choices) override;
     void SetLevels(int id, const std::vector<int>& decibels) override;
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override;
