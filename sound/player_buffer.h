@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 class LSoundChannel;
 
@@ -34,8 +33,9 @@ struct LSoundPlayerRing {
     static constexpr int Buffers = 64;
 
     LSoundPlayerRing(int framesPerBuffer, std::uint8_t channels)
-        : pool(std::size_t{Buffers} * static_cast<std::size_t>(framesPerBuffer) * channels) {
-        std::int16_t* next = pool.data();
+        : pool(std::make_unique_for_overwrite<std::int16_t[]>(
+              std::size_t{Buffers} * static_cast<std::size_t>(framesPerBuffer) * channels)) {
+        std::int16_t* next = pool.get();
         for (LSoundPlayerBuffer& buffer : buffers) {
             buffer.samples = next;
             next += std::ptrdiff_t{framesPerBuffer} * channels;
@@ -45,7 +45,7 @@ struct LSoundPlayerRing {
     using Silence = std::shared_ptr<std::atomic<bool>>;
 
     LSignalObject done; ///< set when a buffer has become free, or the channel's state has changed
-    std::vector<std::int16_t> pool;
+    std::unique_ptr<std::int16_t[]> pool; ///< not filled in: clearing it would cost a start a millisecond
     std::array<LSoundPlayerBuffer, Buffers> buffers;
     /// Set once nothing of the playback is to be heard any more, if only after its channel is gone.
     const Silence silence = std::make_shared<std::atomic<bool>>(false);
