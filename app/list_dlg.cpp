@@ -122,7 +122,7 @@ void ListDlg::CmAddTone() {
         return;
     LUserSettingSetString("tonelist", "read folder", chooser.folder);
     if (AddFile(path, list->GetCount()))
-        Modify();
+        ShowAdded();
 }
 
 bool ListDlg::AddFile(const std::string& path, int row) {
@@ -177,6 +177,12 @@ void ListDlg::CmAddSilence() {
         return;
     }
     InsertEntry(box.GetText() + SilenceSuffix, list->GetCount());
+    ShowAdded();
+}
+
+/// What has come to the end stands ready to be moved.
+void ListDlg::ShowAdded() {
+    list->SetCurrent(list->GetCount() - 1);
     Modify();
 }
 
@@ -223,8 +229,9 @@ void ListDlg::ShowTotal() {
             total += static_cast<std::int32_t>(length);
     }
     const auto shown = static_cast<int>(std::clamp<std::int64_t>(total, 0, INT_MAX));
-    SetText(ListTotal, "Total: " + FormatTime(LSoundTime(shown)) +
-                           (unknown > 0 ? " + " + std::to_string(unknown) + " unknown" : ""));
+    SetText(ListTotal, "Total: " + FormatTime(LSoundTime(shown)) + (unknown > 0 ? " or more" : ""));
+    SetToolTip(ListTotal,
+               unknown == 0 ? "" : "Entries that are endless or can't be read: " + std::to_string(unknown));
 }
 
 void ListDlg::CmHelp() {

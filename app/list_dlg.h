@@ -39,6 +39,7 @@ private:
     bool AddFile(const std::string& path, int row);
     void CmAddToneToLV(const std::string& path, int row);
     void InsertEntry(const std::string& entry, int row);
+    void ShowAdded();
     void MoveRow(int step);
     std::vector<std::string> GetEntries() const;
     void Modify();
