@@ -11,16 +11,12 @@
 
 namespace {
 
-QColor ColourOf(QIcon::Mode mode, QIcon::State state) {
-    const QPalette palette = QGuiApplication::palette();
-    if (mode == QIcon::Selected)
-        return palette.color(QPalette::HighlightedText);
-    // A pressed item is told by its picture too: in some themes its frame is faint.
-    const QPalette::ColorRole role = state == QIcon::On ? QPalette::Highlight : QPalette::ButtonText;
-    QColor colour = palette.color(QPalette::Active, role);
-    if (mode == QIcon::Disabled)
-        colour.setAlphaF(0.35F);
-    return colour;
+constexpr qreal DisabledOpacity = 0.35;
+constexpr qreal Corner = 0.2; // of the background's width
+
+/// A pressed item is told by its picture too, drawn like selected text: in some themes its frame is faint.
+QPalette::ColorRole RoleOf(QIcon::Mode mode, QIcon::State state) {
+    return mode == QIcon::Selected || state == QIcon::On ? QPalette::HighlightedText : QPalette::ButtonText;
 }
 
 /// Draws an SVG picture in the palette's colour at the time it is drawn, so that a change of theme is
@@ -30,12 +26,21 @@ public:
     explicit LQtIconEngine(const QByteArray& picture) : svg(picture) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
-        const QColor colour = ColourOf(mode, state);
+        const QPalette palette = QGuiApplication::palette();
+        const auto colour = [&palette](QPalette::ColorRole role) {
+            return palette.color(QPalette::Active, role);
+        };
         QByteArray coloured = svg;
-        coloured.replace("currentColor", colour.name(QColor::HexRgb).toLatin1());
+        coloured.replace("currentColor", colour(RoleOf(mode, state)).name(QColor::HexRgb).toLatin1());
         QSvgRenderer renderer(coloured);
         painter->save();
-        painter->setOpacity(painter->opacity() * static_cast<qreal>(colour.alphaF()));
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setOpacity(painter->opacity() * (mode == QIcon::Disabled ? DisabledOpacity : 1));
+        if (state == QIcon::On) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(colour(QPalette::Highlight));
+            painter->drawRoundedRect(rect, Corner * rect.width(), Corner * rect.height());
+        }
         renderer.render(painter, rect);
         painter->restore();
     }
