@@ -29,6 +29,13 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
             filters, "tdf"};
 }
 
+/// Why the sound is none that can be saved; empty where it is.
+std::string WhyNotSaved(const SonvireData& tone, const LSoundSource& source) {
+    const std::string uncountable = IsList(tone) ? std::string() : tone.WhyUncountable();
+    return uncountable.empty() ? LWaveFile::WhyTooLong(source->GetEndSample(), source->channels, 16)
+                               : uncountable;
+}
+
 /// A file that was there before, which the source may read, stays as it was until then. What the user has
 /// stopped is kept as far as it got; what could not be written is not.
 void Render(LWindow& parent, const LSoundSource& source, const std::string& path) {
@@ -45,7 +52,9 @@ void Render(LWindow& parent, const LSoundSource& source, const std::string& path
     sink->Finish();
     if ((sink->status & (SinkUnusable | SinkFellShort)) != 0)
         ReportUnwritten(path, ExplainError(sink->writeError));
-    else if (dialog.GetResult() != LProcessResult::Failed && !file.Commit())
+    else if (dialog.GetResult() == LProcessResult::Failed)
+        ReportUnwritten(path, "the tone gives no sound");
+    else if (!file.Commit())
         ReportUnwritten(path, file.GetError());
 }
 
@@ -112,7 +121,12 @@ void MainDialog::CmSaveWave(const std::string& path) {
     }
     LUserSettingSetString("settings", "filedir", GetFolder(path));
     const bool replacesItsOwn = IsList(tone) && IsReadByList(path, tone.GetListPath());
-    Render(*this, OpenToneEngine(tone), path);
+    const LSoundSource source = OpenToneEngine(tone);
+    if (const std::string reason = WhyNotSaved(tone, source); !reason.empty()) {
+        LShowMessageBox("Error", "The tone can't be saved: it " + reason + ".");
+        return;
+    }
+    Render(*this, source, path);
     if (replacesItsOwn)
         RelistandStart();
 }

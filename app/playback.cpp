@@ -10,6 +10,7 @@ void MainDialog::CmPlay() {
     if (!player.IsPlaying())
         devices.Refresh();
     player.SetDevice(FindDevice());
+    player.SetTitle(tone.GetToneName());
     player.SetPlayVolume(StatusFields::ReadVolume());
     const LSoundSource source = OpenToneEngine(tone);
     status.SetLength(tone.IsFinite() ? source.GetEnd() : LSoundTime());
@@ -24,7 +25,7 @@ LSoundPlayDevice MainDialog::FindDevice() {
     const bool known =
         name == deviceName && player.GetStatus() == PlayUsable && (player.IsPlaying() || !device.IsDefault());
     if (!known)
-        device = LSoundPlayDevice(name.empty() ? 0 : LSoundPlayDevice::GetListDeviceIndex(name.c_str()));
+        device = name.empty() ? LSoundPlayDevice() : LSoundPlayDevice::OfName(name.c_str());
     deviceName = name;
     return device;
 }

@@ -27,10 +27,11 @@ struct PlayOptions {
     ToneOptions tone; ///< stand for the input where it is left out
 };
 
-std::string ExplainPlayStatus(LPlayStatus status, int rate) {
+std::string ExplainPlayStatus(LPlayStatus status, const LSoundSource& source) {
     switch (status) {
     case PlayNoOutput:
-        return "can't be played: there is no sound output that takes " + std::to_string(rate) +
+        return "can't be played: there is no sound output that takes " + std::to_string(source->channels) +
+               " channels at " + std::to_string(source->sampleRate) +
                " Hz; no sound server or card was found, or it refuses";
     case PlayNoDevice:
         return "can't be played: the sound output is not there any more";
@@ -58,7 +59,7 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
             player.Stop();
     });
     if (player.GetStatus() != PlayUsable)
-        return Refuse(name, ExplainPlayStatus(player.GetStatus(), input.source->sampleRate));
+        return Refuse(name, ExplainPlayStatus(player.GetStatus(), input.source));
     return interrupted ? ExitStopped : ExitCompleted;
 }
 
@@ -67,7 +68,7 @@ int PlayInput(const PlayOptions& options, const std::string& name, const SoundIn
         return Refuse(name, input.refusal);
     LSoundPlayDevice device;
     if (!options.device.empty() && options.device != LSoundPlayDevice::DefaultName) {
-        device = LSoundPlayDevice(LSoundPlayDevice::GetListDeviceIndex(options.device.c_str()));
+        device = LSoundPlayDevice::OfName(options.device.c_str());
         if (device.IsDefault())
             return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
     }

@@ -60,11 +60,7 @@ std::string WhyNotConvertible(const LSoundSource& source, const OutputFormat& fo
     if (changed && source->channels > 2)
         return "has " + std::to_string(source->channels) + " channels; only mono and stereo can be converted";
     const double frames = static_cast<double>(source->GetEndSample()) * format.rate / source->sampleRate;
-    const int bytesPerFrame = format.channels * (format.bits / 8);
-    const double bytes = frames * bytesPerFrame;
-    if (frames > 2147483647.0 || bytes > 4294967040.0)
-        return "is too long for a WAVE file, which holds 4 GiB";
-    return {};
+    return LWaveFile::WhyTooLong(frames, format.channels, format.bits);
 }
 
 /// A sum of two channels may be too loud, so it is always limited: to what the output's bits can hold.

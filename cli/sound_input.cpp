@@ -63,8 +63,8 @@ SoundInput OpenWave(const std::string& path) {
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
     if (length == SoundLength::Finite && !tone.IsFinite())
         return Refused(NoDurationText);
-    if (tone.HasFlag(ToneFlagDuration) && tone.durationMs > MaxToneDurationMs)
-        return Refused("lasts longer than the 13 and a half hours that a tone can be counted for");
+    if (const std::string reason = tone.WhyUncountable(); !reason.empty())
+        return Refused(reason);
     return {.source = OpenToneEngine(tone), .refusal = {}, .endless = !tone.IsFinite()};
 }
 

@@ -61,10 +61,10 @@ public:
     const cubeb_device_info* begin() const { return found.device; }
     const cubeb_device_info* end() const { return found.device + found.count; }
 
-    /// The output of this name, or the default one for an empty name.
-    const cubeb_device_info* Find(const std::string& systemName) const {
+    const cubeb_device_info* Find(const LSoundPlayDevice& device) const {
         for (const cubeb_device_info& each : *this)
-            if (systemName.empty() ? each.preferred != CUBEB_DEVICE_PREF_NONE : systemName == each.device_id)
+            if (device.IsDefault() ? each.preferred != CUBEB_DEVICE_PREF_NONE
+                                   : device.GetSystemName() == each.device_id)
                 return &each;
         return nullptr;
     }
@@ -175,7 +175,7 @@ LSoundChannelState Run(Shared& shared) {
     const LSoundPlayDevice& device = shared.request.device;
     const Outputs outputs(context);
     // The default output is opened by its name as well: a stream that has none would follow the default.
-    const cubeb_device_info* output = outputs.Find(device.GetSystemName());
+    const cubeb_device_info* output = outputs.Find(device);
     if (!output && !device.IsDefault())
         return LSoundChannelState::NoDevice;
     return PlayUntilClosed(context, output ? output->devid : nullptr, shared);

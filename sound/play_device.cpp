@@ -60,16 +60,24 @@ LSoundPlayDevice::LSoundPlayDevice(int listIndex) : index(std::max(0, listIndex)
         });
 }
 
+LSoundPlayDevice LSoundPlayDevice::OfName(const char* name) {
+    LSoundPlayDevice device;
+    if (std::string(name) != DefaultName)
+        device.index = FindDevice([&](int, const LSoundPlayDeviceListItem& item) {
+            const bool found = strcasecmp(item.name.c_str(), name) == 0;
+            if (found)
+                device.systemName = item.systemName;
+            return found;
+        });
+    return device;
+}
+
 int LSoundPlayDevice::GetDeviceIndexById(std::uint32_t id) {
     return FindDevice([id](int, const LSoundPlayDeviceListItem& item) { return item.id == id; });
 }
 
 int LSoundPlayDevice::GetListDeviceIndex(const char* name) {
-    if (std::string(name) == DefaultName)
-        return 0;
-    return FindDevice([name](int, const LSoundPlayDeviceListItem& item) {
-        return strcasecmp(name, item.name.c_str()) == 0;
-    });
+    return OfName(name).GetIndex();
 }
 
 std::string LSoundPlayDevice::GetListDeviceName(int index) {

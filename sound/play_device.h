@@ -33,6 +33,9 @@ public:
     /// The output at this place; one beyond the list is no output, and playing on it fails.
     explicit LSoundPlayDevice(int listIndex);
 
+    /// The output that `GetListDeviceIndex` finds for the name.
+    static LSoundPlayDevice OfName(const char* name);
+
     int GetIndex() const { return index; }
     bool IsDefault() const { return index == 0; }
     /// As the sound server knows the output; empty for the default one.

@@ -45,6 +45,12 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     }
     blockFrames = std::clamp(source->sampleRate / BlocksPerSecond, MinBlockFrames, MaxBlockFrames);
     ring = std::make_shared<LSoundPlayerRing>(blockFrames, source->channels);
+    request = {.rate = source->sampleRate,
+               .channels = source->channels,
+               .device = playDevice,
+               .title = title,
+               .ring = ring,
+               .after = previous};
     work.resize(static_cast<std::size_t>(blockFrames) * source->channels);
     written = reported = 0;
     raised = false;
@@ -65,6 +71,7 @@ void LSoundPlayer::Stop() {
     source.Close();
     previous = ring->silence;
     ring.reset();
+    request = {};
     playing = false;
     ended = false;
     report = {}; // nobody shares it now
@@ -112,12 +119,7 @@ void LSoundPlayer::ThreadFunction() {
         const std::scoped_lock lock(volumeMutex);
         volumePending = volume.has_value();
     }
-    channel = open({.rate = source->sampleRate,
-                    .channels = source->channels,
-                    .device = playDevice,
-                    .title = title,
-                    .ring = ring,
-                    .after = previous});
+    channel = open(request);
     while (!IsStopRequested()) {
         // First, so that what comes after any of the tests below ends the rest.
         ring->done.Reset();
@@ -137,6 +139,7 @@ bool LSoundPlayer::Refill() {
     if (!full && remaining > 0) {
         QueueBlock(std::min(remaining, blockFrames));
     } else if (!full && source->IsStreaming()) {
+        RaisePriority();
         source->WaitForStreamingData(StreamingRestMs);
     } else if (queued > 0) {
         Rest();
@@ -148,10 +151,15 @@ bool LSoundPlayer::Refill() {
 }
 
 void LSoundPlayer::Rest() {
+    RaisePriority();
+    WaitSignal(ring->done, RestMs);
+}
+
+/// Before the first wait: until then the thread is to catch up, not to be on time.
+void LSoundPlayer::RaisePriority() {
     if (!raised)
         SetPriority(PriorityRealTime);
     raised = true;
-    WaitSignal(ring->done, RestMs);
 }
 
 void LSoundPlayer::SendVolume() {

@@ -71,6 +71,7 @@ private:
     void QueueBlock(int frames);
     void MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const;
     void Rest();
+    void RaisePriority();
     void End(LPlayStatus reason);
     bool CheckChannel();
 
@@ -81,6 +82,7 @@ private:
     long notifyId = 0;
     LSoundPlayDevice playDevice;
     std::string title;
+    LSoundPlayerRing::Silence previous; ///< of the playback before
 
     std::mutex volumeMutex;
     std::optional<std::uint32_t> volume; ///< volume word, under the volume mutex
@@ -95,9 +97,9 @@ private:
     LSoundSource source; ///< the thread's while it runs
 
     // Made by `Start`, then the thread's.
+    LSoundChannelRequest request{};
     std::shared_ptr<LSoundPlayerRing> ring;
-    LSoundPlayerRing::Silence previous; ///< of the playback before
-    std::vector<int> work;              ///< one block
+    std::vector<int> work; ///< one block
     int blockFrames = 0;
     std::unique_ptr<LSoundChannel> channel;
     unsigned int written = 0;  ///< buffers queued

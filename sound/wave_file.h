@@ -5,6 +5,7 @@
 #include "sys/file.h"
 
 #include <cstdint>
+#include <string>
 
 /// Reads and writes WAVE (RIFF) sound files. Read: PCM of up to 16 bits and mono IMA ADPCM, up to 196000 Hz.
 /// Written: PCM of 8 or 16 bits.
@@ -17,6 +18,9 @@ public:
 
     /// What such a status means, in words for the user.
     static const char* ExplainStatus(int status);
+
+    /// Why no file of this format holds that many frames, in words for the user; empty where one does.
+    static std::string WhyTooLong(double frames, int channels, int bits);
 
     static constexpr const char* CutShortText = "is cut short; silence stands for the rest";
     /// True where the header promises more data than the file holds; what is missing reads as silence.

@@ -48,6 +48,11 @@ void SonvireData::SetDuration(std::uint32_t ms) {
     repeat = 0;
 }
 
+std::string SonvireData::WhyUncountable() const {
+    const bool counts = !HasFlag(ToneFlagDuration) || durationMs <= MaxToneDurationMs;
+    return counts ? "" : "lasts longer than the 13 and a half hours that a tone can be counted for";
+}
+
 int SonvireData::GetDurationFrames() const {
     return HasFlag(ToneFlagDuration) ? ::GetDurationFrames(durationMs, ToneSampleRate) : 0;
 }

@@ -70,6 +70,8 @@ public:
     bool IsFinite() const { return HasFlag(ToneFlagDuration) && repeat == 0; }
     /// Makes the tone that long, and finite.
     void SetDuration(std::uint32_t ms);
+    /// Why its duration can't be counted, in words for the user; empty where it can.
+    std::string WhyUncountable() const;
     /// The length in frames at 44100 Hz; 0 without a duration.
     int GetDurationFrames() const;
 

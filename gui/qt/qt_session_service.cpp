@@ -3,6 +3,7 @@
 #include "gui/main_window.h"
 #include "gui/qt/qt_text.h"
 
+#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -19,6 +20,7 @@ constexpr const char* ObjectPath = "/com/quenbysoftware/Sonvire";
 constexpr const char* Interface = "org.freedesktop.Application";
 constexpr const char* OpenArgument = "open-argument"; ///< the action of a second start with a file
 constexpr int AnswerMs = 5000;
+constexpr int BusyMs = 200; // until a request is tried again
 
 std::vector<std::string> LocalFiles(const QStringList& addresses) {
     std::vector<std::string> paths;
@@ -79,12 +81,22 @@ public:
         // Once the caller has its answer: what follows may open a dialog.
         QTimer::singleShot(0, this, [this, request = ReadRequest(message)] {
             window->Activate();
-            if (!request.documents.empty())
-                window->OpenDocuments(request.documents);
-            if (!request.argument.empty())
-                window->OpenArgument(request.argument);
+            Serve(request);
         });
         return true;
+    }
+
+private:
+    /// A dialog that is open, or a job that runs under one, is finished first: what is asked for would change
+    /// the tone below it.
+    void Serve(const Request& request) {
+        const bool busy = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+        if (busy)
+            QTimer::singleShot(BusyMs, this, [this, request] { Serve(request); });
+        else if (!request.documents.empty())
+            window->OpenDocuments(request.documents);
+        else if (!request.argument.empty())
+            window->OpenArgument(request.argument);
     }
 };
 
