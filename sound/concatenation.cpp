@@ -124,17 +124,20 @@ void LSSRCCat::Seek(int target) {
     cursor = 0;
     while (!IsAllOpened()) {
         const std::int64_t rest = std::int64_t{target} - position;
-        // Seeking an item twice would take lists that are nested in each other twice as long with every
+        // An item is sought once: to its start, to be measured there, or where that is behind the target, to
+        // the target at once. Both would take lists that are nested in each other twice as long with every
         // level.
-        Open(rest > 0);
-        if (rest > 0 || !IsPlayable(current)) {
-            const int length = IsPlayable(current) ? current->GetEndSample() : silenceLeft;
-            if (length < rest) {
-                position = WrapAdd(position, length);
-                continue;
-            }
+        const bool reachesIntoItem = rest > 0;
+        Open(reachesIntoItem);
+        if (!reachesIntoItem)
+            current->Seek(WrapToInt(rest));
+        const int length = IsPlayable(current) ? current->GetEndSample() : silenceLeft;
+        if (length < rest) {
+            position = WrapAdd(position, length);
+            continue;
         }
-        current->Seek(WrapToInt(rest));
+        if (reachesIntoItem)
+            current->Seek(WrapToInt(rest));
         position = target;
         silenceLeft = WrapToInt(silenceLeft - rest);
         return;

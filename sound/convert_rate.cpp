@@ -141,16 +141,14 @@ void LSRCConvertRate::PackSamples(int frames) {
 }
 
 void LSRCConvertRate::Read(int* buffer, int frames) {
-    if (channels > 2) {
-        ClearAudioBuffer(buffer, frames, channels);
-        return;
-    }
     while (frames > 0) {
         EnterSubPhase();
         while (spanStart >= fill)
             ReadBuffer();
         const int count = std::min(frames, GetFramesInBuffer());
-        if (rowsFit && samplesFit)
+        if (channels > 2) // a layout that nothing converts
+            ClearAudioBuffer(buffer, count, channels);
+        else if (rowsFit && samplesFit)
             Produce(buffer, count);
         else
             ProduceWide(buffer, count);

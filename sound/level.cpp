@@ -73,7 +73,8 @@ std::uint32_t GetBufferMeanSquare(const int* buffer, int frames, std::uint8_t ch
 
 std::uint32_t GetBufferMeanSquareChan(std::uint8_t channel, const int* buffer, int frames,
                                       std::uint8_t channels) {
-    return frames < 1 ? 0 : GetMeanSquare(buffer + channel, frames, channels);
+    const int first = channels == 1 ? 0 : channel;
+    return frames < 1 ? 0 : GetMeanSquare(buffer + first, frames, channels);
 }
 
 LDB GetBufferRMSDBChan(std::uint8_t channel, const int* buffer, int frames, std::uint8_t channels) {
