@@ -20,6 +20,7 @@ std::vector<std::string> GetOutputNames() {
     LSoundPlayDeviceList found;
     const int count = GetSoundPlayDeviceList(found);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         names.push_back(found[static_cast<std::size_t>(i)].name);
     return names;

@@ -4,14 +4,25 @@
 #include "sys/message_box.h"
 #include "tone/tone_data.h"
 
+namespace {
+
+void Report(const std::string& path, const char* failure, const std::string& reason) {
+    LShowMessageBox("Error", "The file \"" + path + "\" can't be " + failure + ": " + reason + ".");
+}
+
+} // namespace
+
 void ReportUnreadable(const std::string& path, const std::string& otherwise) {
     const std::string reason = WhyUnreadable(path.c_str());
-    LShowMessageBox("Error", "The file \"" + path +
-                                 "\" can't be read: " + (reason.empty() ? otherwise : reason) + ".");
+    Report(path, "read", reason.empty() ? otherwise : reason);
+}
+
+void ReportNotAdded(const std::string& path, const std::string& reason) {
+    Report(path, "added", reason);
 }
 
 void ReportUnwritten(const std::string& path, const std::string& reason) {
-    LShowMessageBox("Error", "The file \"" + path + "\" can't be written: " + reason + ".");
+    Report(path, "written", reason);
 }
 
 bool ReadToneFile(SonvireData& tone, const std::string& path) {

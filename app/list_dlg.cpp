@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <functional>
 #include <unistd.h>
 
 namespace {
@@ -146,11 +147,10 @@ bool ListDlg::AddFile(const std::string& path, int row) {
 
 void ListDlg::CmAddToneToLV(const std::string& path, int row) {
     for (const std::string& entry : ExpandListEntry(path)) {
-        const std::string refusal = WhyNoListEntry(entry);
-        if (refusal.empty())
+        if (const std::string refusal = WhyNoListEntry(entry); refusal.empty())
             InsertEntry(entry, row++);
         else
-            LShowMessageBox("Error", "The file \"" + entry + "\" can't be added: " + refusal + ".");
+            ReportNotAdded(entry, refusal);
     }
 }
 
@@ -196,16 +196,18 @@ void ListDlg::MoveRow(int step) {
 
 void ListDlg::CmRemove() {
     std::vector<int> rows = list->GetSelection();
-    std::sort(rows.begin(), rows.end());
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
-        list->DeleteRow(*row);
+    std::sort(rows.begin(), rows.end(),
+              std::greater()); // from the bottom, so that the others keep their place
+    for (const int row : rows)
+        list->DeleteRow(row);
     if (!rows.empty())
-        list->SetCurrent(std::min(rows.front(), list->GetCount() - 1));
+        list->SetCurrent(std::min(rows.back(), list->GetCount() - 1));
     Modify();
 }
 
 std::vector<std::string> ListDlg::GetEntries() const {
     std::vector<std::string> entries;
+    entries.reserve(static_cast<std::size_t>(list->GetCount()));
     for (int row = 0; row < list->GetCount(); ++row)
         entries.push_back(list->GetText(row, 0));
     return entries;

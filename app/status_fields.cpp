@@ -69,6 +69,7 @@ void StatusFields::ShowPosition(LSoundTime position) {
 
 void StatusFields::ShowLevels(const LDBMC& levels) {
     std::vector<int> decibels;
+    decibels.reserve(static_cast<std::size_t>(levels.GetChannels()));
     for (int channel = 0; channel < levels.GetChannels(); ++channel)
         decibels.push_back(levels[channel].GetDecibels());
     window.SetLevels(ControlLevels, decibels);
