@@ -11,6 +11,6 @@ ToneListReport ExamineToneList(const std::string& path) {
 ToneListEntry ExamineToneListEntry(const std::string& line) {
     ToneListOpening opening{.showsBoxes = false};
     opening.nesting.Enter({}); // a list without a file
-    SSFromList({ParseToneListLine(line)}, {}, opening);
+    const SSFromList list({ParseToneListLine(line)}, {}, opening);
     return std::move(opening.report.entries.front());
 }
