@@ -56,7 +56,7 @@ void MainDialog::CmLoadList() {
     LUserSettingSetString("tonelist", "readfolder", chooser.folder);
     if (GetFileExtension(path) != ".tdl")
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!EditList(path))
+    else if (!EditList(path) && !IsList(tone)) // a list's length is taken below
         tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(tone).GetEnd().GetMilliseconds());
     RelistandStart();
 }

@@ -2,6 +2,7 @@
 
 #include "app/file_extension.h"
 #include "app/file_reports.h"
+#include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
@@ -18,40 +19,41 @@ class Expansion {
 public:
     explicit Expansion(std::vector<std::string>& found) : entries(found) {}
 
-    void Add(const std::string& path, int depth) {
-        if (--left < 0)
-            return;
-        if (!IsListFile(path))
-            entries.push_back(path);
-        else if (depth < MaxListDepth)
-            AddList(path, depth);
+    void Add(const std::string& path) {
+        if (IsListFile(path))
+            AddList(path);
         else
-            TellTooDeep(path);
+            entries.push_back(path);
     }
 
 private:
     /// Other than a list's lines, its entries come in playing order.
-    void AddList(const std::string& path, int depth) {
+    void AddList(const std::string& path) {
+        if (const char* why = nesting.Enter(path)) {
+            nesting.Tell(path, why);
+            return;
+        }
         std::vector<std::string> lines;
         if (!ReadToneListLines(lines, path.c_str()))
             ReportUnreadable(path, "another program is using it");
         const std::string folder = GetFolder(path);
-        for (auto line = lines.rbegin(); line != lines.rend(); ++line)
+        for (auto line = lines.rbegin(); line != lines.rend() && MayAddEntry(); ++line)
             if (IsSilence(*line))
                 entries.push_back(*line);
             else
-                Add(FindListEntry(*line, folder), depth + 1);
+                Add(FindListEntry(*line, folder));
+        nesting.Leave();
     }
 
-    void TellTooDeep(const std::string& path) {
-        if (!told)
-            ReportUnreadable(path, "it includes itself, or lists too deep within each other");
-        told = true;
+    bool MayAddEntry() {
+        const bool fits = nesting.CountEntry();
+        if (!fits)
+            nesting.Tell(nesting.GetOutermost(), ToneListNesting::TooManyEntries);
+        return fits;
     }
 
     std::vector<std::string>& entries;
-    int left = MaxEntriesInAll;
-    bool told = false;
+    ToneListNesting nesting;
 };
 
 } // namespace
@@ -82,7 +84,7 @@ std::string CreateTemporaryList() {
 
 std::vector<std::string> ExpandListEntry(const std::string& path) {
     std::vector<std::string> entries;
-    Expansion(entries).Add(path, 0);
+    Expansion(entries).Add(path);
     return entries;
 }
 

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-/// True for a line of a list, and a row that shows it, that stands for a silence.
+/// True for a line of a list, and a row that shows it, that stands for a silence or is meant to: it contains
+/// the unit. `ParseToneListLine` takes it for one only where it also ends with a full stop; both are meant.
 bool IsSilence(const std::string& entry);
 
 /// True for the file of a list that the user has not saved.

@@ -5,6 +5,7 @@
 #include "sys/message_box.h"
 #include "sys/settings.h"
 #include "tone/tone_engine.h"
+#include "tone/tone_list_source.h"
 
 void MainDialog::CmPlay() {
     if (!player.IsPlaying())
@@ -42,11 +43,11 @@ void MainDialog::RelistandStart() {
     Restart();
 }
 
-/// The length of one pass, also of a list that loops.
+/// The length of one pass, also of a list that loops. What is wrong with the list is told when it plays.
 void MainDialog::TakeListLength() {
-    SonvireData onePass = tone;
-    onePass.repeat = 0;
-    tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(onePass).GetEnd().GetMilliseconds());
+    ToneListReport untold;
+    const LSoundSource onePass = OpenToneList(tone.GetListPath(), &untold);
+    tone.durationMs = static_cast<std::uint32_t>(onePass.GetEnd().GetMilliseconds());
 }
 
 void MainDialog::CmRepeatPlay() {

@@ -4,7 +4,6 @@
 #include "sys/file.h"
 #include "text.h"
 #include "tone/tone_items.h"
-#include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
 #include <QJsonArray>
@@ -61,8 +60,10 @@ FileReport ReportTone(const std::string& path) {
 
 FileReport ReportList(const std::string& path) {
     FileReport report;
+    ToneListReport list;
+    const LSoundSource source = OpenToneList(path, &list);
     QJsonArray entries;
-    for (const ToneListEntry& entry : ExamineToneList(path).entries) {
+    for (const ToneListEntry& entry : list.entries) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
@@ -72,7 +73,6 @@ FileReport ReportList(const std::string& path) {
                                    {"milliseconds", entry.length.GetMilliseconds()},
                                    {"problem", ToQt(entry.problem)}});
     }
-    const LSoundSource source = OpenToneList(path);
     const LSoundTime total = source.GetEnd();
     report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
                    (source->channels == 1 ? "mono" : "stereo");

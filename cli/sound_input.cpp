@@ -7,6 +7,8 @@
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
+#include <set>
+
 namespace {
 
 constexpr const char* NoDurationText =
@@ -18,10 +20,11 @@ SoundInput Refused(std::string reason) {
 }
 
 SoundInput OpenList(const std::string& path) {
-    SoundInput input{.source = OpenToneList(path), .refusal = {}};
-    ToneListReport report = ExamineToneList(path);
+    ToneListReport report;
+    SoundInput input{.source = OpenToneList(path, &report), .refusal = {}};
+    std::set<std::pair<std::string, std::string>> told;
     for (const ToneListEntry& entry : report.entries)
-        if (!entry.problem.empty())
+        if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
             input.warnings.push_back({entry.file, entry.problem});
     input.files = std::move(report.files);
     return input;

@@ -54,7 +54,7 @@ LSSRCCat::LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCo
 
 /// Goes on to the item at the cursor, at its start unless it is sought elsewhere right away.
 void LSSRCCat::Open(bool fromStart) {
-    LSSRCCat::Unload(); // also while it is being built
+    current->Unload();
     current.Close();
     silenceLeft = 0;
     if (IsAllOpened())
@@ -72,12 +72,6 @@ void LSSRCCat::Open(bool fromStart) {
         silenceLeft = FramesLeft(current);
         current.Close();
     }
-}
-
-void LSSRCCat::Unload() {
-    // A source that is still arriving is asked for its end all the time.
-    if (!current->IsStreaming())
-        current->Unload();
 }
 
 void LSSRCCat::Read(int* buffer, int frames) {
@@ -142,7 +136,7 @@ void LSSRCCat::Seek(int target) {
         silenceLeft = WrapToInt(silenceLeft - rest);
         return;
     }
-    Unload();
+    current->Unload();
     current.Close();
     position = target;
     silenceLeft =

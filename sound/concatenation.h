@@ -48,7 +48,7 @@ public:
     bool IsStreaming() const override;
     /// May wait twice: for the current item and for the next one.
     void WaitForStreamingData(int milliseconds) override;
-    void Unload() override;
+    void Unload() override { current->Unload(); }
 
 private:
     void Open(bool fromStart);

@@ -23,6 +23,8 @@ LSRCPCMFileBase::LSRCPCMFileBase(LReadFile&& opened, int rate, std::uint8_t chan
 int LSRCPCMFileBase::GetEndSample() const {
     if (endSample != EndUnknown)
         return endSample;
+    if (!file.IsOpen())
+        return endWhenUnloaded;
     // The length stands right before the data. It is read in the host's byte order on purpose, as a writer on
     // the same machine leaves it.
     const std::int64_t offset = file.GetOffset();
@@ -32,6 +34,11 @@ int LSRCPCMFileBase::GetEndSample() const {
         endSample = static_cast<int>(dataBytes / bytesPerFrame);
     file.SeekTo(offset);
     return endSample != EndUnknown ? endSample : WrapToInt((file.GetSize() - dataStart) / bytesPerFrame);
+}
+
+void LSRCPCMFileBase::Unload() {
+    endWhenUnloaded = GetEndSample();
+    file.Suspend();
 }
 
 void LSRCPCMFileBase::Seek(int sample) {

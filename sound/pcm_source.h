@@ -13,12 +13,12 @@
 class LSRCPCMFileBase : public LSoundSourceBase {
 public:
     int GetPositionSample() const override { return position; }
-    /// From the header; while that is not final, from the file's size.
+    /// From the header; while that is not final, from the file's size, as it was last where it is unloaded.
     int GetEndSample() const override;
     void Seek(int sample) override;
     bool IsStreaming() const override { return endSample == EndUnknown; }
     /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
-    void Unload() override { file.Suspend(); }
+    void Unload() override;
 
 protected:
     /// Takes over `opened`, which stands at the first byte of the data chunk's body. No bytes per frame make
@@ -43,6 +43,7 @@ private:
     std::int64_t dataStart;
     int position = 0;
     mutable int endSample;
+    int endWhenUnloaded = 0;
 };
 
 /// The same for one sample format.

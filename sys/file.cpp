@@ -142,9 +142,14 @@ bool LReadFile::Resume() {
     return IsOpen();
 }
 
-LReadFile::Identity LReadFile::GetIdentity() const {
+LFileIdentity LReadFile::GetIdentity() const {
     struct stat info {};
-    return fstat(descriptor, &info) == 0 ? Identity{info.st_dev, info.st_ino} : Identity{};
+    return fstat(descriptor, &info) == 0 ? LFileIdentity{info.st_dev, info.st_ino} : LFileIdentity{};
+}
+
+LFileIdentity GetFileIdentity(const char* path) {
+    struct stat info {};
+    return stat(path, &info) == 0 ? LFileIdentity{info.st_dev, info.st_ino} : LFileIdentity{};
 }
 
 LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
@@ -174,12 +179,16 @@ bool LFile::SaveFile(const char* path, const void* data, unsigned int size) {
     if (!old.IsOpen() && errno != ENOENT)
         return false;
     LReplacedFile file(path);
-    if (!file.IsWrittenDirectly())
-        return WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size) &&
-               file.Commit();
-    if (!file.GetError().empty() && errno != EACCES)
+    if (!file.IsWrittenDirectly()) {
+        if (!WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size))
+            return false;
+        if (file.Commit())
+            return true;
+    }
+    if (!file.GetError().empty() && errno != EACCES && errno != EPERM)
         return false;
-    // A device, or a file that may be written in a folder that may not.
+    // A device, or a file that may be written in a folder that may not, or where others' files stay in their
+    // places.
     return WriteAll(old.IsOpen() ? std::move(old) : LockedFile(path, O_WRONLY | O_CREAT, LOCK_EX), data,
                     size);
 }
@@ -194,9 +203,8 @@ bool LFile::CopyFile(const char* from, const char* to) {
 }
 
 bool IsSameFile(const char* path, const char* otherPath) {
-    struct stat a {
-    }, b{};
-    return stat(path, &a) == 0 && stat(otherPath, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+    const LFileIdentity file = GetFileIdentity(path);
+    return file.Exists() && file == GetFileIdentity(otherPath);
 }
 
 bool FileExists(const char* path) {

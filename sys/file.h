@@ -37,6 +37,15 @@ protected:
     int descriptor = -1;
 };
 
+/// Tells an existing file from all others, whatever path leads to it; zeros where there is none.
+struct LFileIdentity {
+    std::uint64_t device = 0, inode = 0;
+
+    bool Exists() const { return inode != 0; }
+    bool operator==(const LFileIdentity&) const = default;
+};
+LFileIdentity GetFileIdentity(const char* path);
+
 /// A file that is only read. It can be closed for a while, so that thousands can wait their turn.
 class LReadFile : public LOpenFile {
 public:
@@ -53,14 +62,10 @@ protected:
     explicit LReadFile(const char* pathToOpen, bool locked = false);
 
 private:
-    struct Identity {
-        std::uint64_t device = 0, inode = 0;
-        bool operator==(const Identity&) const = default;
-    };
-    Identity GetIdentity() const;
+    LFileIdentity GetIdentity() const;
 
     std::string path;
-    Identity identity;
+    LFileIdentity identity;
 };
 
 /// A file that is read and written.
@@ -118,7 +123,8 @@ public:
     static bool LoadFile(const char* path, void* data, unsigned int size);
     /// Replaces the file's content under an exclusive advisory lock that is not waited for: a file that
     /// another program holds is left alone. True only when all of it was written; otherwise `errno` says
-    /// why, and the file is as it was, but for one in a folder that takes no new files.
+    /// why, and the file is as it was, but for one in a folder that takes no new files or
+    /// keeps others' in their places (such as /var/tmp).
     static bool SaveFile(const char* path, const void* data, unsigned int size);
     /// Saves what is in one file, of up to 4 GiB, as another; the same answer.
     static bool CopyFile(const char* from, const char* to);

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr double SemitoneRatio = 1.0594630943592953; // 2^(1/12)
-constexpr double MinHz = 0.0, MaxHz = 20000.0;
+constexpr double MinHz = 0.0;
 constexpr double LowestRaisedHz = 0.01; // nothing multiplies out of 0 Hz
 constexpr const char* Section = "settings";
 constexpr const char* StepKey = "frequency increment step"; // a count of semitones, or a text in Hz
@@ -29,14 +29,14 @@ double GetHzStep() {
 } // namespace
 
 void AdjustIncreaseFrequencyValueHz(double& hz) {
-    if (hz >= MaxHz)
+    if (hz >= MaxSteppedHz)
         return;
     if (StepsBySemitones())
         hz = (hz < LowestRaisedHz ? LowestRaisedHz : hz) * GetSemitonesRatio();
     else
         hz += GetHzStep();
-    if (hz >= MaxHz)
-        hz = MaxHz;
+    if (hz >= MaxSteppedHz)
+        hz = MaxSteppedHz;
 }
 
 void AdjustDecreaseFrequencyValueHz(double& hz) {

@@ -71,7 +71,7 @@ void SSTone::CountDownSweep(int frames, int lastFrame) {
 }
 
 int SSTone::GetEndSample() const {
-    return endSample > 0 ? endSample : sampleRate * 60;
+    return endSample > 0 ? endSample : EndlessToneFrames;
 }
 
 void SSTone::Seek(int sample) {

@@ -1,6 +1,5 @@
 #include "tone/pink_noise.h"
 
-#include "sys/random.h"
 #include "tone/tone_data.h"
 
 #include <algorithm>
@@ -16,9 +15,9 @@ int TruncateSaturating(double value) {
     return static_cast<int>(std::clamp(value, lowest, highest));
 }
 
-/// Takes white samples through Paul Kellet's refined pinking filter (musicdsp.org): six one-pole sections and
-/// a delayed sample, within 0.05 dB of -3 dB an octave above 9.2 Hz. The sections run in pairs, two to a
-/// vector register, and are added in their order.
+/// Takes white samples through a widely published approximation of -3 dB an octave, within 0.05 dB above 9.2
+/// Hz: six one-pole sections and a delayed sample. The sections run in pairs, two to a vector register, and
+/// are added in their order.
 void Pinken(SSPinkNoise::FilterState& state, const double* white, int* pink, int count) {
     using Pair = SSPinkNoise::Pair;
     constexpr Pair poles[3] = {{0.99886, 0.99332}, {0.969, 0.8665}, {0.55, -0.7616}};
@@ -40,56 +39,23 @@ void Pinken(SSPinkNoise::FilterState& state, const double* white, int* pink, int
 } // namespace
 
 SSPinkNoise::SSPinkNoise(std::uint32_t durationMs)
-    : LSoundSourceBase(ToneSampleRate, 1, SynthesisPeakMax),
-      seed(Randomize()),
-      endSample(GetDurationFrames(durationMs, ToneSampleRate)) {}
+    : NoiseSource(std::max(0, GetDurationFrames(durationMs, ToneSampleRate))) {}
 
-void SSPinkNoise::DrawTable() {
-    LRandom random(seed);
-    table.reserve(TableSize);
-    for (int i = 0; i < TableSize; ++i) {
-        const double scale = random.Draw() % 2 != 0 ? DrawScale : -DrawScale;
-        table.push_back(random.Draw() * scale);
-    }
+double SSPinkNoise::DrawEntry(LRandom& random) {
+    const double scale = random.Draw() % 2 != 0 ? DrawScale : -DrawScale;
+    return random.Draw() * scale;
 }
 
-void SSPinkNoise::Read(int* out, int frames) {
-    if (status != SoundUsable)
-        return;
-    if (endSample > 0)
-        position = WrapAdd(position, frames);
-    if (table.empty())
-        DrawTable();
-    while (frames > 0) {
-        if (readIndex >= segmentEnd)
-            StartSegment();
-        const int run = std::min(frames, segmentEnd - readIndex);
-        Pinken(filter, &table[static_cast<std::size_t>(readIndex)], out, run);
-        readIndex += run;
-        out += run;
-        frames -= run;
-    }
-}
-
-/// Every segment starts in the first half of the table and ends in the second.
-void SSPinkNoise::StartSegment() {
-    if (segmentCounter >= TableSize)
-        segmentCounter = 0;
-    readIndex = DrawPlace();
-    segmentEnd = DrawPlace() + HalfTable;
+/// Starts in the first half of the table and ends in the second.
+SSPinkNoise::Segment SSPinkNoise::DrawSegment() {
+    const int begin = DrawPlace();
+    return {begin, DrawPlace() + HalfTable};
 }
 
 int SSPinkNoise::DrawPlace() {
-    const double entry = table[static_cast<std::size_t>(segmentCounter++)];
-    return static_cast<int>(entry * 10.0) & (HalfTable - 1);
+    return static_cast<int>(TakeEntry() * 10.0) & (HalfTable - 1);
 }
 
-int SSPinkNoise::GetEndSample() const {
-    return endSample > 0 ? endSample : sampleRate * 60;
-}
-
-void SSPinkNoise::Seek(int /*frame*/) {
-    position = readIndex = segmentCounter = 0;
-    segmentEnd = TableSize;
-    filter = {};
+void SSPinkNoise::Play(const double* entries, int* out, int count) {
+    Pinken(filter, entries, out, count);
 }

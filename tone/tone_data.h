@@ -8,6 +8,8 @@
 inline constexpr int MaxTones = 16;
 /// Every tone source runs at this rate; consumers convert.
 inline constexpr int ToneSampleRate = 44100;
+/// What an endless tone says its length is: one minute.
+inline constexpr int EndlessToneFrames = 60 * ToneSampleRate;
 
 /// The longest duration whose frames can be counted, 13 and a half hours; the count wraps beyond it.
 inline constexpr std::uint32_t MaxToneDurationMs = 48'695'774;

@@ -8,14 +8,18 @@
 
 namespace {
 
-LSoundSource OpenOnce(const SonvireData& tone, std::uint32_t durationMs) {
+std::uint32_t GetDurationMs(const SonvireData& tone) {
+    return tone.HasFlag(ToneFlagDuration) ? tone.durationMs : 0;
+}
+
+LSoundSource OpenOnce(const SonvireData& tone, ToneListReport* report) {
     switch (tone.waveform) {
     case ToneWhiteNoise:
-        return LSoundSource::Make<SSWhiteNoise>(durationMs);
+        return LSoundSource::Make<SSWhiteNoise>(GetDurationMs(tone));
     case TonePinkNoise:
-        return LSoundSource::Make<SSPinkNoise>(durationMs);
+        return LSoundSource::Make<SSPinkNoise>(GetDurationMs(tone));
     case ToneFromList:
-        return OpenToneList(tone.GetListPath());
+        return OpenToneList(tone.GetListPath(), report);
     default:
         return LSoundSource::Make<SSTone>(tone);
     }
@@ -23,10 +27,13 @@ LSoundSource OpenOnce(const SonvireData& tone, std::uint32_t durationMs) {
 
 } // namespace
 
-LSoundSource OpenToneEngine(const SonvireData& tone) {
-    const std::uint32_t durationMs = tone.HasFlag(ToneFlagDuration) ? tone.durationMs : 0;
-    const LSoundSource once = OpenOnce(tone, durationMs);
+LSoundSource OpenToneEngine(const SonvireData& tone, ToneListReport* report) {
+    return LoopTone(tone, OpenOnce(tone, report));
+}
+
+LSoundSource LoopTone(const SonvireData& tone, const LSoundSource& once) {
     if (tone.repeat == 0)
         return once;
-    return LSPRepeat(LSoundTime(0), LSoundTime(static_cast<int>(durationMs))).OpenSource(once);
+    const LSoundTime end(static_cast<int>(GetDurationMs(tone)));
+    return LSPRepeat(LSoundTime(0), end).OpenSource(once);
 }

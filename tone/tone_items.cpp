@@ -5,11 +5,9 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
 
 namespace {
 
-constexpr double MaxHz = 20000.0;
 constexpr std::int8_t SteppedAmplitudeMin = -90, AmplitudeMin = -127, AmplitudeMax = 0;
 constexpr unsigned int FallbackDurationMs = 1000;
 
@@ -88,8 +86,8 @@ void Quieter(std::int8_t& db) {
 
 void DoubleFrequency(double& hz) {
     hz *= 2;
-    if (hz > MaxHz)
-        hz = MaxHz;
+    if (hz > MaxSteppedHz)
+        hz = MaxSteppedHz;
 }
 
 void HalveFrequency(double& hz) {

@@ -20,7 +20,9 @@ enum ToneItemKind : unsigned int {
 /// waveform where they have none.
 std::vector<unsigned int> GetShownItems(const SonvireData& tone);
 
-/// One small step of a frequency, by the user's settings: some semitones, or some Hz; up to 20000 Hz.
+/// Where steps upwards end.
+inline constexpr double MaxSteppedHz = 20000.0;
+/// One small step of a frequency, by the user's settings: some semitones, or some Hz; up to `MaxSteppedHz`.
 void AdjustIncreaseFrequencyValueHz(double& hz);
 /// The same downwards, to 0 Hz.
 void AdjustDecreaseFrequencyValueHz(double& hz);

@@ -1,7 +1,6 @@
 #include "tone/tone_list_file.h"
 
 #include "sys/file.h"
-#include "sys/message_box.h"
 #include "sys/parse.h"
 #include "sys/text_reader.h"
 
@@ -18,15 +17,8 @@ ToneItem ParseToneListLine(std::string line) {
 bool ReadToneListLines(std::vector<std::string>& lines, const char* path) {
     LTextReader reader(path);
     std::string line;
-    while (reader.ReadLine(line)) {
-        if (lines.size() == MaxListEntries) {
-            LShowMessageBox("Tone list", std::string("The list \"") + path + "\" has more than " +
-                                             std::to_string(MaxListEntries) +
-                                             " lines. The last ones are left out.");
-            break;
-        }
+    while (lines.size() <= MaxListEntries && reader.ReadLine(line))
         lines.push_back(line);
-    }
     return reader.IsOpen();
 }
 

@@ -26,14 +26,14 @@ private:
 /// How a silence is written: its length in ms, directly followed by this.
 inline constexpr const char* SilenceSuffix = "ms silence.";
 
-/// The most entries that one file is read for; what a longer one has beyond them is left out.
+/// The most entries that a list plays, those of the lists in it included.
 inline constexpr int MaxListEntries = 100'000;
 
 /// One line of a list file as an entry.
 ToneItem ParseToneListLine(std::string line);
 
 /// The lines of a tone list file as they stand, of which the last one plays first; false where it can't be
-/// opened.
+/// opened. A file with too many is read for one more than can play.
 bool ReadToneListLines(std::vector<std::string>& lines, const char* path);
 
 /// Reads a tone list file (docs/file-formats.md): adds an item for every line at the head of `list`, so that

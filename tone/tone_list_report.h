@@ -13,12 +13,16 @@ struct ToneListEntry {
     std::string problem; ///< why it doesn't play as its user would expect; empty where it does
 };
 
+/// What opening a list finds.
 struct ToneListReport {
-    std::vector<ToneListEntry> entries; ///< in playing order, an included list before its own entries
-    std::vector<std::string> files;     ///< every file that is read, lists and the list itself included
+    /// In playing order, an included list before its own entries. Where there are too many, the last one
+    /// names the list itself and has that problem.
+    std::vector<ToneListEntry> entries;
+    std::vector<std::string> files; ///< every file that is read, lists and the list itself included
 };
 
-/// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.
+/// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound, and
+/// shows nothing.
 ToneListReport ExamineToneList(const std::string& path);
 
 /// The same for one entry, given as its line in a list file.

@@ -5,84 +5,149 @@
 #include "sys/message_box.h"
 #include "tone/tone_engine.h"
 
+#include <utility>
+
 namespace {
 
-/// How deep in lists the one being opened lies, and how much the outermost one has opened. Lists are opened
-/// on one thread, one after another.
-struct Nesting {
-    int depth = 0;
-    int entries = 0;
-    bool told = false;
-};
-thread_local Nesting nesting;
-
-class NestingLevel {
-public:
-    NestingLevel() { ++nesting.depth; }
-    ~NestingLevel() {
-        if (--nesting.depth == 0)
-            nesting = {};
-    }
-    NestingLevel(const NestingLevel&) = delete;
-    NestingLevel& operator=(const NestingLevel&) = delete;
-};
-
-bool MayGoDeeper() {
-    return nesting.depth < MaxListDepth && nesting.entries < MaxEntriesInAll;
+LSoundSource OpenWave(ToneListEntry& entry) {
+    const char* path = entry.file.c_str();
+    LSoundSource source = LWaveFile::OpenSource(path);
+    const bool usable = source->status == SoundUsable;
+    if (usable)
+        entry.length = source.GetEnd();
+    if (LWaveFile::IsCutShort(path))
+        entry.problem = LWaveFile::CutShortText;
+    else if (!usable && entry.problem.empty())
+        entry.problem = LWaveFile::ExplainStatus(source->status);
+    return source;
 }
 
-void TellTooDeep(const std::string& path) {
-    if (nesting.told)
-        return;
-    nesting.told = true;
-    LShowMessageBox("Tone list", "The list \"" + path +
-                                     "\" includes itself, or lists too deep within each other, or too many. "
-                                     "Its deepest entries are left out.");
+bool IsEverLeft(const SonvireData& tone) {
+    return tone.waveform == ToneFromList ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
 }
 
 } // namespace
 
-SSFromList::SSFromList(const LList<ToneItem>& list, const std::string& folder) {
-    const NestingLevel level;
+bool ToneListOpening::MayAddEntry() {
+    if (nesting.CountEntry())
+        return true;
+    if (!std::exchange(full, true)) {
+        const std::string& list = nesting.GetOutermost();
+        report.entries.push_back(
+            {.file = list, .depth = 0, .length = {}, .problem = ToneListNesting::TooManyEntries});
+        if (showsBoxes)
+            nesting.Tell(list, ToneListNesting::TooManyEntries);
+    }
+    return false;
+}
+
+LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& problem) {
+    if (const char* why = nesting.Enter(path)) {
+        problem = why;
+        if (showsBoxes)
+            nesting.Tell(path, why);
+        return {};
+    }
+    report.files.push_back(path);
+    LList<ToneItem> list;
+    GetToneListFromFile(list, path.c_str());
+    LSoundSource source = SSFromList(list, GetFolder(path), *this).OpenSource();
+    nesting.Leave();
+    return source;
+}
+
+SSFromList::SSFromList(const LList<ToneItem>& list, const std::string& listFolder,
+                       ToneListOpening& wholeOpening)
+    : folder(listFolder),
+      opening(wholeOpening) {
     for (const ToneItem& item : list) {
-        if (++nesting.entries > MaxEntriesInAll)
+        if (!opening.MayAddEntry())
             break;
-        if (item.IsSilence())
+        if (item.IsSilence()) {
             AddSilence(item.GetLength());
-        else
-            AddFile(FindListEntry(item.GetPath(), folder));
+            opening.report.entries.push_back(
+                {.file = {}, .depth = opening.nesting.GetDepth(), .length = item.GetLength(), .problem = {}});
+        } else {
+            AddFile(item.GetPath());
+        }
     }
 }
 
-void SSFromList::AddFile(const std::string& path) {
-    const std::string extension = GetPathExtension(path);
-    const auto add = [this](const LSoundSource& source) {
-        AddSource(source);
-        source->Unload();
-    };
-    if (extension == ".wav") {
-        add(LWaveFile::OpenSource(path.c_str()));
-    } else if (extension == ".tdf") {
-        SonvireData tone;
-        tone.ReadFromFile(path.c_str());
-        add(OpenToneEngine(tone));
-    } else if (extension == ".tdl") {
-        add(OpenToneList(path));
-    } else {
+void SSFromList::AddFile(const std::string& written) {
+    ToneListReport& report = opening.report;
+    ToneListEntry entry{.file = FindListEntry(written, folder),
+                        .depth = opening.nesting.GetDepth(),
+                        .length = {},
+                        .problem = {}};
+    entry.problem = WhyUnreadable(entry.file.c_str());
+    report.files.push_back(entry.file);
+    const std::size_t place = report.entries.size(); // before the entries of a list
+    report.entries.push_back(entry);
+    const LSoundSource source = OpenFile(GetPathExtension(written), entry);
+    report.entries[place] = std::move(entry);
+    AddSource(source);
+    source->Unload();
+}
+
+LSoundSource SSFromList::OpenFile(const std::string& extension, ToneListEntry& entry) {
+    if (extension == ".wav")
+        return OpenWave(entry);
+    if (extension == ".tdf")
+        return OpenTone(entry);
+    if (extension == ".tdl")
+        return OpenNested(entry.file, entry);
+    entry.problem = "is of an unknown type and left out";
+    if (opening.showsBoxes)
         LShowMessageBox("Unrecognized file type",
                         "File type of extension \"" + extension + "\" is not recognized as a tone file.",
                         LMessageButtons::OkCancel);
-    }
+    return {};
 }
 
-LSoundSource OpenToneList(const std::string& path) {
-    if (!MayGoDeeper()) {
-        TellTooDeep(path);
-        return {};
+/// An endless, looped or unreadable tone is never left, and what follows never reached; that is meant.
+LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
+    SonvireData tone;
+    const bool whole = tone.ReadFromFile(entry.file.c_str());
+    if (!whole)
+        entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
+                        "; an endless sine plays, and nothing behind it";
+    else if (!IsEverLeft(tone))
+        entry.problem = "is endless; nothing behind it plays";
+    if (tone.waveform != ToneFromList) {
+        LSoundSource source = OpenToneEngine(tone);
+        entry.length = source.GetEnd();
+        return source;
     }
-    LList<ToneItem> list;
-    GetToneListFromFile(list, path.c_str());
-    return SSFromList(list, GetFolder(path)).OpenSource();
+    const std::string path = tone.GetListPath();
+    if (const std::string unreadable = WhyUnreadable(path.c_str()); !unreadable.empty())
+        entry.problem = "plays the list \"" + path + "\": " + unreadable;
+    const LSoundSource list = OpenNested(path, entry);
+    LSoundSource source = LoopTone(tone, list);
+    if (tone.repeat != 0)
+        entry.length = source.GetEnd();
+    return source;
+}
+
+/// The length is the sum of what stands in the list.
+LSoundSource SSFromList::OpenNested(const std::string& path, ToneListEntry& entry) {
+    const std::vector<ToneListEntry>& entries = opening.report.entries;
+    const std::size_t first = entries.size();
+    LSoundSource source = opening.OpenList(path, entry.problem);
+    int total = 0;
+    for (std::size_t i = first; i < entries.size(); ++i)
+        if (entries[i].depth == entry.depth + 1)
+            total = WrapAdd(total, entries[i].length.GetMilliseconds());
+    entry.length = LSoundTime(total);
+    return source;
+}
+
+LSoundSource OpenToneList(const std::string& path, ToneListReport* report) {
+    ToneListOpening opening{.showsBoxes = report == nullptr};
+    std::string unused; // the outermost list is never left out
+    LSoundSource source = opening.OpenList(path, unused);
+    if (report)
+        *report = std::move(opening.report);
+    return source;
 }
 
 std::string FindListEntry(const std::string& path, const std::string& folder) {

@@ -2,14 +2,24 @@
 
 #include "sound/concatenation.h"
 #include "tone/tone_list_file.h"
+#include "tone/tone_list_nesting.h"
+#include "tone/tone_list_report.h"
 
 #include <string>
 
-/// The most lists that are nested within each other, as by a list that includes itself; deeper ones are
-/// silent.
-inline constexpr int MaxListDepth = 32;
-/// The most entries that a list opens altogether, those of nested lists included.
-inline constexpr int MaxEntriesInAll = 100'000;
+/// What goes along while a list and the lists in it are opened.
+struct ToneListOpening {
+    /// Counts an entry; where there are too many, that is told, and the answer is false.
+    bool MayAddEntry();
+    /// Opens a list, with its entries in the report. One that is left out is told, and a source with nothing
+    /// behind it; `problem` then says why.
+    LSoundSource OpenList(const std::string& path, std::string& problem);
+
+    const bool showsBoxes;
+    ToneListReport report{};
+    ToneListNesting nesting{};
+    bool full = false;
+};
 
 /// A concatenation whose items are the entries of a tone list, opened by their extensions (compared with
 /// regard to case): .wav by the WAVE reader, .tdf by the engine, .tdl as a list of its own. Of any other
@@ -20,17 +30,24 @@ inline constexpr int MaxEntriesInAll = 100'000;
 /// Entries wait unloaded, so that a list of thousands of files holds only the playing one open.
 class SSFromList : public LSoundSourceCat {
 public:
-    /// `list` is only read. A relative path that leads to no file is looked for in `folder`, where the list
-    /// file lies.
-    explicit SSFromList(const LList<ToneItem>& list, const std::string& folder = {});
+    /// `list` is only read. A relative path that leads to no file is looked for in `listFolder`, where the
+    /// list file lies.
+    SSFromList(const LList<ToneItem>& list, const std::string& listFolder, ToneListOpening& wholeOpening);
 
 private:
-    void AddFile(const std::string& path);
+    void AddFile(const std::string& written);
+    LSoundSource OpenFile(const std::string& extension, ToneListEntry& entry);
+    LSoundSource OpenTone(ToneListEntry& entry);
+    LSoundSource OpenNested(const std::string& path, ToneListEntry& entry);
+
+    std::string folder;
+    ToneListOpening& opening;
 };
 
-/// Reads a tone list file and opens it as one source. Missing, it is an empty list; nested too deep,
-/// a source with nothing behind it.
-LSoundSource OpenToneList(const std::string& path);
+/// Reads a tone list file and opens it as one source. Missing, it is an empty list. A list within itself is
+/// left out, and so is what exceeds `MaxListDepth` and `MaxListEntries`. Where there is a report, it says
+/// what is wrong, and nothing is shown.
+LSoundSource OpenToneList(const std::string& path, ToneListReport* report = nullptr);
 
 /// Where an entry's file is: `path` as it stands, or in `folder` where it is relative and found only there.
 std::string FindListEntry(const std::string& path, const std::string& folder);

@@ -83,6 +83,9 @@ TEST(PeriodicTone, MatchesTheReference) {
         EXPECT_EQ(HashSamples(ReadInPieces(*each.tone.Open(), each.frames)), each.hash)
             << each.name << ", in pieces";
     }
+    SonvireData tooMany = Tone{.left = Steps()}.Get();
+    tooMany.numTones = 200;
+    EXPECT_EQ(HashSamples(ReadFrames(*OpenToneEngine(tooMany), 40000)), 0x5D05FA75u) << "sounds as 16";
     const LSoundSource limited = LSPPeakLimit(FullScale16).OpenSource(Tone{.left = Steps()}.Open());
     EXPECT_EQ(HashSamples(ReadFrames(*limited, 30000)), 0x83D90BF3u);
 }
@@ -124,18 +127,28 @@ TEST(PeriodicTone, ItsLengthIsTheDurationsOrAMinute) {
     EXPECT_EQ(endless->sampleRate, 44100);
 }
 
-TEST(PeriodicTone, ASeekRestartsTheLeftChannelOnly) {
-    const Tone tone{.left = {440}, .right = {440}, .ms = 1000};
-    const LSoundSource straight = tone.Open(), sought = tone.Open();
-    const std::vector<int> first = ReadFrames(*straight, 333), second = ReadFrames(*straight, 10);
-    ReadFrames(*sought, 333);
+TEST(PeriodicTone, ASeekRestartsTheLeftChannelOnlyAndGoesOnCountingTheSweep) {
+    const Tone tone{.left = {100}, .right = {100}, .end = {20000}, .endRight = {20000}, .ms = 10};
+    const LSoundSource straight = tone.Open(), sought = tone.Open(), steady = Tone{.left = {100}}.Open();
+    const std::vector<int> swept = ReadFrames(*straight, 64), start = ReadFrames(*steady, 24);
+    ReadFrames(*sought, 40); // 24 are left to the next step
     sought->Seek(0);
     EXPECT_EQ(sought->GetPositionSample(), 0);
-    const std::vector<int> after = ReadFrames(*sought, 10);
-    for (std::size_t i = 0; i < 10; ++i) {
-        EXPECT_EQ(after[2 * i], first[2 * i]);
-        EXPECT_EQ(after[2 * i + 1], second[2 * i + 1]);
+    const std::vector<int> after = ReadFrames(*sought, 25);
+    for (std::size_t i = 0; i < 24; ++i) {
+        EXPECT_EQ(after[2 * i], start[i]) << i;
+        EXPECT_EQ(after[2 * i + 1], swept[2 * (40 + i) + 1]) << i;
     }
+    EXPECT_EQ(after[48], 63288) << "24 frames at 100 Hz, and one after 23 / 441 of the sweep";
+}
+
+TEST(PeriodicTone, ALoopPlaysItsDurationOverAndOver) {
+    SonvireData tone = Tone{.left = {1000.3}, .ms = 500}.Get();
+    std::vector<int> expected = ReadFrames(*OpenToneEngine(tone), 22050);
+    tone.repeat = 1;
+    expected.resize(44100);
+    std::copy_n(expected.begin(), 22050, expected.begin() + 22050);
+    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 44100), expected);
 }
 
 TEST(PeriodicTone, ASweepNeedsADuration) {
@@ -145,7 +158,7 @@ TEST(PeriodicTone, ASweepNeedsADuration) {
 
 TEST(PeriodicTone, AnyRecordIsSafe) {
     SonvireData tone;
-    tone.numTones = 200; // sounds as 16
+    tone.numTones = 200;
     tone.flags = 0xFFFF;
     const double wild[] = {std::numeric_limits<double>::quiet_NaN(),
                            std::numeric_limits<double>::infinity(),

@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <sys/resource.h>
 
 namespace {
@@ -22,11 +23,15 @@ class ToneList : public ::testing::Test {
 protected:
     std::string Path(const std::string& name) { return dir / name; }
 
-    std::string Tone(const std::string& name, std::uint32_t ms, double hz = 1000) {
+    std::string Tone(const std::string& name, std::optional<std::uint32_t> ms, double hz = 1000,
+                     int repeat = 0, const std::string& list = {}) {
         SonvireData tone;
         tone.startLeftHz[0] = hz;
-        if (ms > 0)
-            tone.SetDuration(ms);
+        if (ms)
+            tone.SetDuration(*ms);
+        tone.repeat = static_cast<std::uint8_t>(repeat);
+        tone.waveform = list.empty() ? ToneSine : ToneFromList;
+        list.copy(tone.listPath, sizeof tone.listPath - 1);
         tone.WriteToFile(Path(name).c_str());
         return Path(name);
     }
@@ -64,6 +69,15 @@ std::vector<std::string> DescribeFile(const std::string& path) {
     return items;
 }
 
+/// "depth name ms problem" for every entry.
+std::vector<std::string> DescribeReport(const std::string& path) {
+    std::vector<std::string> lines;
+    for (const ToneListEntry& entry : ExamineToneList(path).entries)
+        lines.push_back(std::to_string(entry.depth) + " " + entry.file.substr(entry.file.rfind('/') + 1) +
+                        " " + std::to_string(entry.length.GetMilliseconds()) + " " + entry.problem);
+    return lines;
+}
+
 TEST_F(ToneList, ItsLastLinePlaysFirst) {
     const std::string longLine(300, 'x');
     struct {
@@ -95,8 +109,11 @@ TEST_F(ToneList, ItsLastLinePlaysFirst) {
     }
     EXPECT_TRUE(DescribeFile(Path("missing.tdl")).empty());
     EXPECT_TRUE(DescribeFile(Path("")).empty()) << "a folder";
-    List("list.tdl", {"A.tdf", "500ms silence.", "B.tdf"});
-    EXPECT_EQ(ReadBytes(Path("list.tdl")), "B.tdf\n500ms silence.\nA.tdf\n");
+    EXPECT_TRUE(DescribeFile("/dev/zero").empty()) << "and is not read for ever";
+    const std::string list = List("list.tdl", {"A.tdf", "500ms silence.", "B.tdf"});
+    EXPECT_EQ(ReadBytes(list), "B.tdf\n500ms silence.\nA.tdf\n");
+    const LExclusiveLock lock(list.c_str());
+    EXPECT_TRUE(DescribeFile(list).empty()) << "in another program's hands";
 }
 
 TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
@@ -112,52 +129,79 @@ TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
     EXPECT_TRUE(messages.shown.empty());
 
     SonvireData tone;
-    tone.waveform = ToneFromList;
-    std::snprintf(tone.listPath, sizeof tone.listPath, "%s", outer.c_str());
+    tone.ReadFromFile(Tone("list.tdf", {}, 0, 0, outer).c_str());
     EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 95), out);
     tone.SetDuration(1); // the region that loops: 44 frames
     tone.repeat = 1;
     EXPECT_EQ(OpenToneEngine(tone)->GetEndSample(), 44 + 8 * 44100);
 }
 
-TEST_F(ToneList, ARelativePathIsFoundBesideTheList) {
-    Tone("beside.tdf", 10);
-    EXPECT_EQ(OpenToneList(List("list.tdl", {"beside.tdf"}))->GetEndSample(), 441);
-}
-
 TEST_F(ToneList, WhatCanNotBeUsedIsSkippedOrPlaysAsTheDefault) {
+    std::filesystem::create_directory(Path("a.b"));
     const std::string list =
-        List("list.tdl", {Path("missing.wav"), Path("tone.TDF"), Path("plain"), Tone("ok.tdf", 10)});
+        List("a.b/list.tdl", {Path("missing.wav"), Path("tone.TDF"), "plain", Tone("ok.tdf", 10)});
+    WriteBytes(Path("a.b/plain"), "");
     EXPECT_EQ(OpenToneList(list)->GetEndSample(), 441);
     const std::string text = "Unrecognized file type: File type of extension \"";
     const std::string end = "\" is not recognized as a tone file.";
-    std::string plain = GetPathExtension(Path("plain")); // of the whole path
-    EXPECT_THAT(messages.shown, ElementsAre(text + ".TDF" + end, text + plain + end));
+    EXPECT_THAT(messages.shown, ElementsAre(text + ".TDF" + end, text + end)) << "as the entry is written";
     WriteBytes(Path("short.tdf"), "x");
     EXPECT_EQ(OpenToneList(List("list.tdl", {Path("short.tdf"), Tone("ok.tdf", 10)}))->GetEndSample(),
               2646000 + 441);
 }
 
-TEST_F(ToneList, AListThatIncludesItselfEndsWithOneMessage) {
-    const std::string tone = Tone("tone.tdf", 10);
-    const std::string self = Path("self.tdl");
-    struct {
-        const char* name;
-        std::vector<std::string> entries;
-        int end;
-    } const cases[] = {{"behind", {tone, self}, 32 * 441}, {"in front", {self, tone}, 32 * 441}};
-    for (const auto& each : cases) {
+TEST_F(ToneList, AListThatIncludesItselfIsLeftOutThereWithOneMessage) {
+    const std::string tone = Tone("tone.tdf", 10), self = Path("self.tdl");
+    const std::string looped = Tone("looped.tdf", 1000, 0, 1, self);
+    const std::vector<std::string> cases[] = {{tone, self}, {self, tone}, {self, tone, looped, looped}};
+    for (const auto& entries : cases) {
         messages.shown.clear();
-        const LSoundSource source = OpenToneList(List("self.tdl", each.entries));
-        EXPECT_EQ(source->GetEndSample(), each.end) << each.name;
+        const LSoundSource source = OpenToneList(List("self.tdl", entries));
+        EXPECT_EQ(source->GetEndSample(), 441);
         source->Seek(0);
-        ReadFrames(*source, 20000);
-        EXPECT_EQ(messages.shown.size(), 1u) << each.name;
+        ReadFrames(*source, 1000);
+        EXPECT_THAT(messages.shown, ElementsAre(HasSubstr("self.tdl\" includes itself")));
     }
-    messages.shown.clear();
-    OpenToneList(List("self.tdl", {self, tone, self, self})); // 3^32 lists, were they not counted
-    EXPECT_EQ(messages.shown.size(), 1u);
-    ExamineToneList(self);
+    EXPECT_THAT(DescribeReport(self),
+                ElementsAre("0 self.tdl 0 includes itself; it is left out there", "0 tone.tdf 10 ",
+                            "0 looped.tdf 0 includes itself; it is left out there",
+                            "0 looped.tdf 0 includes itself; it is left out there"));
+}
+
+TEST_F(ToneList, WhatIsTooMuchIsLeftOutAndToldOnce) {
+    List("d32.tdl", {"1ms silence."});
+    for (int i = 31; i >= 0; --i)
+        List("d" + std::to_string(i) + ".tdl", {"1ms silence.", "d" + std::to_string(i + 1) + ".tdl"});
+    EXPECT_EQ(OpenToneList(Path("d0.tdl"))->GetEndSample(), 32 * 8) << "32 lists deep";
+    List("half.tdl", std::vector<std::string>(50'000, "1ms silence."));
+    const std::string flat = List("flat.tdl", std::vector<std::string>(100'001, "1ms silence."));
+    const std::string nested = List("nested.tdl", {"half.tdl", "half.tdl", "half.tdl"});
+    for (const std::string& list : {flat, nested}) {
+        messages.shown.clear();
+        const LSoundSource source = OpenToneList(list);
+        EXPECT_THAT(messages.shown, ElementsAre(HasSubstr(list + "\" has more than 100000 entries")));
+        EXPECT_THAT(DescribeReport(list).back(), HasSubstr("has more than 100000 entries"));
+        EXPECT_EQ(source->GetEndSample(), list == flat ? 800'000 : 99'998 * 8);
+    }
+    EXPECT_EQ(messages.shown.size(), 1U) << "the report shows nothing";
+}
+
+TEST_F(ToneList, AWaveFileOfUnknownLengthPlaysWholeWhereverItStands) {
+    const std::string a = Wave("a.wav", 2, 16), s = Wave("s.wav", 3, 32), b = Wave("b.wav", 1, 48);
+    WriteBytes(s, ReadBytes(s).replace(42, 4, "\xFF\xFF\xFF\xFF"));
+    const std::string inner = List("as.tdl", {a, s});
+    struct {
+        std::vector<std::string> entries;
+        std::vector<int> samples;
+    } const cases[] = {{{a, s}, {16, 16, 32, 32, 32}},
+                       {{a, s, b}, {16, 16, 32, 32, 32, 48}},
+                       {{inner, b}, {16, 16, 32, 32, 32, 48}},
+                       {{s, s}, {32, 32, 32, 32, 32, 32}}};
+    for (const auto& each : cases) {
+        const LSoundSource source = OpenToneList(List("list.tdl", each.entries));
+        EXPECT_EQ(source->GetEndSample(), static_cast<int>(each.samples.size()));
+        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), each.samples);
+    }
 }
 
 TEST_F(ToneList, ThousandsOfFilesNeedFewHandles) {
@@ -187,24 +231,17 @@ TEST_F(ToneList, AFileThatIsReplacedBeforeItsTurnIsSilent) {
     EXPECT_EQ(ReadFrames(*source, 4), (std::vector<int>{16, 16, 0, 0}));
 }
 
-TEST_F(ToneList, WhatIsNoRegularFileOrHeldByAnotherProgramHasNoLines) {
-    EXPECT_TRUE(DescribeFile("/dev/zero").empty()) << "and is not read for ever";
-    const std::string held = List("held.tdl", {"5ms silence."});
-    const LExclusiveLock lock(held.c_str());
-    EXPECT_TRUE(DescribeFile(held).empty());
-}
-
 TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
     const std::string inner = List("inner.tdl", {Tone("deep.tdf", 20), Path("gone.wav")});
     const std::string list =
-        List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", 0), Path("odd.xyz")});
-    std::vector<std::string> lines;
-    for (const ToneListEntry& entry : ExamineToneList(list).entries)
-        lines.push_back(std::to_string(entry.depth) + " " + entry.file.substr(entry.file.rfind('/') + 1) +
-                        " " + std::to_string(entry.length.GetMilliseconds()) + " " + entry.problem);
-    EXPECT_THAT(lines,
+        List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", {}), Tone("looped.tdf", 500, 1000, 1),
+                          Tone("none.tdf", 0), Tone("wraps.tdf", 50'000'000), Path("odd.xyz")});
+    EXPECT_THAT(DescribeReport(list),
                 ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ", "1 gone.wav 0 No such file or directory",
                             "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
+                            "0 looped.tdf 8500 is endless; nothing behind it plays",
+                            "0 none.tdf 60000 is endless; nothing behind it plays",
+                            "0 wraps.tdf 60000 is endless; nothing behind it plays",
                             "0 odd.xyz 0 is of an unknown type and left out"));
 }
 

@@ -1,0 +1,32 @@
+#include "tone/tone_list_nesting.h"
+
+#include "sys/message_box.h"
+#include "tone/tone_list_file.h"
+
+#include <algorithm>
+#include <utility>
+
+const std::string ToneListNesting::TooManyEntries =
+    "has more than " + std::to_string(MaxListEntries) +
+    " entries, those of the lists in it included; the rest is left out";
+
+const char* ToneListNesting::Enter(const std::string& path) {
+    const LFileIdentity file = GetFileIdentity(path.c_str());
+    if (file.Exists() && std::find(open.begin(), open.end(), file) != open.end())
+        return "includes itself; it is left out there";
+    if (open.size() == MaxListDepth)
+        return "lies too deep in other lists and is left out";
+    if (open.empty())
+        outermost = path;
+    open.push_back(file);
+    return nullptr;
+}
+
+bool ToneListNesting::CountEntry() {
+    return ++entries <= MaxListEntries;
+}
+
+void ToneListNesting::Tell(const std::string& path, const std::string& why) {
+    if (!std::exchange(told, true))
+        LShowMessageBox("Tone list", "The list \"" + path + "\" " + why + ".");
+}
