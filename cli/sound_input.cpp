@@ -15,6 +15,9 @@ constexpr const char* NoDurationText =
     "Tones can only be saved as wav files if they are a fixed duration tone.\n\n"
     "Select the Constant (Specified Duration) or Sweep items, or turn of loop play, from the Tones menu.";
 
+constexpr std::int64_t MaxFrames = 2147483647;
+constexpr const char* TooManyFrames = "is too long: more than 2147483647 frames";
+
 SoundInput Refused(std::string reason) {
     return {.source = {}, .refusal = std::move(reason)};
 }
@@ -26,6 +29,8 @@ SoundInput OpenList(const std::string& path) {
     for (const ToneListEntry& entry : report.entries)
         if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
             input.warnings.push_back({entry.file, entry.problem});
+    if (report.CountMilliseconds() / 1000 > MaxFrames / input.source->sampleRate)
+        input.refusal = TooManyFrames;
     input.files = std::move(report.files);
     return input;
 }
@@ -54,7 +59,7 @@ SoundInput OpenWave(const std::string& path) {
     if (source->status != SoundUsable)
         return Refused(LWaveFile::ExplainStatus(source->status));
     if (source->GetEndSample() < 0)
-        return Refused("is too long: more than 2147483647 frames");
+        return Refused(TooManyFrames);
     SoundInput input{.source = source, .refusal = {}};
     if (LWaveFile::IsCutShort(path.c_str()))
         input.warnings.push_back({path, LWaveFile::CutShortText});

@@ -14,3 +14,10 @@ ToneListEntry ExamineToneListEntry(const std::string& line) {
     const SSFromList list({ParseToneListLine(line)}, {}, opening);
     return std::move(opening.report.entries.front());
 }
+
+std::int64_t ToneListReport::CountMilliseconds() const {
+    std::int64_t total = 0;
+    for (const ToneListEntry& entry : entries)
+        total += entry.depth == 0 ? entry.length.GetMilliseconds() : 0;
+    return total;
+}

@@ -2,6 +2,7 @@
 
 #include "sound/sound_time.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@ struct ToneListEntry {
 
 /// What opening a list finds.
 struct ToneListReport {
+    /// Of the whole list, also where that is more than frames can be counted.
+    std::int64_t CountMilliseconds() const;
+
     /// In playing order, an included list before its own entries. Where there are too many, the last one
     /// names the list itself and has that problem.
     std::vector<ToneListEntry> entries;

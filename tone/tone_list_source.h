@@ -30,8 +30,8 @@ struct ToneListOpening {
 /// Entries wait unloaded, so that a list of thousands of files holds only the playing one open.
 class SSFromList : public LSoundSourceCat {
 public:
-    /// `list` is only read. A relative path that leads to no file is looked for in `listFolder`, where the
-    /// list file lies.
+    /// `list` is only read. A relative path is looked for in `listFolder` first, where the list file
+    /// lies.
     SSFromList(const LList<ToneItem>& list, const std::string& listFolder, ToneListOpening& wholeOpening);
 
 private:
@@ -49,5 +49,5 @@ private:
 /// what is wrong, and nothing is shown.
 LSoundSource OpenToneList(const std::string& path, ToneListReport* report = nullptr);
 
-/// Where an entry's file is: `path` as it stands, or in `folder` where it is relative and found only there.
+/// Where an entry's file is: in `folder` where it is relative and found there, else `path` as it stands.
 std::string FindListEntry(const std::string& path, const std::string& folder);
