@@ -48,7 +48,7 @@ struct LControlLayout {
     unsigned growth = GrowNone;
 };
 
-/// A dialog as it is laid out; it can be made larger where a control has a growth, never smaller.
+/// A dialog as it is laid out; it can be made larger where a control has a growth, and a little smaller.
 struct LDialogLayout {
     const char* title;
     int width;

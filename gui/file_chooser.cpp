@@ -5,6 +5,7 @@
 #include "sys/file.h"
 #include "sys/message_box.h"
 
+#include <cctype>
 #include <filesystem>
 
 namespace {
@@ -22,6 +23,13 @@ std::string ExtensionFor(const LFileChooser& chooser, int filter) {
         for (const std::string& pattern : SplitPatterns(chooser.filters[static_cast<std::size_t>(filter)]))
             return GetPathExtension(pattern);
     return chooser.defaultExtension.empty() ? std::string() : "." + chooser.defaultExtension;
+}
+
+/// What stands behind a dot and begins with a digit belongs to the name, as in "1.5kHz".
+bool HasExtension(const std::string& path) {
+    const std::string extension = GetPathExtension(NameOf(path));
+    return !extension.empty() &&
+           (extension.size() == 1 || std::isdigit(static_cast<unsigned char>(extension[1])) == 0);
 }
 
 bool Exists(const std::string& path) {
@@ -63,8 +71,8 @@ std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
     LFileChooser shown = chooser;
     shown.name = NameOf(chooser.name);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
-        const bool bare = NameOf(chosen->path).find('.') == std::string::npos;
-        std::string path = chosen->path + (bare ? ExtensionFor(chooser, chosen->filter) : "");
+        const std::string path =
+            chosen->path + (HasExtension(chosen->path) ? "" : ExtensionFor(chooser, chosen->filter));
         shown.name = NameOf(path);
         shown.folder = FolderOf(path);
         if (Exists(path) && !MayReplace(path))

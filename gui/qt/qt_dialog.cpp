@@ -4,6 +4,7 @@
 #include "gui/qt/qt_text.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -11,6 +12,8 @@
 namespace {
 
 constexpr double UsualTextHeight = 17;
+constexpr double SmallestPart = 0.7; // of the height of a dialog that grows
+constexpr int FrameHeight = 40;      // about
 
 /// Layouts are made for text of the usual size; larger text makes them larger.
 double UnitFor(const QWidget& widget) {
@@ -26,9 +29,11 @@ LQtDialog::LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEve
     const QSize size(static_cast<int>(std::lround(dialogLayout.width * controls.GetUnit())),
                      static_cast<int>(std::lround(dialogLayout.height * controls.GetUnit())));
     setMinimumSize(size);
-    if (!CanGrow(dialogLayout))
+    if (CanGrow(dialogLayout)) // what grows can give way on a small screen
+        setMinimumHeight(static_cast<int>(size.height() * SmallestPart));
+    else
         setMaximumSize(size);
-    resize(size);
+    resize(size.boundedTo(screen()->availableSize() - QSize(0, FrameHeight)).expandedTo(minimumSize()));
     setWindowModality(Qt::ApplicationModal);
 }
 

@@ -148,7 +148,8 @@ bool LQtMainWindow::eventFilter(QObject* watched, QEvent* event) {
 /// Before the control that has the keyboard: a list has a use of its own for most of the keys.
 bool LQtMainWindow::TakesKey(const QObject& watched, const QKeyEvent& event) {
     const auto* widget = qobject_cast<const QWidget*>(&watched);
-    if (!widget || widget->window() != this || QApplication::activeModalWidget() ||
+    const bool inMenuBar = qobject_cast<const QMenuBar*>(widget);
+    if (!widget || inMenuBar || widget->window() != this || QApplication::activeModalWidget() ||
         QApplication::activePopupWidget())
         return false;
     const LKeyPress key = ToKeyPress(event);
