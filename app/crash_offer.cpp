@@ -22,7 +22,7 @@ std::string ReportPath() {
 void InstallCrashReport() {
     LInstallCrashReport(ReportPath(), std::string(ProductAndVersion) +
                                           " ended unexpectedly.\nPlease send this report to us: " +
-                                          GetWebAddress(CommandReportProblem) + "\n");
+                                          GetWebLink(CommandReportProblem) + "\n");
 }
 
 void OfferCrashReport(LWindow& parent) {

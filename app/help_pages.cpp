@@ -18,8 +18,6 @@ const char* GetFileName(HelpPage page) {
         return "settings.html";
     case HelpPage::Keys:
         return "keys.html";
-    case HelpPage::CommandLine:
-        return "command-line.html";
     }
     return "index.html";
 }

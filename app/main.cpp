@@ -1,15 +1,39 @@
 #include "app/crash_offer.h"
 #include "app/installer.h"
 #include "app/main_dialog.h"
+#include "app/product.h"
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
 
 #include <clocale>
+#include <cstdio>
 #include <string_view>
 
+namespace {
+
+constexpr const char* Usage = "usage: sonvire [FILE]          a tone (.tdf) or a tone list (.tdl)\n"
+                              "       sonvire -installer      registers the program for the user\n"
+                              "sonvire-cli does without a window.\n";
+
+/// What needs no window; true where it was one of these, with the exit status.
+bool RunWithoutWindow(std::string_view argument, int& status) {
+    status = 0;
+    if (argument == "-installer")
+        status = InstallerMain();
+    else if (argument == "--version")
+        std::puts(ProductAndVersion);
+    else if (argument == "--help")
+        std::fputs(Usage, stdout);
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
-    if (argc > 1 && std::string_view(argv[1]) == "-installer")
-        return InstallerMain();
+    if (int status = 0; argc > 1 && RunWithoutWindow(argv[1], status))
+        return status;
     LQtToolkit toolkit(argc, argv);
     std::setlocale(LC_NUMERIC,
                    "C"); // numbers are read and written with a point, whatever the user's language

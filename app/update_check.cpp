@@ -1,7 +1,7 @@
 #include "app/update_check.h"
 
+#include "app/web_links.h"
 #include "gui/process_dialog.h"
-#include "gui/toolkit.h"
 #include "net/web_address.h"
 #include "sys/message_box.h"
 
@@ -13,7 +13,7 @@ namespace {
 void OpenPage(LWindow& parent, const std::string& info) {
     const std::string address = GetWebAddress(info);
     if (!address.empty())
-        parent.GetToolkit().OpenUrl(address);
+        OpenWebPage(parent, address);
 }
 
 } // namespace

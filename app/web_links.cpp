@@ -23,19 +23,22 @@ constexpr WebLink WebLinks[] = {
 
 } // namespace
 
-std::string GetWebAddress(int command) {
+std::string GetWebLink(int command) {
     const auto* link = std::find_if(std::begin(WebLinks), std::end(WebLinks),
                                     [command](const WebLink& each) { return each.command == command; });
     return link == std::end(WebLinks) ? std::string() : std::string(WebSite) + link->page;
 }
 
 bool OpenWebLink(LWindow& parent, int command) {
-    const std::string address = GetWebAddress(command);
-    if (address.empty())
-        return false;
+    const std::string address = GetWebLink(command);
+    if (!address.empty())
+        OpenWebPage(parent, address);
+    return !address.empty();
+}
+
+void OpenWebPage(LWindow& parent, const std::string& address) {
     if (!parent.GetToolkit().OpenUrl(address))
         LShowMessageBox("Sonvire", "No program was found that shows web pages. The address is " + address);
-    return true;
 }
 
 void OpenThankYouPageOnce(LToolkit& toolkit) {

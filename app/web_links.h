@@ -6,7 +6,9 @@
 /// address where there is no browser. False for every other command.
 bool OpenWebLink(LWindow& parent, int command);
 /// Where such a link leads; empty for every other command.
-std::string GetWebAddress(int command);
+std::string GetWebLink(int command);
+/// Opens a page of the web, and says its address where there is no browser.
+void OpenWebPage(LWindow& parent, const std::string& address);
 
 /// At the end of the program: the first time that the user ends it, opens a page of thanks. Nothing is said
 /// where there is no browser.

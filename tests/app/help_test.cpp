@@ -49,8 +49,7 @@ TEST(Help, EveryLinkLeadsSomewhere) {
 
 TEST_F(App, HelpOpensItsPages) {
     const std::string folder = GetSharedDataFolder() + "/sonvire/help/";
-    const HelpPage pages[] = {HelpPage::Start, HelpPage::Lists, HelpPage::Settings, HelpPage::Keys,
-                              HelpPage::CommandLine};
+    const HelpPage pages[] = {HelpPage::Start, HelpPage::Lists, HelpPage::Settings, HelpPage::Keys};
     dialogs = {[](MemoryDialog& settings) { settings.Press(LCommandHelp); }};
     Run([&](MemoryMainWindow&) {
         for (const HelpPage page : pages)
@@ -58,7 +57,7 @@ TEST_F(App, HelpOpensItsPages) {
         Send({1401});
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html"), HasSubstr("/lists.html"),
                                                HasSubstr("/settings.html"), HasSubstr("/keys.html"),
-                                               HasSubstr("/command-line.html"), HasSubstr("/settings.html")));
+                                               HasSubstr("/settings.html")));
         EXPECT_EQ(toolkit->urls[0], MakeFileUrl(folder + "index.html"));
         EXPECT_EQ(toolkit->boxes, Texts{}) << "every page is there";
         toolkit->hasBrowser = false;
