@@ -12,6 +12,7 @@
 #include "sys/replaced_file.h"
 #include "sys/settings.h"
 #include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
 
 #include <cerrno>
 
@@ -21,6 +22,8 @@ namespace {
 constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
 constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
+constexpr int MostProblemsShown = 8;
+
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
 /// Where the last tone file was.
@@ -30,15 +33,33 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
 }
 
 /// Why the sound is none that can be saved; empty where it is.
-std::string WhyNotSaved(const SonvireData& tone, const LSoundSource& source) {
-    const std::string uncountable = IsList(tone) ? std::string() : tone.WhyUncountable();
-    return uncountable.empty() ? LWaveFile::WhyTooLong(source->GetEndSample(), source->channels, 16)
-                               : uncountable;
+std::string WhyNotSaved(const SonvireData& tone, const LSoundSource& source, const ToneListReport& report) {
+    if (const std::string reason = tone.WhyUncountable(); !IsList(tone) && !reason.empty())
+        return reason;
+    const double frames = IsList(tone)
+                              ? static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000
+                              : source->GetEndSample();
+    return LWaveFile::WhyTooLong(frames, source->channels, 16);
 }
 
-/// A file that was there before, which the source may read, stays as it was until then. What the user has
-/// stopped is kept as far as it got; what could not be written is not.
+/// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
+bool ConfirmProblems(const ToneListReport& report) {
+    std::string told;
+    int count = 0;
+    for (const ToneListEntry& entry : report.entries)
+        if (!entry.problem.empty() && ++count <= MostProblemsShown)
+            told += "\n\n\"" + entry.file + "\" " + entry.problem;
+    if (count > MostProblemsShown)
+        told += "\n\nand " + std::to_string(count - MostProblemsShown) + " more";
+    return count == 0 ||
+           LShowMessageBox("Save List", "Not all of the list can be saved as it should sound:" + told,
+                           LMessageButtons::OkCancel) == LMessageAnswer::Ok;
+}
+
+/// A file that was there before, which the source may read, stays as it was until the new one is whole. What
+/// the user has stopped is kept as far as it got where there was no file.
 void Render(LWindow& parent, const LSoundSource& source, const std::string& path) {
+    const bool replaces = FileExists(path.c_str());
     LReplacedFile file(path);
     if (!file.GetError().empty()) {
         ReportUnwritten(path, file.GetError());
@@ -54,6 +75,8 @@ void Render(LWindow& parent, const LSoundSource& source, const std::string& path
         ReportUnwritten(path, ExplainError(sink->writeError));
     else if (dialog.GetResult() == LProcessResult::Failed)
         ReportUnwritten(path, "the tone gives no sound");
+    else if (dialog.GetResult() == LProcessResult::Stopped && replaces)
+        return;
     else if (!file.Commit())
         ReportUnwritten(path, file.GetError());
 }
@@ -121,11 +144,14 @@ void MainDialog::CmSaveWave(const std::string& path) {
     }
     LUserSettingSetString("settings", "filedir", GetFolder(path));
     const bool replacesItsOwn = IsList(tone) && IsReadByList(path, tone.GetListPath());
-    const LSoundSource source = OpenToneEngine(tone);
-    if (const std::string reason = WhyNotSaved(tone, source); !reason.empty()) {
+    ToneListReport report;
+    const LSoundSource source = OpenToneEngine(tone, &report);
+    if (const std::string reason = WhyNotSaved(tone, source, report); !reason.empty()) {
         LShowMessageBox("Error", "The tone can't be saved: it " + reason + ".");
         return;
     }
+    if (!ConfirmProblems(report))
+        return;
     Render(*this, source, path);
     if (replacesItsOwn)
         RelistandStart();

@@ -23,6 +23,10 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File"
 /// Lets the user edit the list at `path`, a new one where it is empty. True where it is the current tone
 /// afterwards.
 bool MainDialog::EditList(const std::string& path) {
+    if (const std::string refusal = WhyNoListEntry(path); !refusal.empty()) {
+        ReportUnreadable(path, refusal);
+        return false;
+    }
     SetEditedList(path);
     if (!OpenToneListDialog(*this))
         return false;
@@ -56,8 +60,8 @@ void MainDialog::CmLoadList() {
     LUserSettingSetString("tonelist", "readfolder", chooser.folder);
     if (GetFileExtension(path) != ".tdl")
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!EditList(path) && !IsList(tone)) // a list's length is taken below
-        tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(tone).GetEnd().GetMilliseconds());
+    else if (!EditList(path))
+        TakeLength();
     RelistandStart();
 }
 
@@ -78,6 +82,10 @@ void MainDialog::CmSaveList() {
 }
 
 bool MainDialog::CopyList(const std::string& list, const std::string& path) {
+    if (!IsList(tone)) {
+        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
+        return false;
+    }
     if (!WhyUnreadable(list.c_str()).empty()) {
         ReportUnreadable(list, {});
         return false;
@@ -85,7 +93,7 @@ bool MainDialog::CopyList(const std::string& list, const std::string& path) {
     std::string refusal = WhyNoListEntry(path);
     if (!IsSameFile(list.c_str(), path.c_str()) && IsReadByList(path, list))
         refusal = "the list plays it";
-    else if (refusal.empty() && !LFile::CopyFile(list.c_str(), path.c_str()))
+    else if (refusal.empty() && !CopyListFile(list, path))
         refusal = ExplainError(errno);
     if (!refusal.empty())
         ReportUnwritten(path, refusal);

@@ -81,6 +81,8 @@ void ListDlg::InitDialog() {
 void ListDlg::OpenList() {
     file = GetEditedList();
     if (!file.empty()) {
+        if (IsTemporaryList(file))
+            replacedList = file;
         const LListRebuild rebuild(*list);
         CmAddToneToLV(file, 0);
         untitled = GetFileExtension(file) != ".tdl";
@@ -94,6 +96,8 @@ void ListDlg::OpenList() {
 
 void ListDlg::DestroyDialog() {
     list.reset();
+    if (accepted && !replacedList.empty() && file != replacedList)
+        unlink(replacedList.c_str());
     const bool isUsed = accepted && file == newList;
     if (newList.empty() || isUsed)
         return;

@@ -55,7 +55,8 @@ private:
     bool untitled = true;            ///< the list has no file of the user's yet
     bool accepted = false;           ///< closed with OK
     std::string file;                ///< that the list is in
-    std::string newList; ///< the file of a new list, which goes where the list does not stay in it
+    std::string replacedList; ///< a temporary file that it was in, which goes once OK has put it into another
+    std::string newList;      ///< the file of a new list, which goes where the list does not stay in it
 };
 
 /// True where it was closed with OK.

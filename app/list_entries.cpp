@@ -37,11 +37,15 @@ private:
         if (!ReadToneListLines(lines, path.c_str()))
             ReportUnreadable(path, "another program is using it");
         const std::string folder = GetFolder(path);
-        for (auto line = lines.rbegin(); line != lines.rend() && MayAddEntry(); ++line)
-            if (IsSilence(*line))
-                entries.push_back(*line);
+        std::reverse(lines.begin(), lines.end());
+        for (const std::string& line : lines) {
+            if (!MayAddEntry())
+                break;
+            if (ParseToneListLine(line).IsSilence())
+                entries.push_back(line);
             else
-                Add(FindListEntry(*line, folder));
+                Add(FindListEntry(line, folder));
+        }
         nesting.Leave();
     }
 
@@ -86,6 +90,21 @@ std::vector<std::string> ExpandListEntry(const std::string& path) {
     std::vector<std::string> entries;
     Expansion(entries).Add(path);
     return entries;
+}
+
+bool CopyListFile(const std::string& from, const std::string& to) {
+    std::vector<std::string> lines;
+    ReadToneListLines(lines, from.c_str());
+    std::reverse(lines.begin(), lines.end());
+    bool changed = false;
+    for (std::string& line : lines) {
+        const std::string full =
+            ParseToneListLine(line).IsSilence() ? line : FindListEntry(line, GetFolder(from));
+        changed = changed || full != line;
+        line = full;
+    }
+    return changed && GetFolder(from) != GetFolder(to) ? WriteToneListFile(to.c_str(), lines)
+                                                       : LFile::CopyFile(from.c_str(), to.c_str());
 }
 
 bool IsReadByList(const std::string& file, const std::string& list) {

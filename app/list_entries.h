@@ -21,6 +21,10 @@ std::string CreateTemporaryList();
 /// that can't be opened has none, and is told in a message box.
 std::vector<std::string> ExpandListEntry(const std::string& path);
 
+/// Copies a list byte for byte, but for entries that are looked for beside it, which a copy in another folder
+/// names in full. The answer of `LFile::SaveFile`.
+bool CopyListFile(const std::string& from, const std::string& to);
+
 /// True where the list, or a list in it, plays the file, or is the file.
 bool IsReadByList(const std::string& file, const std::string& list);
 

@@ -11,9 +11,13 @@
 #include "tone/tone_list_source.h"
 
 void MainDialog::SetupListViewData() {
-    const LListRebuild rebuild(*list);
-    for (const unsigned int item : GetShownItems(tone))
-        InsertListViewItem(item);
+    {
+        const LListRebuild rebuild(*list);
+        for (const unsigned int item : GetShownItems(tone))
+            InsertListViewItem(item);
+    }
+    if (list->GetSelection().empty())
+        list->SetCurrent(0); // so that a key has something to step
 }
 
 void MainDialog::InsertListViewItem(unsigned int item) {
@@ -49,6 +53,8 @@ void MainDialog::UpdateListViewItem(unsigned int item, int row) {
 }
 
 bool MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
+    if (IsList(tone))
+        return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
         for (int i = 0; i < count; ++i)
@@ -65,6 +71,8 @@ bool MainDialog::ChangeListViewData() {
     const std::vector<int> rows = list->GetSelection();
     for (const int row : rows) {
         const unsigned int item = list->GetData(row);
+        if (tone.GetItemValue(item).empty())
+            continue; // a row that only names the waveform
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
         if (!box.Open(*this))
             break;

@@ -70,7 +70,7 @@ private:
     void Restart();
     /// After every change of what rows the tone has.
     void RelistandStart();
-    void TakeListLength();
+    void TakeLength();
     void ReportLostOutput();
     LSoundPlayDevice FindDevice();
     void spntfPlay(long id) override;

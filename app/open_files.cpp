@@ -22,18 +22,25 @@ std::string MakeAbsolute(const std::string& path) {
     return error ? path : full.native();
 }
 
+/// For the next chooser.
+void RememberFile(const std::string& path) {
+    LUserSettingSetString("settings", "file", path);
+    LUserSettingSetString("settings", "filedir", GetFolder(path));
+}
+
 /// One that can't be read leaves the tone as it was.
-void ReadTone(SonvireData& tone, const std::string& path) {
+bool ReadTone(SonvireData& tone, const std::string& path) {
     SonvireData read;
-    if (ReadToneFile(read, path))
+    const bool whole = ReadToneFile(read, path);
+    if (whole)
         tone = read;
+    return whole;
 }
 
 } // namespace
 
 void MainDialog::CmLoadFile(const char* path) {
-    LUserSettingSetString("settings", "file", path);
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
+    RememberFile(path);
     if (GetFileExtension(path) == ".tdf")
         ReadTone(tone, path);
     else
@@ -52,7 +59,8 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
 /// capitals.
 void MainDialog::OpenFromUser(const std::string& path) {
     if (HasExtension(path, ".tdf")) {
-        ReadTone(tone, path);
+        if (ReadTone(tone, path))
+            RememberFile(MakeAbsolute(path));
         RelistandStart();
     } else if (HasExtension(path, ".tdl")) {
         CmEditList(MakeAbsolute(path));

@@ -5,7 +5,7 @@
 #include "sys/message_box.h"
 #include "sys/settings.h"
 #include "tone/tone_engine.h"
-#include "tone/tone_list_source.h"
+#include "tone/tone_list_report.h"
 
 void MainDialog::CmPlay() {
     if (!player.IsPlaying())
@@ -38,16 +38,17 @@ void MainDialog::Restart() {
 
 void MainDialog::RelistandStart() {
     if (IsList(tone))
-        TakeListLength();
+        TakeLength();
     SetupListViewData();
     Restart();
 }
 
-/// The length of one pass, also of a list that loops. What is wrong with the list is told when it plays.
-void MainDialog::TakeListLength() {
+/// The length of one pass, also of a tone that loops. What is wrong with a list is told when it plays.
+void MainDialog::TakeLength() {
+    SonvireData onePass = tone;
+    onePass.repeat = 0;
     ToneListReport untold;
-    const LSoundSource onePass = OpenToneList(tone.GetListPath(), &untold);
-    tone.durationMs = static_cast<std::uint32_t>(onePass.GetEnd().GetMilliseconds());
+    tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(onePass, &untold).GetEnd().GetMilliseconds());
 }
 
 void MainDialog::CmRepeatPlay() {

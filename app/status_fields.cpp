@@ -72,12 +72,13 @@ void StatusFields::ShowLevels(const LDBMC& levels) {
     decibels.reserve(static_cast<std::size_t>(levels.GetChannels()));
     for (int channel = 0; channel < levels.GetChannels(); ++channel)
         decibels.push_back(levels[channel].GetDecibels());
+    channels = decibels.size();
     window.SetLevels(ControlLevels, decibels);
 }
 
 void StatusFields::ShowStopped() {
     window.SetText(ControlPosition, "");
-    window.SetLevels(ControlLevels, {LDB::Silence, LDB::Silence});
+    window.SetLevels(ControlLevels, std::vector<int>(channels, LDB::Silence));
 }
 
 void StatusFields::StoreDevice() {

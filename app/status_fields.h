@@ -39,4 +39,5 @@ private:
 
     LWindow& window;
     LSoundTime length;
+    std::size_t channels = 2; ///< that were shown last
 };

@@ -174,8 +174,8 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
         Way way;
         std::string path, row, box, remembered;
     } const cases[] = {
-        {Argument, tone, "Sine 1 Frequency=440.00Hz", "", ""},
-        {Argument, capitals, "Sine 1 Frequency=440.00Hz", "", ""},
+        {Argument, tone, "Sine 1 Frequency=440.00Hz", "", tone},
+        {Argument, capitals, "Sine 1 Frequency=440.00Hz", "", capitals},
         {Argument, list, tone + "=", "", ""},
         {Argument, inFolder, "Sine 1 Frequency=1000.00Hz", "", ""},
         {Argument, text, "Sine 1 Frequency=1000.00Hz",
