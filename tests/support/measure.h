@@ -24,11 +24,11 @@ inline int CountSignChanges(const std::vector<double>& samples) {
 }
 
 struct SineFit {
-    double hz, amplitude, residualRms;
+    double amplitude, residualRms;
 };
 
 /// The sine of this frequency that comes closest to the samples, by its projection on sine and cosine.
-inline SineFit FitSineAt(const std::vector<double>& samples, int rate, double hz) {
+inline SineFit FitSine(const std::vector<double>& samples, double rate, double hz) {
     double ss = 0, cc = 0, sc = 0, sy = 0, cy = 0, yy = 0;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const double angle = 2 * std::numbers::pi * hz * static_cast<double>(i) / rate;
@@ -38,15 +38,5 @@ inline SineFit FitSineAt(const std::vector<double>& samples, int rate, double hz
     const double det = ss * cc - sc * sc;
     const double a = (sy * cc - cy * sc) / det, b = (cy * ss - sy * sc) / det;
     const double residual = yy - a * sy - b * cy;
-    return {hz, std::hypot(a, b), std::sqrt(std::fmax(0, residual) / static_cast<double>(samples.size()))};
-}
-
-/// The same with the frequency that fits best, within half a percent of `hz`.
-inline SineFit FitSine(const std::vector<double>& samples, int rate, double hz) {
-    SineFit best = FitSineAt(samples, rate, hz);
-    for (double step = hz * 0.0025; step > 1e-4; step /= 2)
-        for (const double candidate : {best.hz - step, best.hz + step})
-            if (const SineFit fit = FitSineAt(samples, rate, candidate); fit.residualRms < best.residualRms)
-                best = fit;
-    return best;
+    return {std::hypot(a, b), std::sqrt(std::fmax(0, residual) / static_cast<double>(samples.size()))};
 }

@@ -1,7 +1,5 @@
 #include "support/run_program.h"
 
-#include "support/temp_dir.h"
-
 #include <sys/wait.h>
 #include <unistd.h>
 
