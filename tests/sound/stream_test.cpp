@@ -18,15 +18,16 @@ private:
     bool& alive;
 };
 
-TEST(SoundSource, AnEmptyHandleReadsAsSilence) {
+TEST(SoundSource, EmptyHandlesReadAsSilenceAndSwallow) {
     const LSoundSource source;
-    EXPECT_EQ(source->sampleRate, 11025);
-    EXPECT_EQ(source->channels, 1);
     EXPECT_EQ(source->status, SoundNothing);
-    EXPECT_EQ(source->peakMax, 2097152);
+    EXPECT_EQ(source->sampleRate, 11025);
     EXPECT_EQ(source->GetEndSample(), 0);
-    EXPECT_EQ(source->GetPositionSample(), 0);
     EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{0, 0, 0}));
+    const LSoundSink sink;
+    EXPECT_EQ(sink->status, SinkUnusable);
+    sink->Write(nullptr, 1);
+    EXPECT_EQ(sink->lengthHint, 0);
 }
 
 TEST(SoundSource, AnImpossibleFormatIsRepairedAndMarked) {
@@ -52,16 +53,6 @@ TEST(SoundSource, TheLastHandleDeletesTheObject) {
     }
     EXPECT_FALSE(alive);
     EXPECT_EQ(source->status, SoundNothing);
-}
-
-TEST(SoundSink, AnEmptyHandleSwallows) {
-    const LSoundSink sink;
-    EXPECT_EQ(sink->sampleRate, 44100);
-    EXPECT_EQ(sink->channels, 1);
-    EXPECT_EQ(sink->status, SinkUnusable);
-    const int sample = 5;
-    sink->Write(&sample, 1);
-    EXPECT_EQ(sink->lengthHint, 0);
 }
 
 TEST(SoundTime, ConvertsToFramesAndBack) {

@@ -2,37 +2,26 @@
 
 #include "support/run_program.h"
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <functional>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
-namespace {
-
-constexpr std::chrono::seconds HangGuard{20};
-
 bool WaitFor(const std::function<bool()>& holds) {
-    const auto latest = std::chrono::steady_clock::now() + HangGuard;
-    while (!holds()) {
-        if (std::chrono::steady_clock::now() > latest)
-            return false;
+    const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!holds() && std::chrono::steady_clock::now() < latest)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
+    return holds();
 }
 
-std::uintmax_t SizeOf(const std::string& file) {
+static std::uintmax_t SizeOf(const std::string& file) {
     std::error_code none;
     const std::uintmax_t size = std::filesystem::file_size(file, none);
     return none ? 0 : size;
 }
-
-} // namespace
 
 pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors) {
     std::vector<char*> list;
@@ -60,10 +49,8 @@ void EndProcess(pid_t process, int signal) {
 
 SoundServer::SoundServer() {
     for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"}) {
-        if (const char* value = getenv(variable))
-            environment[variable] = value;
-        else
-            environment[variable] = std::nullopt;
+        const char* value = getenv(variable);
+        environment[variable] = value ? std::optional<std::string>(value) : std::nullopt;
         setenv(variable, Path("").c_str(), 1);
     }
     unsetenv("PULSE_SERVER");
@@ -138,8 +125,6 @@ std::vector<int> Recording::Finish() {
     const std::string bytes = ReadBytes(file);
     std::vector<std::int16_t> samples(bytes.size() / 2);
     std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
-    const auto sounds = [](std::int16_t sample) { return sample != 0; };
-    const auto first = std::find_if(samples.begin(), samples.end(), sounds);
-    const auto last = std::find_if(samples.rbegin(), samples.rend(), sounds).base();
-    return first < last ? std::vector<int>(first, last) : std::vector<int>();
+    std::erase(samples, 0);
+    return {samples.begin(), samples.end()};
 }

@@ -3,6 +3,7 @@
 #include "support/temp_dir.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -46,8 +47,8 @@ public:
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
 
-    /// Waits until all that has been played so far is recorded; answers every sample from the first that is
-    /// not 0 to the last.
+    /// Waits until all that has been played so far is recorded; answers every sample that is not 0: a server
+    /// under load is late at times and plays silence then, but nothing may be lost for it.
     std::vector<int> Finish();
 
 private:
@@ -57,6 +58,9 @@ private:
     int rate, channels;
     pid_t process = -1;
 };
+
+/// Waits until the condition holds; false when that takes so long that something hangs.
+bool WaitFor(const std::function<bool()>& holds);
 
 /// Starts a program, with its output in files of these names.
 pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors);

@@ -3,7 +3,6 @@
 #include "tone/tone_items.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -102,9 +101,7 @@ TEST(ToneItems, TakeTypedTexts) {
         SonvireData tone;
         tone.SetItemValue(each.item, each.typed);
         EXPECT_EQ(tone.GetItemValue(each.item), each.shown) << each.item << " " << each.typed;
-        EXPECT_EQ(messages.shown,
-                  *each.message ? std::vector<std::string>{each.message} : std::vector<std::string>())
-            << each.typed;
+        EXPECT_EQ(messages.GetText(), each.message) << each.typed;
     }
     SonvireData tone;
     tone.SetItemValue(1024 + 15, "1000.1");

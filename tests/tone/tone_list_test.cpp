@@ -9,7 +9,6 @@
 #include "sound/wave_file.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sys/resource.h>
 
