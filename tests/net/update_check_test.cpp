@@ -191,47 +191,13 @@ TEST(UpdateCheck, ALookUpThatTakesItsTimeCanBeLeft) {
 
 TEST(UpdateCheck, AServerThatDoesNotAnswerIsLeft) {
     LocalServer server([](int connection) { ReceiveAll(connection); });
-    Dialog dialog;
+    Dialog patient, leaving{6};
     char reply[10] = "old";
-    EXPECT_EQ(ProcessHTTPGet(dialog, server.GetUrl().c_str(), reply, sizeof reply, 3 * OneSlice), Completed)
+    EXPECT_EQ(ProcessHTTPGet(patient, server.GetUrl().c_str(), reply, sizeof reply, 3 * OneSlice), Completed)
         << "there was a connection";
     EXPECT_STREQ(reply, "");
-}
-
-TEST(UpdateCheck, AReceiveTakesWhatIsThere) {
-    Pair pair;
-    char buffer[10];
-    unsigned long received = 99;
-    struct {
-        const char* name;
-        const char* sent;
-        unsigned long length;
-        int stopAt;
-        LProcessResult result;
-        std::string expected;
-    } const cases[] = {
-        {"no room", "", 0, 1, Completed, ""},
-        {"nothing there", "", 10, 0, Failed, ""},
-        {"stopped while waiting", "", 10, 2, Stopped, ""},
-        {"stopped at once", "abc", 10, 1, Stopped, ""},
-        {"less than there is", "", 2, 0, Completed, "ab"},
-        {"the rest", "", 10, 0, Completed, "c"},
-    };
-    for (const auto& each : cases) {
-        SendText(pair.theirs, each.sent);
-        Dialog dialog{each.stopAt};
-        const int timeoutMs = each.stopAt == 0 ? OneSlice : 5000;
-        EXPECT_EQ(ProcessRecvReady(dialog, pair.ours, buffer, each.length, received, timeoutMs), each.result)
-            << each.name;
-        EXPECT_EQ(std::string(buffer, received), each.expected) << each.name;
-    }
-    pair.CloseTheirs();
-    Dialog dialog;
-    EXPECT_EQ(ProcessWaitForDataOrClose(dialog, pair.ours, 5000), Completed);
-    EXPECT_EQ(ProcessRecvReady(dialog, pair.ours, buffer, sizeof buffer, received, 5000), Failed);
-    EXPECT_EQ(received, 0U);
-    EXPECT_EQ(ProcessDisconnect(dialog, pair.ours, 0), Completed);
-    EXPECT_FALSE(pair.ours.IsOpen());
+    ProcessHTTPGet(leaving, server.GetUrl().c_str(), reply, sizeof reply, 5000);
+    EXPECT_EQ(leaving.asked, 6) << "nor waited for once the user leaves";
 }
 
 TEST(UpdateCheck, AllIsSentOrItHasAnEnd) {
