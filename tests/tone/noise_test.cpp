@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace {
 
 template <class Noise>
@@ -58,25 +56,6 @@ TEST(Noise, IsMonoWhateverTheToneSays) {
         tone.waveform = static_cast<std::uint8_t>(waveform);
         EXPECT_EQ(OpenToneEngine(tone)->channels, 1);
     }
-}
-
-TEST(Noise, PinkNoiseHasEqualPowerInEveryOctave) {
-    std::vector<double> octaves(9); // from 22 kHz down to 43 Hz
-    FixRandomSeed(1);
-    for (int source = 0; source < 100; ++source) { // each has a table of its own, which is all its randomness
-        const std::vector<int> samples = ReadFrames(*LSoundSource::Make<SSPinkNoise>(0u), 16384);
-        std::vector<double> x(samples.begin(), samples.end());
-        for (double& power :
-             octaves) { // what neighbours differ in is the highest octave, their sums are the rest
-            for (std::size_t i = 0; i < x.size() / 2; ++i) {
-                power += std::pow(x[2 * i] - x[2 * i + 1], 2) / 2;
-                x[i] = (x[2 * i] + x[2 * i + 1]) / std::sqrt(2);
-            }
-            x.resize(x.size() / 2);
-        }
-    }
-    const auto [low, high] = std::minmax_element(octaves.begin(), octaves.end());
-    EXPECT_LT(10 * std::log10(*high / *low), 1.0) << "in decibels";
 }
 
 } // namespace
