@@ -1,7 +1,6 @@
 // The program itself, with a display and a sound server of the test's own: keys go in, sound comes out.
 
 #include "sound/wave_file.h"
-#include "support/run_program.h"
 #include "support/sound_server.h"
 #include "tone/tone_data.h"
 
@@ -31,20 +30,18 @@ protected:
     }
 
     /// Starts a server; answers the line in which it tells where it is.
-    std::string StartServer(pid_t& process, const std::vector<std::string>& command) {
-        const std::string file = server.Path(command[0]);
-        process = Spawn(command, file, file + ".err");
-        EXPECT_TRUE(WaitFor([&] { return ReadBytes(file).ends_with('\n'); })) << command[0];
+    std::string StartServer(pid_t& process, const std::string& name, const std::string& arguments) {
+        const std::string file = server.Path(name);
+        process = Spawn("exec " + name + " " + arguments, file, file + ".err");
+        EXPECT_TRUE(WaitFor([&] { return ReadBytes(file).ends_with('\n'); })) << name;
         return ReadBytes(file).substr(0, ReadBytes(file).find('\n'));
     }
     void StartDisplay() {
-        const std::string number =
-            StartServer(display, {"Xvfb", "-displayfd", "1", "-screen", "0", "1000x700x24"});
+        const std::string number = StartServer(display, "Xvfb", "-displayfd 1 -screen 0 1000x700x24");
         setenv("DISPLAY", (":" + number).c_str(), 1);
     }
     void StartBus() {
-        const std::string address =
-            StartServer(bus, {"dbus-daemon", "--session", "--nofork", "--print-address=1"});
+        const std::string address = StartServer(bus, "dbus-daemon", "--session --nofork --print-address=1");
         setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
     }
     std::string WriteTone(std::uint32_t ms = 0) const {
@@ -65,7 +62,7 @@ protected:
         program = -1;
     }
     bool StartProgram(const std::string& argument) {
-        program = Spawn({SONVIRE, argument}, server.Path("out"), server.Path("err"));
+        program = Spawn("exec " SONVIRE " " + argument, server.Path("out"), server.Path("err"));
         return WaitFor(
             [] { return RunProgram("xdotool search --onlyvisible --name Sonvire windowfocus").status == 0; });
     }

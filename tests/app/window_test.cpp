@@ -6,9 +6,12 @@
 #include <QDialog>
 #include <QTreeWidget>
 
+#include <filesystem>
+
 namespace {
 
 TEST_F(QtWindows, TheProgramsWindowShowsEveryItemWhole) {
+    std::filesystem::remove_all(std::getenv("XDG_DATA_HOME")); // and what a crash has left there
     const char* const arguments[] = {"sonvire"};
     TestOutput output;
     MainDialog window(toolkit, 1, arguments,

@@ -14,6 +14,10 @@ struct ProgramResult {
     std::string errors; ///< standard error
 };
 
+/// Starts a shell command, with its output in files of these names.
+pid_t Spawn(const std::string& command, const std::string& out, const std::string& errors);
+void EndProcess(pid_t process, int signal);
+
 /// Runs a shell command and waits for it. `meanwhile` is called with its process id right after the start.
 ProgramResult RunProgram(const std::string& command, const std::function<void(pid_t)>& meanwhile = {});
 

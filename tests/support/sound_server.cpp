@@ -1,11 +1,8 @@
 #include "support/sound_server.h"
 
-#include "support/run_program.h"
-
 #include <chrono>
 #include <csignal>
 #include <cstring>
-#include <fcntl.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -21,30 +18,6 @@ static std::uintmax_t SizeOf(const std::string& file) {
     std::error_code none;
     const std::uintmax_t size = std::filesystem::file_size(file, none);
     return none ? 0 : size;
-}
-
-pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors) {
-    std::vector<char*> list;
-    for (const std::string& each : arguments)
-        list.push_back(const_cast<char*>(each.c_str()));
-    list.push_back(nullptr);
-    const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    const int errorFile = open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(outFile, STDOUT_FILENO);
-        dup2(errorFile, STDERR_FILENO);
-        execvp(list[0], list.data());
-        _exit(127);
-    }
-    close(outFile);
-    close(errorFile);
-    return child;
-}
-
-void EndProcess(pid_t process, int signal) {
-    kill(process, signal);
-    waitpid(process, nullptr, 0);
 }
 
 SoundServer::SoundServer() {
@@ -63,8 +36,9 @@ SoundServer::~SoundServer() {
 }
 
 bool SoundServer::Start() {
-    process = Spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "-L",
-                     "module-native-protocol-unix auth-anonymous=1 socket=" + Path("native")},
+    process = Spawn("exec pulseaudio -n --daemonize=no --exit-idle-time=-1 --disable-shm=yes -L "
+                    "'module-native-protocol-unix auth-anonymous=1 socket=" +
+                        Path("native") + "'",
                     Path("server.out"), Path("server.err"));
     return WaitFor([this] { return waitpid(process, nullptr, WNOHANG) != 0 || !Control("stat").empty(); }) &&
            kill(process, 0) == 0;
@@ -102,8 +76,8 @@ Recording::Recording(const SoundServer& server, const std::string& output, int f
     : file(server.Path(output + ".raw")),
       rate(framesPerSecond),
       channels(channelCount) {
-    process = Spawn({"parec", "--raw", "--format=s16le", "--latency-msec=20", "-d", output + ".monitor",
-                     "--rate=" + std::to_string(rate), "--channels=" + std::to_string(channels)},
+    process = Spawn("exec parec --raw --format=s16le --latency-msec=20 -d " + output +
+                        ".monitor --rate=" + std::to_string(rate) + " --channels=" + std::to_string(channels),
                     file, server.Path("record.err"));
     WaitForFrames(1);
 }

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "support/temp_dir.h"
+#include "support/run_program.h"
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
-#include <string>
-#include <sys/types.h>
 #include <vector>
 
 /// A sound server of this process's own, in a folder of its own, without any hardware. While it is there,
@@ -61,7 +58,3 @@ private:
 
 /// Waits until the condition holds; false when that takes so long that something hangs.
 bool WaitFor(const std::function<bool()>& holds);
-
-/// Starts a program, with its output in files of these names.
-pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors);
-void EndProcess(pid_t process, int signal);

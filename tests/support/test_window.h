@@ -23,11 +23,9 @@ public:
     LToolBar small;
 
     using LMainWindow::GetMenu;
-    using LMainWindow::GetToolBar;
     using LMainWindow::SetKeys;
     using LMainWindow::SetMenu;
     using LMainWindow::SetStatusBar;
-    using LMainWindow::SetToolBar;
     using LMainWindow::SetToolBarSmallIcons;
 
     void MakeList(int rows) {
