@@ -1,6 +1,5 @@
 #include "support/app_window.h"
 #include "sys/file_url.h"
-#include "sys/user_data.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,5 @@
 #include "support/app_window.h"
 
-#include <set>
-
 namespace {
 
 constexpr int Deselect = -1;
@@ -22,174 +20,122 @@ Ints operator+(Ints some, const Ints& more) {
 
 class Enabling : public App {
 protected:
-    Ints Disabled(const MemoryMenu& menu) {
-        Ints ids;
-        for (const auto& [id, item] : menu.items)
-            if (!item.enabled)
-                ids.push_back(id);
-        return ids;
+    void ExpectMenu(const Ints& disabled, const Ints& marked) {
+        EXPECT_EQ(Menu().With(&MemoryItem::enabled, false), disabled);
+        EXPECT_EQ(Menu().With(&MemoryItem::marked, true), marked);
     }
-    Ints Marked(const MemoryMenu& menu) {
-        Ints ids;
-        for (const auto& [id, item] : menu.items)
-            if (item.marked)
-                ids.push_back(id);
-        return ids;
+    /// Tool bar items look as the menu entries that do the same, and those without one as the modes are.
+    void ExpectToolBarsAsTheMenu() {
+        for (const MemoryToolBar* bar : {toolkit->mainWindow->toolBar, toolkit->mainWindow->smallToolBar})
+            for (const auto& [command, item] : bar->items)
+                if (const auto same = Menu().items.find(command); same != Menu().items.end()) {
+                    EXPECT_EQ(item.enabled, same->second.enabled) << command;
+                    EXPECT_EQ(item.marked, same->second.marked) << command;
+                }
+        const MemoryToolBar& small = *toolkit->mainWindow->smallToolBar;
+        EXPECT_EQ(small[122].enabled, Menu()[2109].enabled) << "stereo";
+        EXPECT_EQ(small[122].marked, Menu()[2109].marked);
+        EXPECT_EQ(small[117].marked, !Menu()[2104].marked) << "duration";
+        EXPECT_EQ(small[117].enabled, !small[2118].marked) << "but the list's is its own";
     }
-    /// In both tool bars, in the order of their commands.
-    std::pair<Ints, Ints> DisabledAndPressed() {
-        std::set<int> disabled, pressed;
-        const MemoryMainWindow& window = *toolkit->mainWindow;
-        for (const MemoryToolBar* bar : {&window.toolBar, &window.smallToolBars.at(ControlSmallToolBar)})
-            for (const auto& item : bar->items) {
-                if (!item.enabled)
-                    disabled.insert(item.row.command);
-                if (item.pressed)
-                    pressed.insert(item.row.command);
-            }
-        return {{disabled.begin(), disabled.end()}, {pressed.begin(), pressed.end()}};
-    }
+    const MemoryMenu& Menu() { return *toolkit->mainWindow->menu; }
 };
 
 TEST_F(Enabling, FollowsTheTone) {
-    const Ints noFrequencies = Span({{2106, 2107}, {2109, 2110}});
-    const Ints oneTone = Span({{3001, 3016}});
-    const Ints steps = Span({{2101, 2103}});
-    const Ints barNoFrequencies = {122, 2106, 2107, 2110};
+    const Ints noRow = Span({{2101, 2103}}), noComponents = Span({{2106, 2107}, {2109, 2110}, {3001, 3016}});
+    const Ints stopped = {102, 1115}, sine = {2104, 2108, 2111, 3001};
     struct {
         const char* name;
-        Ints commands, disabled, marked, barDisabled, barPressed;
+        Ints commands, disabled, marked;
     } const cases[] = {
-        {"a continuous sine", {}, {102, 1115}, {2104, 2108, 2111, 3001}, {102}, {2111}},
-        {"no row selected",
-         {Deselect},
-         Ints{102, 1115} + steps,
-         {2104, 2108, 2111, 3001},
-         {102, 2101, 2102},
-         {2111}},
-        {"everything on",
-         {2109, 2110, 2107, 2112, 3003},
-         {102, 1115},
-         {2107, 2109, 2110, 2112, 3003},
-         {102},
-         {117, 122, 2107, 2110, 2112}},
-        {"linear after logarithmic",
-         {2107, 2106},
-         {102, 1115},
-         {2106, 2108, 2111, 3001},
-         {102},
-         {117, 2106, 2111}},
-        {"loop of a continuous tone",
-         {118},
-         {102, 1115},
-         {118, 2105, 2108, 2111, 3001},
-         {102},
-         {117, 118, 2111}},
-        {"loop on and off", {118, 118}, {102, 1115}, {2105, 2108, 2111, 3001}, {102}, {117, 2111}},
-        {"continuous after a looping sweep",
-         {2107, 118, 2104},
-         {102, 1115},
-         {2104, 2108, 2111, 3001},
-         {102},
-         {2111}},
+        {"a continuous sine", {}, stopped, sine},
+        {"no row selected", {Deselect}, stopped + noRow, sine},
+        {"everything on", {2109, 2110, 2107, 2112, 3003}, stopped, {2107, 2109, 2110, 2112, 3003}},
+        {"linear after logarithmic", {2107, 2106}, stopped, {2106, 2108, 2111, 3001}},
+        {"loop of a continuous tone", {118}, stopped, {118, 2105, 2108, 2111, 3001}},
+        {"loop on and off", {118, 118}, stopped, {2105, 2108, 2111, 3001}},
+        {"continuous after a looping sweep", {2107, 118, 2104}, stopped, sine},
         {"noise forgets but its duration",
          {2109, 2110, 2107, 3016, 2116, SelectFirst},
-         Ints{102} + noFrequencies + oneTone,
-         {2105, 2108, 2116, 3001},
-         Ints{102} + barNoFrequencies,
-         {117, 2116}},
+         Ints{102} + noComponents,
+         {2105, 2108, 2116, 3001}},
         {"noise, no row selected",
          {2107, 2116, Deselect},
-         Ints{102} + steps + noFrequencies + oneTone,
-         {2105, 2108, 2116, 3001},
-         {102, 122, 2101, 2102, 2106, 2107, 2110},
-         {117, 2116}},
-        {"endless noise",
-         {2117, SelectFirst},
-         Ints{102} + steps + noFrequencies + oneTone,
-         {2104, 2108, 2117, 3001},
-         {102, 122, 2101, 2102, 2106, 2107, 2110},
-         {2117}},
-        {"sine again", {2109, 2117, 2111, SelectFirst}, {102, 1115}, {2104, 2108, 2111, 3001}, {102}, {2111}},
-        {"playing", {101}, {101, 1115}, {2104, 2108, 2111, 3001}, {101}, {2111}},
-        {"stopped again", {101, 102}, {102, 1115}, {2104, 2108, 2111, 3001}, {102}, {2111}},
-        {"ids that nothing has",
-         {1114, 3017, 3000, 2119, 9999},
-         {102, 1115},
-         {2104, 2108, 2111, 3001},
-         {102},
-         {2111}},
+         Ints{102} + noRow + noComponents,
+         {2105, 2108, 2116, 3001}},
+        {"endless noise", {2117, SelectFirst}, Ints{102} + noRow + noComponents, {2104, 2108, 2117, 3001}},
+        {"sine again", {2109, 2117, 2111, SelectFirst}, stopped, sine},
+        {"playing", {101}, {101, 1115}, sine},
+        {"stopped again", {101, 102}, stopped, sine},
+        {"ids that nothing has", {1114, 3017, 3000, 2119, 9999}, stopped, sine},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        std::filesystem::remove_all(std::getenv("XDG_DATA_HOME"));
-        Run([&](MemoryMainWindow& window) {
+        Forget();
+        Run([&](MemoryMainWindow&) {
             for (const int command : each.commands)
                 if (command < 0)
                     List().Select(command == Deselect ? Ints{} : Ints{0});
                 else
                     Send({command});
-            EXPECT_EQ(Disabled(window.menu), each.disabled);
-            EXPECT_EQ(Marked(window.menu), each.marked);
-            const auto [disabled, pressed] = DisabledAndPressed();
-            EXPECT_EQ(disabled, each.barDisabled);
-            EXPECT_EQ(pressed, each.barPressed);
+            ExpectMenu(each.disabled, each.marked);
+            ExpectToolBarsAsTheMenu();
         });
     }
 }
 
 TEST_F(Enabling, ShowsAListAsOne) {
     WriteBytes(folder / "list.tdl", "200ms silence.\n");
-    dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
+    dialogs = {PressOk};
     Run(
         [&](MemoryMainWindow& window) {
-            EXPECT_EQ(Disabled(window.menu), (Ints{102} + Span({{2101, 2110}, {3001, 3016}})));
-            EXPECT_EQ(Marked(window.menu), (Ints{2105, 2108, 3001}));
-            EXPECT_EQ(DisabledAndPressed(),
-                      std::pair(Ints{102, 117, 122, 2101, 2102, 2106, 2107, 2110}, Ints{117, 2118}));
+            ExpectMenu(Ints{102} + Span({{2101, 2110}, {3001, 3016}}), {2105, 2108, 3001});
+            EXPECT_TRUE((*window.smallToolBar)[2118].marked);
+            ExpectToolBarsAsTheMenu();
             window.Choose(2113);
-            EXPECT_EQ(Disabled(window.menu), (Ints{102, 1115})) << "with its first row selected";
+            ExpectMenu({102, 1115}, {2105, 2108, 2113, 3001}); // the first row is selected
+            ExpectToolBarsAsTheMenu();
         },
         {folder / "list.tdl"});
 }
 
 TEST_F(Enabling, TogglesSwitchTheirModes) {
+    const std::string frequency = "Sine 1 Frequency=1000.00Hz", duration = "Sine Duration=1000ms";
+    const std::string left = "Sine 1 Left Frequency=1000.00Hz", right = "Sine 1 Right Frequency=1000.00Hz";
     struct {
         int pressed;
         Texts rows;
-        Ints barPressed;
+        Ints marked;
     } const steps[] = {
-        {117, {"Sine 1 Frequency=1000.00Hz", "Sine Duration=1000ms"}, {117, 2111}},
-        {122,
-         {"Sine 1 Left Frequency=1000.00Hz", "Sine 1 Right Frequency=1000.00Hz", "Sine Duration=1000ms"},
-         {117, 122, 2111}},
-        {122, {"Sine 1 Frequency=1000.00Hz", "Sine Duration=1000ms"}, {117, 2111}},
-        {117, {"Sine 1 Frequency=1000.00Hz"}, {2111}},
-        {2110, {"Sine 1 Frequency=1000.00Hz", "Sine 1 Relative Amplitude=0dB"}, {2110, 2111}},
-        {2110, {"Sine 1 Frequency=1000.00Hz"}, {2111}},
-        {118, {"Sine 1 Frequency=1000.00Hz", "Sine Duration=1000ms"}, {117, 118, 2111}},
+        {117, {frequency, duration}, {117, 2111}},
+        {122, {left, right, duration}, {117, 122, 2111}},
+        {122, {frequency, duration}, {117, 2111}},
+        {117, {frequency}, {2111}},
+        {2110, {frequency, "Sine 1 Relative Amplitude=0dB"}, {2110, 2111}},
+        {2110, {frequency}, {2111}},
+        {118, {frequency, duration}, {117, 118, 2111}},
         {2115, {"Impulse 1 Frequency=1000.00Hz", "Impulse Duration=1000ms"}, {117, 118, 2115}},
     };
     Run([&](MemoryMainWindow& window) {
         for (const auto& step : steps) {
-            window.smallToolBars.at(ControlSmallToolBar).Press(step.pressed);
+            window.smallToolBar->Press(step.pressed);
             EXPECT_EQ(Rows(), step.rows);
-            EXPECT_EQ(DisabledAndPressed().second, step.barPressed) << step.pressed;
+            EXPECT_EQ(window.smallToolBar->With(&MemoryItem::marked, true), step.marked) << step.pressed;
         }
     });
 }
 
 TEST_F(Enabling, ThePopUpMenuIsTheToneMenu) {
     popupChoices = {2116, 2109, 0};
-    Run([&](MemoryMainWindow& window) {
+    Run([&](MemoryMainWindow&) {
         Send({6112});
         EXPECT_EQ(Rows(), Texts{"White Noise="});
         Send({6112});
         EXPECT_EQ(Rows(), Texts{"White Noise="}) << "noise is not stereo";
-        EXPECT_EQ(toolkit->popup.lines.size(), 38U);
-        EXPECT_EQ(toolkit->popup.items.at(2103).path, "Edit Value...");
-        EXPECT_TRUE(toolkit->popup.items.at(2116).marked);
-        EXPECT_EQ(window.menu.items.at(2103).path, "Tone/Edit Value");
+        EXPECT_EQ(toolkit->popup.items.size(), 33U);
+        EXPECT_EQ(toolkit->popup[2103].path, "Edit Value...");
+        EXPECT_TRUE(toolkit->popup[2116].marked);
+        EXPECT_EQ(Menu()[2103].path, "Tone/Edit Value");
     });
 }
 

@@ -7,6 +7,7 @@
 
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -19,10 +20,6 @@ Texts ValuesOf(const std::string& attribute, const std::string& page) {
         values.push_back(page.substr(at, page.find('"', at) - at));
     }
     return values;
-}
-
-bool Holds(const Texts& texts, const std::string& text) {
-    return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
 TEST(Help, EveryLinkLeadsSomewhere) {
@@ -39,9 +36,10 @@ TEST(Help, EveryLinkLeadsSomewhere) {
             const std::string target = link.substr(0, link.find('#'));
             const std::filesystem::path leadsTo = target.empty() ? file.path() : folder / target;
             EXPECT_TRUE(std::filesystem::is_regular_file(leadsTo)) << file.path() << ": " << link;
-            const Texts anchors = ValuesOf("id", ReadBytes(leadsTo));
-            EXPECT_TRUE(link == target || Holds(anchors, link.substr(target.size() + 1)))
-                << file.path() << ": " << link;
+            if (link != target) {
+                EXPECT_THAT(ValuesOf("id", ReadBytes(leadsTo)), Contains(link.substr(target.size() + 1)))
+                    << file.path();
+            }
         }
     }
     EXPECT_EQ(pages, 6);
@@ -66,32 +64,22 @@ TEST_F(App, HelpOpensItsPages) {
     });
 }
 
-TEST_F(App, LinksLeadToTheWebSite) {
+TEST_F(App, LinksAndTheAboutBoxLeadToTheWebSite) {
     const std::string site = "https://www.quenbysoftware.example/sonvire/";
-    Run([&](MemoryMainWindow& window) {
-        window.Choose(9022);
-        toolkit->hasBrowser = false;
-        window.Choose(9023);
-        EXPECT_EQ(toolkit->urls, (Texts{site, site + "problem.html"}));
-        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(site + "problem.html")));
-        EXPECT_EQ(window.menu.items.at(9022).path, "Help/Sonvire on the Web");
-    });
-}
-
-TEST_F(App, TheAboutBoxLeadsOn) {
     dialogs = {[](MemoryDialog& about) {
-        EXPECT_EQ(about.caption, "About Sonvire");
         EXPECT_EQ(about.controls.focus, LCommandOk);
         EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
-        EXPECT_THAT(about.controls.GetText(104), HasSubstr("The Sonvire developers"));
         about.Press(9022);
         about.Press(LCommandHelp);
         EXPECT_FALSE(about.ended);
-        about.Press(LCommandOk);
     }};
     Run([&](MemoryMainWindow& window) {
         window.Choose(1403);
-        EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("https://"), HasSubstr("/index.html")));
+        window.Choose(9022);
+        toolkit->hasBrowser = false;
+        window.Choose(9023);
+        EXPECT_THAT(toolkit->urls, ElementsAre(site, HasSubstr("/index.html"), site, site + "problem.html"));
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(site + "problem.html")));
     });
 }
 

@@ -54,21 +54,19 @@ TEST_F(Installer, RegistersTheProgramAndItsFiles) {
 
     WriteBytes(dir / "a.tdf", std::string(797, '\0'));
     WriteBytes(dir / "A.TDL", "500ms silence.\n");
-    EXPECT_THAT(Gio("info -a standard::content-type,standard::icon " + dir / "a.tdf"),
-                AllOf(HasSubstr("type: application/x-sonvire-tone\n"),
-                      HasSubstr("icon: application-x-sonvire-tone,")));
-    EXPECT_THAT(Gio("info -a standard::content-type,standard::icon " + dir / "A.TDL"),
-                AllOf(HasSubstr("type: application/x-sonvire-tone-list\n"),
-                      HasSubstr("icon: application-x-sonvire-tone-list,")));
-    for (const char* type : {"application/x-sonvire-tone", "application/x-sonvire-tone-list"})
-        EXPECT_THAT(Gio(std::string("mime ") + type), HasSubstr("com.quenbysoftware.Sonvire.desktop"))
-            << type;
-
-    const std::string icons = dir / "data/icons/hicolor/scalable/";
-    for (const char* icon :
-         {"apps/com.quenbysoftware.Sonvire.svg", "mimetypes/application-x-sonvire-tone.svg",
-          "mimetypes/application-x-sonvire-tone-list.svg"})
-        EXPECT_THAT(ReadBytes(icons + icon), HasSubstr("</svg>")) << icon;
+    const std::pair<const char*, std::string> files[] = {{"a.tdf", "application/x-sonvire-tone"},
+                                                         {"A.TDL", "application/x-sonvire-tone-list"}};
+    for (const auto& [name, type] : files) {
+        std::string icon = type;
+        icon.replace(icon.find('/'), 1, "-");
+        EXPECT_THAT(Gio("info -a standard::content-type,standard::icon " + dir / name),
+                    AllOf(HasSubstr("type: " + type + "\n"), HasSubstr("icon: " + icon + ",")));
+        EXPECT_THAT(Gio("mime " + type), HasSubstr("com.quenbysoftware.Sonvire.desktop")) << type;
+        EXPECT_THAT(ReadBytes(dir / "data/icons/hicolor/scalable/mimetypes/" + icon + ".svg"),
+                    HasSubstr("</svg>"));
+    }
+    EXPECT_THAT(ReadBytes(dir / "data/icons/hicolor/scalable/apps/com.quenbysoftware.Sonvire.svg"),
+                HasSubstr("</svg>"));
     for (const auto& file : std::filesystem::recursive_directory_iterator(dir / "data"))
         EXPECT_FALSE(file.path().filename().string().starts_with('.')) << "left over: " << file.path();
 }

@@ -1,13 +1,10 @@
 #include "app/edited_list.h"
 #include "support/app_window.h"
-#include "sys/settings.h"
-#include "sys/user_data.h"
 
 #include <gmock/gmock.h>
 
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 enum : int { Save = 1110, SaveList = 1115, SaveAsWav = 1116, LoadList = 2118 };
@@ -18,13 +15,6 @@ protected:
         WriteTone("tone.tdf", Tone440(true));
         WriteBytes(list, "250ms silence.\n" + (folder / "tone.tdf") + "\n");
     }
-    static void PressOk(MemoryDialog& editor) { editor.Press(LCommandOk); }
-    SonvireData KeptTone() {
-        SonvireData kept;
-        EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
-        return kept;
-    }
-
     const std::string list = folder / "list.tdl";
 };
 
@@ -53,11 +43,11 @@ TEST_F(ListCommands, AListIsLoadedBySmallToolBarOnly) {
             dialogs = {PressOk};
         files = {{each.chosen}};
         Run([&](MemoryMainWindow& window) {
-            MemoryToolBar& bar = window.smallToolBars.at(ControlSmallToolBar);
+            MemoryToolBar& bar = *window.smallToolBar;
             each.command == LoadList ? bar.Press(LoadList) : window.Choose(each.command);
             EXPECT_EQ(Rows().back(), each.lastRow);
-            EXPECT_EQ(bar[LoadList].pressed, each.duration == 1250);
-            EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
+            EXPECT_EQ(bar[LoadList].marked, each.duration == 1250);
+            EXPECT_EQ(Boxes(), each.box);
         });
         EXPECT_EQ(KeptTone().durationMs, each.duration);
     }
@@ -67,19 +57,19 @@ TEST_F(ListCommands, AListIsLoadedBySmallToolBarOnly) {
 TEST_F(ListCommands, AListIsSavedAsAListOrAsItsSound) {
     const std::string copy = folder / "copy.tdl", sound = folder / "sound.wav", tone = folder / "tone.tdf";
     const std::string content = ReadBytes(list), toneContent = ReadBytes(tone);
+    const std::string error = "Error|The file \"", gone = folder / "no/copy.tdl";
     struct {
         int command;
-        std::string chosen, lastRow, box;
+        std::string chosen, box;
     } const cases[] = {
-        {SaveList, sound, list, ""},
-        {Save, sound, list, ""},
-        {SaveAsWav, sound, list, ""},
-        {SaveList, "", list, ""},
-        {SaveList, tone, list, "Error|The file \"" + tone + "\" can't be written: the list plays it."},
-        {SaveList, folder / "no/copy.tdl", list,
-         "Error|The file \"" + (folder / "no/copy.tdl") + "\" can't be written: No such file or directory."},
-        {SaveList, list, list, ""},
-        {Save, copy, copy, ""},
+        {SaveList, sound, ""},
+        {Save, sound, ""},
+        {SaveAsWav, sound, ""},
+        {SaveList, "", ""},
+        {SaveList, tone, error + tone + "\" can't be written: the list plays it."},
+        {SaveList, gone, error + gone + "\" can't be written: No such file or directory."},
+        {SaveList, list, ""},
+        {Save, copy, ""},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.chosen);
@@ -90,11 +80,12 @@ TEST_F(ListCommands, AListIsSavedAsAListOrAsItsSound) {
             [&](MemoryMainWindow&) {
                 toolkit->answers = {LMessageAnswer::Yes};
                 Send({each.command});
-                EXPECT_EQ(Rows().back(), each.lastRow + "=");
-                const bool exists = each.chosen == tone || each.chosen == list;
-                EXPECT_EQ(toolkit->boxes.size(), (each.box.empty() ? 0U : 1U) + (exists ? 1U : 0U));
-                EXPECT_THAT(each.box,
-                            ::testing::AnyOf("", toolkit->boxes.empty() ? "" : toolkit->boxes.back()));
+                EXPECT_EQ(Rows().back(), (each.chosen == copy ? copy : list) + "=");
+                if (each.chosen == tone || each.chosen == list) {
+                    EXPECT_THAT(Boxes(), HasSubstr("Do you want to replace it?"));
+                    toolkit->boxes.erase(toolkit->boxes.begin());
+                }
+                EXPECT_EQ(Boxes(), each.box);
             },
             {list});
         EXPECT_EQ(ReadBytes(list), content);

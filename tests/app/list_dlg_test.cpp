@@ -2,7 +2,6 @@
 #include "app/list_dlg_layout.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
-#include "sys/settings.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +22,7 @@ constexpr const char* Infinite =
 
 Texts RowsOf(const MemoryDialog& editor) {
     Texts rows;
-    for (const auto& row : editor.controls.controls.at(ListRows).list.rows)
+    for (const auto& row : editor.controls[ListRows].list->rows)
         rows.push_back(row.at(0));
     return rows;
 }
@@ -38,14 +37,7 @@ protected:
             use(dialog);
         });
     }
-    /// What is typed into the box that asks for a silence.
-    void TypeSilence(const std::string& text) {
-        dialogs.emplace_back([text](MemoryDialog& box) {
-            box.Type(102, text);
-            box.Press(LCommandOk);
-        });
-    }
-    void Select(const Ints& rows) { editor->controls.controls.at(ListRows).list.Select(rows); }
+    MemoryList& EditedRows() { return *editor->controls[ListRows].list; }
     static void RemoveTemporary() {
         if (const std::string list = GetEditedList(); list.starts_with("/var/tmp/"))
             std::filesystem::remove(list);
@@ -73,10 +65,10 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
         EXPECT_EQ(ReadBytes(path), b + "\n500ms silence.\n" + a + "\n") << "from the last row to the first";
         dialog.Press(LCommandOk);
     });
-    TypeSilence("500");
+    dialogs.push_back(Typed("500"));
     OnEditor([&](MemoryDialog& dialog) {
         EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
-        Select({0});
+        EditedRows().Select({0});
         dialog.Press(ListMoveDown);
         dialog.Press(ListSave);
         EXPECT_EQ(ReadBytes(path), b + "\n" + a + "\n500ms silence.\n") << "without another question";
@@ -85,7 +77,7 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
     Run([&](MemoryMainWindow& window) {
         window.Choose(NewList);
         EXPECT_THAT(Rows(), ElementsAre(b + "=", "500ms silence.=", path + "="));
-        EXPECT_TRUE(window.menu.items.at(1116).enabled);
+        EXPECT_TRUE((*window.menu)[1116].enabled);
         Send({EditValue});
         EXPECT_THAT(Rows(), ElementsAre(b + "=", a + "=", path + "="));
         EXPECT_EQ(toolkit->boxes, Texts{});
@@ -94,7 +86,7 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
     });
     EXPECT_EQ(GetEditedList(), path);
     for (const char* key : {"read folder", "savefolder"})
-        EXPECT_EQ(LUserSettingGetText("tonelist", key), a.substr(0, a.rfind('/')));
+        EXPECT_EQ(Stored("tonelist", key) + "/", folder / "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 3U) << "the last tone was the list"; });
 }
 
@@ -102,52 +94,43 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
     SonvireData looping = Tone440(true);
     looping.repeat = 1;
     const std::string noNumber = "|Duration should be specified as a numeric value.";
-    WriteBytes(folder / "garbage.tdf", "no tone");
-    WriteBytes(folder / "two\nlines.wav", "");
-    struct {
-        std::string file, silence; ///< one of both
-        Texts rows;
-        std::string box;
-    } const cases[] = {
-        {WriteTone("endless.tdf", Tone440()), "", {}, Infinite},
-        {WriteTone("looping.tdf", looping), "", {}, Infinite},
-        {folder / "garbage.tdf",
-         "",
-         {},
-         "Error|The file \"" + (folder / "garbage.tdf") + "\" can't be read: it is no tone file."},
-        {folder / "gone.tdf",
-         "",
-         {},
-         "Error|The file \"" + (folder / "gone.tdf") + "\" can't be read: No such file or directory."},
-        {folder / "gone.tdl",
-         "",
-         {},
-         "Error|The file \"" + (folder / "gone.tdl") + "\" can't be read: No such file or directory."},
-        {folder / "two\nlines.wav",
-         "",
-         {},
-         "Error|The file \"" + (folder / "two\nlines.wav") +
-             "\" can't be added: there is a line break in its name."},
-        {folder / "any.wav", "", {folder / "any.wav"}, ""},
-        {"", "12a", {}, noNumber},
-        {"", "-5", {}, noNumber},
-        {"", "1.5", {"1.5ms silence."}, ""},
-        {"", "", {"ms silence."}, ""},
+    const std::string garbage = folder / "garbage.tdf", broken = folder / "two\nlines.wav";
+    const auto error = [](const std::string& path, const std::string& reason) {
+        return "Error|The file \"" + path + "\" can't be " + reason;
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.file + each.silence);
-        dialogs.clear();
-        OnEditor([&](MemoryDialog& dialog) {
-            dialog.Press(each.file.empty() ? ListAddSilence : ListAddTone);
-            EXPECT_EQ(RowsOf(dialog), each.rows);
-            EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
-        });
-        if (each.file.empty())
-            TypeSilence(each.silence);
-        else
-            files = {{each.file}};
-        Run([&](MemoryMainWindow&) { Send({NewList}); });
-    }
+    const std::string gone = "read: No such file or directory.";
+    WriteBytes(garbage, "no tone");
+    WriteBytes(broken, "");
+    struct {
+        int button;
+        std::string given, row, box;
+    } const cases[] = {
+        {ListAddTone, WriteTone("endless.tdf", Tone440()), "", Infinite},
+        {ListAddTone, WriteTone("looping.tdf", looping), "", Infinite},
+        {ListAddTone, garbage, "", error(garbage, "read: it is no tone file.")},
+        {ListAddTone, folder / "gone.tdf", "", error(folder / "gone.tdf", gone)},
+        {ListAddTone, folder / "gone.tdl", "", error(folder / "gone.tdl", gone)},
+        {ListAddTone, broken, "", error(broken, "added: there is a line break in its name.")},
+        {ListAddTone, folder / "any.wav", folder / "any.wav", ""},
+        {ListAddSilence, "12a", "", noNumber},
+        {ListAddSilence, "-5", "", noNumber},
+        {ListAddSilence, "1.5", "1.5ms silence.", ""},
+        {ListAddSilence, "", "ms silence.", ""},
+    };
+    OnEditor([&](MemoryDialog& dialog) {
+        Texts rows;
+        for (const auto& each : cases) {
+            toolkit->boxes.clear();
+            toolkit->chosenFiles = {{each.given}};
+            toolkit->dialogScripts = {Typed(each.given)};
+            dialog.Press(each.button);
+            if (!each.row.empty())
+                rows.push_back(each.row);
+            EXPECT_EQ(RowsOf(dialog), rows) << each.given;
+            EXPECT_EQ(Boxes(), each.box) << each.given;
+        }
+    });
+    Run([&](MemoryMainWindow&) { Send({NewList}); });
 }
 
 TEST_F(ListEditor, RowsAreMovedAndRemoved) {
@@ -174,23 +157,21 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         SCOPED_TRACE(std::to_string(each.button) + " with " + std::to_string(each.selected.size()));
         dialogs.clear();
         OnEditor([&](MemoryDialog& dialog) {
-            Select(each.selected);
+            EditedRows().Select(each.selected);
             dialog.Press(each.button);
             EXPECT_EQ(digits(RowsOf(dialog)), each.rows);
             dialog.Press(LCommandOk);
             EXPECT_TRUE(dialog.ok);
         });
-        Run([&](MemoryMainWindow&) { EXPECT_EQ(toolkit->boxes, each.asks ? Texts{AskToSave} : Texts{}); },
-            {path});
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), each.asks ? AskToSave : ""); }, {path});
         RemoveTemporary();
     }
     OnEditor([&](MemoryDialog& dialog) {
-        MemoryList& list = dialog.controls.controls.at(ListRows).list;
-        EXPECT_TRUE(list.draggable);
-        list.Select({2});
-        list.events->RowsDragged(0);
+        EXPECT_TRUE(EditedRows().draggable);
+        EditedRows().Select({2});
+        EditedRows().events.RowsDragged(0);
         EXPECT_EQ(digits(RowsOf(dialog)), "312");
-        list.events->FilesDropped(
+        EditedRows().events.FilesDropped(
             {WriteTone("4.tdf", Tone440()), WriteList("5.tdl", "6ms silence.\n5ms silence.\n"), path}, 1);
         EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
@@ -202,65 +183,65 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
     const std::string before = "2ms silence.\n1ms silence.\n", after = "1ms silence.\n2ms silence.\n";
     const std::string path = WriteList("list.tdl", "");
     struct {
+        bool named; ///< or a new list into which the other one is dropped
         LMessageAnswer answer;
-        const char* chosen; ///< where the list has no name yet
-        bool full;
-        std::string list, edited;
-        bool closed;
+        std::string chosen, list, edited, row;
     } const cases[] = {
-        {LMessageAnswer::Yes, nullptr, false, after, path, true},
-        {LMessageAnswer::No, nullptr, false, before, "/var/tmp/0", true},
-        {LMessageAnswer::Yes, "", false, before, "/var/tmp/0", true},
-        {LMessageAnswer::Yes, "b.tdl", false, before, folder / "b.tdl", true},
-        {LMessageAnswer::Yes, nullptr, true, before, path, false},
+        {true, LMessageAnswer::Yes, "", after, path, path},
+        {true, LMessageAnswer::No, "", before, "/var/tmp/0", "Unsaved list"},
+        {false, LMessageAnswer::Yes, "", before, "/var/tmp/0", "Unsaved list"},
+        {false, LMessageAnswer::Yes, folder / "b.tdl", before, folder / "b.tdl", folder / "b.tdl"},
     };
     for (const auto& each : cases) {
         WriteBytes(path, before);
         dialogs.clear();
-        const bool named = each.chosen == nullptr;
-        if (!named)
-            files = {{*each.chosen == 0 ? "" : folder / each.chosen}};
+        if (!each.named)
+            files = {{each.chosen}};
         OnEditor([&](MemoryDialog& dialog) {
-            if (!named) { // as a new list into which the other one is dropped
-                dialog.controls.controls.at(ListRows).list.events->FilesDropped({path}, 0);
-            }
-            Select({0});
+            if (!each.named)
+                EditedRows().events.FilesDropped({path}, 0);
+            EditedRows().Select({0});
             dialog.Press(ListMoveDown);
             toolkit->answers = {each.answer};
-            std::optional<FullDisk> full;
-            if (each.full)
-                full.emplace();
             dialog.Press(LCommandOk);
-            EXPECT_EQ(dialog.ended, each.closed);
         });
-        std::string edited;
+        OnEditor([&](MemoryDialog&) {
+            EXPECT_THAT(RowsOf(*editor), ElementsAre("2ms silence.", "1ms silence.")) << "edited further";
+        });
         Run(
             [&](MemoryMainWindow&) {
-                if (!named)
+                if (!each.named)
                     Send({NewList});
-                edited = GetEditedList();
-                EXPECT_THAT(edited, StartsWith(each.edited));
-                EXPECT_EQ(toolkit->boxes.size(), each.full ? 3U : 1U)
-                    << "the list and the temporary one are told";
-                if (each.closed) {
-                    EXPECT_EQ(ReadBytes(edited), after);
-                    EXPECT_EQ(Rows().back(), (edited[1] == 'v' ? "Unsaved list" : edited) + "=");
+                EXPECT_THAT(GetEditedList(), StartsWith(each.edited));
+                EXPECT_EQ(Boxes(), AskToSave);
+                EXPECT_EQ(ReadBytes(GetEditedList()), after);
+                EXPECT_EQ(Rows().back(), each.row + "=");
+                if (each.row == "Unsaved list") {
+                    struct stat info {};
+                    stat(GetEditedList().c_str(), &info);
+                    EXPECT_EQ(info.st_mode & 0777, 0666U);
                 }
-                if (edited[1] != 'v')
-                    return;
-                struct stat info {};
-                stat(edited.c_str(), &info);
-                EXPECT_EQ(info.st_mode & 0777, 0666U);
-                toolkit->dialogScripts.emplace_back([&](MemoryDialog& dialog) {
-                    EXPECT_THAT(RowsOf(dialog), ElementsAre("2ms silence.", "1ms silence."))
-                        << "edited further";
-                });
                 Send({EditValue});
             },
-            named ? Texts{path} : Texts{});
+            each.named ? Texts{path} : Texts{});
         EXPECT_EQ(ReadBytes(path), each.list);
         RemoveTemporary();
     }
+}
+
+TEST_F(ListEditor, AFullDiskKeepsTheEditorOpen) {
+    const std::string path = WriteList("list.tdl", "2ms silence.\n1ms silence.\n");
+    OnEditor([&](MemoryDialog& dialog) {
+        EditedRows().Select({0});
+        dialog.Press(ListMoveDown);
+        toolkit->answers = {LMessageAnswer::Yes};
+        const FullDisk full;
+        dialog.Press(LCommandOk);
+        EXPECT_FALSE(dialog.ended);
+        EXPECT_EQ(toolkit->boxes.size(), 3U) << "the list and the temporary one are told";
+    });
+    Run([](MemoryMainWindow&) {}, {path});
+    EXPECT_EQ(ReadBytes(path), "2ms silence.\n1ms silence.\n");
 }
 
 TEST_F(ListEditor, CancelLeavesNothingBehind) {
@@ -271,7 +252,7 @@ TEST_F(ListEditor, CancelLeavesNothingBehind) {
         dialog.Press(ListAddSilence);
         dialog.Press(LCommandCancel);
     });
-    TypeSilence("1");
+    dialogs.push_back(Typed("1"));
     Run([&](MemoryMainWindow&) {
         Send({NewList});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz"));

@@ -1,6 +1,4 @@
 #include "support/app_window.h"
-#include "sys/settings.h"
-#include "sys/user_data.h"
 
 #include <gmock/gmock.h>
 
@@ -8,8 +6,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-constexpr const char* PlayError = "Sound Play Error|Unable to start playback.\r\n\r\n";
+using ::testing::StartsWith;
 
 TEST_F(App, RowsStandInOrder) {
     Run([&](MemoryMainWindow&) {
@@ -17,15 +14,9 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(List().selection, Ints{0});
         EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
         Send({2109, 2110, 2106, 3002, 2114});
-        EXPECT_THAT(
-            Rows(),
-            ElementsAre(
-                "Saw Tooth 1 Start Left Frequency=1000.00Hz", "Saw Tooth 1 End Left Frequency=1000.00Hz",
-                "Saw Tooth 1 Start Right Frequency=1000.00Hz", "Saw Tooth 1 End Right Frequency=1000.00Hz",
-                "Saw Tooth 1 Relative Amplitude=0dB", "Saw Tooth 2 Start Left Frequency=1000.00Hz",
-                "Saw Tooth 2 End Left Frequency=1000.00Hz", "Saw Tooth 2 Start Right Frequency=1000.00Hz",
-                "Saw Tooth 2 End Right Frequency=1000.00Hz", "Saw Tooth 2 Relative Amplitude=0dB",
-                "Saw Tooth Duration=1000ms"));
+        EXPECT_EQ(Rows().size(), 11U);
+        EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
+        EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
         List().Select({4, 6, 10});
         Send({2108});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
@@ -36,47 +27,30 @@ TEST_F(App, RowsStandInOrder) {
 }
 
 TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
-    struct {
-        int command;
-        const char *frequency, *amplitude, *duration;
-    } const steps[] = {{2101, "1059.46Hz", "0dB", "2000ms"},
-                       {2102, "1000.00Hz", "-1dB", "1000ms"},
-                       {5101, "2000.00Hz", "0dB", "6000ms"},
-                       {5102, "1000.00Hz", "-1dB", "1000ms"}};
     Run([&](MemoryMainWindow&) {
-        Send({2105, 2110});
+        Send({2105, 2110, 101});
+        EXPECT_TRUE(WaitForPlayback(1));
         List().Select({0, 1, 2});
-        int opened = 0;
-        for (const bool playing : {false, true}) {
-            if (playing) {
-                Send({101});
-                EXPECT_TRUE(WaitForPlayback(++opened));
-            }
-            for (const auto& step : steps) {
-                Send({step.command});
-                opened += playing ? 1 : 0;
-                EXPECT_TRUE(WaitForPlayback(opened));
-                EXPECT_THAT(Rows(), ElementsAre(std::string("Sine 1 Frequency=") + step.frequency,
-                                                std::string("Sine 1 Relative Amplitude=") + step.amplitude,
-                                                std::string("Sine Duration=") + step.duration));
-            }
-        }
+        Send({2102, 2102, 2101});
+        EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=943.87Hz", "Sine 1 Relative Amplitude=-1dB",
+                                        "Sine Duration=900ms"));
+        EXPECT_TRUE(WaitForPlayback(4));
         List().Select({});
         Send({2101});
-        EXPECT_EQ(List().rows[0][1], "1000.00Hz");
+        EXPECT_EQ(List().rows[0][1], "943.87Hz");
     });
+    EXPECT_EQ(output.opened, 4);
 }
 
 TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
     Texts prompts;
-    const auto type = [&](const std::string& text, bool ok) {
-        return [&prompts, text, ok](MemoryDialog& box) {
+    const auto prompted = [&](const std::function<void(MemoryDialog&)>& then) {
+        return [&prompts, then](MemoryDialog& box) {
             prompts.push_back(box.controls.GetText(101) + "=" + box.controls.GetText(102));
-            box.Type(102, text);
-            box.Press(ok ? LCommandOk : LCommandCancel);
+            then(box);
         };
     };
-    dialogs = {type(" 440.5 Hz", true), type("1", false), type("2", true)};
+    dialogs = {prompted(Typed(" 440.5 Hz")), prompted([](MemoryDialog&) {}), prompted(Typed("2"))};
     Run([&](MemoryMainWindow&) {
         Send({3003});
         List().Select({2});
@@ -90,10 +64,7 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
 }
 
 TEST_F(App, EveryKeyHasItsCommand) {
-    dialogs = {[](MemoryDialog& box) {
-        box.Type(102, "50");
-        box.Press(LCommandOk);
-    }};
+    dialogs = {Typed("50")};
     files = {{}};
     Run([&](MemoryMainWindow& window) {
         struct {
@@ -110,30 +81,32 @@ TEST_F(App, EveryKeyHasItsCommand) {
             EXPECT_EQ(List().rows[0][1], each.value) << "a key that is held down does no more";
         }
         window.Key(LKeyNone, ' ');
-        EXPECT_FALSE(window.toolBar[101].enabled);
+        EXPECT_FALSE((*window.toolBar)[101].enabled);
         window.Key(LKeyEscape);
-        EXPECT_TRUE(window.toolBar[101].enabled);
+        EXPECT_TRUE((*window.toolBar)[101].enabled);
+        EXPECT_EQ((*window.menu)[CommandCloseWindow].key, "Ctrl+W");
         window.Key(LKeyControl, 's');
         EXPECT_EQ(toolkit->choosers.size(), 1U);
         window.Key(LKeyF1);
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html")));
-        EXPECT_FALSE(toolkit->HasQuit());
-        window.Key(LKeyControl, 'w');
-        EXPECT_TRUE(toolkit->HasQuit());
     });
 }
 
 TEST_F(App, QuittingIsClosing) {
-    for (const bool byKey : {true, false}) {
+    const std::function<void(MemoryMainWindow&)> ways[] = {
+        [](MemoryMainWindow& window) { window.Key(LKeyControl, 'w'); },
+        [](MemoryMainWindow& window) { window.Key(LKeyControl, 'q'); },
+        [](MemoryMainWindow& window) { window.Choose(LCommandQuit); }};
+    for (int way = 0; way < 3; ++way) {
         Run([&](MemoryMainWindow& window) {
-            EXPECT_EQ(window.menu.items.at(LCommandQuit).path, "File/Quit");
-            EXPECT_EQ(window.menu.items.at(LCommandQuit).key, "Ctrl+Q");
-            window.geometry.x = byKey ? 11 : 12;
-            byKey ? static_cast<void>(window.Key(LKeyControl, 'q')) : window.Choose(LCommandQuit);
-            EXPECT_TRUE(toolkit->HasQuit());
+            EXPECT_EQ((*window.menu)[LCommandQuit].key, "Ctrl+Q");
+            EXPECT_FALSE(toolkit->quit);
+            window.geometry.x = way;
+            ways[way](window);
+            EXPECT_TRUE(toolkit->quit);
             EXPECT_FALSE(window.visible);
         });
-        EXPECT_EQ(LUserSettingGet("MainWindow", "X", 0), byKey ? 11 : 12);
+        EXPECT_EQ(LUserSettingGet("MainWindow", "X", -1), way);
     }
 }
 
@@ -146,16 +119,14 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
     });
     EXPECT_TRUE(LUserSettingGet("Settings", "FirstRun", false));
     EXPECT_EQ(output.opened, output.closed) << "nothing plays on";
-    SonvireData kept;
-    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
-    EXPECT_EQ(kept.flags, ToneFlagStereo);
+    EXPECT_EQ(KeptTone().flags, ToneFlagStereo);
     LUserSettingSet("settings", "autoplay", true);
     const int before = output.opened;
     Run(
         [&](MemoryMainWindow& window) {
             EXPECT_EQ(window.geometry, (LWindowGeometry{10, 20, 900, 500, true}));
             EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=440.00Hz"});
-            EXPECT_TRUE(window.menu.items.at(102).enabled);
+            EXPECT_TRUE((*window.menu)[102].enabled);
             EXPECT_TRUE(WaitForPlayback(before + 2)) << "at the start, and again with the file";
         },
         {WriteTone("a.tdf", Tone440())});
@@ -164,36 +135,35 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
 TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
     const std::string tone = WriteTone("tone.tdf", Tone440());
     const std::string capitals = WriteTone("tone.TDF", Tone440());
-    const std::string inFolder = folder / "a.folder/tone";
-    const std::string text = folder / "a.txt";
+    const std::string missing = folder / "missing.tdf";
     const std::string list = folder / "list.tdl";
     WriteBytes(list, tone + "\n300ms silence.\n");
+    const std::string old = "Sine 1 Frequency=1000.00Hz", opened = "Sine 1 Frequency=440.00Hz";
     const std::string rejected = "Unrecognized File Type|Unrecognized tone file type.";
+    const std::string unknown = "Unrecognized file type.|Sonvire does not process this type of file.";
+    const std::string unread = "Error|The file \"" + missing + "\" can't be read: No such file or directory.";
     enum Way { Argument, Document, Early, Drop };
     struct {
         Way way;
-        std::string path, row, box, remembered;
+        std::string path, row, box, remembered = "-";
     } const cases[] = {
-        {Argument, tone, "Sine 1 Frequency=440.00Hz", "", tone},
-        {Argument, capitals, "Sine 1 Frequency=440.00Hz", "", capitals},
-        {Argument, list, tone + "=", "", ""},
-        {Argument, inFolder, "Sine 1 Frequency=1000.00Hz", "", ""},
-        {Argument, text, "Sine 1 Frequency=1000.00Hz",
-         "Unrecognized file type.|Sonvire does not process this type of file.", ""},
-        {Argument, folder / "missing.tdf", "Sine 1 Frequency=1000.00Hz",
-         "Error|The file \"" + (folder / "missing.tdf") + "\" can't be read: No such file or directory.", ""},
-        {Document, tone, "Sine 1 Frequency=440.00Hz", "", tone},
-        {Document, capitals, "Sine 1 Frequency=1000.00Hz", rejected, capitals},
-        {Document, list, "Sine 1 Frequency=1000.00Hz", rejected, list},
-        {Early, tone, "Sine 1 Frequency=440.00Hz", "", tone},
-        {Drop, tone, "Sine 1 Frequency=440.00Hz", "", tone},
-        {Drop, list, tone + "=", "", ""},
+        {Argument, tone, opened, "", tone},
+        {Argument, capitals, opened, "", capitals},
+        {Argument, list, tone + "=", ""},
+        {Argument, folder / "a.folder/tone", old, ""},
+        {Argument, folder / "a.txt", old, unknown},
+        {Argument, missing, old, unread},
+        {Document, tone, opened, "", tone},
+        {Document, capitals, old, rejected, capitals},
+        {Document, list, old, rejected, list},
+        {Early, tone, opened, "", tone},
+        {Drop, tone, opened, "", tone},
+        {Drop, list, tone + "=", ""},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.path);
-        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
-            std::filesystem::remove_all(std::getenv(kept));
-        dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
+        Forget();
+        dialogs = {PressOk};
         Run(
             [&](MemoryMainWindow& window) {
                 if (each.way == Document)
@@ -201,12 +171,9 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                 if (each.way == Drop)
                     window.Drop({each.path});
                 EXPECT_EQ(Rows().at(0), each.row);
-                EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
-                std::string remembered, rememberedFolder;
-                LUserSettingGetString("settings", "file", "", remembered);
-                LUserSettingGetString("settings", "filedir", "", rememberedFolder);
-                EXPECT_EQ(remembered, each.remembered);
-                EXPECT_EQ(rememberedFolder + "/", each.remembered.empty() ? "/" : folder / "");
+                EXPECT_EQ(Boxes(), each.box);
+                EXPECT_EQ(Stored("settings", "file"), each.remembered);
+                EXPECT_EQ(Stored("settings", "filedir") + "/", each.remembered == "-" ? "-/" : folder / "");
             },
             each.way == Argument ? Texts{each.path, folder / "second.tdf"} : Texts{},
             [&](MainDialog& window) {
@@ -220,7 +187,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     const std::string tone = WriteTone("tone.tdf", Tone440(true));
     const std::string list = folder / "list.tdl";
     WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\n" + tone + "\n");
-    dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
+    dialogs = {PressOk};
     Run(
         [&](MemoryMainWindow&) {
             EXPECT_EQ(Rows(),
@@ -229,16 +196,13 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
             Send({118, 118, 118});
         },
         {list});
-    SonvireData kept;
-    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
-    EXPECT_EQ(kept.GetListPath(), list);
-    EXPECT_EQ(kept.repeat, 1);
+    EXPECT_EQ(KeptTone().GetListPath(), list);
+    EXPECT_EQ(KeptTone().repeat, 1);
     WriteBytes(list, "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{list + "="}); });
     WriteBytes(list, "500ms silence.\n250ms silence.\n");
     Run([&](MemoryMainWindow&) { Send({118, 118}); });
-    EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
-    EXPECT_EQ(kept.durationMs, 750U) << "one pass, also where it loops";
+    EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops";
     std::filesystem::remove(list);
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
 }
@@ -260,11 +224,11 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
         }
         window.Choose(101);
         Control(ControlVolume).held = true;
-        window.Move(ControlVolume, -6);
+        window.Set(ControlVolume, -6);
         EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
         EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -500) << "kept once the slider is let go";
         Control(ControlVolume).held = false;
-        window.Move(ControlVolume, -6);
+        window.Set(ControlVolume, -6);
         EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -6);
     });
     EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";
@@ -280,11 +244,9 @@ TEST_F(App, TheOutputIsChosenInTheStatusBar) {
         window.Choose(101);
         EXPECT_TRUE(WaitForPlayback(1));
         chooser.text = "Studio";
-        window.Move(ControlDevice, 2);
+        window.Set(ControlDevice, 2);
         EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
-        std::string stored;
-        LUserSettingGetString("Settings", "OutDevice", "", stored);
-        EXPECT_EQ(stored, "Studio");
+        EXPECT_EQ(Stored("Settings", "OutDevice"), "Studio");
     });
 }
 
@@ -299,7 +261,7 @@ TEST_F(App, TheStatusBarFollowsPlayback) {
         EXPECT_TRUE(Wait([&] { return Control(ControlPosition).text == "00:00.5 / 00:01.0"; }));
         EXPECT_EQ(Control(ControlLevels).levels, Ints{0});
         output.Take(22050);
-        EXPECT_TRUE(Wait([&] { return window.menu.items.at(101).enabled; })) << "at the end of the tone";
+        EXPECT_TRUE(Wait([&] { return (*window.menu)[101].enabled; })) << "at the end of the tone";
         EXPECT_EQ(Control(ControlPosition).text, "");
         Send({2104, 101});
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
@@ -312,24 +274,19 @@ TEST_F(App, FailuresToPlayAreTold) {
         EXPECT_TRUE(WaitForPlayback(1));
         output.Fail(LSoundChannelState::NoOutput);
         EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
-        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(PlayError)));
-        EXPECT_TRUE(window.menu.items.at(101).enabled);
-        EXPECT_FALSE(window.menu.items.at(102).enabled);
+        EXPECT_THAT(Boxes(), StartsWith("Sound Play Error|Unable to start playback.\r\n\r\n"));
+        EXPECT_TRUE((*window.menu)[101].enabled);
         window.Choose(101);
         EXPECT_TRUE(WaitForPlayback(2));
         window.Choose(102);
         toolkit->DispatchPending();
-        EXPECT_EQ(toolkit->boxes.size(), 1U);
+        EXPECT_EQ(toolkit->boxes.size(), 1U) << "a stop is no failure";
     });
 }
 
 TEST_F(App, ATonesFileIsSavedAndLoaded) {
-    files = {{folder / "a.tdf"},
-             {folder / "a.tdf"},
-             {folder / "new.tdf", 0},
-             {folder / "b.wav"},
-             {folder / "b.wav"}};
-    const std::string noDuration = "No Duration Specified|";
+    const std::string a = folder / "a.tdf", b = folder / "b.wav";
+    files = {{a}, {a}, {folder / "new.tdf"}, {b}, {b}};
     Run([&](MemoryMainWindow&) {
         Send({2109, 1112, 2108, 1111});
         EXPECT_EQ(Rows().size(), 2U) << "stereo, as saved";
@@ -338,10 +295,10 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         EXPECT_EQ(toolkit->choosers.back().name, "a.tdf");
         Send({1110, 1116});
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        EXPECT_THAT(toolkit->boxes.back(), HasSubstr(noDuration));
-        EXPECT_FALSE(std::filesystem::exists(folder / "b.wav"));
+        EXPECT_THAT(toolkit->boxes.back(), HasSubstr("No Duration Specified|"));
+        EXPECT_FALSE(std::filesystem::exists(b));
         Send({2105, 1116});
-        EXPECT_EQ(std::filesystem::file_size(folder / "b.wav"), 46 + 44100 * 4U);
+        EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
     });
 }

@@ -1,13 +1,6 @@
 #include "support/app_window.h"
-#include "sys/settings.h"
 
 namespace {
-
-std::string Stored(const char* key) {
-    std::string text;
-    LUserSettingGetString("settings", key, "-", text);
-    return text;
-}
 
 enum : int {
     Autoplay = 102,
@@ -37,15 +30,15 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.semitones) + ", " + each.frequency);
-        std::filesystem::remove_all(std::getenv("XDG_CONFIG_HOME"));
+        Forget();
         dialogs = {[&](MemoryDialog& box) {
             EXPECT_EQ(box.caption, "Play Settings");
             EXPECT_EQ(box.controls.GetValue(BySemitone), 1);
-            box.Check(Autoplay, true);
+            box.Set(Autoplay, 1);
             for (const int radio : Ints{ByFrequency, BySemitone, each.radio}) {
-                box.Check(radio, true);
-                EXPECT_EQ(box.controls.controls.at(Frequency).enabled, radio == ByFrequency);
-                EXPECT_EQ(box.controls.controls.at(Semitones).enabled, radio == BySemitone);
+                box.Set(radio, 1);
+                EXPECT_EQ(box.controls[Frequency].enabled, radio == ByFrequency);
+                EXPECT_EQ(box.controls[Semitones].enabled, radio == BySemitone);
             }
             box.controls.SetText(SemitoneText, each.semitones);
             box.controls.SetText(Frequency, each.frequency);
@@ -54,13 +47,13 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
         }};
         Run([&](MemoryMainWindow&) {
             Send({1401});
-            EXPECT_EQ(toolkit->boxes, each.box.empty() ? Texts{} : Texts{each.box});
+            EXPECT_EQ(Boxes(), each.box);
         });
-        EXPECT_EQ(Stored("autoplay"), "1") << "also where the rest is refused";
-        EXPECT_EQ(Stored("frequency increment step"), each.step);
-        EXPECT_EQ(Stored("semitone increment"), each.bySemitone);
-        EXPECT_EQ(Stored("semitoneval"), each.semitoneVal);
-        EXPECT_EQ(Stored("frequencyval"), each.frequencyVal);
+        EXPECT_EQ(Stored("settings", "autoplay"), "1") << "also where the rest is refused";
+        EXPECT_EQ(Stored("settings", "frequency increment step"), each.step);
+        EXPECT_EQ(Stored("settings", "semitone increment"), each.bySemitone);
+        EXPECT_EQ(Stored("settings", "semitoneval"), each.semitoneVal);
+        EXPECT_EQ(Stored("settings", "frequencyval"), each.frequencyVal);
     }
 }
 
@@ -68,19 +61,13 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
     LUserSettingSet("settings", "semitone increment", false);
     LUserSettingSetString("settings", "frequency increment step", "25");
     LUserSettingSetString("settings", "semitoneval", "7");
-    const auto check = [](MemoryDialog& box) {
-        EXPECT_EQ(box.controls.GetText(Frequency), "25");
-        EXPECT_EQ(box.controls.GetText(SemitoneText), "7");
-        EXPECT_EQ(box.controls.GetValue(ByFrequency), 1);
-    };
-    dialogs = {[&](MemoryDialog& box) {
-                   check(box);
-                   box.Press(LCommandCancel);
-               },
-               [&](MemoryDialog& box) {
-                   check(box);
-                   box.Press(LCommandOk);
-               }};
+    for (const int button : {LCommandCancel, LCommandOk})
+        dialogs.emplace_back([button](MemoryDialog& box) {
+            EXPECT_EQ(box.controls.GetText(Frequency), "25");
+            EXPECT_EQ(box.controls.GetText(SemitoneText), "7");
+            EXPECT_EQ(box.controls.GetValue(ByFrequency), 1);
+            box.Press(button);
+        });
     Run([&](MemoryMainWindow& window) {
         window.Choose(101);
         EXPECT_TRUE(WaitForPlayback(1));

@@ -67,7 +67,7 @@ TEST_F(App, ACancelledUpdateCheckEndsWithoutAWord) {
         window.Choose(CommandCheckForUpdates);
         toolkit->whileDispatched = {};
         EXPECT_EQ(caption, "Checking for Updates");
-        EXPECT_EQ(window.menu.items.at(CommandCheckForUpdates).path, "Help/Check for Updates...");
+        EXPECT_EQ((*window.menu)[CommandCheckForUpdates].path, "Help/Check for Updates...");
         EXPECT_THAT(toolkit->boxes, IsEmpty());
     });
 }

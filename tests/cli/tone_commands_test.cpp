@@ -1,10 +1,8 @@
 #include "support/run_program.h"
-#include "support/temp_dir.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_file.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -12,13 +10,11 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class ToneCommands : public ::testing::Test {
+class ToneCommands : public InFolder {
 protected:
-    std::string Path(const std::string& name) { return dir / name; }
-
     /// The tone's mode and rows, as `make` writes it with these options.
     std::string Made(const std::string& options) {
-        const ProgramResult made = RunCli("make " + options + " " + Path("t.tdf"));
+        const ProgramResult made = Cli("make " + options + " t.tdf");
         if (made.status != 0)
             return std::to_string(made.status) + " " + made.errors;
         SonvireData tone;
@@ -28,8 +24,6 @@ protected:
             text += "; " + tone.GetItemName(item) + " " + tone.GetItemValue(item);
         return text;
     }
-
-    const TempDir dir;
 };
 
 TEST_F(ToneCommands, MakeDescribesAnyTone) {
@@ -82,47 +76,48 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
         {"--duration 0", "--duration"},
     };
     for (const auto& each : cases) {
-        const ProgramResult result = RunCli(std::string("make ") + each.options + " " + Path("t.tdf"));
+        const ProgramResult result = Cli(std::string("make ") + each.options + " t.tdf");
         EXPECT_EQ(result.status, 2) << each.options;
         EXPECT_THAT(result.errors, HasSubstr(each.reason));
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
     }
-    EXPECT_EQ(RunCli("make " + Path("t.wav")).status, 2);
+    EXPECT_EQ(Cli("make t.wav").status, 2);
     EXPECT_EQ(dir.CountFiles(), 0u);
 }
 
 TEST_F(ToneCommands, ShowPrintsATone) {
     Made("--frequency 440 --right 550 --loop");
-    EXPECT_EQ(RunCli("show " + Path("t.tdf")).output, "Constant (Specified Duration), Stereo, Loop Play\n"
-                                                      "Sine 1 Left Frequency   440.00Hz\n"
-                                                      "Sine 1 Right Frequency  550.00Hz\n"
-                                                      "Sine Duration           1000ms\n");
-    const std::string json = RunCli("show --json " + Path("t.tdf")).output;
-    EXPECT_EQ(RunProgram(
-                  "printf '%s' '" + json +
-                  "' | python3 -c 'import json, sys; t = json.load(sys.stdin); "
-                  "print(t[\"mode\"], t[\"stereo\"], t[\"items\"][1][\"item\"], t[\"items\"][1][\"value\"])'")
-                  .output,
-              "Constant (Specified Duration) True 512 550.00Hz\n");
+    EXPECT_EQ(Cli("show t.tdf").output, "Constant (Specified Duration), Stereo, Loop Play\n"
+                                        "Sine 1 Left Frequency   440.00Hz\n"
+                                        "Sine 1 Right Frequency  550.00Hz\n"
+                                        "Sine Duration           1000ms\n");
+    const std::string json = Cli("show --json t.tdf").output;
+    EXPECT_EQ(
+        Shell("printf '%s' '" + json +
+              "' | python3 -c 'import json, sys; t = json.load(sys.stdin); "
+              "print(t[\"mode\"], t[\"stereo\"], t[\"items\"][1][\"item\"], t[\"items\"][1][\"value\"])'")
+            .output,
+        "Constant (Specified Duration) True 512 550.00Hz\n");
 }
 
 TEST_F(ToneCommands, ShowAndRenderTakeLists) {
     Made("--frequency 440 --duration 500");
-    RunCli("render --duration 250 " + Path("t.tdf") + " " + Path("w.wav"));
-    WriteToneListFile(Path("list.tdl").c_str(), {Path("t.tdf"), "250ms silence.", Path("w.wav")});
-    EXPECT_EQ(RunCli("show " + Path("list.tdl")).output,
-              "Tone list, 44100 Hz, mono\n" + Path("t.tdf") + "  00:00.500\nsilence" +
-                  std::string(Path("t.tdf").size() - 5, ' ') + "00:00.250\n" + Path("w.wav") +
-                  "  00:00.250\nTotal" + std::string(Path("t.tdf").size() - 3, ' ') + "00:01.000\n");
-    EXPECT_EQ(RunCli("render " + Path("list.tdl") + " " + Path("o.wav")).status, 0);
-    EXPECT_EQ(ReadBytes(Path("o.wav")).size(), 46u + 2 * 44100);
-    EXPECT_THAT(RunCli("show " + Path("w.wav")).output, HasSubstr("44100Hz"));
+    Cli("render --duration 250 t.tdf w.wav");
+    WriteToneListFile(Path("list.tdl").c_str(), {"t.tdf", "250ms silence.", "w.wav"});
+    EXPECT_EQ(Cli("show list.tdl").output, "Tone list, 44100 Hz, mono\n"
+                                           "t.tdf    00:00.500\n"
+                                           "silence  00:00.250\n"
+                                           "w.wav    00:00.250\n"
+                                           "Total    00:01.000\n");
+    EXPECT_EQ(Cli("render list.tdl o.wav").status, 0);
+    EXPECT_EQ(Read("o.wav").size(), 46u + 2 * 44100);
+    EXPECT_THAT(Cli("show w.wav").output, HasSubstr("44100Hz"));
 
-    const ProgramResult refused = RunCli("render " + Path("list.tdl") + " " + Path("w.wav"));
+    const ProgramResult refused = Cli("render list.tdl w.wav");
     EXPECT_EQ(refused.status, 2);
     EXPECT_THAT(refused.errors, HasSubstr("w.wav: is read by the input"));
-    WriteToneListFile(Path("outer.tdl").c_str(), {Path("list.tdl")});
-    EXPECT_EQ(RunCli("render " + Path("outer.tdl") + " " + Path("w.wav")).status, 2) << "however deep";
+    WriteToneListFile(Path("outer.tdl").c_str(), {"list.tdl"});
+    EXPECT_EQ(Cli("render outer.tdl w.wav").status, 2) << "however deep";
 }
 
 TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
@@ -131,52 +126,51 @@ TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
     tone.SetDuration(100);
     std::snprintf(tone.listPath, sizeof tone.listPath, "%s", Path("list.txt").c_str());
     tone.WriteToFile(Path("t.tdf").c_str());
-    const ProgramResult missing = RunCli("render --strict " + Path("t.tdf") + " " + Path("o.wav"));
+    const ProgramResult missing = Cli("render --strict t.tdf o.wav");
     EXPECT_EQ(missing.status, 2);
     EXPECT_THAT(missing.errors, HasSubstr("list.txt: No such file"));
-    WriteBytes(Path("list.txt"), "100ms silence.\n");
-    EXPECT_EQ(RunCli("render " + Path("t.tdf") + " - 1<>" + Path("t.tdf")).status, 2) << "the input itself";
-    for (const std::string& output : {Path("list.txt"), "- 1<>" + Path("list.txt")}) {
-        EXPECT_EQ(RunCli("render " + Path("t.tdf") + " " + output).status, 2) << output;
-        EXPECT_EQ(ReadBytes(Path("list.txt")), "100ms silence.\n");
+    Write("list.txt", "100ms silence.\n");
+    EXPECT_EQ(Cli("render t.tdf - 1<>t.tdf").status, 2) << "the input itself";
+    for (const std::string output : {"list.txt", "- 1<>list.txt"}) {
+        EXPECT_EQ(Cli("render t.tdf " + output).status, 2) << output;
+        EXPECT_EQ(Read("list.txt"), "100ms silence.\n");
     }
 }
 
 TEST_F(ToneCommands, AnEntryThatCanNotBeUsedIsNamed) {
-    WriteToneListFile(Path("list.tdl").c_str(), {Path("gone.wav"), "100ms silence."});
-    const ProgramResult lenient = RunCli("render " + Path("list.tdl") + " " + Path("o.wav"));
+    WriteToneListFile(Path("list.tdl").c_str(), {"gone.wav", "100ms silence."});
+    const ProgramResult lenient = Cli("render list.tdl o.wav");
     EXPECT_EQ(lenient.status, 0);
-    EXPECT_EQ(lenient.errors, "sonvire-cli: warning: " + Path("gone.wav") + ": No such file or directory\n");
-    EXPECT_EQ(ReadBytes(Path("o.wav")).size(), 46u + 2 * 800);
-    WriteBytes(Path("o.wav"), "kept");
-    const ProgramResult strict = RunCli("render --strict " + Path("list.tdl") + " " + Path("o.wav"));
+    EXPECT_EQ(lenient.errors, "sonvire-cli: warning: gone.wav: No such file or directory\n");
+    EXPECT_EQ(Read("o.wav").size(), 46u + 2 * 800);
+    Write("o.wav", "kept");
+    const ProgramResult strict = Cli("render --strict list.tdl o.wav");
     EXPECT_EQ(strict.status, 2);
-    EXPECT_EQ(strict.errors, "sonvire-cli: " + Path("gone.wav") + ": No such file or directory\n");
-    EXPECT_EQ(ReadBytes(Path("o.wav")), "kept");
+    EXPECT_EQ(strict.errors, "sonvire-cli: gone.wav: No such file or directory\n");
+    EXPECT_EQ(Read("o.wav"), "kept");
 }
 
 TEST_F(ToneCommands, RenderNeedsNoFile) {
-    EXPECT_EQ(RunCli("render --frequency 11025 --duration 100 " + Path("o.wav")).status, 0);
-    EXPECT_EQ(ReadBytes(Path("o.wav")).substr(46, 4), std::string("\0\x20\0\0", 4)) << "131070 and 0";
-    const ProgramResult endless = RunCli("render --frequency 440 " + Path("e.wav"));
+    EXPECT_EQ(Cli("render --frequency 11025 --duration 100 o.wav").status, 0);
+    EXPECT_EQ(Read("o.wav").substr(46, 4), std::string("\0\x20\0\0", 4)) << "131070 and 0";
+    const ProgramResult endless = Cli("render --frequency 440 e.wav");
     EXPECT_EQ(endless.status, 2);
     EXPECT_THAT(endless.errors, HasSubstr("fixed duration"));
-    EXPECT_EQ(RunCli("render --frequency 440 " + Path("t.tdf") + " " + Path("e.wav")).status, 2);
-    EXPECT_EQ(RunCli("render --duration 5 " + Path("e.wav")).status, 2);
+    EXPECT_EQ(Cli("render --frequency 440 t.tdf e.wav").status, 2);
+    EXPECT_EQ(Cli("render --duration 5 e.wav").status, 2);
 }
 
 TEST_F(ToneCommands, StandardOutputGetsAHeaderThatIsRightFromTheStart) {
     const std::string render = SONVIRE_CLI " render --frequency 440 --duration 2000 ";
-    EXPECT_EQ(RunProgram(render + "- | sox -t wav - -n stat 2>&1 | grep -c 'Length (seconds):      2.000000'")
-                  .output,
-              "1\n");
-    RunProgram(render + Path("file.wav") + "; " + render + "- > " + Path("redirected.wav") + "; " + render +
-               "/dev/stdout | cat > " + Path("piped.wav"));
-    EXPECT_EQ(ReadBytes(Path("redirected.wav")), ReadBytes(Path("file.wav")));
-    EXPECT_EQ(ReadBytes(Path("piped.wav")), ReadBytes(Path("file.wav")));
-    const ProgramResult closed = RunProgram(
-        "(" SONVIRE_CLI
-        " render --frequency 440 --duration 60000 -; echo status $? >&2) | head -c 100 >/dev/null");
+    EXPECT_EQ(
+        Shell(render + "- | sox -t wav - -n stat 2>&1 | grep -c 'Length (seconds):      2.000000'").output,
+        "1\n");
+    Shell(render + "file.wav; " + render + "- > redirected.wav; " + render + "/dev/stdout | cat > piped.wav");
+    EXPECT_EQ(Read("redirected.wav"), Read("file.wav"));
+    EXPECT_EQ(Read("piped.wav"), Read("file.wav"));
+    const ProgramResult closed =
+        Shell("(" SONVIRE_CLI
+              " render --frequency 440 --duration 60000 -; echo status $? >&2) | head -c 100 >/dev/null");
     EXPECT_EQ(closed.errors,
               "sonvire-cli: standard output: could not be written in full: Broken pipe\nstatus 2\n");
 }

@@ -1,11 +1,9 @@
 #include "gui/numeric_edit.h"
 #include "gui/process_dialog.h"
 #include "gui/qt/qt_icon.h"
-#include "gui/qt/qt_toolkit.h"
+#include "support/qt_windows.h"
 #include "support/temp_dir.h"
 #include "support/test_window.h"
-
-#include <gtest/gtest.h>
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -15,75 +13,27 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
 #include <QTreeWidget>
 
 #include <csignal>
 
 namespace {
 
-/// Arguments and platform as the toolkit needs them before it is made.
-struct Offscreen {
-    Offscreen() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
-    char name[5] = "test";
-    char* arguments[2] = {name, nullptr};
-    int count = 1;
-};
-
-/// A window on Qt's offscreen platform; `user` has it on the screen, and it closes afterwards.
-class QtGui : public testing::Test, private Offscreen {
+/// A window of the test's own among those that Qt shows.
+class QtGui : public QtWindows {
 protected:
-    void Run(std::function<void(TestWindow&)> init, const std::function<void()>& user) {
-        window.init = std::move(init);
-        toolkit.Post([this, &user] {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(Main()));
-            user();
-            if (Main())
-                Main()->close();
-        });
-        window.Run();
-    }
-    static QWidget* Main() {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->isVisible() && qobject_cast<QMainWindow*>(widget))
-                return widget;
-        return nullptr;
-    }
-    template <class T>
-    static T* Control(int id, QWidget* in = Main()) {
-        return in->findChild<T*>(QString::number(id));
-    }
+    void Run(const std::function<void()>& user) { QtWindows::Run(window, user); }
     static QTreeWidget* ListWidget() { return Control<QTreeWidget>(List); }
-    static QToolButton* ToolButton(const char* accessibleName) {
-        for (QToolButton* button : Main()->findChildren<QToolButton*>())
-            if (button->accessibleName() == accessibleName)
-                return button;
-        return nullptr;
-    }
     static void ClickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
         const QRect place = ListWidget()->visualItemRect(ListWidget()->topLevelItem(row));
         QTest::mouseClick(ListWidget()->viewport(), Qt::LeftButton, modifiers, place.center());
     }
-    /// Does something to the dialog, box or menu that opens next, once it is on the screen.
-    static void Then(const std::function<void(QWidget&)>& act) {
-        QTimer::singleShot(0, qApp, [act] {
-            QWidget* top = QApplication::activePopupWidget();
-            top = top ? top : QApplication::activeModalWidget();
-            if (!top || !QTest::qWaitForWindowExposed(top))
-                return Then(act);
-            EXPECT_TRUE(QApplication::activePopupWidget() || QTest::qWaitForWindowActive(top));
-            act(*top);
-        });
-    }
 
-    LQtToolkit toolkit{count, arguments};
     TestWindow window{toolkit};
 };
 
@@ -95,126 +45,122 @@ constexpr LKeyMapEntry Keys[] = {
 
 TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
     static constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
-    Run(
-        [&](TestWindow& w) {
-            w.MakeList(3);
-            w.SetKeys(w, Keys);
-            w.SetStatusBar(status);
-            w.SetChoices(304, {"one", "two"});
-            w.list->SetCurrent(0);
-            w.list->SetFocus();
-            w.commands.clear();
-        },
-        [this] {
-            struct {
-                Qt::Key key;
-                Qt::KeyboardModifiers held;
-                Ints commands;
-            } const cases[] = {
-                {Qt::Key_F1, {}, {-LCommandHelp}},
-                {Qt::Key_Space, {}, {101}},
-                {Qt::Key_Escape, {}, {102}},
-                {Qt::Key_S, Qt::ControlModifier, {1110}},
-                {Qt::Key_W, Qt::ControlModifier, {1402}},
-                {Qt::Key_Plus, Qt::KeypadModifier, {2101}},
-                {Qt::Key_Plus, {}, {}},
-                {Qt::Key_Minus, {}, {2102}},
-                {Qt::Key_PageUp, {}, {5101}},
-                {Qt::Key_PageDown, {}, {5102}},
-                {Qt::Key_Return, {}, {2103}},
-                {Qt::Key_Enter, Qt::KeypadModifier, {2103}},
-                {Qt::Key_S, {}, {}},
-                {Qt::Key_Space, Qt::AltModifier, {}},
-                {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
-            };
-            EXPECT_EQ(QApplication::focusWidget(), ListWidget());
-            for (const auto& each : cases) {
-                window.commands.clear();
-                QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
-                EXPECT_EQ(window.commands, each.commands) << each.key;
-            }
-            EXPECT_EQ(window.list->GetSelection(), Ints{1});
-
+    window.init = [&] {
+        window.MakeList(3);
+        window.SetKeys(window, Keys);
+        window.SetStatusBar(status);
+        window.SetChoices(304, {"one", "two"});
+        window.list->SetCurrent(0);
+        window.list->SetFocus();
+        window.commands.clear();
+    };
+    Run([this] {
+        struct {
+            Qt::Key key;
+            Qt::KeyboardModifiers held;
+            Ints commands;
+        } const cases[] = {
+            {Qt::Key_F1, {}, {-LCommandHelp}},
+            {Qt::Key_Space, {}, {101}},
+            {Qt::Key_Escape, {}, {102}},
+            {Qt::Key_S, Qt::ControlModifier, {1110}},
+            {Qt::Key_W, Qt::ControlModifier, {1402}},
+            {Qt::Key_Plus, Qt::KeypadModifier, {2101}},
+            {Qt::Key_Plus, {}, {}},
+            {Qt::Key_Minus, {}, {2102}},
+            {Qt::Key_PageUp, {}, {5101}},
+            {Qt::Key_PageDown, {}, {5102}},
+            {Qt::Key_Return, {}, {2103}},
+            {Qt::Key_Enter, Qt::KeypadModifier, {2103}},
+            {Qt::Key_S, {}, {}},
+            {Qt::Key_Space, Qt::AltModifier, {}},
+            {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
+        };
+        EXPECT_EQ(QApplication::focusWidget(), ListWidget());
+        for (const auto& each : cases) {
             window.commands.clear();
-            QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-            QApplication::sendEvent(ListWidget(), &held);
-            EXPECT_TRUE(window.commands.empty());
-            EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+            QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
+            EXPECT_EQ(window.commands, each.commands) << each.key;
+        }
+        EXPECT_EQ(window.list->GetSelection(), Ints{1});
 
-            auto* chooser = Control<QComboBox>(304);
-            chooser->setFocus();
-            QTest::keyClick(chooser, Qt::Key_Escape);
-            QTest::keyClick(chooser, Qt::Key_Down);
-            QTest::keyClick(chooser, Qt::Key_PageDown);
-            EXPECT_EQ(window.commands, (Ints{102, 304})) << "keys that step a chooser stay with it";
-            EXPECT_EQ(window.GetValue(304), 1);
-        });
+        window.commands.clear();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
+        QApplication::sendEvent(ListWidget(), &held);
+        EXPECT_TRUE(window.commands.empty());
+        EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+
+        auto* chooser = Control<QComboBox>(304);
+        chooser->setFocus();
+        QTest::keyClick(chooser, Qt::Key_Escape);
+        QTest::keyClick(chooser, Qt::Key_Down);
+        QTest::keyClick(chooser, Qt::Key_PageDown);
+        EXPECT_EQ(window.commands, (Ints{102, 304})) << "keys that step a chooser stay with it";
+        EXPECT_EQ(window.GetValue(304), 1);
+    });
 }
 
-TEST_F(QtGui, ToolBarItemsLookAsTheirStateIs) {
+TEST_F(QtGui, ToolBarItemsLookAsTheirStateIsBeforeTheCommandIsSent) {
     using enum LToolBarItemKind;
-    static constexpr LToolBarItem items[] = {{Button, 1, "increase", "", "More"},
-                                             {Radio, 2111, "sine", "", "Sine"},
-                                             {Radio, 2112, "square", "", "Square"},
-                                             {Toggle, 122, "stereo", "", "Stereo"}};
-    Run(
-        [&](TestWindow& w) {
-            w.MakeList(1);
-            w.SetToolBarSmallIcons(200, w.small, items);
-            w.list->SetFocus();
+    static constexpr LToolBarItem items[] = {
+        {Button, 5, "increase", "", "More"},    {Radio, 10, "sine", "", "Sine"},
+        {Radio, 11, "square", "", "Square"},    {Toggle, 20, "stereo", "", "Stereo"},
+        {Radio, 30, "constant", "", "Endless"}, {Radio, 31, "sweep", "", "Sweep"}};
+    const char* const names[] = {"Sine", "Square", "Stereo", "Endless", "Sweep"};
+    std::vector<std::string> seen;
+    window.init = [&] {
+        window.MakeList(1);
+        window.SetToolBarSmallIcons(200, window.small, items);
+        window.list->SetFocus();
+        window.onCommand = [&](int command) {
+            std::string pressed;
+            for (const char* name : names)
+                pressed += ToolButton(name)->isChecked() ? std::string(name) + " " : "";
+            seen.push_back(pressed);
             // A window may refuse: what was pressed is then released again.
-            w.onCommand = [&w](int command) {
-                if (command == 122)
-                    w.small.SetState(122, w.commands.size() < 4);
-            };
-        },
-        [this] {
-            struct {
-                const char* pressed;
-                bool sine, square, stereo;
-            } const steps[] = {{"Sine", true, false, false},   {"Sine", true, false, false},
-                               {"Stereo", true, false, true},  {"Square", false, true, true},
-                               {"Stereo", false, true, false}, {"Stereo", false, true, false}};
-            for (const auto& step : steps) {
-                QTest::mouseClick(ToolButton(step.pressed), Qt::LeftButton);
-                EXPECT_EQ(ToolButton("Sine")->isChecked(), step.sine);
-                EXPECT_EQ(ToolButton("Square")->isChecked(), step.square);
-                EXPECT_EQ(ToolButton("Stereo")->isChecked(), step.stereo);
-            }
-            window.small.Enable(1, false);
-            QTest::mouseClick(ToolButton("More"), Qt::LeftButton);
-            EXPECT_EQ(window.commands, (Ints{2111, 2111, 122, 2112, 122, 122}));
-            EXPECT_EQ(ToolButton("More")->toolTip(), "More");
-            EXPECT_EQ(QApplication::focusWidget(), ListWidget()) << "a click leaves the keyboard in the list";
-        });
+            if (command == 20 && seen.size() == 6)
+                window.small.SetState(20, false);
+        };
+    };
+    Run([&] {
+        const char* const clicks[] = {"Stereo", "Sine",   "Sine",   "Sweep",
+                                      "Stereo", "Stereo", "Square", "More"};
+        for (const char* name : clicks)
+            QTest::mouseClick(ToolButton(name), Qt::LeftButton);
+        EXPECT_EQ(seen, (Texts{"Stereo ", "Sine Stereo ", "Sine Stereo ", "Sine Stereo Sweep ", "Sine Sweep ",
+                               "Sine Stereo Sweep ", "Square Sweep ", "Square Sweep "}))
+            << "a radio item releases those of its stretch only, and never itself";
+        window.small.Enable(5, false);
+        QTest::mouseClick(ToolButton("More"), Qt::LeftButton);
+        EXPECT_EQ(seen.size(), std::size(clicks));
+        EXPECT_EQ(ToolButton("More")->toolTip(), "More");
+        EXPECT_EQ(QApplication::focusWidget(), ListWidget()) << "a click leaves the keyboard in the list";
+    });
 }
 
 TEST_F(QtGui, TheListIsSelectedAsAList) {
-    Run([](TestWindow& w) { w.MakeList(6); },
-        [this] {
-            ClickRow(4);
-            ClickRow(1, Qt::ControlModifier);
-            ClickRow(2, Qt::ControlModifier);
-            EXPECT_EQ(window.list->GetSelection(), (Ints{4, 1, 2}));
-            window.list->MoveRow(4, 0);
-            ClickRow(5, Qt::ControlModifier);
-            EXPECT_EQ(window.list->GetSelection(), (Ints{0, 2, 3, 5}));
-            {
-                const LListRebuild rebuild(*window.list);
-                for (const std::uint32_t data : {5u, 4u, 9u})
-                    window.list->AppendRow("row", data);
-            }
-            EXPECT_EQ(window.list->GetSelection(), (Ints{1, 0}));
-            EXPECT_TRUE(ListWidget()->topLevelItem(0)->isSelected());
-            EXPECT_FALSE(ListWidget()->topLevelItem(2)->isSelected());
-            ClickRow(0);
-            window.commands.clear();
-            QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},
-                               ListWidget()->visualItemRect(ListWidget()->topLevelItem(0)).center());
-            EXPECT_EQ(window.commands, Ints{DoubleClick});
-            window.list->DeleteAll();
-            EXPECT_EQ(ListWidget()->topLevelItemCount(), 0);
-        });
+    window.init = [this] { window.MakeList(6); };
+    Run([this] {
+        ClickRow(4);
+        ClickRow(1, Qt::ControlModifier);
+        ClickRow(2, Qt::ControlModifier);
+        EXPECT_EQ(window.list->GetSelection(), (Ints{4, 1, 2}));
+        {
+            const LListRebuild rebuild(*window.list);
+            for (const std::uint32_t data : {2u, 4u, 9u})
+                window.list->AppendRow("row", data);
+        }
+        EXPECT_EQ(window.list->GetSelection(), (Ints{1, 0}));
+        EXPECT_TRUE(ListWidget()->topLevelItem(0)->isSelected());
+        EXPECT_FALSE(ListWidget()->topLevelItem(2)->isSelected());
+        ClickRow(0);
+        window.commands.clear();
+        QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},
+                           ListWidget()->visualItemRect(ListWidget()->topLevelItem(0)).center());
+        EXPECT_EQ(window.commands, Ints{DoubleClick});
+        window.list->DeleteAll();
+        EXPECT_EQ(ListWidget()->topLevelItemCount(), 0);
+    });
 }
 
 constexpr LMenuEntry Entries[] = {{101, "Play"}, {102, "Stop"},       {0},           {-118, "Loop & Play"},
@@ -222,62 +168,60 @@ constexpr LMenuEntry Entries[] = {{101, "Play"}, {102, "Stop"},       {0},      
 
 TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
     int chosen = -1;
-    Run(
-        [&](TestWindow& w) {
-            w.MakeList(3);
-            w.onCommand = [&](int command) {
-                if (command != RightClick)
-                    return;
-                LMenu menu(toolkit.CreatePopupMenu(), Entries);
-                menu.Enable(102, false);
-                menu.SetRadio(3001, 3002, 3002);
-                menu.SetCheck(118, true);
-                chosen = menu.Choose();
-            };
-        },
-        [&] {
-            const auto ask = [&](const std::function<void(QWidget&)>& act) {
-                Then(act);
-                QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
-                QApplication::sendEvent(ListWidget(), &event);
-                return chosen;
-            };
-            EXPECT_EQ(ask([](QWidget& menu) {
-                          const QList<QAction*> actions = static_cast<QMenu&>(menu).actions();
-                          EXPECT_FALSE(actions[1]->isEnabled());
-                          EXPECT_TRUE(actions[3]->isChecked());
-                          EXPECT_EQ(actions[3]->text(), "&Loop && Play");
-                          const QList<QAction*> tones = actions[4]->menu()->actions();
-                          EXPECT_FALSE(tones[0]->isChecked());
-                          EXPECT_TRUE(tones[1]->isChecked());
-                          QTest::keyClick(&menu, Qt::Key_Down);
-                          QTest::keyClick(&menu, Qt::Key_Down); // over the one that can't be chosen
-                          QTest::keyClick(&menu, Qt::Key_Return);
-                      }),
-                      118);
-            EXPECT_EQ(ask([](QWidget& menu) { QTest::keyClick(&menu, Qt::Key_Escape); }), 0);
-        });
+    window.init = [&] {
+        window.MakeList(3);
+        window.onCommand = [&](int command) {
+            if (command != RightClick)
+                return;
+            LMenu menu(toolkit.CreatePopupMenu(), Entries);
+            menu.Enable(102, false);
+            menu.SetRadio(3001, 3002, 3002);
+            menu.SetCheck(118, true);
+            chosen = menu.Choose();
+        };
+    };
+    Run([&] {
+        const auto ask = [&](const std::function<void(QWidget&)>& act) {
+            Then(act);
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+            QApplication::sendEvent(ListWidget(), &event);
+            return chosen;
+        };
+        EXPECT_EQ(ask([](QWidget& menu) {
+                      const QList<QAction*> actions = static_cast<QMenu&>(menu).actions();
+                      EXPECT_FALSE(actions[1]->isEnabled());
+                      EXPECT_TRUE(actions[3]->isChecked());
+                      EXPECT_EQ(actions[3]->text(), "&Loop && Play");
+                      const QList<QAction*> tones = actions[4]->menu()->actions();
+                      EXPECT_FALSE(tones[0]->isChecked());
+                      EXPECT_TRUE(tones[1]->isChecked());
+                      QTest::keyClick(&menu, Qt::Key_Down);
+                      QTest::keyClick(&menu, Qt::Key_Down); // over the one that can't be chosen
+                      QTest::keyClick(&menu, Qt::Key_Return);
+                  }),
+                  118);
+        EXPECT_EQ(ask([](QWidget& menu) { QTest::keyClick(&menu, Qt::Key_Escape); }), 0);
+    });
 }
 
 TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
     static constexpr LMenuEntry bar[] = {
         {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
-    Run(
-        [&](TestWindow& w) {
-            w.SetMenu(bar);
-            w.GetMenu().SetRadio(2108, 2109, 2108);
-            w.GetMenu().SetKeyText(118, "L");
-        },
-        [this] {
-            const QList<QAction*> items = Main()->findChildren<QMenu*>().at(0)->actions();
-            EXPECT_EQ(items[0]->text(), "&Loop\tL");
-            for (QAction* item : items)
-                item->trigger();
-            EXPECT_EQ(window.commands, (Ints{118, 2108, 2109}));
-            EXPECT_FALSE(items[0]->isChecked());
-            EXPECT_TRUE(items[1]->isChecked());
-            EXPECT_FALSE(items[2]->isChecked());
-        });
+    window.init = [&] {
+        window.SetMenu(bar);
+        window.GetMenu().SetRadio(2108, 2109, 2108);
+        window.GetMenu().SetKeyText(118, "L");
+    };
+    Run([this] {
+        const QList<QAction*> items = Main()->findChildren<QMenu*>().at(0)->actions();
+        EXPECT_EQ(items[0]->text(), "&Loop\tL");
+        for (QAction* item : items)
+            item->trigger();
+        EXPECT_EQ(window.commands, (Ints{118, 2108, 2109}));
+        EXPECT_FALSE(items[0]->isChecked());
+        EXPECT_TRUE(items[1]->isChecked());
+        EXPECT_FALSE(items[2]->isChecked());
+    });
 }
 
 TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
@@ -286,22 +230,21 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
         bool ok;
         const char* text;
     } const cases[] = {{Qt::Key_Return, true, "441"}, {Qt::Key_Escape, false, "440.0 Hz"}};
-    Run([](TestWindow&) {},
-        [&] {
-            for (const auto& each : cases) {
-                LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz");
-                Then([&](QWidget& dialog) {
-                    EXPECT_EQ(dialog.windowTitle(), "Edit Value");
-                    auto* input = Control<QLineEdit>(102, &dialog);
-                    EXPECT_EQ(input->selectedText(), "440.0 Hz");
-                    EXPECT_TRUE(input->hasFocus());
-                    QTest::keyClicks(input, "441");
-                    QTest::keyClick(input, each.key);
-                });
-                EXPECT_EQ(box.Open(window), each.ok);
-                EXPECT_EQ(box.GetText(), each.text);
-            }
-        });
+    Run([&] {
+        for (const auto& each : cases) {
+            LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz");
+            Then([&](QWidget& dialog) {
+                EXPECT_EQ(dialog.windowTitle(), "Edit Value");
+                auto* input = Control<QLineEdit>(102, &dialog);
+                EXPECT_EQ(input->selectedText(), "440.0 Hz");
+                EXPECT_TRUE(input->hasFocus());
+                QTest::keyClicks(input, "441");
+                QTest::keyClick(input, each.key);
+            });
+            EXPECT_EQ(box.Open(window), each.ok);
+            EXPECT_EQ(box.GetText(), each.text);
+        }
+    });
 }
 
 constexpr LControlLayout FormControls[] = {
@@ -341,106 +284,104 @@ private:
     }
 };
 
-TEST_F(QtGui, ADialogStandsAsItsTableSaysAndGrows) {
-    Run([](TestWindow&) {},
-        [this] {
-            Form form;
-            Then([&](QWidget& dialog) {
-                const double unit = dialog.width() / 400.0;
-                const QRect inner = dialog.rect();
-                for (const LControlLayout& row : FormControls) {
-                    const auto* control = Control<QWidget>(row.id, &dialog);
-                    EXPECT_TRUE(row.id == 109 || inner.contains(control->geometry())) << row.id;
-                    EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
-                        << row.id;
-                }
-                dialog.resize(dialog.width() + 100, dialog.height() + 50);
-                EXPECT_EQ(Control<QWidget>(110, &dialog)->height(), qRound(100 * unit) + 50);
-                EXPECT_EQ(Control<QWidget>(LCommandOk, &dialog)->x(), qRound(280 * unit) + 100);
-                EXPECT_EQ(Control<QWidget>(LCommandHelp, &dialog)->x(), qRound(20 * unit));
+TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
+    Run([this] {
+        Form form;
+        Then([&](QWidget& dialog) {
+            const double unit = dialog.width() / 400.0;
+            const QRect inner = dialog.rect();
+            for (const LControlLayout& row : FormControls) {
+                const auto* control = Control<QWidget>(row.id, &dialog);
+                EXPECT_TRUE(row.id == 109 || inner.contains(control->geometry())) << row.id;
+                EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
+                    << row.id;
+            }
+            dialog.resize(dialog.width() + 100, dialog.height() + 50);
+            const auto place = [&](int id) { return Control<QWidget>(id, &dialog)->geometry(); };
+            const auto scaled = [unit](int x, int y) { return QPoint(qRound(x * unit), qRound(y * unit)); };
+            EXPECT_EQ(place(110).height(), qRound(100 * unit) + 50);
+            EXPECT_EQ(place(110).width(), qRound(360 * unit) + 100);
+            EXPECT_EQ(place(LCommandOk).topLeft(), scaled(280, 264) + QPoint(100, 50));
+            EXPECT_EQ(place(LCommandHelp).topLeft(), scaled(20, 264) + QPoint(0, 50));
 
-                QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
-                EXPECT_EQ(form.GetValue(104), 1);
-                EXPECT_EQ(form.GetValue(107), 0);
-                auto* number = Control<QAbstractSpinBox>(108, &dialog);
-                QTest::keyClick(number, Qt::Key_Up);
-                QTest::keyClick(number, Qt::Key_Up);
-                EXPECT_EQ(form.GetText(109), "12");
-                number->selectAll();
-                QTest::keyClicks(number, "13");
-                QTest::keyClick(&dialog, Qt::Key_F1);
-                QTest::keyClick(&dialog, Qt::Key_Return);
-                EXPECT_TRUE(dialog.isVisible()) << "OK was refused";
-                form.SetText(109, "12");
-                QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
-            });
-            EXPECT_TRUE(form.Open(window));
-            EXPECT_EQ(form.seen, (Texts{"help", "13", "12"}));
+            QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
+            EXPECT_EQ(form.GetValue(104), 1);
+            EXPECT_EQ(form.GetValue(107), 0);
+            auto* number = Control<QAbstractSpinBox>(108, &dialog);
+            QTest::keyClick(number, Qt::Key_Up);
+            QTest::keyClick(number, Qt::Key_Up);
+            EXPECT_EQ(form.GetText(109), "12");
+            number->selectAll();
+            QTest::keyClicks(number, "13");
+            QTest::keyClick(&dialog, Qt::Key_F1);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << "OK was refused";
+            form.SetText(109, "12");
+
+            auto* link = Control<QWidget>(111, &dialog);
+            QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(5, link->height() / 2));
+            form.SetText(111, "C & D");
+            Control<QWidget>(110, &dialog)->setFocus();
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+            EXPECT_TRUE(link->hasFocus());
+            QTest::keyClick(link, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible());
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+            EXPECT_FALSE(link->hasFocus());
+            QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
         });
+        EXPECT_TRUE(form.Open(window));
+        EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "C & D", "12"}));
+    });
 }
 
-TEST_F(QtGui, ALinkIsUsedByClickAndByKey) {
-    Run([](TestWindow&) {},
-        [this] {
-            Form form;
-            Then([&](QWidget& dialog) {
-                auto* link = Control<QWidget>(111, &dialog);
-                QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(5, link->height() / 2));
-                Control<QWidget>(110, &dialog)->setFocus();
-                QTest::keyClick(&dialog, Qt::Key_Tab);
-                EXPECT_TRUE(link->hasFocus());
-                form.SetText(111, "C & D");
-                QTest::keyClick(&dialog, Qt::Key_Tab);
-                QTest::keyClick(&dialog, Qt::Key_Backtab);
-                EXPECT_TRUE(link->hasFocus());
-                QTest::keyClick(link, Qt::Key_Return);
-                EXPECT_TRUE(dialog.isVisible());
-                QTest::keyClick(&dialog, Qt::Key_Tab);
-                EXPECT_FALSE(link->hasFocus());
-                dynamic_cast<QDialog&>(dialog).reject();
-            });
-            form.Open(window);
-            EXPECT_EQ(form.seen, (Texts{"A < B", "C & D"}));
-        });
-}
-
-/// A job that only the user can end.
-struct EndlessJob {
-    std::function<void(QWidget&)> user;
-    int asked = 0;
+/// A job of four steps, which the user meets in the third.
+struct Job {
+    LProcessResult ending = LProcessResult::Completed;
+    std::function<void(QWidget&)> user = [](QWidget&) {};
+    int steps = 0;
 };
 
-LProcessResult Process(LProgressDialog& dialog, EndlessJob& job) {
-    for (job.asked = 0; job.asked < 10; ++job.asked) {
+LProcessResult Process(LProgressDialog& dialog, Job& job) {
+    for (; job.steps < 4; ++job.steps) {
         if (dialog.IsToStop())
             return LProcessResult::Stopped;
-        dialog.PBSetProgress(ProgressBar, 0.425);
-        if (job.asked == 2)
+        dialog.PBSetProgress(ProgressBar, (job.steps + 1) * 0.2999);
+        if (job.steps == 2)
             job.user(*QApplication::activeModalWidget());
     }
-    return LProcessResult::Completed;
+    return job.ending;
 }
 
-TEST_F(QtGui, CancelEscapeAndClosingStopAJob) {
-    const std::function<void(QWidget&)> ways[] = {
-        [](QWidget& dialog) {
-            QTest::mouseClick(Control<QPushButton>(LCommandCancel, &dialog), Qt::LeftButton);
-        },
-        [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
-        [](QWidget& dialog) { dialog.close(); }};
-    Run([](TestWindow&) {},
-        [&] {
-            for (const auto& way : ways) {
-                EndlessJob job{[&](QWidget& dialog) {
-                    EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
-                    way(dialog);
-                    EXPECT_TRUE(dialog.isVisible()) << "it goes when the job has returned";
-                }};
-                EXPECT_FALSE(ProcessDialogRun(window, "Saving", job));
-                EXPECT_EQ(job.asked, 3);
-                EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-            }
-        });
+TEST_F(QtGui, AJobRunsUnderItsProgressDialogUntilItIsStopped) {
+    struct {
+        const char* name;
+        std::function<void(QWidget&)> user;
+        LProcessResult ending;
+        int steps;
+    } const cases[] = {
+        {"to its end", [](QWidget&) {}, LProcessResult::Completed, 4},
+        {"failed", [](QWidget&) {}, LProcessResult::Failed, 4},
+        {"Cancel", [](QWidget& dialog) { Control<QPushButton>(LCommandCancel, &dialog)->click(); },
+         LProcessResult::Stopped, 3},
+        {"Escape", [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, LProcessResult::Stopped,
+         3},
+        {"closed", [](QWidget& dialog) { dialog.close(); }, LProcessResult::Stopped, 3},
+    };
+    Run([&] {
+        for (const auto& each : cases) {
+            SCOPED_TRACE(each.name);
+            Job job{.ending = each.ending, .user = [&](QWidget& dialog) {
+                        EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
+                        EXPECT_EQ(Control<QProgressBar>(ProgressBar, &dialog)->value(), 89) << "not 90";
+                        each.user(dialog);
+                        EXPECT_TRUE(dialog.isVisible()) << "it goes when the job has returned";
+                    }};
+            EXPECT_EQ(ProcessDialogRun(window, "Saving", job), each.ending == LProcessResult::Completed);
+            EXPECT_EQ(job.steps, each.steps);
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        }
+    });
 }
 
 TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
@@ -454,46 +395,44 @@ TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
         QApplication::sendEvent(on, &event);
         QApplication::processEvents();
     };
-    Run([](TestWindow& w) { w.MakeList(3); },
-        [&] {
-            EXPECT_FALSE(ListWidget()->acceptDrops());
-            window.log.clear();
-            drop(Main(), 50);
-            window.list->EnableDragging();
-            QTreeWidget* list = ListWidget();
-            const QRect second = list->visualItemRect(list->topLevelItem(1));
-            drop(list->viewport(), second.top() + 1);
-            drop(list->viewport(), second.bottom() - 1);
-            drop(list->viewport(), list->viewport()->height() - 1);
-            EXPECT_EQ(window.log, (Texts{"drop /a b.tdf", "drop /a b.tdf before 1", "drop /a b.tdf before 2",
-                                         "drop /a b.tdf before 3"}));
-        });
+    window.init = [this] { window.MakeList(3); };
+    Run([&] {
+        EXPECT_FALSE(ListWidget()->acceptDrops());
+        window.log.clear();
+        drop(Main(), 50);
+        window.list->EnableDragging();
+        QTreeWidget* list = ListWidget();
+        const QRect second = list->visualItemRect(list->topLevelItem(1));
+        drop(list->viewport(), second.top() + 1);
+        drop(list->viewport(), second.bottom() - 1);
+        drop(list->viewport(), list->viewport()->height() - 1);
+        EXPECT_EQ(window.log, (Texts{"drop /a b.tdf", "drop /a b.tdf before 1", "drop /a b.tdf before 2",
+                                     "drop /a b.tdf before 3"}));
+    });
 }
 
 TEST_F(QtGui, TheGeometryIsTheFrames) {
     int frameWidth = 0;
-    Run([](TestWindow&) {},
-        [&] {
-            const QRect expected(10, 20, 300, 400);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return Main()->frameGeometry() == expected; }));
-            Main()->resize(420, 300);
-            frameWidth = Main()->frameGeometry().width() - 420;
-        });
+    Run([&] {
+        const QRect expected(10, 20, 300, 400);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Main()->frameGeometry() == expected; }));
+        Main()->resize(420, 300);
+        frameWidth = Main()->frameGeometry().width() - 420;
+    });
     EXPECT_EQ(window.log.at(window.log.size() - 2), "geometry " + std::to_string(420 + frameWidth));
 }
 
 TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
     bool ok = true;
     LMessageAnswer answer = LMessageAnswer::Yes;
-    Run([](TestWindow&) {},
-        [&] {
-            EXPECT_FALSE(toolkit.IsSessionEnding());
-            LNumericEdit box("Edit Value", "", "1");
-            Then([](QWidget&) { raise(SIGTERM); });
-            ok = box.Open(window);
-            answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
-            EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
-        });
+    Run([&] {
+        EXPECT_FALSE(toolkit.IsSessionEnding());
+        LNumericEdit box("Edit Value", "", "1");
+        Then([](QWidget&) { raise(SIGTERM); });
+        ok = box.Open(window);
+        answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
+        EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
+    });
     EXPECT_TRUE(toolkit.IsSessionEnding());
     EXPECT_FALSE(ok);
     EXPECT_EQ(answer, LMessageAnswer::No);

@@ -37,16 +37,14 @@ TEST(Concatenation, ItsLengthIsThatOfItsItems) {
     const LSoundSource source = Mixed().OpenSource();
     EXPECT_EQ(source->GetEndSample(), 7 - 1000) << "a negative silence plays nothing and counts as it is";
     EXPECT_EQ(LSoundSourceCat().OpenSource()->GetEndSample(), 0);
-    LSoundSourceCat slow;
-    slow.AddSource(Constant(1, 8000, 8000));
-    slow.AddSource(Constant(1, 44100, 44100));
-    const LSoundSource both = slow.OpenSource();
-    EXPECT_EQ(both->GetEndSample(), 44000 + 44100) << "the first as converted, by 11/2";
-    LSoundSourceCat turned;
-    turned.AddSource(Constant(1, 44100, 44100));
-    turned.AddSource(Constant(1, 8000, 8000));
-    EXPECT_EQ(turned.OpenSource()->GetEndSample(), 44100 + 8000)
-        << "what is not open yet counts in its own rate";
+    const auto lengthOf = [](int first, int second) { // a second at each rate
+        LSoundSourceCat list;
+        list.AddSource(Constant(1, first, first));
+        list.AddSource(Constant(1, second, second));
+        return list.OpenSource()->GetEndSample();
+    };
+    EXPECT_EQ(lengthOf(8000, 44100), 44000 + 44100) << "the first as converted, by 11/2";
+    EXPECT_EQ(lengthOf(44100, 8000), 44100 + 8000) << "what is not open yet counts in its own rate";
 }
 
 TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {

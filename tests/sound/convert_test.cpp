@@ -16,15 +16,10 @@ TEST(ConvertChannels, SumsDownAndSpreadsOut) {
     const LSoundSource mono = LSPConvChannels(1).OpenSource(Make({1000, -400, 524272, 524272}, 44100, 2));
     EXPECT_EQ(ReadFrames(*mono, 3), (std::vector<int>{600, 1048544, 0}));
     EXPECT_EQ(mono->peakMax, FullScale16) << "the sum keeps the input's peak";
-    const LSoundSource stereo = LSPConvChannels(2).OpenSource(Make({5, -7}, 44100));
-    EXPECT_EQ(ReadFrames(*stereo, 2), (std::vector<int>{5, 5, -7, -7}));
-}
-
-TEST(ConvertChannels, ARequestOfAnySizeIsServed) {
     const std::vector<int> noise = ReferenceNoise(40000, 1000);
-    const std::vector<int> spread = ReadFrames(*LSPConvChannels(2).OpenSource(Make(noise, 44100)), 40000);
-    EXPECT_EQ(spread[2 * 39999], noise[39999]);
-    EXPECT_EQ(spread[2 * 8192 + 1], noise[8192]);
+    const std::vector<int> stereo = ReadFrames(*LSPConvChannels(2).OpenSource(Make(noise, 44100)), 40000);
+    for (std::size_t i = 0; i < stereo.size(); ++i) // more than it converts at once
+        ASSERT_EQ(stereo[i], noise[i / 2]);
 }
 
 TEST(ConvertChannels, OnlyMonoAndStereoConvert) {

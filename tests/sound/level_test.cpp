@@ -54,13 +54,4 @@ TEST(Level, MeasuresABuffer) {
     }
 }
 
-TEST(Level, AChannelIsMeasuredAlone) {
-    std::vector<int> loudLeft;
-    for (int i = 0; i < 8192; ++i)
-        loudLeft.insert(loudLeft.end(), {524272, -92682});
-    EXPECT_EQ(GetBufferRMSDBChan(0, loudLeft.data(), 8192, 2).GetDecibels(), 15);
-    EXPECT_EQ(GetBufferRMSDBChan(1, loudLeft.data(), 8192, 2).GetDecibels(), 0);
-    EXPECT_EQ(GetBufferPeak(loudLeft.data(), 8192, 2), 524272);
-}
-
 } // namespace

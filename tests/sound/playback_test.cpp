@@ -9,9 +9,10 @@
 #include "tone/tone_data.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
+#include <deque>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -19,26 +20,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-/// 16-bit samples, none of them 0, that tell where they belong.
-std::vector<int> Numbered(int count, int first = 1) {
-    std::vector<int> samples;
-    for (int i = 0; i < count; ++i)
-        samples.push_back((first + i) % 32749 + 1);
-    return samples;
-}
-
-LSoundSource SourceOf(std::vector<int> samples, int rate, std::uint8_t channels) {
-    for (int& sample : samples)
-        sample *= 16;
-    return LSoundSource::Make<ArraySource>(samples, rate, channels);
-}
-
-/// A machine under load is late at times and the server plays silence then; nothing may be lost for it.
-std::vector<int> WithoutGaps(std::vector<int> samples) {
-    std::erase(samples, 0);
-    return samples;
-}
 
 /// One server for all tests.
 class Playback : public ::testing::Test {
@@ -72,71 +53,49 @@ protected:
 
 std::unique_ptr<SoundServer> Playback::server;
 
-struct Format {
-    int rate, channels;
-
-    std::string GetName() const { return std::to_string(rate).append("x").append(std::to_string(channels)); }
-};
-
-/// Plays several lengths, one after the other, on an output of its own.
-class Sequence : public LSoundPlayerNotify {
-public:
-    Sequence(const SoundServer& server, const Format& played)
-        : format(played),
-          block(std::min(played.rate / 10, 8192)),
-          lengths{played.rate / 1000, block, 2 * block + 1},
-          recording(server, played.GetName(), played.rate, played.channels) {
+/// An output of its own with a player, whose every frame is recorded.
+struct Line {
+    Line(SoundServer& server, int framesPerSecond, int channelCount)
+        : rate(framesPerSecond),
+          channels(channelCount),
+          name(std::to_string(rate).append("x").append(std::to_string(channels))),
+          added(server.AddOutput(name, rate, channels)),
+          recording(server, name, rate, channels) {
         player.SetDevice(LSoundPlayDevice(
-            LSoundPlayDevice::GetListDeviceIndex(("output " + played.GetName()).c_str()))); // in any case
-        player.SetNotify(this, 0);
-        PlayNext();
+            LSoundPlayDevice::GetListDeviceIndex(("output " + name).c_str()))); // in any case
+        player.SetNotify(&owner, 0);
     }
-    void spntfStop(long /*id*/) override { PlayNext(); }
-    bool IsDone() const { return done; }
-
-    void Check() {
-        EXPECT_EQ(player.GetStatus(), PlayUsable);
-        EXPECT_EQ(WithoutGaps(recording.Finish()), all) << format.GetName();
-    }
-
-private:
-    void PlayNext() {
-        if (next == std::size(lengths)) {
-            done = true;
-            return;
-        }
-        const std::vector<int> samples =
-            Numbered(lengths[next++] * format.channels, static_cast<int>(all.size()));
+    void Play(int frames) {
+        const std::vector<int> samples = Numbered(frames * channels, static_cast<int>(all.size()));
         all.insert(all.end(), samples.begin(), samples.end());
-        player.Start(SourceOf(samples, format.rate, static_cast<std::uint8_t>(format.channels)));
+        player.Start(SourceOf(samples, rate, static_cast<std::uint8_t>(channels)));
     }
 
-    Format format;
-    int block;
-    int lengths[3];
-    std::size_t next = 0;
-    bool done = false;
-    std::vector<int> all;
+    int rate, channels;
+    std::string name;
+    bool added;
     Recording recording;
+    std::vector<int> all;
+    Owner owner;
     LSoundPlayer player;
 };
 
 TEST_F(Playback, EveryFrameIsHeardOnceAndInOrderInEveryFormat) {
     for (const int channels : {1, 2}) {
-        std::vector<Format> formats;
+        std::deque<Line> lines;
         for (const int rate : {8000, 22050, 44100, 48000, 96000, 192000})
-            formats.push_back({rate, channels});
-        for (const Format& each : formats)
-            ASSERT_TRUE(server->AddOutput(each.GetName(), each.rate, each.channels));
-        std::vector<std::unique_ptr<Sequence>> sequences;
-        for (const Format& each : formats)
-            sequences.push_back(std::make_unique<Sequence>(*server, each));
-        for (const auto& each : sequences)
-            EXPECT_TRUE(Wait([&] { return each->IsDone(); }));
-        for (const auto& each : sequences)
-            each->Check();
-        for (const Format& each : formats)
-            server->RemoveOutput(each.GetName());
+            ASSERT_TRUE(lines.emplace_back(*server, rate, channels).added);
+        for (const double blocks : {0.01, 1.0, 2.002}) { // each length follows the one before
+            for (Line& line : lines)
+                line.Play(static_cast<int>(blocks * std::min(line.rate / 10, 8192)));
+            for (const Line& line : lines)
+                EXPECT_TRUE(Wait([&] { return !line.player.IsPlaying(); })) << line.name;
+        }
+        for (Line& line : lines) {
+            EXPECT_EQ(line.player.GetStatus(), PlayUsable);
+            EXPECT_EQ(line.recording.Finish(), line.all) << line.name;
+            server->RemoveOutput(line.name);
+        }
     }
 }
 
@@ -154,7 +113,7 @@ TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
             player.Start(SourceOf({22000, 22000, 22000}, 44100, 1));
             EXPECT_TRUE(Wait([this] { return owner.stops == 2; }));
         }
-        const std::vector<int> heard = WithoutGaps(recording.Finish());
+        const std::vector<int> heard = recording.Finish();
         const auto fade =
             std::find_if(heard.begin(), heard.end(), [](int sample) { return sample != 22000; });
         EXPECT_GE(fade - heard.begin(), 4410);
@@ -252,22 +211,23 @@ TEST_F(Playback, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
     const std::vector<std::int16_t> stored(samples.begin(), samples.end());
     const std::string data(reinterpret_cast<const char*>(stored.data()), 2 * stored.size());
     WriteBytes(path, header + data.substr(0, 2000));
-    WriteBytes(path + ".rest", data.substr(2000));
-    WriteBytes(path + ".length", std::string("\x60\xEA\0\0", 4)); // 60000 bytes
-    const std::string script =
-        "cd " + server->Path("") +
-        " && for i in 0 1 2 3; do sleep 0.1; dd status=none if=growing.wav.rest bs=14500 "
-        "skip=$i count=1 >> growing.wav; done; sleep 0.1; dd status=none conv=notrunc "
-        "if=growing.wav.length of=growing.wav bs=1 seek=40";
     Recording recording(*server, "main", 44100, 1);
-    const pid_t writer = Spawn({"sh", "-c", script}, "/dev/null", server->Path("writer.err"));
+    std::thread writer([&] {
+        std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out | std::ios::ate);
+        for (std::size_t at = 2000; at < data.size(); at += 14500) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            file << data.substr(at, 14500) << std::flush;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        file.seekp(40) << std::string("\x60\xEA\0\0", 4); // 60000 bytes
+    });
     LSoundPlayer player;
     player.SetNotify(&owner, 0);
     player.SetDevice(Device("Output main"));
     ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
     EXPECT_TRUE(WaitForEnd());
-    EndProcess(writer, SIGTERM);
-    EXPECT_EQ(WithoutGaps(recording.Finish()), samples);
+    writer.join();
+    EXPECT_EQ(recording.Finish(), samples);
     EXPECT_EQ(*(owner.events.end() - 2), "time 680");
 }
 
@@ -333,7 +293,7 @@ TEST_F(Playback, AServerThatDiesEndsThePlaybackAndItsSuccessorPlays) {
     Recording recording(*server, "main", 44100, 1);
     player.Start(SourceOf(Numbered(100), 44100, 1));
     ASSERT_TRUE(Wait([this] { return owner.stops == 3; }));
-    EXPECT_EQ(WithoutGaps(recording.Finish()), Numbered(100));
+    EXPECT_EQ(recording.Finish(), Numbered(100));
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "support/test_output.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -16,27 +15,12 @@ using ::testing::Ge;
 using ::testing::Le;
 using Texts = std::vector<std::string>;
 
-/// 16-bit samples without a zero among them.
-std::vector<int> Numbered(int count) {
-    std::vector<int> samples;
-    for (int i = 0; i < count; ++i)
-        samples.push_back(i % 32000 + 1);
-    return samples;
-}
-
-std::vector<int> Scaled(std::vector<int> samples) {
-    for (int& sample : samples)
-        sample *= 16;
-    return samples;
-}
-
 LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {
-    return LSoundSource::Make<ArraySource>(Scaled(Numbered(count * channels)), rate, channels);
+    return SourceOf(Numbered(count * channels), rate, channels);
 }
 
 LSoundSource Constant(int value, int count, int rate, std::uint8_t channels = 1) {
-    return LSoundSource::Make<ArraySource>(
-        std::vector<int>(static_cast<std::size_t>(count * channels), value * 16), rate, channels);
+    return SourceOf(std::vector<int>(static_cast<std::size_t>(count * channels), value), rate, channels);
 }
 
 class Player : public ::testing::Test {
@@ -98,13 +82,17 @@ TEST_F(Player, EveryFrameIsPlayedOnceAndInOrder) {
 }
 
 TEST_F(Player, ReportsWhatHasBeenHeardAndTheEndAfterTheLastFrame) {
-    player.Start(Constant(8191, 250, 1000, 2)); // mean square (131056 / 32)^2 = 16769025: 3.008 dB
+    const char* const level = "level 3 -127";
+    std::vector<int> leftOnly;
+    for (int i = 0; i < 250; ++i)
+        leftOnly.insert(leftOnly.end(), {8191, 0}); // mean square (131056 / 32)^2 = 16769025: 3.008 dB
+    player.Start(SourceOf(leftOnly, 1000, 2));
     EXPECT_EQ(owner.events, (Texts{"play 7", "time 0"}));
     ASSERT_TRUE(WaitForQueue(250));
     output.Take(120, 21);
     output.Take(1, 21); // the first block's last frame is heard
     ASSERT_TRUE(WaitForEvents(4));
-    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", "level 3 3", "time 100"}));
+    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", level, "time 100"}));
     output.Take(100, 21);
     ASSERT_TRUE(WaitForEvents(6));
     output.Take(49, 21); // 249 frames are heard
@@ -112,21 +100,11 @@ TEST_F(Player, ReportsWhatHasBeenHeardAndTheEndAfterTheLastFrame) {
     output.Take(1, 21);
     ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
     // The report of the last block may give way to that of the end.
-    Texts all = {"play 7", "time 0", "level 3 3", "time 100", "level 3 3", "time 200", "time 250", "stop 7"};
+    Texts all = {"play 7", "time 0", level, "time 100", level, "time 200", "time 250", "stop 7"};
     if (owner.events.size() == 10)
-        all.insert(all.end() - 2, {"level 3 3", "time 250"});
+        all.insert(all.end() - 2, {level, "time 250"});
     EXPECT_EQ(owner.events, all);
     EXPECT_FALSE(player.IsPlaying());
-}
-
-TEST_F(Player, ASilentChannelHasTheLevelOfSilence) {
-    std::vector<int> rightOnly;
-    for (int i = 0; i < 101; ++i)
-        rightOnly.insert(rightOnly.end(), {0, 92682}); // 0 dB
-    ASSERT_TRUE(Play(LSoundSource::Make<ArraySource>(rightOnly, 1000, std::uint8_t{2}), 101));
-    output.Take(100);
-    ASSERT_TRUE(WaitForEvents(4));
-    EXPECT_EQ(owner.events[2], "level -127 0");
 }
 
 TEST_F(Player, TheVolumeCurve) {
@@ -164,19 +142,14 @@ TEST_F(Player, AStopFadesOutOver5Ms) {
     EXPECT_TRUE(output.GetFeed()->IsSilent());
 }
 
-TEST_F(Player, WhatHasNotBegunIsNotPlayedWhenItIsStopped) {
-    ASSERT_TRUE(Play(Constant(10000, 8000, 8000), 8000));
-    player.Stop();
-    EXPECT_THAT(output.Take(100), Each(0));
-    EXPECT_TRUE(output.GetFeed()->IsSilent());
-}
-
-TEST_F(Player, AStopAtTheVeryEndLosesNothing) {
-    ASSERT_TRUE(Play(Constant(10000, 100, 8000), 100));
-    EXPECT_THAT(output.Take(100, 100), Each(10000));
-    player.Stop();
-    EXPECT_THAT(output.Take(100, 100), Each(0));
-    EXPECT_TRUE(output.GetFeed()->IsSilent());
+TEST_F(Player, AStopBeforeTheFirstFrameOrAtTheLastHasNothingToFade) {
+    for (const int taken : {0, 100}) {
+        ASSERT_TRUE(Play(Constant(10000, 100, 8000), 100));
+        EXPECT_THAT(output.Take(taken, taken), Each(10000));
+        player.Stop();
+        EXPECT_THAT(output.Take(100, taken), Each(0));
+        EXPECT_TRUE(output.GetFeed()->IsSilent());
+    }
 }
 
 TEST_F(Player, ReadsAheadAsFarAsTheRingGoes) {
@@ -198,7 +171,7 @@ TEST_F(Player, PlaysFromWhereTheSourceStands) {
     player.Start(source);
     EXPECT_EQ(owner.events[1], "time 900");
     ASSERT_TRUE(WaitForQueue(100));
-    EXPECT_EQ(output.Take(1), std::vector<int>{901});
+    EXPECT_EQ(output.Take(1), std::vector<int>{902});
 }
 
 TEST_F(Player, ARestartStopsWhatPlays) {

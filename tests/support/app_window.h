@@ -6,6 +6,8 @@
 #include "support/owner.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
+#include "sys/settings.h"
+#include "sys/user_data.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +18,10 @@ using Texts = std::vector<std::string>;
 /// it keeps from one to the next is gone with the test.
 class App : public ::testing::Test {
 protected:
-    App() {
+    App() { Forget(); }
+
+    /// As if the program had never run.
+    static void Forget() {
         for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             std::filesystem::remove_all(std::getenv(kept));
     }
@@ -47,14 +52,21 @@ protected:
         for (const int command : commands)
             dialog->Command(command);
     }
-    MemoryList& List() { return toolkit->mainWindow->controls.controls.at(ControlList).list; }
-    MemoryControl& Control(int id) { return toolkit->mainWindow->controls.controls.at(id); }
+    MemoryControl& Control(int id) { return toolkit->mainWindow->controls[id]; }
+    MemoryList& List() { return *Control(ControlList).list; }
     /// The rows as "name=value".
     Texts Rows() {
         Texts rows;
         for (const auto& row : List().rows)
             rows.push_back(row[0] + "=" + row[1]);
         return rows;
+    }
+    /// What all message boxes have said, each with its title.
+    std::string Boxes() {
+        std::string all;
+        for (const std::string& box : toolkit->boxes)
+            all += (all.empty() ? "" : "\n") + box;
+        return all;
     }
     /// Runs events of both kinds until the condition holds.
     bool Wait(const std::function<bool()>& holds) {
@@ -80,7 +92,26 @@ protected:
         return tone;
     }
 
+    /// The tone that the program kept at its end.
+    static SonvireData KeptTone() {
+        SonvireData kept;
+        EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
+        return kept;
+    }
+    static std::string Stored(const char* section, const char* key) {
+        std::string text;
+        LUserSettingGetString(section, key, "-", text);
+        return text;
+    }
+
     // What the user will do.
+    static void PressOk(MemoryDialog& dialog) { dialog.Press(LCommandOk); }
+    static std::function<void(MemoryDialog&)> Typed(const std::string& text) {
+        return [text](MemoryDialog& box) {
+            box.Type(102, text);
+            box.Press(LCommandOk);
+        };
+    }
     std::deque<std::function<void(MemoryDialog&)>> dialogs;
     std::deque<LChosenFile> files;
     std::deque<int> popupChoices;

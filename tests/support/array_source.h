@@ -32,6 +32,21 @@ public:
     bool streaming = false;
 };
 
+/// 16-bit samples, none of them 0, that tell where they belong.
+inline std::vector<int> Numbered(int count, int first = 1) {
+    std::vector<int> samples;
+    for (int i = 0; i < count; ++i)
+        samples.push_back((first + i) % 32749 + 1);
+    return samples;
+}
+
+/// A source of 16-bit samples.
+inline LSoundSource SourceOf(std::vector<int> samples, int rate, std::uint8_t channels = 1) {
+    for (int& sample : samples)
+        sample *= 16;
+    return LSoundSource::Make<ArraySource>(std::move(samples), rate, channels);
+}
+
 inline std::vector<int> ReadFrames(LSoundSourceBase& source, int frames) {
     std::vector<int> buffer(static_cast<std::size_t>(frames) * source.channels, 0x5EED);
     source.Read(buffer.data(), frames);

@@ -1,20 +1,6 @@
 #include "support/local_server.h"
 
 #include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-namespace {
-
-std::string ReceiveRequest(int connection) {
-    std::string request;
-    char next = 0;
-    while (!request.ends_with("\r\n\r\n") && recv(connection, &next, 1, 0) == 1)
-        request += next;
-    return request;
-}
-
-} // namespace
 
 LocalPort::LocalPort(int backlog) : descriptor(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in address{};
@@ -27,18 +13,6 @@ LocalPort::LocalPort(int backlog) : descriptor(socket(AF_INET, SOCK_STREAM | SOC
         port = ntohs(address.sin_port);
 }
 
-LocalPort::~LocalPort() {
-    close(descriptor);
-}
-
-int LocalPort::Accept() const {
-    return accept4(descriptor, nullptr, nullptr, SOCK_CLOEXEC);
-}
-
-void LocalPort::Stop() {
-    shutdown(descriptor, SHUT_RDWR);
-}
-
 LocalServer::LocalServer(std::function<void(int)> serve)
     : serveOne(std::move(serve)),
       thread([this] { Run(); }) {}
@@ -48,18 +22,12 @@ LocalServer::~LocalServer() {
     thread.join();
 }
 
-std::vector<std::string> LocalServer::GetRequests() {
-    const std::scoped_lock lock(mutex);
-    return requests;
-}
-
 void LocalServer::Run() {
     for (int connection = listening.Accept(); connection >= 0; connection = listening.Accept()) {
-        const std::string request = ReceiveRequest(connection);
-        {
-            const std::scoped_lock lock(mutex);
-            requests.push_back(request);
-        }
+        request.clear();
+        char next = 0;
+        while (!request.ends_with("\r\n\r\n") && recv(connection, &next, 1, 0) == 1)
+            request += next;
         serveOne(connection);
         close(connection);
     }

@@ -2,32 +2,32 @@
 
 #include <cstdint>
 #include <functional>
-#include <mutex>
 #include <string>
+#include <sys/socket.h>
 #include <thread>
-#include <vector>
+#include <unistd.h>
 
 /// A port of 127.0.0.1 that listens. Who connects is not answered.
 class LocalPort {
 public:
     explicit LocalPort(int backlog = 16);
-    ~LocalPort();
+    ~LocalPort() { close(descriptor); }
     LocalPort(const LocalPort&) = delete;
     LocalPort& operator=(const LocalPort&) = delete;
 
     std::uint16_t GetPort() const { return port; }
     std::string GetAddress() const { return "127.0.0.1:" + std::to_string(port); }
     /// The next connection, or -1 once nothing is to be accepted any more.
-    int Accept() const;
-    void Stop();
+    int Accept() const { return accept4(descriptor, nullptr, nullptr, SOCK_CLOEXEC); }
+    void Stop() { shutdown(descriptor, SHUT_RDWR); }
 
 private:
     int descriptor;
     std::uint16_t port = 0;
 };
 
-/// A web server with one page. Requests are read up to their empty line, then `serve` has the connection,
-/// which is closed afterwards. What connects must be gone before the server is.
+/// A web server with one page. A request is read up to its empty line, then `serve` has the connection, which
+/// is closed afterwards. What connects must be gone before the server is.
 class LocalServer {
 public:
     explicit LocalServer(std::function<void(int connection)> serve);
@@ -35,16 +35,14 @@ public:
 
     std::string GetUrl() const { return "http://" + listening.GetAddress() + "/versions/sonvire_mac.txt"; }
     std::string GetAddress() const { return listening.GetAddress(); }
-    /// What has been asked so far.
-    std::vector<std::string> GetRequests();
+
+    std::string request; ///< the one that is served, for `serve`
 
 private:
     void Run();
 
     LocalPort listening;
     std::function<void(int)> serveOne;
-    std::mutex mutex;
-    std::vector<std::string> requests; ///< under the mutex
     std::thread thread;
 };
 

@@ -1,173 +1,186 @@
 #pragma once
 
-#include "gui/list_view_peer.h"
 #include "gui/main_window_peer.h"
+#include "support/memory_controls.h"
 
 #include <functional>
-#include <map>
 
-/// A list as the user sees it.
-struct MemoryList {
-    std::vector<std::string> columns;
-    std::vector<std::vector<std::string>> rows;
-    std::vector<int> selection;
-    int current = -1;
-    bool draggable = false;            ///< rows, and files from elsewhere
-    LListViewEvents* events = nullptr; ///< of the list's owner, for the user's actions
-
-    /// The user selects rows.
-    void Select(const std::vector<int>& chosen);
-};
-
-/// A control as the user sees it.
-struct MemoryControl {
-    LControlKind kind{};
-    LRect place;
-    std::string text;
-    std::string toolTip;
+/// An entry of a menu or a tool bar as the user sees it.
+struct MemoryItem {
+    std::string path; ///< such as "Tone/Number of Tones/3"
+    std::string key;
     bool enabled = true;
-    int value = 0;
-    bool held = false; ///< a slider, by the user
-    int least = 0;
-    int most = 0;
-    std::vector<std::string> choices;
-    std::vector<int> levels;
-    MemoryList list;
+    bool marked = false; ///< by a check, a radio mark, or looking pressed
 };
 
-class MemoryControls : public LControlsPeer {
+/// Entries by their commands.
+class MemoryItems {
 public:
-    std::map<int, MemoryControl> controls;
-    int focus = 0;
+    std::map<int, MemoryItem> items;
 
-    void Add(const LControlLayout& control) override;
-    void Place(int id, const LRect& rect) override;
-    LRect GetPlace(int id) const override;
-    void SetText(int id, const std::string& text) override;
-    std::string GetText(int id) const override;
-    void Enable(int id, bool enabled) override;
-    void SetToolTip(int id, const std::string& text) override;
-    void SetFocus(int id) override { focus = id; }
-    void SetRange(int id, int least, int most) override;
-    void SetValue(int id, int value) override;
-    int GetValue(int id) const override;
-    bool IsHeld(int id) const override { return controls.at(id).held; }
-    void SetChoices(int id, const std::vector<std::string>& choices) override;
-    void SetLevels(int id, const std::vector<int>& decibels) override;
-    std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override;
+    const MemoryItem& operator[](int command) const { return items.at(command); }
+    /// What the user chooses, 0 for nothing; only where it can be chosen.
+    int Pick(int command) const {
+        const auto found = items.find(command);
+        return found != items.end() && found->second.enabled ? command : 0;
+    }
+    /// The commands that are, or are not, in a state.
+    std::vector<int> With(bool MemoryItem::*state, bool set) const {
+        std::vector<int> commands;
+        for (const auto& [command, item] : items)
+            if (item.*state == set)
+                commands.push_back(command);
+        return commands;
+    }
+
+protected:
+    template <class T>
+    void Set(int command, T MemoryItem::*field, const T& value) {
+        if (const auto found = items.find(command); found != items.end())
+            found->second.*field = value;
+    }
+};
+
+class MemoryMenu : public LMenuPeer, public MemoryItems {
+public:
+    std::function<int(const MemoryMenu&)> choose; ///< answers for a pop-up menu
+
+    void OpenSubmenu(const std::string& text) override { open.push_back(PathOf(text)); }
+    void CloseSubmenu() override { open.pop_back(); }
+    void AddSeparator() override {}
+    void AddItem(int id, const std::string& text) override { items[id].path = PathOf(text); }
+    void Enable(int id, bool enabled) override { Set(id, &MemoryItem::enabled, enabled); }
+    void SetCheck(int id, bool checked) override { Set(id, &MemoryItem::marked, checked); }
+    void SetRadio(int first, int last, int marked) override {
+        for (int id = first; id <= last; ++id)
+            SetCheck(id, id == marked);
+    }
+    void SetKeyText(int id, const std::string& key) override { Set(id, &MemoryItem::key, key); }
+    int Choose() override { return choose(*this); }
 
 private:
-    int HolderOf(int id) const;
-    MemoryControl* Find(int id);
-    const MemoryControl* Find(int id) const;
-
-    std::map<int, int> numberOfText; ///< the number edit that a number text belongs to
-    int lastNumberEdit = 0;
+    std::string PathOf(const std::string& text) const {
+        return open.empty() ? text : open.back() + "/" + text;
+    }
+    std::vector<std::string> open;
 };
 
-/// A menu entry as the user sees it, by its path such as "Tone/Number of Tones/3".
-struct MemoryMenuItem {
-    std::string path;
-    bool enabled = true;
-    bool hasCheck = false; ///< shows a box to check
-    bool marked = false;   ///< by a check or a radio mark
-    std::string key;
-};
-
-struct MemoryMenu {
-    std::map<int, MemoryMenuItem> items;
-    std::vector<std::string> lines; ///< every path in order, "-" for a separator
-
-    /// What the user chooses, 0 for nothing; only where it can be chosen.
-    int Pick(int id) const;
-};
-
-/// A tool bar as the user sees it.
-struct MemoryToolBar {
-    struct Item {
-        LToolBarItem row;
-        bool enabled = true;
-        bool pressed = false;
-    };
-    std::vector<Item> items;
-    LToolBarEvents* events = nullptr;
-
-    const Item& operator[](int command) const;
-    /// The user presses an item, if it can be pressed.
-    void Press(int command);
-};
-
-/// A peer that fills in `menu`; `choose` answers for a pop-up menu.
-std::unique_ptr<LMenuPeer> MakeMemoryMenuPeer(MemoryMenu& menu, std::function<int()> choose);
-
-/// What the user can do to any window.
-class MemoryUser {
+class MemoryToolBar : public LToolBarPeer, public MemoryItems {
 public:
-    explicit MemoryUser(LWindowEvents& windowEvents) : events(windowEvents) {}
+    explicit MemoryToolBar(LToolBarEvents& barEvents) : events(barEvents) {}
+
+    /// The user presses an item, if it can be pressed.
+    void Press(int command) {
+        if (Pick(command) != 0)
+            events.ItemUsed(command);
+    }
+
+    void AddItem(const LToolBarItem& item) override {
+        if (item.kind != LToolBarItemKind::Separator)
+            items[item.command] = {};
+    }
+    void Enable(int command, bool enabled) override { Set(command, &MemoryItem::enabled, enabled); }
+    void SetPressed(int command, bool pressed) override { Set(command, &MemoryItem::marked, pressed); }
+
+private:
+    LToolBarEvents& events;
+};
+
+/// Any window, and what the user can do to it.
+template <class Peer>
+class MemoryWindow : public Peer {
+public:
+    explicit MemoryWindow(LWindowEvents& windowEvents) : events(windowEvents) {}
 
     MemoryControls controls;
+    std::string caption;
 
-    /// Presses a button, or uses any other control, of this id; nothing happens where it is disabled.
-    void Press(int id);
-    void Check(int id, bool checked);
-    /// Moves a slider or a number, or picks a choice.
-    void Move(int id, int value);
-    void Type(int id, const std::string& text);
-    bool Key(unsigned virtualKey, char32_t character = 0, bool repeated = false);
+    /// Presses a button, or uses any other control; as all that follows only where it is enabled.
+    void Press(int id) {
+        if (controls[id].enabled)
+            events.ControlUsed(id);
+    }
+    /// Checks a box, moves a slider, picks a choice.
+    void Set(int id, int value) {
+        if (controls[id].enabled)
+            controls.SetValue(id, value);
+        Press(id);
+    }
+    void Type(int id, const std::string& text) {
+        if (controls[id].enabled)
+            controls.SetText(id, text);
+    }
+    bool Key(unsigned virtualKey, char32_t character = 0, bool repeated = false) {
+        return events.KeyPressed({.virtualKey = virtualKey, .character = character, .repeated = repeated});
+    }
     void Drop(const std::vector<std::string>& paths) { events.FilesDropped(paths); }
-    void Resize(int width, int height) { events.Resized(width, height); }
     void CloseWindow() { events.CloseAsked(); }
+
+    LControlsPeer& Controls() override { return controls; }
+    void SetCaption(const std::string& text) override { caption = text; }
 
 protected:
     LWindowEvents& events;
 };
 
-class MemoryDialog : public LDialogPeer, public MemoryUser {
+class MemoryDialog : public MemoryWindow<LDialogPeer> {
 public:
-    using MemoryUser::MemoryUser;
+    using MemoryWindow::MemoryWindow;
 
-    std::string caption;
     std::function<void(MemoryDialog&)> script;
-    bool shown = false;
     bool ended = false;
     bool ok = false;
 
-    LControlsPeer& Controls() override { return controls; }
-    void SetCaption(const std::string& text) override { caption = text; }
-    bool RunModal() override;
-    void End(bool withOk) override;
-    void ShowModal() override { shown = true; }
+    bool RunModal() override {
+        if (script)
+            script(*this);
+        if (!ended)
+            CloseWindow();
+        return ok;
+    }
+    void End(bool withOk) override {
+        ended = true;
+        ok = withOk;
+    }
+    void ShowModal() override {}
 };
 
-class MemoryMainWindow : public LMainWindowPeer, public MemoryUser {
+class MemoryMainWindow : public MemoryWindow<LMainWindowPeer> {
 public:
-    MemoryMainWindow(LWindowEvents& windowEvents, MemoryMainWindow*& registered);
-    ~MemoryMainWindow() override;
+    using MemoryWindow::MemoryWindow;
 
-    std::string caption;
     LWindowGeometry geometry;
     bool visible = false;
-    int raised = 0;
-    MemoryMenu menu;
-    MemoryToolBar toolBar;
-    std::map<int, MemoryToolBar> smallToolBars;
-    std::vector<LStatusItem> statusItems;
+    MemoryMenu* menu = nullptr;
+    MemoryToolBar* toolBar = nullptr;
+    MemoryToolBar* smallToolBar = nullptr;
 
     /// Chooses a menu entry; nothing happens where it is disabled.
-    void Choose(int command);
+    void Choose(int command) {
+        if (menu->Pick(command) != 0)
+            events.ControlUsed(command);
+    }
 
-    LControlsPeer& Controls() override { return controls; }
-    void SetCaption(const std::string& text) override { caption = text; }
     void SetGeometry(const LWindowGeometry& wanted) override { geometry = wanted; }
     LWindowGeometry GetGeometry() const override { return geometry; }
     void Show() override { visible = true; }
-    void Raise() override { ++raised; }
+    void Raise() override {}
     void Hide() override { visible = false; }
-    std::unique_ptr<LMenuPeer> CreateMenuBar() override;
-    std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& barEvents) override;
-    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int control, LToolBarEvents& barEvents) override;
-    void AddStatusItem(const LStatusItem& item) override;
+    std::unique_ptr<LMenuPeer> CreateMenuBar() override { return Make(menu); }
+    std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& barEvents) override {
+        return Make(toolBar, barEvents);
+    }
+    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int /*control*/, LToolBarEvents& barEvents) override {
+        return Make(smallToolBar, barEvents);
+    }
+    void AddStatusItem(const LStatusItem& /*item*/) override {}
 
 private:
-    MemoryMainWindow*& self; ///< how a test finds the window
+    /// The window's owner has it, and the test sees it meanwhile.
+    template <class T, class... Arguments>
+    static std::unique_ptr<T> Make(T*& seen, Arguments&... arguments) {
+        auto made = std::make_unique<T>(arguments...);
+        seen = made.get();
+        return made;
+    }
 };

@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,28 +22,21 @@ inline bool WaitUntil(LEventLoop& loop, const std::function<bool()>& holds) {
 /// Writes down what a player reports.
 class Owner : public LSoundPlayerNotify {
 public:
-    void spntfPlay(long id) override { Add("play", id); }
+    void spntfPlay(long id) override { events.push_back("play " + std::to_string(id)); }
     void spntfStop(long id) override {
-        Add("stop", id);
+        events.push_back("stop " + std::to_string(id));
         ++stops;
     }
-    void spntfTime(LSoundTime time, long) override { Add("time", time.GetMilliseconds()); }
-    void spntfLevel(const LDBMC& levels, long) override {
-        std::ostringstream text("level", std::ios::ate);
-        for (int c = 0; c < levels.GetChannels(); ++c)
-            text << ' ' << int{levels[c].GetDecibels()};
-        events.push_back(text.str());
+    void spntfTime(LSoundTime time, long) override {
+        events.push_back("time " + std::to_string(time.GetMilliseconds()));
     }
-    void spntfCue(long) override { events.push_back("cue"); }
-    void spntfPause(long) override { events.push_back("pause"); }
+    void spntfLevel(const LDBMC& levels, long) override {
+        std::string text = "level";
+        for (int c = 0; c < levels.GetChannels(); ++c)
+            text += " " + std::to_string(levels[c].GetDecibels());
+        events.push_back(text);
+    }
 
     std::vector<std::string> events;
     int stops = 0;
-
-private:
-    void Add(const char* event, long number) {
-        std::ostringstream text;
-        text << event << ' ' << number;
-        events.push_back(text.str());
-    }
 };

@@ -1,18 +1,27 @@
 #include "support/run_program.h"
 
-#include "support/temp_dir.h"
-
+#include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
-ProgramResult RunProgram(const std::string& command, const std::function<void(pid_t)>& meanwhile) {
-    const TempDir dir;
-    const std::string line = "exec >" + dir / "out" + " 2>" + dir / "err" + "\n" + command;
+pid_t Spawn(const std::string& command, const std::string& out, const std::string& errors) {
+    const std::string line = "exec >" + out + " 2>" + errors + "\n" + command;
     const pid_t child = fork();
     if (child == 0) {
         execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
         _exit(127);
     }
+    return child;
+}
+
+void EndProcess(pid_t process, int signal) {
+    kill(process, signal);
+    waitpid(process, nullptr, 0);
+}
+
+ProgramResult RunProgram(const std::string& command, const std::function<void(pid_t)>& meanwhile) {
+    const TempDir dir;
+    const pid_t child = Spawn(command, dir / "out", dir / "err");
     if (meanwhile)
         meanwhile(child);
     int state = 0;

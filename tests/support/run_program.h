@@ -1,5 +1,9 @@
 #pragma once
 
+#include "support/temp_dir.h"
+
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
 #include <sys/types.h>
@@ -10,8 +14,28 @@ struct ProgramResult {
     std::string errors; ///< standard error
 };
 
+/// Starts a shell command, with its output in files of these names.
+pid_t Spawn(const std::string& command, const std::string& out, const std::string& errors);
+void EndProcess(pid_t process, int signal);
+
 /// Runs a shell command and waits for it. `meanwhile` is called with its process id right after the start.
 ProgramResult RunProgram(const std::string& command, const std::function<void(pid_t)>& meanwhile = {});
 
 /// The same for sonvire-cli with these arguments.
 ProgramResult RunCli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile = {});
+
+/// sonvire-cli and other programs, run in a folder of the test's own.
+class InFolder : public testing::Test {
+protected:
+    ProgramResult Shell(const std::string& command, const std::function<void(pid_t)>& meanwhile = {}) const {
+        return RunProgram("cd " + Path("") + "\n" + command, meanwhile);
+    }
+    ProgramResult Cli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile = {}) const {
+        return Shell("exec " SONVIRE_CLI " " + arguments, meanwhile);
+    }
+    std::string Path(const std::string& name) const { return dir / name; }
+    std::string Read(const std::string& name) const { return ReadBytes(dir / name); }
+    void Write(const std::string& name, const std::string& bytes) const { WriteBytes(dir / name, bytes); }
+
+    const TempDir dir;
+};

@@ -1,69 +1,29 @@
 #include "support/sound_server.h"
 
-#include "support/run_program.h"
-
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstring>
-#include <fcntl.h>
-#include <functional>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
-namespace {
-
-constexpr std::chrono::seconds HangGuard{20};
-
 bool WaitFor(const std::function<bool()>& holds) {
-    const auto latest = std::chrono::steady_clock::now() + HangGuard;
-    while (!holds()) {
-        if (std::chrono::steady_clock::now() > latest)
-            return false;
+    const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!holds() && std::chrono::steady_clock::now() < latest)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
+    return holds();
 }
 
-std::uintmax_t SizeOf(const std::string& file) {
+static std::uintmax_t SizeOf(const std::string& file) {
     std::error_code none;
     const std::uintmax_t size = std::filesystem::file_size(file, none);
     return none ? 0 : size;
 }
 
-} // namespace
-
-pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors) {
-    std::vector<char*> list;
-    for (const std::string& each : arguments)
-        list.push_back(const_cast<char*>(each.c_str()));
-    list.push_back(nullptr);
-    const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    const int errorFile = open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(outFile, STDOUT_FILENO);
-        dup2(errorFile, STDERR_FILENO);
-        execvp(list[0], list.data());
-        _exit(127);
-    }
-    close(outFile);
-    close(errorFile);
-    return child;
-}
-
-void EndProcess(pid_t process, int signal) {
-    kill(process, signal);
-    waitpid(process, nullptr, 0);
-}
-
 SoundServer::SoundServer() {
     for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"}) {
-        if (const char* value = getenv(variable))
-            environment[variable] = value;
-        else
-            environment[variable] = std::nullopt;
+        const char* value = getenv(variable);
+        environment[variable] = value ? std::optional<std::string>(value) : std::nullopt;
         setenv(variable, Path("").c_str(), 1);
     }
     unsetenv("PULSE_SERVER");
@@ -76,8 +36,9 @@ SoundServer::~SoundServer() {
 }
 
 bool SoundServer::Start() {
-    process = Spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "-L",
-                     "module-native-protocol-unix auth-anonymous=1 socket=" + Path("native")},
+    process = Spawn("exec pulseaudio -n --daemonize=no --exit-idle-time=-1 --disable-shm=yes -L "
+                    "'module-native-protocol-unix auth-anonymous=1 socket=" +
+                        Path("native") + "'",
                     Path("server.out"), Path("server.err"));
     return WaitFor([this] { return waitpid(process, nullptr, WNOHANG) != 0 || !Control("stat").empty(); }) &&
            kill(process, 0) == 0;
@@ -115,8 +76,8 @@ Recording::Recording(const SoundServer& server, const std::string& output, int f
     : file(server.Path(output + ".raw")),
       rate(framesPerSecond),
       channels(channelCount) {
-    process = Spawn({"parec", "--raw", "--format=s16le", "--latency-msec=20", "-d", output + ".monitor",
-                     "--rate=" + std::to_string(rate), "--channels=" + std::to_string(channels)},
+    process = Spawn("exec parec --raw --format=s16le --latency-msec=20 -d " + output +
+                        ".monitor --rate=" + std::to_string(rate) + " --channels=" + std::to_string(channels),
                     file, server.Path("record.err"));
     WaitForFrames(1);
 }
@@ -138,8 +99,6 @@ std::vector<int> Recording::Finish() {
     const std::string bytes = ReadBytes(file);
     std::vector<std::int16_t> samples(bytes.size() / 2);
     std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
-    const auto sounds = [](std::int16_t sample) { return sample != 0; };
-    const auto first = std::find_if(samples.begin(), samples.end(), sounds);
-    const auto last = std::find_if(samples.rbegin(), samples.rend(), sounds).base();
-    return first < last ? std::vector<int>(first, last) : std::vector<int>();
+    std::erase(samples, 0);
+    return {samples.begin(), samples.end()};
 }

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "support/temp_dir.h"
+#include "support/run_program.h"
 
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <string>
-#include <sys/types.h>
 #include <vector>
 
 /// A sound server of this process's own, in a folder of its own, without any hardware. While it is there,
@@ -46,8 +44,8 @@ public:
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
 
-    /// Waits until all that has been played so far is recorded; answers every sample from the first that is
-    /// not 0 to the last.
+    /// Waits until all that has been played so far is recorded; answers every sample that is not 0: a server
+    /// under load is late at times and plays silence then, but nothing may be lost for it.
     std::vector<int> Finish();
 
 private:
@@ -58,6 +56,5 @@ private:
     pid_t process = -1;
 };
 
-/// Starts a program, with its output in files of these names.
-pid_t Spawn(const std::vector<std::string>& arguments, const std::string& out, const std::string& errors);
-void EndProcess(pid_t process, int signal);
+/// Waits until the condition holds; false when that takes so long that something hangs.
+bool WaitFor(const std::function<bool()>& holds);

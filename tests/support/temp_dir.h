@@ -6,6 +6,11 @@
 #include <iterator>
 #include <string>
 
+inline std::size_t CountEntries(const std::filesystem::path& folder) {
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()));
+}
+
 /// A folder of its own for one test, removed with all that is in it.
 class TempDir {
 public:
@@ -18,10 +23,7 @@ public:
     TempDir& operator=(const TempDir&) = delete;
 
     std::string operator/(const std::string& name) const { return (path / name).string(); }
-    std::size_t CountFiles() const {
-        return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(path), std::filesystem::directory_iterator()));
-    }
+    std::size_t CountFiles() const { return CountEntries(path); }
 
 private:
     std::filesystem::path path;

@@ -15,7 +15,7 @@ class TestWindow : public LMainWindow, public LKeyHandler {
 public:
     explicit TestWindow(LToolkit& windowToolkit) : LMainWindow(windowToolkit, 2, Arguments) {}
 
-    std::function<void(TestWindow&)> init = [](TestWindow&) {};
+    std::function<void()> init = [] {};
     std::function<void(int)> onCommand = [](int) {};
     Ints commands;
     Texts log;
@@ -23,11 +23,9 @@ public:
     LToolBar small;
 
     using LMainWindow::GetMenu;
-    using LMainWindow::GetToolBar;
     using LMainWindow::SetKeys;
     using LMainWindow::SetMenu;
     using LMainWindow::SetStatusBar;
-    using LMainWindow::SetToolBar;
     using LMainWindow::SetToolBarSmallIcons;
 
     void MakeList(int rows) {
@@ -49,7 +47,7 @@ private:
 
     void InitDialog() override {
         log.emplace_back("init");
-        init(*this);
+        init();
     }
     void DestroyDialog() override { log.emplace_back("destroy"); }
     void EnableControls() override { log.emplace_back("enable"); }

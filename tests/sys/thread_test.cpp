@@ -31,14 +31,6 @@ TEST(Signal, StaysSetUntilItIsReset) {
     EXPECT_FALSE(IsSet(one));
 }
 
-TEST(Signal, AWaitTakesItsTime) {
-    const LSignalObject never;
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(LSignalObjectRef(never).WaitSignalDual(never, 1100));
-    const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - start;
-    EXPECT_GE(waited.count(), 1.09) << "whole seconds and the rest";
-}
-
 class Worker : public LThread {
 public:
     ~Worker() override { StopThreadNow(); }

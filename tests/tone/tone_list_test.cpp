@@ -9,7 +9,6 @@
 #include "sound/wave_file.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <optional>
 #include <sys/resource.h>
@@ -53,19 +52,13 @@ protected:
 };
 
 /// "250" for a silence, "[path]" for a file.
-std::string Describe(const ToneItem& item) {
-    if (item.IsSilence())
-        return std::to_string(item.GetLength().GetMilliseconds());
-    std::string text(1, '[');
-    return text += item.GetPath() + "]";
-}
-
 std::vector<std::string> DescribeFile(const std::string& path) {
     LList<ToneItem> list;
     GetToneListFromFile(list, path.c_str());
     std::vector<std::string> items;
     for (const ToneItem& item : list)
-        items.push_back(Describe(item));
+        items.push_back(item.IsSilence() ? std::to_string(item.GetLength().GetMilliseconds())
+                                         : "[" + std::string(item.GetPath()) + "]");
     return items;
 }
 

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "gui/controls_peer.h"
+#include "gui/list_view_peer.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+/// A list as the user sees it.
+class MemoryList : public LListViewPeer {
+public:
+    explicit MemoryList(LListViewEvents& listEvents) : events(listEvents) {}
+
+    std::vector<std::string> columns;
+    std::vector<std::vector<std::string>> rows;
+    std::vector<int> selection; ///< from top to bottom
+    bool draggable = false;
+    LListViewEvents& events; ///< for what the user does
+
+    /// The user selects rows.
+    void Select(const std::vector<int>& chosen) {
+        SetSelection(chosen, 0);
+        events.SelectionChanged(selection, chosen.empty() ? -1 : chosen.back());
+    }
+
+    void SetColumns(const std::vector<std::string>& titles) override { columns = titles; }
+    void InsertRow(int row, const std::vector<std::string>& texts) override {
+        rows.insert(rows.begin() + row, texts);
+    }
+    void DeleteRow(int row) override { rows.erase(rows.begin() + row); }
+    void SetText(int row, int column, const std::string& text) override {
+        rows.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)) = text;
+    }
+    void SetSelection(const std::vector<int>& chosen, int /*current*/) override {
+        selection = chosen;
+        std::sort(selection.begin(), selection.end());
+    }
+    void EnableDragging() override { draggable = true; }
+};
+
+/// A control as the user sees it.
+struct MemoryControl {
+    LControlKind kind{};
+    std::string text;
+    bool enabled = true;
+    int value = 0;
+    bool held = false; ///< a slider, by the user
+    std::vector<std::string> choices;
+    std::vector<int> levels;
+    MemoryList* list = nullptr; ///< while its owner has it
+};
+
+/// Controls by their ids; where they stand is not kept.
+class MemoryControls : public LControlsPeer {
+public:
+    int focus = 0;
+
+    /// A number edit and its text are one control with two ids.
+    MemoryControl& operator[](int id) const {
+        const auto number = numberOfText.find(id);
+        return controls[number == numberOfText.end() ? id : number->second];
+    }
+
+    void Add(const LControlLayout& control) override {
+        if (control.kind == LControlKind::NumberText)
+            numberOfText[control.id] = lastAdded;
+        else
+            (*this)[control.id].kind = control.kind;
+        (*this)[control.id].text = control.text;
+        lastAdded = control.id;
+    }
+    void Place(int /*id*/, const LRect& /*rect*/) override {}
+    LRect GetPlace(int /*id*/) const override { return {}; }
+    void SetText(int id, const std::string& text) override { (*this)[id].text = text; }
+    std::string GetText(int id) const override { return (*this)[id].text; }
+    void Enable(int id, bool enabled) override { (*this)[id].enabled = enabled; }
+    void SetToolTip(int /*id*/, const std::string& /*text*/) override {}
+    void SetFocus(int id) override { focus = id; }
+    void SetRange(int /*id*/, int /*least*/, int /*most*/) override {}
+    void SetValue(int id, int value) override {
+        if ((*this)[id].kind == LControlKind::Radio && value != 0)
+            for (auto& [otherId, other] : controls)
+                other.value = other.kind == LControlKind::Radio ? 0 : other.value;
+        if ((*this)[id].kind == LControlKind::NumberEdit)
+            (*this)[id].text = std::to_string(value);
+        (*this)[id].value = value;
+    }
+    bool IsHeld(int id) const override { return (*this)[id].held; }
+    int GetValue(int id) const override {
+        const MemoryControl& control = (*this)[id];
+        return control.kind == LControlKind::NumberEdit ? std::atoi(control.text.c_str()) : control.value;
+    }
+    void SetChoices(int id, const std::vector<std::string>& choices) override {
+        (*this)[id].choices = choices;
+        (*this)[id].value = 0;
+    }
+    void SetLevels(int id, const std::vector<int>& decibels) override { (*this)[id].levels = decibels; }
+    std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override {
+        auto list = std::make_unique<MemoryList>(events);
+        (*this)[id].list = list.get();
+        return list;
+    }
+
+private:
+    mutable std::map<int, MemoryControl> controls;
+    std::map<int, int> numberOfText;
+    int lastAdded = 0;
+};
