@@ -90,7 +90,7 @@ bool MainDialog::CopyList(const std::string& list, const std::string& path) {
         ReportUnreadable(list, {});
         return false;
     }
-    std::string refusal = WhyNoListEntry(path);
+    std::string refusal = WhyNoListName(path);
     if (!IsSameFile(list.c_str(), path.c_str()) && IsReadByList(path, list))
         refusal = "the list plays it";
     else if (refusal.empty() && !CopyListFile(list, path))

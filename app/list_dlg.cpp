@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <functional>
 #include <unistd.h>
 
 namespace {
@@ -199,13 +198,10 @@ void ListDlg::MoveRow(int step) {
 }
 
 void ListDlg::CmRemove() {
-    std::vector<int> rows = list->GetSelection();
-    std::sort(rows.begin(), rows.end(),
-              std::greater()); // from the bottom, so that the others keep their place
-    for (const int row : rows)
-        list->DeleteRow(row);
+    const std::vector<int> rows = list->GetSelection();
+    list->DeleteRows(rows);
     if (!rows.empty())
-        list->SetCurrent(std::min(rows.back(), list->GetCount() - 1));
+        list->SetCurrent(std::min(*std::min_element(rows.begin(), rows.end()), list->GetCount() - 1));
     Modify();
 }
 

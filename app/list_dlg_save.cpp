@@ -36,7 +36,7 @@ bool ListDlg::CmSaveAs() {
 
 bool ListDlg::SaveTo(const std::string& path) {
     const std::vector<std::string> entries = GetEntries();
-    std::string refusal = WhyNoListEntry(path);
+    std::string refusal = WhyNoListName(path);
     if (std::any_of(entries.begin(), entries.end(),
                     [&path](const std::string& entry) { return IsSameFile(entry.c_str(), path.c_str()); }))
         refusal = "it is an entry of the list";

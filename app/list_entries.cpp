@@ -113,6 +113,13 @@ bool IsReadByList(const std::string& file, const std::string& list) {
                        [&file](const std::string& each) { return IsSameFile(each.c_str(), file.c_str()); });
 }
 
+std::string WhyNoListName(const std::string& path) {
+    const std::string extension = GetFileExtension(path);
+    if (extension == ".tdf" || extension == ".wav")
+        return "a tone list's name ends in .tdl";
+    return WhyNoListEntry(path);
+}
+
 std::string WhyNoListEntry(const std::string& path) {
     if (path.size() > ToneItem::MaxPathLength)
         return "its path is longer than " + std::to_string(ToneItem::MaxPathLength) + " bytes";

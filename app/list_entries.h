@@ -28,5 +28,7 @@ bool CopyListFile(const std::string& from, const std::string& to);
 /// True where the list, or a list in it, plays the file, or is the file.
 bool IsReadByList(const std::string& file, const std::string& list);
 
+/// Why a list can't be saved under this name, in words for the user; empty where it can.
+std::string WhyNoListName(const std::string& path);
 /// Why the file can't be an entry of a list, in words for the user; empty where it can.
 std::string WhyNoListEntry(const std::string& path);

@@ -10,6 +10,8 @@
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
 
+static constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+
 void MainDialog::SetupListViewData() {
     {
         const LListRebuild rebuild(*list);
@@ -36,11 +38,16 @@ void MainDialog::InsertListRows(unsigned int item) {
     std::vector<std::string> lines;
     if (!ReadToneListLines(lines, path.c_str()))
         return;
+    int missing = 0;
     for (const std::string& line : lines) {
-        if (!IsSilence(line) && !FileExists(FindListEntry(line, GetFolder(path)).c_str()))
+        const bool exists = IsSilence(line) || FileExists(FindListEntry(line, GetFolder(path)).c_str());
+        if (!exists && ++missing <= MostBoxes)
             LShowMessageBox("Error", "File \"" + line + "\" does not exist.");
         list->AppendRow(line, item);
     }
+    if (missing > MostBoxes)
+        LShowMessageBox("Error",
+                        std::to_string(missing - MostBoxes) + " more files of the list do not exist.");
     if (list->GetCount() == 0)
         list->AppendRow(path, item);
     else

@@ -3,12 +3,24 @@
 #include "gui/window.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
+#include <numeric>
 
 namespace {
 
 bool Contains(const std::vector<int>& rows, int row) {
     return std::find(rows.begin(), rows.end(), row) != rows.end();
+}
+
+// Of rows in ascending order.
+
+bool IsAmong(const std::vector<int>& ascending, int row) {
+    return std::binary_search(ascending.begin(), ascending.end(), row);
+}
+
+int CountBefore(const std::vector<int>& ascending, int row) {
+    return static_cast<int>(std::lower_bound(ascending.begin(), ascending.end(), row) - ascending.begin());
 }
 
 /// Where a row stands once the row `from` has moved to `to`.
@@ -52,25 +64,36 @@ void LListView::InsertRow(int row, const std::string& text, std::uint32_t data) 
     ShowSelection();
 }
 
-void LListView::DeleteRow(int row) {
-    if (!HasRow(row))
-        return;
-    const bool wasSelected = Contains(selection, row);
-    peer->DeleteRow(row);
-    rows.erase(rows.begin() + row);
-    std::erase(selection, row);
+void LListView::DeleteRows(std::vector<int> deleted) {
+    std::erase_if(deleted, [this](int row) { return !HasRow(row); });
+    std::sort(deleted.begin(), deleted.end());
+    deleted.erase(std::unique(deleted.begin(), deleted.end()), deleted.end());
+    const std::size_t selected = selection.size();
+    TakeRows(deleted);
+    std::erase_if(selection, [&deleted](int row) { return IsAmong(deleted, row); });
     for (int& each : selection)
-        each -= each > row ? 1 : 0;
-    if (current > row || current == GetCount())
-        --current;
+        each -= CountBefore(deleted, each);
+    current = std::min(current - CountBefore(deleted, current), GetCount() - 1);
     ShowSelection();
-    if (wasSelected && !rebuilding)
+    if (selection.size() != selected && !rebuilding)
         Send(commands.selection);
 }
 
 void LListView::DeleteAll() {
-    while (GetCount() > 0)
-        DeleteRow(GetCount() - 1);
+    std::vector<int> all(rows.size());
+    std::iota(all.begin(), all.end(), 0);
+    DeleteRows(std::move(all));
+}
+
+/// Takes rows out of the list as it is shown, and answers them; the selection is left to the caller.
+std::vector<LListView::Row> LListView::TakeRows(const std::vector<int>& ascending) {
+    std::vector<Row> taken, left;
+    for (int row = 0; row < GetCount(); ++row)
+        (IsAmong(ascending, row) ? taken : left).push_back(std::move(rows[static_cast<std::size_t>(row)]));
+    rows = std::move(left);
+    peer->SetSelection({}, -1); // which would be kept up with every row that goes
+    std::for_each(ascending.rbegin(), ascending.rend(), [this](int row) { peer->DeleteRow(row); });
+    return taken;
 }
 
 void LListView::MoveRow(int from, int to) {
@@ -150,21 +173,29 @@ void LListView::SelectionChanged(const std::vector<int>& chosen, int newCurrent)
 }
 
 void LListView::RowsDragged(int before) {
-    const std::vector<int> placesBefore = selection;
     std::vector<int> dragged = selection;
     std::sort(dragged.begin(), dragged.end());
-    int target = before;
-    for (int i = 0; i < static_cast<int>(dragged.size()); ++i) {
-        // Rows above the target that have left make it move up; those that have arrived stand before the next
-        // one.
-        const int row = dragged[static_cast<std::size_t>(i)];
-        if (row < before)
-            MoveRow(row - i, before - 1);
-        else
-            MoveRow(row, target++);
-    }
-    if (selection != placesBefore)
-        Send(commands.rowsMoved);
+    const int target = before - CountBefore(dragged, before);
+    const auto placeOf = [&](int row) {
+        if (IsAmong(dragged, row))
+            return target + CountBefore(dragged, row);
+        const int among = row - CountBefore(dragged, row);
+        return among < target ? among : among + static_cast<int>(dragged.size());
+    };
+    std::vector<int> places = selection;
+    std::transform(places.begin(), places.end(), places.begin(), placeOf);
+    if (places == selection)
+        return;
+    const int newCurrent = HasRow(current) ? placeOf(current) : -1;
+    std::vector<Row> moved = TakeRows(dragged);
+    for (int i = 0; i < static_cast<int>(moved.size()); ++i)
+        peer->InsertRow(target + i, moved[static_cast<std::size_t>(i)].texts);
+    rows.insert(rows.begin() + target, std::make_move_iterator(moved.begin()),
+                std::make_move_iterator(moved.end()));
+    selection = places;
+    current = newCurrent;
+    ShowSelection();
+    Send(commands.rowsMoved);
 }
 
 void LListView::FilesDropped(const std::vector<std::string>& paths, int before) {
@@ -182,10 +213,12 @@ LListRebuild::LListRebuild(LListView& rebuilt) : list(rebuilt) {
 }
 
 LListRebuild::~LListRebuild() {
-    const std::vector<Key> keys = KeysOfAllRows();
-    const auto rowOf = [&keys](const Key& key) {
-        const auto found = std::find(keys.begin(), keys.end(), key);
-        return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
+    std::map<Key, int> rows;
+    for (const Key& key : KeysOfAllRows())
+        rows.emplace(key, static_cast<int>(rows.size()));
+    const auto rowOf = [&rows](const Key& key) {
+        const auto found = rows.find(key);
+        return found == rows.end() ? -1 : found->second;
     };
     for (const Key& key : selected)
         if (const int row = rowOf(key); row >= 0)

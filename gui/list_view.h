@@ -36,7 +36,8 @@ public:
     /// A `row` beyond the last appends.
     void InsertRow(int row, const std::string& text, std::uint32_t data = 0);
     void AppendRow(const std::string& text, std::uint32_t data = 0) { InsertRow(GetCount(), text, data); }
-    void DeleteRow(int row);
+    void DeleteRow(int row) { DeleteRows({row}); }
+    void DeleteRows(std::vector<int> deleted);
     void DeleteAll();
     /// The row keeps its selection; `to` is its index afterwards.
     void MoveRow(int from, int to);
@@ -58,6 +59,8 @@ private:
         std::vector<std::string> texts;
         std::uint32_t data = 0;
     };
+
+    std::vector<Row> TakeRows(const std::vector<int>& ascending);
 
     bool HasRow(int row) const { return row >= 0 && row < GetCount(); }
     void Take(const std::vector<int>& chosen, int newCurrent);
@@ -98,7 +101,7 @@ private:
         std::uint32_t data;
         int occurrence; ///< how many rows with the same data stand above it
 
-        bool operator==(const Key&) const = default;
+        auto operator<=>(const Key&) const = default;
     };
 
     std::vector<Key> KeysOfAllRows() const;

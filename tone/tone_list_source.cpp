@@ -151,7 +151,7 @@ LSoundSource OpenToneList(const std::string& path, ToneListReport* report) {
 }
 
 std::string FindListEntry(const std::string& path, const std::string& folder) {
-    if (folder.empty() || path.empty() || path.front() == '/')
+    if (folder.empty() || folder == "." || path.empty() || path.front() == '/')
         return path;
     const std::string beside = folder + "/" + path;
     return FileExists(beside.c_str()) ? beside : path;

@@ -137,13 +137,23 @@ void LQtListView::SetText(int row, int column, const std::string& text) {
         item->setText(column, ToQt(text));
 }
 
+/// Few ranges, as there may be thousands of rows.
+QItemSelection LQtListView::Ranges(std::vector<int> rows) const {
+    std::sort(rows.begin(), rows.end());
+    QItemSelection ranges;
+    for (auto first = rows.begin(); first != rows.end();) {
+        auto last = first;
+        while (std::next(last) != rows.end() && *std::next(last) == *last + 1)
+            ++last;
+        ranges.append(QItemSelectionRange(list->model()->index(*first, 0), list->model()->index(*last, 0)));
+        first = std::next(last);
+    }
+    return ranges;
+}
+
 void LQtListView::SetSelection(const std::vector<int>& rows, int current) {
     const QSignalBlocker blocker(list);
-    QItemSelection selection;
-    for (const int row : rows) {
-        const QModelIndex index = list->model()->index(row, 0);
-        selection.select(index, index);
-    }
+    const QItemSelection selection = Ranges(rows);
     const QModelIndex currentIndex = list->model()->index(current, 0);
     list->selectionModel()->setCurrentIndex(currentIndex, QItemSelectionModel::NoUpdate);
     list->selectionModel()->select(selection,

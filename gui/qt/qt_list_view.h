@@ -42,6 +42,7 @@ public:
 
 private:
     void TellSelection();
+    QItemSelection Ranges(std::vector<int> rows) const;
 
     QPointer<LQtListWidget> list;
     LListViewEvents& events;

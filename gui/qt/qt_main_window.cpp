@@ -22,15 +22,17 @@ namespace {
 
 constexpr QSize SmallIcon(16, 16);
 constexpr QSize LargeIcon(24, 24);
+constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
 constexpr int FrameTries = 20;
 constexpr int FrameWaitMs = 25;
 
-bool IsOnAScreen(const QRect& frame) {
+/// Null where the frame is on none.
+const QScreen* FindScreen(const QRect& frame) {
     for (const QScreen* screen : QGuiApplication::screens())
         if (screen->availableGeometry().intersects(frame))
-            return true;
-    return false;
+            return screen;
+    return nullptr;
 }
 
 void SetLook(QToolBar& bar, const QSize& icon) {
@@ -65,10 +67,14 @@ void LQtMainWindow::SetCaption(const std::string& caption) {
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
     const QRect frame(geometry.x, geometry.y, geometry.width, geometry.height);
-    if (IsOnAScreen(frame))
+    const QScreen* screen = FindScreen(frame);
+    if (screen)
         move(frame.topLeft()); // of the frame, other than the size
-    resize(frame.size());
-    frameToFit = frame.size();
+    // What was stored on a larger screen would put its edges out of reach.
+    frameToFit = frame.size()
+                     .expandedTo(SmallestFrame)
+                     .boundedTo((screen ? screen : QGuiApplication::primaryScreen())->availableSize());
+    resize(frameToFit);
     setWindowState(geometry.maximized ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 

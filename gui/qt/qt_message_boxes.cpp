@@ -43,6 +43,8 @@ LMessageAnswer AnswerOf(int button, LMessageButtons offered) {
 
 LMessageAnswer LQtMessageBoxes::Show(const std::string& title, const std::string& text,
                                      LMessageButtons buttons) {
+    if (sessionEnd.HasBegun())
+        return AnswerOf(QMessageBox::NoButton, buttons);
     QMessageBox box(FindActiveWindow());
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);

@@ -26,6 +26,6 @@ public:
 
 private:
     QApplication application;
-    LQtMessageBoxes messageBoxes;
     LQtSessionEnd sessionEnd;
+    LQtMessageBoxes messageBoxes{sessionEnd};
 };
