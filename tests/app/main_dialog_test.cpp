@@ -201,8 +201,11 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     WriteBytes(list, "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{list + "="}); });
     WriteBytes(list, "500ms silence.\n250ms silence.\n");
-    Run([&](MemoryMainWindow&) { Send({118, 118}); });
-    EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops";
+    Run([&](MemoryMainWindow&) {
+        EXPECT_EQ(List().selection, Ints{0});
+        Send({118, 118, 2101, 5101});
+    });
+    EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
     std::filesystem::remove(list);
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
 }

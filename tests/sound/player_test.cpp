@@ -274,6 +274,7 @@ TEST_F(Player, AThousandPlaybacksLeaveNothingBehind) {
         } else {
             player.Start(source);
         }
+        player.SetTitle("of the next one"); // while the thread of this one begins
         player.Stop();
     }
     EXPECT_EQ(owner.stops, 1001);
