@@ -67,10 +67,10 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
         window.commands.clear();
         list.MoveRow(4, 0); // e a b c d
         EXPECT_EQ(list.GetSelection(), (Ints{0, 3}));
-        list.InsertRow(1, "x"); // e x a b c d
-        EXPECT_EQ(list.GetSelection(), (Ints{0, 4}));
+        list.InsertRow(0, "x"); // x e a b c d
+        EXPECT_EQ(list.GetSelection(), (Ints{1, 4}));
         EXPECT_TRUE(window.commands.empty()) << "the same rows are selected";
-        list.DeleteRow(0); // x a b c d
+        list.DeleteRow(1); // x a b c d
         EXPECT_EQ(list.GetSelection(), Ints{3});
         EXPECT_EQ(window.commands, Ints{Selection});
         EXPECT_EQ(seen.selection, Ints{3});

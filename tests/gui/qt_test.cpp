@@ -8,7 +8,6 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QDialog>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>

@@ -3,7 +3,6 @@
 #include "support/array_source.h"
 #include "support/owner.h"
 #include "support/process.h"
-#include "support/run_program.h"
 #include "support/sound_server.h"
 #include "sys/background.h"
 #include "tone/tone_data.h"
@@ -13,7 +12,6 @@
 #include <csignal>
 #include <deque>
 #include <thread>
-#include <unistd.h>
 
 namespace {
 
@@ -248,10 +246,10 @@ TEST_F(Playback, TheCommandLinePlays) {
 
     std::string mixer;
     const ProgramResult stopped = RunCli("play " + endless, [&](pid_t program) {
-        for (int i = 0; i < 100 && mixer.find("media.name") == std::string::npos; ++i) {
-            usleep(20'000);
+        WaitFor([&] {
             mixer = server->Control("list sink-inputs");
-        }
+            return mixer.find("media.name") != std::string::npos;
+        });
         kill(program, SIGINT);
     });
     EXPECT_EQ(stopped.status, 1) << "Ctrl-C";

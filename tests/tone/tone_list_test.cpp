@@ -16,7 +16,6 @@
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 class ToneList : public ::testing::Test {
 protected:
