@@ -16,6 +16,7 @@
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 class ToneList : public ::testing::Test {
 protected:
