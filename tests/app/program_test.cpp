@@ -36,8 +36,11 @@ protected:
         EXPECT_TRUE(WaitFor([&] { return ReadBytes(file).ends_with('\n'); })) << name;
         return ReadBytes(file).substr(0, ReadBytes(file).find('\n'));
     }
+    /// One that takes connections all the time: it does without its reset after the last client, such as the
+    /// first look for the window.
     void StartDisplay() {
-        const std::string number = StartServer(display, "Xvfb", "-displayfd 1 -screen 0 1000x700x24");
+        const std::string number =
+            StartServer(display, "Xvfb", "-displayfd 1 -noreset -screen 0 1000x700x24");
         setenv("DISPLAY", (":" + number).c_str(), 1);
     }
     void StartBus() {
