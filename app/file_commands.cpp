@@ -127,8 +127,7 @@ void MainDialog::CmSaveAsWav() {
 }
 
 void MainDialog::CmSaveTDF(const std::string& path) {
-    LUserSettingSetString("settings", "file", path);
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
+    RememberFile(path);
     if (!tone.WriteToFile(path.c_str()))
         ReportUnwritten(path, ExplainError(errno));
 }
@@ -143,7 +142,6 @@ void MainDialog::CmSaveWave(const std::string& path) {
         return;
     }
     LUserSettingSetString("settings", "filedir", GetFolder(path));
-    const bool replacesItsOwn = IsList(tone) && IsReadByList(path, tone.GetListPath());
     ToneListReport report;
     const LSoundSource source = OpenToneEngine(tone, &report);
     if (const std::string reason = WhyNotSaved(tone, source, report); !reason.empty()) {
@@ -152,6 +150,7 @@ void MainDialog::CmSaveWave(const std::string& path) {
     }
     if (!ConfirmProblems(report))
         return;
+    const bool replacesItsOwn = IsReadByList(path, report);
     Render(*this, source, path);
     if (replacesItsOwn)
         RelistandStart();

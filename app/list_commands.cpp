@@ -9,7 +9,7 @@
 #include "sys/file.h"
 #include "sys/message_box.h"
 #include "sys/settings.h"
-#include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
 
 #include <cerrno>
 
@@ -91,7 +91,7 @@ bool MainDialog::CopyList(const std::string& list, const std::string& path) {
         return false;
     }
     std::string refusal = WhyNoListName(path);
-    if (!IsSameFile(list.c_str(), path.c_str()) && IsReadByList(path, list))
+    if (!IsSameFile(list.c_str(), path.c_str()) && IsReadByList(path, ExamineToneList(list)))
         refusal = "the list plays it";
     else if (refusal.empty() && !CopyListFile(list, path))
         refusal = ExplainError(errno);

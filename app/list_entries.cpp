@@ -107,9 +107,8 @@ bool CopyListFile(const std::string& from, const std::string& to) {
                                                        : LFile::CopyFile(from.c_str(), to.c_str());
 }
 
-bool IsReadByList(const std::string& file, const std::string& list) {
-    const std::vector<std::string> files = ExamineToneList(list).files;
-    return std::any_of(files.begin(), files.end(),
+bool IsReadByList(const std::string& file, const ToneListReport& report) {
+    return std::any_of(report.files.begin(), report.files.end(),
                        [&file](const std::string& each) { return IsSameFile(each.c_str(), file.c_str()); });
 }
 

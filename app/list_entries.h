@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+struct ToneListReport;
+
 /// True for a line of a list, and a row that shows it, that stands for a silence or is meant to: it contains
 /// the unit. `ParseToneListLine` takes it for one only where it also ends with a full stop; both are meant.
 bool IsSilence(const std::string& entry);
@@ -25,8 +27,8 @@ std::vector<std::string> ExpandListEntry(const std::string& path);
 /// names in full. The answer of `LFile::SaveFile`.
 bool CopyListFile(const std::string& from, const std::string& to);
 
-/// True where the list, or a list in it, plays the file, or is the file.
-bool IsReadByList(const std::string& file, const std::string& list);
+/// True where the list that was opened with this report, or a list in it, plays the file, or is the file.
+bool IsReadByList(const std::string& file, const ToneListReport& report);
 
 /// Why a list can't be saved under this name, in words for the user; empty where it can.
 std::string WhyNoListName(const std::string& path);

@@ -82,6 +82,8 @@ private:
     void CmLoadFile(const char* path) override;
     void EvRunArguments(const char* const* arguments, int count) override;
     void OpenFromUser(const std::string& path);
+    /// For the next chooser of a tone file.
+    static void RememberFile(const std::string& path);
 
     // file_commands.cpp
     void CmLoadTDF();

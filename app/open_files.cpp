@@ -22,12 +22,6 @@ std::string MakeAbsolute(const std::string& path) {
     return error ? path : full.native();
 }
 
-/// For the next chooser.
-void RememberFile(const std::string& path) {
-    LUserSettingSetString("settings", "file", path);
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
-}
-
 /// One that can't be read leaves the tone as it was.
 bool ReadTone(SonvireData& tone, const std::string& path) {
     SonvireData read;
@@ -38,6 +32,11 @@ bool ReadTone(SonvireData& tone, const std::string& path) {
 }
 
 } // namespace
+
+void MainDialog::RememberFile(const std::string& path) {
+    LUserSettingSetString("settings", "file", path);
+    LUserSettingSetString("settings", "filedir", GetFolder(path));
+}
 
 void MainDialog::CmLoadFile(const char* path) {
     RememberFile(path);

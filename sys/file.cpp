@@ -203,8 +203,8 @@ bool LFile::CopyFile(const char* from, const char* to) {
 }
 
 bool IsSameFile(const char* path, const char* otherPath) {
-    const LFileIdentity file = GetFileIdentity(path);
-    return file.Exists() && file == GetFileIdentity(otherPath);
+    const LFileIdentity identity = GetFileIdentity(path);
+    return identity != LFileIdentity{} && identity == GetFileIdentity(otherPath);
 }
 
 bool FileExists(const char* path) {
