@@ -1,7 +1,7 @@
-#include "app/crash_offer.h"
-#include "app/installer.h"
-#include "app/main_dialog.h"
-#include "app/product.h"
+#include "app/desktop/crash_offer.h"
+#include "app/desktop/installer.h"
+#include "app/desktop/product.h"
+#include "app/window/main_dialog.h"
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
 

@@ -1,11 +1,11 @@
 // The stages of a chain: items are samples that come out.
 
 #include "loop_source.h"
-#include "sound/convert_channels.h"
-#include "sound/convert_rate.h"
 #include "sound/level.h"
-#include "sound/peak_limit.h"
 #include "sound/sample_format.h"
+#include "sound/stages/convert_channels.h"
+#include "sound/stages/convert_rate.h"
+#include "sound/stages/peak_limit.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,9 +1,9 @@
 // Synthesis: items are oscillator samples, so that items per second / 44100 is how many oscillators play at
 // once.
 
-#include "sound/concatenation.h"
-#include "sound/repeat.h"
 #include "sound/sound_source.h"
+#include "sound/stages/concatenation.h"
+#include "sound/stages/repeat.h"
 #include "tone/tone_engine.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
-#include "devices_command.h"
+#include "cli/devices_command.h"
 
-#include "refusal.h"
-#include "sound/play_device.h"
+#include "cli/refusal.h"
+#include "play/play_device.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

@@ -1,20 +1,23 @@
-#include "file_report.h"
+#include "cli/file_report.h"
 
-#include "sound/wave_file.h"
+#include "sound/files/wave_file.h"
 #include "sys/file.h"
-#include "text.h"
+#include "sys/path.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstdio>
 
 namespace {
 
-QString ToQt(const std::string& text) {
-    return QString::fromStdString(text);
+using Json = nlohmann::ordered_json;
+
+/// File names need not be proper UTF-8; what isn't is replaced.
+std::string Write(const Json& object) {
+    return object.dump(4, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 /// mm:ss.mmm
@@ -26,7 +29,7 @@ std::string FormatLength(LSoundTime time) {
 }
 
 FileReport Refused(const std::string& reason) {
-    return {.refusal = reason, .title = {}, .rows = {}, .object = {}};
+    return {.refusal = reason, .title = {}, .rows = {}, .json = {}};
 }
 
 FileReport ReportTone(const std::string& path) {
@@ -38,23 +41,23 @@ FileReport ReportTone(const std::string& path) {
     FileReport report;
     report.title =
         std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
-    QJsonArray items;
+    Json items = Json::array();
     for (const unsigned int item : GetShownItems(tone)) {
         const FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
         report.rows.push_back(row);
-        items.append(QJsonObject{
-            {"item", static_cast<int>(item)}, {"label", ToQt(row.label)}, {"value", ToQt(row.value)}});
+        items.push_back(Json{{"item", static_cast<int>(item)}, {"label", row.label}, {"value", row.value}});
     }
-    report.object = {{"type", "tone"},
-                     {"waveform", tone.GetToneName()},
-                     {"mode", tone.GetModeName()},
-                     {"stereo", stereo},
-                     {"loop", looped},
-                     {"items", items}};
+    Json object = {{"type", "tone"},
+                   {"waveform", tone.GetToneName()},
+                   {"mode", tone.GetModeName()},
+                   {"stereo", stereo},
+                   {"loop", looped},
+                   {"items", items}};
     if (tone.waveform == ToneFromList) {
         report.rows.push_back({"List", tone.GetListPath()});
-        report.object["list"] = ToQt(tone.GetListPath());
+        object["list"] = tone.GetListPath();
     }
+    report.json = Write(object);
     return report;
 }
 
@@ -62,26 +65,26 @@ FileReport ReportList(const std::string& path) {
     FileReport report;
     ToneListReport list;
     const LSoundSource source = OpenToneList(path, &list);
-    QJsonArray entries;
+    Json entries = Json::array();
     for (const ToneListEntry& entry : list.entries) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
                                FormatLength(entry.length)});
-        entries.append(QJsonObject{{"file", ToQt(entry.file)},
-                                   {"depth", entry.depth},
-                                   {"milliseconds", entry.length.GetMilliseconds()},
-                                   {"problem", ToQt(entry.problem)}});
+        entries.push_back(Json{{"file", entry.file},
+                               {"depth", entry.depth},
+                               {"milliseconds", entry.length.GetMilliseconds()},
+                               {"problem", entry.problem}});
     }
     const LSoundTime total = source.GetEnd();
     report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
                    (source->channels == 1 ? "mono" : "stereo");
     report.rows.push_back({"Total", FormatLength(total)});
-    report.object = {{"type", "list"},
-                     {"rate", source->sampleRate},
-                     {"channels", source->channels},
-                     {"milliseconds", total.GetMilliseconds()},
-                     {"entries", entries}};
+    report.json = Write({{"type", "list"},
+                         {"rate", source->sampleRate},
+                         {"channels", source->channels},
+                         {"milliseconds", total.GetMilliseconds()},
+                         {"entries", entries}});
     return report;
 }
 
@@ -97,13 +100,13 @@ FileReport ReportWave(const std::string& path) {
                    {"Channels", std::to_string(source->channels)},
                    {"Frames", std::to_string(source->GetEndSample())},
                    {"Length", FormatLength(source.GetEnd())}};
-    report.object = {{"type", "wave"},
-                     {"rate", source->sampleRate},
-                     {"channels", source->channels},
-                     {"frames", source->GetEndSample()},
-                     {"milliseconds", source.GetEnd().GetMilliseconds()},
-                     {"streaming", source->IsStreaming()},
-                     {"cutShort", cutShort}};
+    report.json = Write({{"type", "wave"},
+                         {"rate", source->sampleRate},
+                         {"channels", source->channels},
+                         {"frames", source->GetEndSample()},
+                         {"milliseconds", source.GetEnd().GetMilliseconds()},
+                         {"streaming", source->IsStreaming()},
+                         {"cutShort", cutShort}});
     return report;
 }
 
@@ -120,19 +123,14 @@ std::string FileReport::ToText() const {
     return text;
 }
 
-std::string FileReport::ToJson() const {
-    return QJsonDocument(object).toJson().toStdString();
-}
-
 FileReport ReportFile(const std::string& path) {
     if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
         return Refused(reason);
-    const std::string extension = ToLower(GetPathExtension(path));
-    if (extension == ".tdf")
+    if (HasExtension(path, ".tdf"))
         return ReportTone(path);
-    if (extension == ".tdl")
+    if (HasExtension(path, ".tdl"))
         return ReportList(path);
-    if (extension == ".wav")
+    if (HasExtension(path, ".wav"))
         return ReportWave(path);
     return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QJsonObject>
 #include <string>
 #include <vector>
 
@@ -14,11 +13,10 @@ struct FileReport {
     std::string refusal; ///< why the file can't be shown; empty where it can
     std::string title;   ///< one line above the rows
     std::vector<Row> rows;
-    QJsonObject object;
+    std::string json; ///< the same as an object, for scripts
 
     /// The rows in two columns.
     std::string ToText() const;
-    std::string ToJson() const;
 };
 
 /// Told apart by the extension in any case.

@@ -1,9 +1,10 @@
-#include "make_command.h"
+#include "cli/make_command.h"
 
-#include "refusal.h"
+#include "cli/refusal.h"
+#include "cli/text.h"
+#include "cli/tone_options.h"
 #include "sys/file.h"
-#include "text.h"
-#include "tone_options.h"
+#include "sys/path.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -23,7 +24,7 @@ int Make(const MakeOptions& options) {
     const DescribedTone described = MakeTone(options.tone);
     if (!described.problem.empty())
         return Misuse(described.problem);
-    if (ToLower(GetPathExtension(options.output)) != ".tdf")
+    if (!HasExtension(options.output, ".tdf"))
         return Refuse(options.output, "is no name for a tone file, which ends in .tdf");
     if (!described.tone.WriteToFile(options.output.c_str()))
         return Refuse(options.output, "can't be written: " + ExplainError(errno));

@@ -1,13 +1,13 @@
-#include "play_command.h"
+#include "cli/play_command.h"
 
-#include "interrupt.h"
-#include "play_display.h"
-#include "refusal.h"
-#include "sound/sound_player.h"
-#include "sound_input.h"
-#include "sys/event_loop.h"
-#include "text.h"
-#include "tone_options.h"
+#include "cli/interrupt.h"
+#include "cli/play_display.h"
+#include "cli/refusal.h"
+#include "cli/text.h"
+#include "cli/tone_options.h"
+#include "jobs/sound_input.h"
+#include "play/sound_player.h"
+#include "sys/desktop/event_loop.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

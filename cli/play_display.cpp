@@ -1,4 +1,4 @@
-#include "play_display.h"
+#include "cli/play_display.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sound/player_notify.h"
-#include "sys/event_loop.h"
+#include "play/player_notify.h"
+#include "sys/desktop/event_loop.h"
 
 #include <chrono>
 

@@ -1,6 +1,6 @@
-#include "printed_messages.h"
+#include "cli/printed_messages.h"
 
-#include "refusal.h"
+#include "cli/refusal.h"
 
 LMessageAnswer PrintedMessages::Show(const std::string& title, const std::string& text,
                                      LMessageButtons buttons) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 
 /// Prints message boxes on standard error; whatever may be answered is answered with the first button.
 class PrintedMessages : public LMessageBoxPort {

@@ -1,6 +1,6 @@
-#include "progress_line.h"
+#include "cli/progress_line.h"
 
-#include "interrupt.h"
+#include "cli/interrupt.h"
 
 #include <algorithm>
 #include <cstdio>

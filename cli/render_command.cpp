@@ -1,15 +1,16 @@
-#include "render_command.h"
+#include "cli/render_command.h"
 
-#include "interrupt.h"
-#include "progress_line.h"
-#include "refusal.h"
+#include "cli/interrupt.h"
+#include "cli/progress_line.h"
+#include "cli/refusal.h"
+#include "cli/text.h"
+#include "cli/tone_options.h"
+#include "jobs/sound_input.h"
+#include "jobs/wave_output.h"
+#include "sound/files/wave_file.h"
 #include "sound/render_job.h"
-#include "sound/wave_file.h"
-#include "sound_input.h"
 #include "sys/file.h"
-#include "text.h"
-#include "tone_options.h"
-#include "wave_output.h"
+#include "sys/path.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -92,13 +93,12 @@ LProcessResult RunJob(const LSoundSource& source, const WaveOutput& output, bool
 
 /// True where `file` is what the output leads to.
 bool IsWritten(const std::string& output, const std::string& file) {
-    return IsSameFile(file.c_str(), output == "-" ? "/dev/stdout" : output.c_str());
+    return IsSameFile(file, output == "-" ? "/dev/stdout" : output);
 }
 
 /// Why this output must not be written for this input; empty where it may.
 std::string WhyNotWritable(const std::string& output, const SoundInput& input) {
-    const std::string extension = ToLower(GetPathExtension(output));
-    if (extension == ".tdf" || extension == ".tdl")
+    if (HasExtension(output, ".tdf") || HasExtension(output, ".tdl"))
         return "is no name for a WAVE file";
     for (const std::string& file : input.files)
         if (IsWritten(output, file))

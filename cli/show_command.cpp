@@ -1,7 +1,7 @@
-#include "show_command.h"
+#include "cli/show_command.h"
 
-#include "file_report.h"
-#include "refusal.h"
+#include "cli/file_report.h"
+#include "cli/refusal.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -21,7 +21,7 @@ int Show(const ShowOptions& options) {
     const FileReport report = ReportFile(options.input);
     if (!report.refusal.empty())
         return Refuse(options.input, report.refusal);
-    const std::string text = options.json ? report.ToJson() : report.ToText();
+    const std::string text = options.json ? report.json : report.ToText();
     std::fputs(text.c_str(), stdout);
     return std::fflush(stdout) == 0 ? ExitCompleted : Refuse("standard output", "could not be written");
 }

@@ -1,6 +1,6 @@
-#include "tone_options.h"
+#include "cli/tone_options.h"
 
-#include "text.h"
+#include "cli/text.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

@@ -1,15 +1,24 @@
 # One folder, one static library, one level of the stack. A layer sees its own headers and those of the layers it
-# links, and no others: each folder is reached through a directory of its own that holds nothing but a link to it.
+# links, and no others: each folder is reached through a directory of its own that holds nothing but links to its
+# headers.
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 
+find_program(SONVIRE_CCACHE ccache)
+mark_as_advanced(SONVIRE_CCACHE)
+if(SONVIRE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # A precompiled header is told apart by its content, which ccache looks at only if it may.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${SONVIRE_CCACHE})
+endif()
+
 add_library(sonvire_options INTERFACE)
 target_compile_features(sonvire_options INTERFACE cxx_std_20)
 target_compile_options(sonvire_options INTERFACE
-  -Wall -Wextra -Wconversion -Werror
+  -Wall -Wextra -Wconversion # errors in the developers' presets
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion> # which -Wconversion does not mean to GCC in C++
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> # false alarms about std::string in GCC 12
+  "$<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow>" # false alarms about std::string in GCC 12
+  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess> # so that ccache sees which precompiled header is used
   -Wno-unknown-warning-option # for tools that read these flags with another compiler
   -ffp-contract=off # double expressions are evaluated as they are written, on every processor
   )
@@ -19,16 +28,32 @@ if(SONVIRE_SANITIZE)
   target_link_options(sonvire_options INTERFACE -fsanitize=${SONVIRE_SANITIZE})
 endif()
 
-# sonvire_layer(NAME SOURCES file... [LINKS layer...]): the static library of the folder this is called in.
-function(sonvire_layer name)
-  cmake_parse_arguments(LAYER "" "" "SOURCES;LINKS" ${ARGN})
-  add_library(sonvire_${name} STATIC ${LAYER_SOURCES})
+# sonvire_layer(FOLDER [PARTS subfolder...] [WITHOUT file...] [LINKS layer...]): the static library of FOLDER, which
+# is called sonvire_FOLDER, from all sources that stand in it and in those of its subfolders that are a part of it.
+function(sonvire_layer folder)
+  cmake_parse_arguments(LAYER "" "" "PARTS;WITHOUT;LINKS" ${ARGN})
+  string(REPLACE / _ name ${folder})
+  set(sources)
   set(root ${CMAKE_BINARY_DIR}/layers/${name})
-  file(MAKE_DIRECTORY ${root})
-  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${name} SYMBOLIC)
+  foreach(part "" ${LAYER_PARTS})
+    file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.cpp)
+    list(APPEND sources ${found})
+    file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.h)
+    file(REMOVE_RECURSE ${root}/${folder}/${part})
+    file(MAKE_DIRECTORY ${root}/${folder}/${part})
+    foreach(header ${headers})
+      get_filename_component(file ${header} NAME)
+      file(CREATE_LINK ${header} ${root}/${folder}/${part}/${file} SYMBOLIC)
+    endforeach()
+  endforeach()
+  if(LAYER_WITHOUT)
+    list(REMOVE_ITEM sources ${LAYER_WITHOUT})
+  endif()
+  add_library(sonvire_${name} STATIC ${sources})
   # For #include "..." only, so that sys/ does not stand before the system's <sys/...>.
   target_compile_options(sonvire_${name} PUBLIC "SHELL:-iquote ${root}")
-  list(TRANSFORM LAYER_LINKS PREPEND sonvire_)
+  list(TRANSFORM LAYER_LINKS REPLACE "(.+)" "sonvire_\\1")
+  list(TRANSFORM LAYER_LINKS REPLACE / _)
   target_link_libraries(sonvire_${name} PUBLIC sonvire_options ${LAYER_LINKS})
 endfunction()
 

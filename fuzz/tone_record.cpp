@@ -1,7 +1,7 @@
 // Any bytes as a tone data file: read it, then render a second of it.
 
 #include "input_file.h"
-#include "sound/peak_limit.h"
+#include "sound/stages/peak_limit.h"
 #include "tone/tone_engine.h"
 
 #include <vector>

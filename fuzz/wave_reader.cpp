@@ -1,8 +1,8 @@
 // Any bytes as a WAVE file: open it, read it in odd sizes, seek about, and convert it.
 
 #include "input_file.h"
-#include "sound/convert_rate.h"
-#include "sound/wave_file.h"
+#include "sound/files/wave_file.h"
+#include "sound/stages/convert_rate.h"
 
 #include <vector>
 

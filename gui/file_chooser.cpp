@@ -2,39 +2,26 @@
 
 #include "gui/toolkit.h"
 #include "gui/window.h"
+#include "sys/desktop/message_box.h"
 #include "sys/file.h"
-#include "sys/message_box.h"
+#include "sys/path.h"
 
 #include <cctype>
-#include <filesystem>
 
 namespace {
-
-std::string NameOf(const std::string& path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/'));
-}
 
 std::string ExtensionFor(const LFileChooser& chooser, int filter) {
     if (filter > 0 && filter < static_cast<int>(chooser.filters.size()))
         for (const std::string& pattern : SplitPatterns(chooser.filters[static_cast<std::size_t>(filter)]))
-            return GetPathExtension(pattern);
+            return GetExtension(pattern);
     return chooser.defaultExtension.empty() ? std::string() : "." + chooser.defaultExtension;
 }
 
 /// What stands behind a dot and begins with a digit belongs to the name, as in "1.5kHz".
-bool HasExtension(const std::string& path) {
-    const std::string extension = GetPathExtension(NameOf(path));
+bool NamesAKind(const std::string& path) {
+    const std::string extension = GetExtension(path);
     return !extension.empty() &&
            (extension.size() == 1 || std::isdigit(static_cast<unsigned char>(extension[1])) == 0);
-}
-
-bool Exists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(path, ignored);
 }
 
 bool MayReplace(const std::string& path) {
@@ -59,23 +46,23 @@ std::vector<std::string> SplitPatterns(const LFileFilter& filter) {
 
 std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
     LFileChooser shown = chooser;
-    shown.name = NameOf(chooser.name);
+    shown.name = GetFileName(chooser.name);
     const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Read);
     if (!chosen)
         return {};
-    chooser.folder = FolderOf(chosen->path);
+    chooser.folder = GetFolder(chosen->path);
     return chosen->path;
 }
 
 std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
     LFileChooser shown = chooser;
-    shown.name = NameOf(chooser.name);
+    shown.name = GetFileName(chooser.name);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
         const std::string path =
-            chosen->path + (HasExtension(chosen->path) ? "" : ExtensionFor(chooser, chosen->filter));
-        shown.name = NameOf(path);
-        shown.folder = FolderOf(path);
-        if (Exists(path) && !MayReplace(path))
+            chosen->path + (NamesAKind(chosen->path) ? "" : ExtensionFor(chooser, chosen->filter));
+        shown.name = GetFileName(path);
+        shown.folder = GetFolder(path);
+        if (FileExists(path) && !MayReplace(path))
             continue;
         chooser.folder = shown.folder;
         return path;

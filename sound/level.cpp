@@ -1,6 +1,6 @@
 #include "sound/level.h"
 
-#include "sound/kernels.h"
+#include "sound/stages/kernels.h"
 
 #include <cmath>
 #include <cstddef>

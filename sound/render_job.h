@@ -1,8 +1,8 @@
 #pragma once
 
-#include "sound/convert_rate.h"
-#include "sound/peak_limit.h"
 #include "sound/sound_sink.h"
+#include "sound/stages/convert_rate.h"
+#include "sound/stages/peak_limit.h"
 #include "sys/process_result.h"
 
 #include <algorithm>

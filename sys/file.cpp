@@ -1,5 +1,6 @@
 #include "sys/file.h"
 
+#include "sys/path.h"
 #include "sys/replaced_file.h"
 
 #include <algorithm>
@@ -202,20 +203,6 @@ bool LFile::CopyFile(const char* from, const char* to) {
     return SaveFile(to, content.data(), static_cast<unsigned int>(content.size()));
 }
 
-bool IsSameFile(const char* path, const char* otherPath) {
-    const LFileIdentity identity = GetFileIdentity(path);
-    return identity != LFileIdentity{} && identity == GetFileIdentity(otherPath);
-}
-
-bool FileExists(const char* path) {
-    return access(path, F_OK) == 0;
-}
-
-std::string GetFolder(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : path.substr(0, std::max<std::size_t>(slash, 1));
-}
-
 std::string WhyUnreadable(const char* path) {
     struct stat info {};
     if (stat(path, &info) != 0)
@@ -229,9 +216,4 @@ std::string WhyUnreadable(const char* path) {
 
 std::string ExplainError(int error) {
     return error == EWOULDBLOCK ? "another program is using it" : std::strerror(error);
-}
-
-std::string GetPathExtension(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    return dot == std::string::npos ? std::string() : path.substr(dot);
 }

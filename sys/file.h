@@ -130,19 +130,8 @@ public:
     static bool CopyFile(const char* from, const char* to);
 };
 
-/// True where both paths lead to one existing file, whatever links lie between.
-bool IsSameFile(const char* path, const char* otherPath);
-
-bool FileExists(const char* path);
-
-/// The folder part of a path, "." where it has none.
-std::string GetFolder(const std::string& path);
-
 /// Why `path` cannot be read as a file, in words for the user; empty where it can.
 std::string WhyUnreadable(const char* path);
 
 /// What an `errno` of this file's functions means, in words for the user.
 std::string ExplainError(int error);
-
-/// The path's extension with its dot: the text from the last "." of the whole path, empty without one.
-std::string GetPathExtension(const std::string& path);

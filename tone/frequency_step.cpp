@@ -1,4 +1,4 @@
-#include "sys/settings.h"
+#include "sys/desktop/settings.h"
 #include "tone/tone_items.h"
 
 #include <cmath>

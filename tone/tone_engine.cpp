@@ -1,6 +1,6 @@
 #include "tone/tone_engine.h"
 
-#include "sound/repeat.h"
+#include "sound/stages/repeat.h"
 #include "tone/periodic_tone.h"
 #include "tone/pink_noise.h"
 #include "tone/tone_list_source.h"

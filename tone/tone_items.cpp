@@ -1,6 +1,6 @@
 #include "tone/tone_items.h"
 
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 #include "sys/parse.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "tone/tone_list_nesting.h"
 
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 #include "tone/tone_list_file.h"
 
 #include <algorithm>

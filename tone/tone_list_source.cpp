@@ -1,8 +1,9 @@
 #include "tone/tone_list_source.h"
 
-#include "sound/wave_file.h"
+#include "sound/files/wave_file.h"
+#include "sys/desktop/message_box.h"
 #include "sys/file.h"
-#include "sys/message_box.h"
+#include "sys/path.h"
 #include "tone/tone_engine.h"
 
 #include <utility>
@@ -20,6 +21,12 @@ LSoundSource OpenWave(ToneListEntry& entry) {
     else if (!usable && entry.problem.empty())
         entry.problem = LWaveFile::ExplainStatus(source->status);
     return source;
+}
+
+/// From the last "." of the whole path on, also where that stands in a folder's name; that is meant.
+std::string GetEntryExtension(const std::string& path) {
+    const std::size_t dot = path.rfind('.');
+    return dot == std::string::npos ? std::string() : path.substr(dot);
 }
 
 bool IsEverLeft(const SonvireData& tone) {
@@ -83,7 +90,7 @@ void SSFromList::AddFile(const std::string& written) {
     report.files.push_back(entry.file);
     const std::size_t place = report.entries.size(); // before the entries of a list
     report.entries.push_back(entry);
-    const LSoundSource source = OpenFile(GetPathExtension(written), entry);
+    const LSoundSource source = OpenFile(GetEntryExtension(written), entry);
     report.entries[place] = std::move(entry);
     AddSource(source);
     source->Unload();
@@ -154,5 +161,5 @@ std::string FindListEntry(const std::string& path, const std::string& folder) {
     if (folder.empty() || folder == "." || path.empty() || path.front() == '/')
         return path;
     const std::string beside = folder + "/" + path;
-    return FileExists(beside.c_str()) ? beside : path;
+    return FileExists(beside) ? beside : path;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sound/concatenation.h"
+#include "sound/stages/concatenation.h"
 #include "tone/tone_list_file.h"
 #include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"

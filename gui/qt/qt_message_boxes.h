@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gui/qt/qt_session_end.h"
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 
 /// Shows message boxes modally over the window that is active.
 class LQtMessageBoxes : public LMessageBoxPort {

@@ -1,6 +1,6 @@
 // The program itself, with a display and a sound server of the test's own: keys go in, sound comes out.
 
-#include "sound/wave_file.h"
+#include "sound/files/wave_file.h"
 #include "support/sound_server.h"
 #include "tone/tone_data.h"
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/command_ids.h"
-#include "app/main_dialog.h"
+#include "app/window/command_ids.h"
+#include "app/window/main_dialog.h"
 #include "support/memory_toolkit.h"
 #include "support/owner.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
-#include "sys/settings.h"
-#include "sys/user_data.h"
+#include "sys/desktop/settings.h"
+#include "sys/desktop/user_data.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "gui/toolkit.h"
 #include "support/memory_window.h"
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 
 #include <deque>
 #include <mutex>

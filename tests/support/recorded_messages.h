@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sys/message_box.h"
+#include "sys/desktop/message_box.h"
 
 #include <numeric>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sound/channel_feed.h"
-#include "sound/sound_channel.h"
+#include "play/channel_feed.h"
+#include "play/sound_channel.h"
 
 #include <algorithm>
 #include <mutex>

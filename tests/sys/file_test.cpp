@@ -1,6 +1,7 @@
 #include "support/full_disk.h"
 #include "support/temp_dir.h"
 #include "sys/file.h"
+#include "sys/path.h"
 #include "sys/replaced_file.h"
 
 #include <gtest/gtest.h>
@@ -9,13 +10,24 @@
 
 namespace {
 
-TEST(File, TheExtensionStartsAtTheLastDotOfTheWholePath) {
+TEST(Path, IsTakenApart) {
     struct {
-        const char *path, *extension;
+        const char *path, *folder, *name, *extension;
     } const cases[] = {
-        {"a.tdf", ".tdf"}, {"a.b/c.TDL", ".TDL"}, {"a.b/c", ".b/c"}, {"plain", ""}, {"dot.", "."}};
-    for (const auto& each : cases)
-        EXPECT_EQ(GetPathExtension(each.path), each.extension);
+        {"a.tdf", ".", "a.tdf", ".tdf"},
+        {"a.b/c.TDL", "a.b", "c.TDL", ".TDL"},
+        {"a.b/c", "a.b", "c", ""},
+        {"/plain", "/", "plain", ""},
+        {"/x/y/1.5.wav", "/x/y", "1.5.wav", ".wav"},
+        {"dot.", ".", "dot.", "."},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(GetFolder(each.path), each.folder);
+        EXPECT_EQ(GetFileName(each.path), each.name);
+        EXPECT_EQ(GetExtension(each.path), each.extension);
+    }
+    EXPECT_TRUE(HasExtension("a.b/c.TDL", ".tdl"));
+    EXPECT_FALSE(HasExtension("a.tdl/c", ".tdl"));
 }
 
 TEST(File, OneFileIsFoundThroughLinks) {
@@ -24,10 +36,10 @@ TEST(File, OneFileIsFoundThroughLinks) {
     WriteBytes(dir / "b", "x");
     std::filesystem::create_symlink(dir / "a", dir / "soft");
     std::filesystem::create_hard_link(dir / "a", dir / "hard");
-    EXPECT_TRUE(IsSameFile((dir / "a").c_str(), (dir / "./a").c_str()));
-    EXPECT_TRUE(IsSameFile((dir / "soft").c_str(), (dir / "hard").c_str()));
-    EXPECT_FALSE(IsSameFile((dir / "a").c_str(), (dir / "b").c_str()));
-    EXPECT_FALSE(IsSameFile((dir / "no").c_str(), (dir / "no").c_str()));
+    EXPECT_TRUE(IsSameFile(dir / "a", dir / "./a"));
+    EXPECT_TRUE(IsSameFile(dir / "soft", dir / "hard"));
+    EXPECT_FALSE(IsSameFile(dir / "a", dir / "b"));
+    EXPECT_FALSE(IsSameFile(dir / "no", dir / "no"));
 }
 
 TEST(ReplacedFile, OldOrNewButNothingBetween) {

@@ -2,7 +2,7 @@
 #include "support/reference.h"
 #include "tone/tone_engine.h"
 
-#include "sound/peak_limit.h"
+#include "sound/stages/peak_limit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "support/recorded_messages.h"
-#include "sys/settings.h"
+#include "sys/desktop/settings.h"
 #include "tone/tone_items.h"
 
 #include <gmock/gmock.h>

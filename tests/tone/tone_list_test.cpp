@@ -6,7 +6,7 @@
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
-#include "sound/wave_file.h"
+#include "sound/files/wave_file.h"
 
 #include <gmock/gmock.h>
 

@@ -1,0 +1,19 @@
+#include "app/desktop/about_dlg.h"
+
+#include "app/desktop/about_dlg_layout.h"
+#include "app/desktop/help_pages.h"
+#include "app/desktop/web_links.h"
+
+AboutDlg::AboutDlg() : LDialog(AboutDlgLayout) {}
+
+void AboutDlg::InitDialog() {
+    SetFocus(LCommandOk); // rather than the first link
+}
+
+void AboutDlg::Command(int command) {
+    OpenWebLink(*this, command);
+}
+
+void AboutDlg::CmHelp() {
+    OpenHelpPage(*this, HelpPage::Start);
+}

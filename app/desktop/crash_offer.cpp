@@ -1,0 +1,39 @@
+#include "app/desktop/crash_offer.h"
+
+#include "app/desktop/product.h"
+#include "app/desktop/web_links.h"
+#include "app/window/command_ids.h"
+#include "gui/toolkit.h"
+#include "sys/desktop/crash_report.h"
+#include "sys/desktop/file_url.h"
+#include "sys/desktop/message_box.h"
+#include "sys/desktop/user_data.h"
+
+#include <cstdio>
+
+namespace {
+
+std::string ReportPath() {
+    return GetUserDataFolder() + "/crash-report.txt";
+}
+
+} // namespace
+
+void InstallCrashReport() {
+    LInstallCrashReport(ReportPath(), std::string(ProductAndVersion) +
+                                          " ended unexpectedly.\nPlease send this report to us: " +
+                                          GetWebLink(CommandReportProblem) + "\n");
+}
+
+void OfferCrashReport(LWindow& parent) {
+    const std::string offered = GetUserDataFolder() + "/last-crash-report.txt";
+    if (std::rename(ReportPath().c_str(), offered.c_str()) != 0)
+        return;
+    const LMessageAnswer answer =
+        LShowMessageBox("Sonvire",
+                        "Sonvire ended unexpectedly the last time.\n\nDo you want to see the report, so that "
+                        "you can send it to us?",
+                        LMessageButtons::YesNo);
+    if (answer == LMessageAnswer::Yes && !parent.GetToolkit().OpenUrl(MakeFileUrl(offered)))
+        LShowMessageBox("Sonvire", "No program was found that shows the report. It is \"" + offered + "\".");
+}

@@ -1,0 +1,49 @@
+#include "app/desktop/web_links.h"
+
+#include "app/window/command_ids.h"
+#include "gui/toolkit.h"
+#include "sys/desktop/message_box.h"
+#include "sys/desktop/settings.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr const char* WebSite = SONVIRE_WEB_SITE; // ends in "/"
+
+struct WebLink {
+    int command;
+    const char* page; ///< below the web site
+};
+constexpr WebLink WebLinks[] = {
+    {CommandWebSite, ""},
+    {CommandReportProblem, "problem.html"},
+};
+
+} // namespace
+
+std::string GetWebLink(int command) {
+    const auto* link = std::find_if(std::begin(WebLinks), std::end(WebLinks),
+                                    [command](const WebLink& each) { return each.command == command; });
+    return link == std::end(WebLinks) ? std::string() : std::string(WebSite) + link->page;
+}
+
+bool OpenWebLink(LWindow& parent, int command) {
+    const std::string address = GetWebLink(command);
+    if (!address.empty())
+        OpenWebPage(parent, address);
+    return !address.empty();
+}
+
+void OpenWebPage(LWindow& parent, const std::string& address) {
+    if (!parent.GetToolkit().OpenUrl(address))
+        LShowMessageBox("Sonvire", "No program was found that shows web pages. The address is " + address);
+}
+
+void OpenThankYouPageOnce(LToolkit& toolkit) {
+    if (toolkit.IsSessionEnding() || LUserSettingGet("Settings", "Thanks", false))
+        return;
+    LUserSettingSet("Settings", "Thanks", true);
+    toolkit.OpenUrl(std::string(WebSite) + "thanks.html");
+}

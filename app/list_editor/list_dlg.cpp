@@ -1,0 +1,247 @@
+#include "app/list_editor/list_dlg.h"
+
+#include "app/desktop/help_pages.h"
+#include "app/list_editor/edited_list.h"
+#include "app/list_editor/list_dlg_layout.h"
+#include "app/list_editor/list_entries.h"
+#include "app/window/file_reports.h"
+#include "app/window/time_text.h"
+#include "gui/file_chooser.h"
+#include "gui/numeric_edit.h"
+#include "sys/desktop/message_box.h"
+#include "sys/desktop/settings.h"
+#include "sys/file.h"
+#include "sys/path.h"
+#include "tone/tone_data.h"
+#include "tone/tone_list_file.h"
+#include "tone/tone_list_report.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* Columns[] = {"Tone"};
+constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
+constexpr std::uint32_t UnknownLength = UINT32_MAX;
+
+std::uint32_t MeasureEntry(const std::string& entry) {
+    const ToneListEntry measured = ExamineToneListEntry(entry);
+    return measured.problem.empty() ? static_cast<std::uint32_t>(measured.length.GetMilliseconds())
+                                    : UnknownLength;
+}
+
+} // namespace
+
+ListDlg::ListDlg() : LDialog(ListDlgLayout) {}
+
+void ListDlg::Command(int command) {
+    switch (command) {
+    case ListAddTone:
+        CmAddTone();
+        break;
+    case ListAddSilence:
+        CmAddSilence();
+        break;
+    case ListMoveUp:
+        CmMoveUp();
+        break;
+    case ListMoveDown:
+        CmMoveDown();
+        break;
+    case ListRemove:
+        CmRemove();
+        break;
+    case ListSave:
+        CmSaveList();
+        break;
+    case ListSaveAs:
+        CmSaveAs();
+        break;
+    case ListRowsDragged:
+        Modify();
+        break;
+    default:
+        EnableControls();
+    }
+}
+
+void ListDlg::InitDialog() {
+    list = std::make_unique<LListView>(*this, ListRows);
+    list->SetColumns(Columns);
+    list->BindCommands({.selection = ListSelectionChanged, .rowsMoved = ListRowsDragged});
+    list->EnableDragging();
+    OpenList();
+    list->SetFocus();
+    ShowTotal();
+}
+
+void ListDlg::OpenList() {
+    file = GetEditedList();
+    if (!file.empty()) {
+        if (IsTemporaryList(file))
+            replacedList = file;
+        const LListRebuild rebuild(*list);
+        CmAddToneToLV(file, 0);
+        untitled = GetExtension(file) != ".tdl";
+        return;
+    }
+    file = newList = CreateTemporaryList();
+    if (newList.empty())
+        ReportUnwritten("/var/tmp", ExplainError(errno));
+    SetEditedList(newList);
+}
+
+void ListDlg::DestroyDialog() {
+    list.reset();
+    if (accepted && !replacedList.empty() && file != replacedList)
+        unlink(replacedList.c_str());
+    const bool isUsed = accepted && file == newList;
+    if (newList.empty() || isUsed)
+        return;
+    unlink(newList.c_str());
+    if (GetEditedList() == newList)
+        SetEditedList({});
+}
+
+void ListDlg::EnableControls() {
+    const bool one = list->GetSelection().size() == 1;
+    EnableControl(ListMoveUp, one);
+    EnableControl(ListMoveDown, one);
+}
+
+bool ListDlg::CmOk() {
+    accepted = !modified || KeepChanges();
+    if (accepted)
+        SetEditedList(file); // another editor may have been opened over this one
+    return accepted;
+}
+
+void ListDlg::CmAddTone() {
+    LFileChooser chooser{"Select file", "", LUserSettingGetText("tonelist", "read folder"), AddToneFilters,
+                         ""};
+    const std::string path = LChooseFileToRead(*this, chooser);
+    if (path.empty())
+        return;
+    LUserSettingSetString("tonelist", "read folder", chooser.folder);
+    if (AddFile(path, list->GetCount()))
+        ShowAdded();
+}
+
+bool ListDlg::AddFile(const std::string& path, int row) {
+    std::string entry = path;
+    if (GetExtension(path) == ".tdf") {
+        SonvireData tone;
+        if (!ReadToneFile(tone, path))
+            return false;
+        if (!tone.IsFinite()) {
+            LShowMessageBox("",
+                            "Cannot add tones of infinite duration to list. Please check the selected tone "
+                            "is not to be played continuously or repeatly.");
+            return false;
+        }
+        if (tone.waveform == ToneFromList)
+            entry = tone.GetListPath();
+    }
+    CmAddToneToLV(entry, row);
+    return true;
+}
+
+void ListDlg::CmAddToneToLV(const std::string& path, int row) {
+    for (const std::string& entry : ExpandListEntry(path)) {
+        if (const std::string refusal = WhyNoListEntry(entry); refusal.empty())
+            InsertEntry(entry, row++);
+        else
+            ReportNotAdded(entry, refusal);
+    }
+}
+
+void ListDlg::InsertEntry(const std::string& entry, int row) {
+    list->InsertRow(row, entry, MeasureEntry(entry));
+}
+
+/// Files from the desktop are added like those of the button, in the order in which they were dropped.
+void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>& paths, int before) {
+    const int rowsBelow = list->GetCount() - before;
+    bool added = false;
+    for (const std::string& path : paths)
+        added = AddFile(path, list->GetCount() - rowsBelow) || added;
+    if (added)
+        Modify();
+}
+
+void ListDlg::CmAddSilence() {
+    LNumericEdit box("Add silence to list", "Please specify the length of silence in milliseconds:", "");
+    if (!box.Open(*this))
+        return;
+    if (box.GetText().find_first_not_of("0123456789.") != std::string::npos) {
+        LShowMessageBox("", "Duration should be specified as a numeric value.");
+        return;
+    }
+    InsertEntry(box.GetText() + SilenceSuffix, list->GetCount());
+    ShowAdded();
+}
+
+/// What has come to the end stands ready to be moved.
+void ListDlg::ShowAdded() {
+    list->SetCurrent(list->GetCount() - 1);
+    Modify();
+}
+
+void ListDlg::MoveRow(int step) {
+    const std::vector<int> selection = list->GetSelection();
+    if (selection.size() != 1)
+        return;
+    list->MoveRow(selection.front(), selection.front() + step);
+    Modify();
+}
+
+void ListDlg::CmRemove() {
+    const std::vector<int> rows = list->GetSelection();
+    list->DeleteRows(rows);
+    if (!rows.empty())
+        list->SetCurrent(std::min(*std::min_element(rows.begin(), rows.end()), list->GetCount() - 1));
+    Modify();
+}
+
+std::vector<std::string> ListDlg::GetEntries() const {
+    std::vector<std::string> entries;
+    entries.reserve(static_cast<std::size_t>(list->GetCount()));
+    for (int row = 0; row < list->GetCount(); ++row)
+        entries.push_back(list->GetText(row, 0));
+    return entries;
+}
+
+void ListDlg::Modify() {
+    modified = true;
+    ShowTotal();
+    EnableControls();
+}
+
+/// The length of one pass.
+void ListDlg::ShowTotal() {
+    std::int64_t total = 0;
+    int unknown = 0;
+    for (int row = 0; row < list->GetCount(); ++row) {
+        const std::uint32_t length = list->GetData(row);
+        if (length == UnknownLength)
+            ++unknown;
+        else
+            total += static_cast<std::int32_t>(length);
+    }
+    const auto shown = static_cast<int>(std::clamp<std::int64_t>(total, 0, INT_MAX));
+    SetText(ListTotal, "Total: " + FormatTime(LSoundTime(shown)) + (unknown > 0 ? " or more" : ""));
+    SetToolTip(ListTotal,
+               unknown == 0 ? "" : "Entries that are endless or can't be read: " + std::to_string(unknown));
+}
+
+void ListDlg::CmHelp() {
+    OpenHelpPage(*this, HelpPage::Lists);
+}
+
+bool OpenToneListDialog(LWindow& parent) {
+    ListDlg dialog;
+    return dialog.Open(parent);
+}

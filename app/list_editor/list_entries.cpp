@@ -1,0 +1,128 @@
+#include "app/list_editor/list_entries.h"
+
+#include "app/window/file_reports.h"
+#include "sys/path.h"
+#include "tone/tone_list_nesting.h"
+#include "tone/tone_list_report.h"
+#include "tone/tone_list_source.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* TemporaryPrefix = "/var/tmp/0";
+
+class Expansion {
+public:
+    explicit Expansion(std::vector<std::string>& found) : entries(found) {}
+
+    void Add(const std::string& path) {
+        if (IsListFile(path))
+            AddList(path);
+        else
+            entries.push_back(path);
+    }
+
+private:
+    /// Other than a list's lines, its entries come in playing order.
+    void AddList(const std::string& path) {
+        if (const char* why = nesting.Enter(path)) {
+            nesting.Tell(path, why);
+            return;
+        }
+        std::vector<std::string> lines;
+        if (!ReadToneListLines(lines, path.c_str()))
+            ReportUnreadable(path, "another program is using it");
+        const std::string folder = GetFolder(path);
+        std::reverse(lines.begin(), lines.end());
+        for (const std::string& line : lines) {
+            if (!MayAddEntry())
+                break;
+            if (ParseToneListLine(line).IsSilence())
+                entries.push_back(line);
+            else
+                Add(FindListEntry(line, folder));
+        }
+        nesting.Leave();
+    }
+
+    bool MayAddEntry() {
+        const bool fits = nesting.CountEntry();
+        if (!fits)
+            nesting.Tell(nesting.GetOutermost(), ToneListNesting::TooManyEntries);
+        return fits;
+    }
+
+    std::vector<std::string>& entries;
+    ToneListNesting nesting;
+};
+
+} // namespace
+
+bool IsSilence(const std::string& entry) {
+    return entry.find(SilenceSuffix) != std::string::npos;
+}
+
+bool IsTemporaryList(const std::string& path) {
+    return path.starts_with(TemporaryPrefix) && GetExtension(path).empty();
+}
+
+bool IsListFile(const std::string& path) {
+    const std::string extension = GetExtension(path);
+    return extension == ".tdl" || extension == ".tmp" || IsTemporaryList(path);
+}
+
+std::string CreateTemporaryList() {
+    std::string path = std::string(TemporaryPrefix) + "XXXXXX";
+    const int descriptor = mkstemp(path.data());
+    if (descriptor < 0)
+        return {};
+    // Where this is refused, the list is still its user's.
+    [[maybe_unused]] const int ignored = fchmod(descriptor, 0666);
+    close(descriptor);
+    return path;
+}
+
+std::vector<std::string> ExpandListEntry(const std::string& path) {
+    std::vector<std::string> entries;
+    Expansion(entries).Add(path);
+    return entries;
+}
+
+bool CopyListFile(const std::string& from, const std::string& to) {
+    std::vector<std::string> lines;
+    ReadToneListLines(lines, from.c_str());
+    std::reverse(lines.begin(), lines.end());
+    bool changed = false;
+    for (std::string& line : lines) {
+        const std::string full =
+            ParseToneListLine(line).IsSilence() ? line : FindListEntry(line, GetFolder(from));
+        changed = changed || full != line;
+        line = full;
+    }
+    return changed && GetFolder(from) != GetFolder(to) ? WriteToneListFile(to.c_str(), lines)
+                                                       : LFile::CopyFile(from.c_str(), to.c_str());
+}
+
+bool IsReadByList(const std::string& file, const ToneListReport& report) {
+    return std::any_of(report.files.begin(), report.files.end(),
+                       [&file](const std::string& each) { return IsSameFile(each, file); });
+}
+
+std::string WhyNoListName(const std::string& path) {
+    const std::string extension = GetExtension(path);
+    if (extension == ".tdf" || extension == ".wav")
+        return "a tone list's name ends in .tdl";
+    return WhyNoListEntry(path);
+}
+
+std::string WhyNoListEntry(const std::string& path) {
+    if (path.size() > ToneItem::MaxPathLength)
+        return "its path is longer than " + std::to_string(ToneItem::MaxPathLength) + " bytes";
+    if (path.find_first_of("\r\n") != std::string::npos)
+        return "there is a line break in its name";
+    return {};
+}

@@ -1,0 +1,92 @@
+#include "app/window/set_dlg.h"
+
+#include "app/desktop/help_pages.h"
+#include "app/window/set_dlg_layout.h"
+#include "sys/desktop/message_box.h"
+#include "sys/desktop/settings.h"
+#include "sys/parse.h"
+
+#include <cstdlib>
+
+namespace {
+
+constexpr const char* Section = "settings";
+constexpr const char* StepKey = "frequency increment step";
+constexpr int LeastSemitones = 1;
+constexpr int MostSemitones = 12;
+
+std::string Trimmed(const std::string& text) {
+    constexpr const char* Blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(Blanks);
+    return first == std::string::npos ? std::string()
+                                      : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+} // namespace
+
+SetDlg::SetDlg() : LDialog(SetDlgLayout) {}
+
+void SetDlg::InitDialog() {
+    CheckButton(SetAutoplay, LUserSettingGet(Section, "autoplay", false));
+    SetRange(SetSemitones, LeastSemitones, MostSemitones);
+    SetText(SetFrequency, LUserSettingGetText(Section, "frequencyval", "1.0"));
+    SetValue(SetSemitones, LUserSettingGet(Section, "semitoneval", 1));
+    const bool bySemitone = LUserSettingGet(Section, "semitone increment", true);
+    CheckButton(bySemitone ? SetBySemitone : SetByFrequency, true);
+    if (bySemitone)
+        SetValue(SetSemitones, LUserSettingGet(Section, StepKey, 1));
+    else
+        SetText(SetFrequency, LUserSettingGetText(Section, StepKey, "1.0"));
+    SetToolTip(SetFrequency, "Frequency");
+    SetToolTip(SetSemitones, "SemiTone");
+}
+
+void SetDlg::EnableControls() {
+    const bool bySemitone = IsChecked(SetBySemitone);
+    EnableControl(SetFrequency, !bySemitone);
+    EnableControl(SetSemitones, bySemitone);
+    EnableControl(SetSemitoneText, bySemitone);
+}
+
+bool SetDlg::CmOk() {
+    LUserSettingSet(Section, "autoplay", IsChecked(SetAutoplay));
+    const std::string semitones = Trimmed(GetText(SetSemitoneText));
+    const std::string frequency = Trimmed(GetText(SetFrequency));
+    if (IsChecked(SetBySemitone) && !StoreSemitones(semitones))
+        return false;
+    if (IsChecked(SetByFrequency) && !StoreFrequency(frequency))
+        return false;
+    LUserSettingSetString(Section, "semitoneval", semitones);
+    LUserSettingSetString(Section, "frequencyval", frequency);
+    return true;
+}
+
+bool SetDlg::StoreSemitones(const std::string& text) {
+    const int semitones = ParseLeadingInt(text.c_str());
+    if (semitones < LeastSemitones || semitones > MostSemitones) {
+        LShowMessageBox("Play Settings", "Please enter valid SemiTone value. It must be between 1 and 12.");
+        return false;
+    }
+    LUserSettingSet(Section, "semitone increment", true);
+    LUserSettingSet(Section, StepKey, semitones);
+    return true;
+}
+
+bool SetDlg::StoreFrequency(const std::string& text) {
+    if (!(std::strtod(text.c_str(), nullptr) > 0.0)) {
+        LShowMessageBox("Play Settings", "Please enter Frequency value");
+        return false;
+    }
+    LUserSettingSet(Section, "semitone increment", false);
+    LUserSettingSetString(Section, StepKey, text);
+    return true;
+}
+
+void SetDlg::CmHelp() {
+    OpenHelpPage(*this, HelpPage::Settings);
+}
+
+bool OpenSettingsDialog(LWindow& parent) {
+    SetDlg dialog;
+    return dialog.Open(parent);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "sys/desktop/crash_report.h"
+#include "tone/tone_data.h"
+
+class LSoundPlayer;
+
+/// Keeps the current tone through a crash, and tells the crash report what it was.
+class ToneWitness : private LCrashWitness {
+public:
+    /// Both must outlive this.
+    ToneWitness(const SonvireData& currentTone, const LSoundPlayer& soundPlayer)
+        : tone(currentTone),
+          player(soundPlayer) {}
+    ~ToneWitness() { Leave(); }
+    ToneWitness(const ToneWitness&) = delete;
+    ToneWitness& operator=(const ToneWitness&) = delete;
+
+    /// From here on a crash writes the tone to this file.
+    void Watch(const std::string& file);
+    void Leave() { LSetCrashWitness(nullptr); }
+
+private:
+    void SaveAtCrash() const override;
+    void DescribeAtCrash(LFixedText& report) const override;
+
+    const SonvireData& tone;
+    const LSoundPlayer& player;
+    LFixedText path;
+    LFixedText temporaryPath;
+};

@@ -1,0 +1,95 @@
+#include "play/channel_feed.h"
+
+#include "play/sound_channel.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+constexpr int FadesPerSecond = 200; // 5 ms each
+
+/// Rounded; 256 leaves the sample as it is.
+std::int16_t ApplyVolume(int sample, int level) {
+    return static_cast<std::int16_t>((sample * level + 128) >> 8);
+}
+
+} // namespace
+
+LChannelFeed::LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing)
+    : channels(channelCount),
+      fadeFrames(std::max(1, rate / FadesPerSecond)),
+      ring(std::move(playerRing)),
+      volume(LSoundChannel::UnityVolume),
+      fadeLeft(fadeFrames) {}
+
+void LChannelFeed::Queue(LSoundPlayerBuffer& buffer) {
+    const unsigned int at = queued.load(std::memory_order_relaxed);
+    queue[at % queue.size()] = &buffer;
+    queued.store(at + 1, std::memory_order_release);
+}
+
+void LChannelFeed::Fill(std::int16_t* out, int frames) {
+    const bool giveUp = fading;
+    if (giveUp && !begun)
+        fadeLeft = 0;
+    while (frames > 0) {
+        LSoundPlayerBuffer* buffer = GetNext();
+        const int wanted = giveUp ? std::min(frames, fadeLeft) : frames;
+        if (!buffer || wanted == 0)
+            break;
+        const int count = FillFrom(*buffer, out, wanted);
+        if (giveUp)
+            ApplyFade(out, count);
+        out += std::ptrdiff_t{count} * channels;
+        frames -= count;
+        soundEnd = delivered;
+    }
+    if (giveUp && frames > 0)
+        fadeLeft = 0; // what would come now was queued too late
+    std::fill_n(out, std::ptrdiff_t{frames} * channels, std::int16_t{0});
+    delivered += static_cast<std::uint64_t>(frames);
+}
+
+LSoundPlayerBuffer* LChannelFeed::GetNext() {
+    if (taken == queued.load(std::memory_order_acquire))
+        return nullptr;
+    return queue[taken % queue.size()];
+}
+
+int LChannelFeed::FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames) {
+    const int count = std::min(frames, buffer.frames - offset);
+    const std::int16_t* in = buffer.samples + std::ptrdiff_t{offset} * channels;
+    const std::uint32_t word = volume;
+    const int levels[] = {static_cast<int>(word & 0xFFFF), static_cast<int>(word >> 16)};
+    for (int frame = 0; frame < count; ++frame)
+        for (int channel = 0; channel < channels; ++channel)
+            *out++ = ApplyVolume(*in++, levels[channel & 1]);
+    begun = true;
+    delivered += static_cast<std::uint64_t>(count);
+    offset += count;
+    if (offset == buffer.frames) {
+        ends[taken % ends.size()] = delivered;
+        ++taken;
+        offset = 0;
+    }
+    return count;
+}
+
+void LChannelFeed::ApplyFade(std::int16_t* out, int frames) {
+    for (int frame = 0; frame < frames; ++frame) {
+        --fadeLeft;
+        for (int channel = 0; channel < channels; ++channel, ++out)
+            *out = static_cast<std::int16_t>(*out * fadeLeft / fadeFrames);
+    }
+}
+
+void LChannelFeed::SetHeard(std::uint64_t position) {
+    const unsigned int before = heard;
+    for (; heard != taken && ends[heard % ends.size()] <= position; ++heard)
+        queue[heard % queue.size()]->free = true;
+    if (heard != before)
+        ring->done.Signal();
+    if (fading && fadeLeft == 0 && soundEnd <= position)
+        *ring->silence = true;
+}

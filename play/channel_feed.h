@@ -1,0 +1,57 @@
+#pragma once
+
+#include "play/player_buffer.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <memory>
+
+/// What a channel does whatever its output is: hands queued buffers out as the output asks for frames, with
+/// the volume applied, and sets them free as they are heard. Three threads meet here, each with its own
+/// operations; they share single atomics only, and nothing allocates, locks or waits.
+class LChannelFeed {
+public:
+    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing);
+
+    // Player's thread.
+    void Queue(LSoundPlayerBuffer& buffer);
+    void SetVolume(std::uint32_t word) { volume = word; }
+    /// Gives up what is queued: its next 5 ms fade out, and the rest is dropped. Nothing is played of a sound
+    /// that has not begun yet.
+    void FadeOut() { fading = true; }
+
+    // Output's thread.
+    /// Fills all of `frames` frames, with silence where nothing is queued.
+    void Fill(std::int16_t* out, int frames);
+    /// `position` counts the frames from `Fill` that have been heard.
+    void SetHeard(std::uint64_t position);
+
+    // Any thread.
+    /// True once the fade-out has been heard to its end.
+    bool IsSilent() const { return *ring->silence; }
+
+private:
+    int FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames);
+    void ApplyFade(std::int16_t* out, int frames);
+    LSoundPlayerBuffer* GetNext();
+
+    std::uint8_t channels;
+    int fadeFrames;
+    std::shared_ptr<LSoundPlayerRing> ring;
+
+    std::array<LSoundPlayerBuffer*, LSoundPlayerRing::Buffers> queue{};
+    std::atomic<unsigned int> queued = 0; ///< buffers ever queued
+    std::atomic<std::uint32_t> volume;
+    std::atomic<bool> fading = false;
+
+    // The output's thread only.
+    unsigned int taken = 0; ///< buffers that have been handed out in full
+    unsigned int heard = 0; ///< buffers that have been set free
+    int offset = 0;         ///< frames of the next buffer that are handed out
+    int fadeLeft;           ///< frames of the fade-out to come
+    bool begun = false;
+    std::uint64_t delivered = 0; ///< frames handed out, silence included
+    std::uint64_t soundEnd = 0;  ///< `delivered` after the last frame that was not filled up
+    std::array<std::uint64_t, LSoundPlayerRing::Buffers> ends{}; ///< of each taken buffer, in `delivered`
+};

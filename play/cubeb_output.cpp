@@ -1,0 +1,248 @@
+#include "play/cubeb_output.h"
+
+#include "play/channel_feed.h"
+#include "play/pulse_pin.h"
+#include "sys/background.h"
+
+#include <cubeb/cubeb.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr const char* ProgramName = "Sonvire";
+constexpr std::chrono::seconds ListTimeout{2};
+constexpr std::chrono::seconds OpenTimeout{5};
+/// What stands between a frame and its being heard, and so between a stop and silence.
+constexpr int LatencyMs = 35;
+constexpr std::chrono::milliseconds FadeTimeout{250};
+constexpr std::chrono::milliseconds FadePoll{2};
+
+/// A connection to the sound server.
+class Context {
+public:
+    Context() {
+        PinPulseStreams();
+        if (cubeb_init(&context, ProgramName, nullptr) != CUBEB_OK)
+            context = nullptr;
+    }
+    ~Context() {
+        if (context)
+            cubeb_destroy(context);
+    }
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+
+    cubeb* Get() const { return context; }
+
+private:
+    cubeb* context = nullptr;
+};
+
+/// The outputs that are there; valid while their context is.
+class Outputs {
+public:
+    explicit Outputs(const Context& from) : context(from) {
+        if (context.Get())
+            valid = cubeb_enumerate_devices(context.Get(), CUBEB_DEVICE_TYPE_OUTPUT, &found) == CUBEB_OK;
+    }
+    ~Outputs() {
+        if (valid)
+            cubeb_device_collection_destroy(context.Get(), &found);
+    }
+    Outputs(const Outputs&) = delete;
+    Outputs& operator=(const Outputs&) = delete;
+
+    const cubeb_device_info* begin() const { return found.device; }
+    const cubeb_device_info* end() const { return found.device + found.count; }
+
+    const cubeb_device_info* Find(const LSoundPlayDevice& device) const {
+        for (const cubeb_device_info& each : *this)
+            if (device.IsDefault() ? each.preferred != CUBEB_DEVICE_PREF_NONE
+                                   : device.GetSystemName() == each.device_id)
+                return &each;
+        return nullptr;
+    }
+
+private:
+    const Context& context;
+    cubeb_device_collection found{};
+    bool valid = false;
+};
+
+/// What the channel, its background thread and cubeb's threads share.
+struct Shared {
+    explicit Shared(const LSoundChannelRequest& asked)
+        : request(asked),
+          feed(asked.rate, asked.channels, asked.ring) {}
+
+    /// Only what is still opening goes on to another state, so that a failure is final.
+    void FinishOpening(LSoundChannelState next) {
+        LSoundChannelState before = LSoundChannelState::Opening;
+        state.compare_exchange_strong(before, next);
+        request.ring->done.Signal();
+    }
+    void Fail() {
+        LSoundChannelState before = LSoundChannelState::Open;
+        state.compare_exchange_strong(before, LSoundChannelState::Lost);
+        FinishOpening(LSoundChannelState::NoOutput);
+    }
+
+    const LSoundChannelRequest request;
+    LChannelFeed feed;
+    LSignalObject close;
+    std::atomic<LSoundChannelState> state = LSoundChannelState::Opening;
+};
+
+// cubeb's thread.
+long FillOutput(cubeb_stream* stream, void* user, const void* /*input*/, void* output, long frames) {
+    LChannelFeed& feed = static_cast<Shared*>(user)->feed;
+    std::uint64_t position = 0;
+    if (stream && cubeb_stream_get_position(stream, &position) == CUBEB_OK)
+        feed.SetHeard(position);
+    feed.Fill(static_cast<std::int16_t*>(output), static_cast<int>(frames));
+    return frames; // never less: silence follows the end until all of it has been heard
+}
+
+// cubeb's thread.
+void NoteState(cubeb_stream* /*stream*/, void* user, cubeb_state state) {
+    if (state == CUBEB_STATE_ERROR)
+        static_cast<Shared*>(user)->Fail();
+}
+
+/// A stream, made ready to play.
+class Stream {
+public:
+    Stream(const Context& context, cubeb_devid device, Shared& shared) {
+        const LSoundChannelRequest& request = shared.request;
+        cubeb_stream_params format{.format = CUBEB_SAMPLE_S16NE,
+                                   .rate = static_cast<std::uint32_t>(request.rate),
+                                   .channels = request.channels,
+                                   .layout = CUBEB_LAYOUT_UNDEFINED,
+                                   .prefs = CUBEB_STREAM_PREF_DISABLE_DEVICE_SWITCHING};
+        const int latency = std::max(1, request.rate * LatencyMs / 1000);
+        if (cubeb_stream_init(context.Get(), &stream, request.title.c_str(), nullptr, nullptr, device,
+                              &format, static_cast<std::uint32_t>(latency), FillOutput, NoteState,
+                              &shared) != CUBEB_OK)
+            stream = nullptr;
+    }
+    ~Stream() {
+        if (!stream)
+            return;
+        cubeb_stream_stop(stream);
+        cubeb_stream_destroy(stream);
+    }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+    bool Play() { return stream && cubeb_stream_start(stream) == CUBEB_OK; }
+
+private:
+    cubeb_stream* stream = nullptr;
+};
+
+/// Not for longer than a fade can take: an output that has died never gets there.
+void WaitForSilence(const std::atomic<bool>& silence) {
+    const Clock::time_point latest = Clock::now() + FadeTimeout;
+    while (!silence && Clock::now() < latest)
+        std::this_thread::sleep_for(FadePoll);
+}
+
+LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, Shared& shared) {
+    Stream stream(context, device, shared);
+    if (shared.request.after)
+        WaitForSilence(*shared.request.after); // both at once would be too loud
+    if (!stream.Play())
+        return LSoundChannelState::NoOutput;
+    shared.FinishOpening(LSoundChannelState::Open);
+    while (!LSignalObjectRef(shared.close).WaitSignalDual(shared.close, 1000 * 3600)) {
+    }
+    if (shared.state == LSoundChannelState::Open)
+        WaitForSilence(*shared.request.ring->silence);
+    return LSoundChannelState::Open;
+}
+
+// The channel's background thread.
+LSoundChannelState Run(Shared& shared) {
+    const Context context;
+    if (!context.Get())
+        return LSoundChannelState::NoOutput;
+    const LSoundPlayDevice& device = shared.request.device;
+    const Outputs outputs(context);
+    // The default output is opened by its name as well: a stream that has none would follow the default.
+    const cubeb_device_info* output = outputs.Find(device);
+    if (!output && !device.IsDefault())
+        return LSoundChannelState::NoDevice;
+    return PlayUntilClosed(context, output ? output->devid : nullptr, shared);
+}
+
+class CubebChannel : public LSoundChannel {
+public:
+    explicit CubebChannel(const LSoundChannelRequest& request) : shared(std::make_shared<Shared>(request)) {
+        if (!RunInBackground([state = shared] {
+                state->FinishOpening(Run(*state));
+                *state->request.ring->silence = true;
+            }))
+            shared->FinishOpening(LSoundChannelState::NoOutput);
+    }
+    ~CubebChannel() override {
+        shared->feed.FadeOut();
+        shared->close.Signal();
+    }
+
+    void Queue(LSoundPlayerBuffer& buffer) override { shared->feed.Queue(buffer); }
+    void SetVolume(std::uint32_t word) override { shared->feed.SetVolume(word); }
+    LSoundChannelState GetState() const override {
+        const LSoundChannelState state = shared->state;
+        const bool late = state == LSoundChannelState::Opening && Clock::now() - opened > OpenTimeout;
+        return late ? LSoundChannelState::NoOutput : state;
+    }
+
+private:
+    std::shared_ptr<Shared> shared;
+    Clock::time_point opened = Clock::now();
+};
+
+/// What a listing leaves behind for whoever waits for it.
+struct Listing {
+    std::mutex mutex;
+    std::condition_variable finished;
+    bool done = false;
+    std::vector<CubebOutput> outputs;
+};
+
+std::vector<CubebOutput> ListNow() {
+    const Context context;
+    std::vector<CubebOutput> listed;
+    for (const cubeb_device_info& each : Outputs(context))
+        listed.push_back({.systemName = each.device_id,
+                          .name = each.friendly_name ? each.friendly_name : each.device_id,
+                          .isDefault = each.preferred != CUBEB_DEVICE_PREF_NONE});
+    return listed;
+}
+
+} // namespace
+
+std::vector<CubebOutput> ListCubebOutputs() {
+    const auto listing = std::make_shared<Listing>();
+    const bool started = RunInBackground([listing] {
+        std::vector<CubebOutput> outputs = ListNow();
+        const std::scoped_lock lock(listing->mutex);
+        listing->outputs = std::move(outputs);
+        listing->done = true;
+        listing->finished.notify_all();
+    });
+    std::unique_lock lock(listing->mutex);
+    if (started)
+        listing->finished.wait_for(lock, ListTimeout, [&] { return listing->done; });
+    return listing->outputs;
+}
+
+std::unique_ptr<LSoundChannel> OpenCubebChannel(const LSoundChannelRequest& request) {
+    return std::make_unique<CubebChannel>(request);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "play/play_device.h"
+#include "play/player_buffer.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+enum class LSoundChannelState {
+    Opening,
+    Open,
+    NoOutput, ///< there is no sound server or card, or it refuses the format
+    NoDevice, ///< the device that was asked for is not there
+    Lost,     ///< the device or the server went away
+};
+
+struct LSoundChannelRequest {
+    int rate; ///< frames per second
+    std::uint8_t channels;
+    LSoundPlayDevice device;
+    std::string title; ///< what the desktop's volume mixer shows beside the program's name
+    std::shared_ptr<LSoundPlayerRing> ring;
+    LSoundPlayerRing::Silence
+        after; ///< the playback that this one follows, which fades out first; may be null
+};
+
+/// A way to one output device, for the frames of one playback. Sets a buffer free and signals the ring's
+/// `done` from a thread of its own. The player thread calls it, and no call waits. It stays with the device
+/// that it was opened on.
+class LSoundChannel {
+public:
+    /// Volume word: the right level in the high 16 bits, the left in the low 16 bits, 0..256.
+    static constexpr std::uint32_t UnityVolume = 0x01000100;
+
+    LSoundChannel() = default;
+    /// What the output has not taken yet fades out over 5 ms and is silent from then on.
+    virtual ~LSoundChannel() = default;
+    LSoundChannel(const LSoundChannel&) = delete;
+    LSoundChannel& operator=(const LSoundChannel&) = delete;
+
+    /// Buffers are heard in the order in which they are queued, at most 64 at a time; also before the channel
+    /// is open.
+    virtual void Queue(LSoundPlayerBuffer& buffer) = 0;
+    /// From the next frame that the output takes. Unity until it is set.
+    virtual void SetVolume(std::uint32_t word) = 0;
+    virtual LSoundChannelState GetState() const = 0;
+};
+
+/// Starts to open a channel and returns at once; what becomes of it is the channel's state.
+using LSoundChannelOpener = std::function<std::unique_ptr<LSoundChannel>(const LSoundChannelRequest&)>;

@@ -1,0 +1,233 @@
+#include "sound/stages/convert_rate.h"
+
+#include "sound/level.h"
+#include "sound/stages/convert_channels.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr int MaxPeakToDouble = 0x100000;
+constexpr int LastRefillStart = 32511; // a buffer filled beyond this is moved to its front first
+
+bool Fits16(int value) {
+    return value == static_cast<std::int16_t>(value);
+}
+
+/// frames * to / from, in the order of operations that rounds it as the positions are defined.
+int MapFrames(int frames, int from, int to) {
+    return WrapToInt(std::int64_t{frames / from} * to + std::int64_t{to} * (frames % from) / from);
+}
+
+} // namespace
+
+LSRCConvertRate::LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool wide)
+    : LSoundProcessBase(wrapped),
+      filter(sampleRate, std::max(outRate, 1), Taps, wide),
+      work(std::size_t{channels} * (BufferFrames + Taps)),
+      narrow(std::size_t{channels} * NarrowFrames) {
+    sampleRate = outRate;
+    if (sampleRate < 1) {
+        sampleRate = 44100;
+        status = SoundInvalidFormat;
+    }
+    if (peakMax <= MaxPeakToDouble)
+        peakMax *= 2;
+    PackCoefficients();
+}
+
+void LSRCConvertRate::PackCoefficients() {
+    for (int p = 0; p < filter.GetPhases(); ++p) {
+        const int* row = filter.GetRow(p);
+        for (int t = 0; t < Taps; ++t) {
+            const auto low = static_cast<std::int16_t>(row[t]);
+            rows.push_back(low);
+            if (t == HalfTaps || t == HalfTaps + 1)
+                cut.push_back(static_cast<std::int16_t>((row[t] - low) >> 16));
+            else
+                rowsFit = rowsFit && low == row[t];
+        }
+        rows.push_back(0);
+    }
+}
+
+int LSRCConvertRate::ToOutputFrames(int inputFrames) const {
+    return MapFrames(inputFrames, filter.GetStep(), filter.GetPhases());
+}
+
+int LSRCConvertRate::ToInputFrames(int outputFrames) const {
+    return MapFrames(outputFrames, filter.GetPhases(), filter.GetStep());
+}
+
+int LSRCConvertRate::GetPositionSample() const {
+    return ToOutputFrames(WrapAdd(input->GetPositionSample(), spanStart - fill - (HalfTaps + 1)));
+}
+
+int LSRCConvertRate::GetEndSample() const {
+    const int end = input->GetEndSample();
+    return IsStreaming() ? ToOutputFrames(WrapSubtract(end, HalfTaps + 2)) - 1 : ToOutputFrames(end);
+}
+
+void LSRCConvertRate::Seek(int target) {
+    input->Seek(WrapSubtract(ToInputFrames(target), HalfTaps));
+    spanStart = HalfTaps + 1;
+    fill = 0;
+    const int phases = filter.GetPhases();
+    phaseAccumulator = static_cast<int>(std::int64_t{target % phases} * filter.GetStep() % phases);
+    if (phaseAccumulator < 0) // before the beginning
+        phaseAccumulator += phases;
+    input->Read(WorkFrame(HalfTaps + 1), HalfTaps);
+    inputShift = 0;
+}
+
+int* LSRCConvertRate::WorkFrame(int frame) {
+    return &work[static_cast<std::size_t>(frame) * channels];
+}
+
+int LSRCConvertRate::GetFramesToRead() const {
+    const int space = BufferFrames - fill;
+    int frames = space;
+    if (input->IsStreaming()) {
+        const int arrived = WrapSubtract(input->GetEndSample(), input->GetPositionSample());
+        frames = std::min(arrived < 1 ? 64 : arrived, space);
+    }
+    return std::min(frames, MaxBlockFrames);
+}
+
+void LSRCConvertRate::ReadBuffer() {
+    const auto samples = [this](int frames) { return frames * channels; };
+    if (fill > LastRefillStart) {
+        std::copy_n(WorkFrame(fill), samples(Taps), WorkFrame(0));
+        spanStart -= fill;
+        fill = 0;
+    }
+    int* reach = WorkFrame(fill);
+    for (int i = 0; i < samples(Taps) && inputShift != 0; ++i)
+        reach[i] = WrapShiftLeft(reach[i], inputShift);
+
+    const int frames = GetFramesToRead();
+    input->Read(reach + samples(Taps), frames);
+    const int reachable = samples(Taps + frames);
+    SetInputShift(GetBufferPeak(reach, Taps + frames, channels));
+    const int half = inputShift == 0 ? 0 : 1 << (inputShift - 1);
+    for (int i = 0; i < reachable && inputShift != 0; ++i)
+        reach[i] = WrapAdd(reach[i], half) >> inputShift;
+    PackSamples(Taps + frames);
+    fill += frames;
+}
+
+void LSRCConvertRate::SetInputShift(int peak) {
+    inputShift = 0;
+    while ((peak >> inputShift) >= 32768)
+        ++inputShift;
+    const bool fits = inputShift <= 15;
+    outputShift = fits ? 15 - inputShift : 31;
+    rounding = fits ? (1 << outputShift) >> 1 : 0;
+}
+
+void LSRCConvertRate::PackSamples(int frames) {
+    const int* reach = WorkFrame(fill);
+    narrowStart = fill;
+    samplesFit = true;
+    for (int c = 0; c < channels; ++c) {
+        std::int16_t* out = &narrow[static_cast<std::size_t>(c) * NarrowFrames];
+        for (int i = 0; i < frames; ++i) {
+            const int sample = reach[i * channels + c];
+            samplesFit &= Fits16(sample);
+            out[i] = static_cast<std::int16_t>(sample);
+        }
+    }
+}
+
+void LSRCConvertRate::Read(int* buffer, int frames) {
+    while (frames > 0) {
+        EnterSubPhase();
+        while (spanStart >= fill)
+            ReadBuffer();
+        const int count = std::min(frames, GetFramesInBuffer());
+        if (channels > 2) // a layout that nothing converts
+            ClearAudioBuffer(buffer, count, channels);
+        else if (rowsFit && samplesFit)
+            Produce(buffer, count);
+        else
+            ProduceWide(buffer, count);
+        MoveOn(count);
+        buffer += count * channels;
+        frames -= count;
+    }
+}
+
+void LSRCConvertRate::EnterSubPhase() {
+    spanStart += phaseAccumulator / filter.GetPhases();
+    phaseAccumulator %= filter.GetPhases();
+}
+
+/// How many output frames begin before the buffer's last span start.
+int LSRCConvertRate::GetFramesInBuffer() const {
+    const std::int64_t left = std::int64_t{fill - spanStart} * filter.GetPhases() - phaseAccumulator;
+    return static_cast<int>((left + filter.GetStep() - 1) / filter.GetStep());
+}
+
+void LSRCConvertRate::MoveOn(int frames) {
+    const int phases = filter.GetPhases();
+    const std::int64_t last = phaseAccumulator + std::int64_t{frames - 1} * filter.GetStep();
+    spanStart += static_cast<int>(last / phases);
+    phaseAccumulator = static_cast<int>(last % phases) + filter.GetStep();
+}
+
+void LSRCConvertRate::Produce(int* buffer, int frames) const {
+    const LPolyphaseRun run = {
+        .rows = rows.data(),
+        .cut = cut.data(),
+        .phases = filter.GetPhases(),
+        .stepWhole = filter.GetStep() / filter.GetPhases(),
+        .stepPart = filter.GetStep() % filter.GetPhases(),
+        .rounding = rounding,
+        .shift = outputShift,
+    };
+    for (int c = 0; c < channels; ++c) {
+        const std::size_t first = static_cast<std::size_t>(c) * NarrowFrames;
+        Kernels().convolve(run, phaseAccumulator,
+                           &narrow[first + static_cast<std::size_t>(spanStart - narrowStart)], buffer + c,
+                           channels, frames);
+    }
+}
+
+/// The same from the work buffer, for the rare block that rounding lifted to 32768, and for filters that
+/// don't fit.
+void LSRCConvertRate::ProduceWide(int* buffer, int frames) const {
+    for (int i = 0; i < frames; ++i) {
+        const std::int64_t at = phaseAccumulator + std::int64_t{i} * filter.GetStep();
+        const int* row = filter.GetRow(static_cast<int>(at % filter.GetPhases()));
+        const std::int64_t frame = spanStart + at / filter.GetPhases();
+        for (int c = 0; c < channels; ++c) {
+            const int* samples =
+                &work[static_cast<std::size_t>(frame) * channels + static_cast<std::size_t>(c)];
+            int sums[2] = {0, 0};
+            for (int t = 0; t < Taps; ++t) {
+                int& sum = sums[t > HalfTaps ? 1 : 0];
+                sum = WrapAdd(sum, WrapMultiply(row[t], samples[t * channels]));
+            }
+            buffer[i * channels + c] = WrapAdd(WrapAdd(sums[0] >> 1, sums[1] >> 1), rounding) >> outputShift;
+        }
+    }
+}
+
+LSoundSource LSPConvertRate::OpenSource(const LSoundSource& input) const {
+    if (input->status != SoundUsable || rate == input->sampleRate)
+        return input;
+    const bool farBelow = (input->sampleRate >> 2) > rate;
+    const LSoundSource near =
+        farBelow ? LSoundSource::Make<LSRCConvertRate>(input, WrapMultiply(2, rate), true) : input;
+    return LSoundSource::Make<LSRCConvertRate>(near, rate, false);
+}
+
+void LSPConvertSourceRateChannels(int rate, std::uint8_t channels, LSoundSource& source) {
+    if (source->channels > channels)
+        source = LSPConvChannels(channels).OpenSource(source);
+    if (source->sampleRate != rate)
+        source = LSPConvertRate(rate).OpenSource(source);
+    if (source->channels != channels)
+        source = LSPConvChannels(channels).OpenSource(source);
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "sound/sound_process.h"
+#include "sound/stages/kernels.h"
+#include "sound/stages/resample_filter.h"
+
+#include <cstdint>
+#include <vector>
+
+/// Resamples its input: for every output frame it moves M/N input frames forward and convolves 63 input
+/// frames with the coefficients of the sub-phase it stands at, in 32-bit integers. Mono and stereo; any other
+/// layout reads as silence.
+///
+/// Input frames wait in a work buffer as block floating point: each refill scales what the filter can still
+/// reach to 16 bits, so that the sum of 32 products with 16.16 coefficients, halved, stays within 32 bits.
+class LSRCConvertRate : public LSoundProcessBase {
+public:
+    /// Doubles `peakMax` where it is at most 0x100000, for the filter's overshoot. `wide`: see
+    /// `LConvertRateBase`.
+    LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool wide);
+
+    void Read(int* buffer, int frames) override;
+    int GetPositionSample() const override;
+    int GetEndSample() const override;
+    /// Puts the input 31 frames before the place, so that the filter's span is full when output resumes.
+    void Seek(int target) override;
+
+private:
+    static constexpr int Taps = 63;
+    static constexpr int HalfTaps = Taps >> 1;
+    static constexpr int BufferFrames = 32768;
+    static constexpr int NarrowFrames =
+        MaxBlockFrames + Taps + 1; ///< the reach of a refill, and what a row overhangs
+    static_assert(LPolyphaseRun::RowLength == Taps + 1);
+
+    int ToOutputFrames(int inputFrames) const;
+    int ToInputFrames(int outputFrames) const;
+    void PackCoefficients();
+
+    void ReadBuffer();
+    int GetFramesToRead() const;
+    void SetInputShift(int peak);
+    void PackSamples(int frames);
+
+    void EnterSubPhase();
+    int GetFramesInBuffer() const;
+    void Produce(int* buffer, int frames) const;
+    void ProduceWide(int* buffer, int frames) const;
+    void MoveOn(int frames);
+
+    int* WorkFrame(int frame);
+
+    LConvertRateBase filter;
+    int spanStart = HalfTaps + 1; ///< buffer frame at which the filter's 63 frames begin
+    int phaseAccumulator = 0;     ///< in 1/N input frames; after each output frame the sub-phase plus M
+    int fill = 0;          ///< how many span starts the buffer can serve: frames 0 .. fill + 62 hold input
+    std::vector<int> work; ///< 32768 + 63 frames
+    int inputShift = 0;    ///< what the buffered frames were shifted right by
+    int outputShift = 15;
+    int rounding = 1 << 14;
+
+    std::vector<std::int16_t> rows, cut; ///< the coefficients as `LPolyphaseRun` takes them
+    std::vector<std::int16_t>
+        narrow;          ///< per channel, the frames that the last refill made readable, in 16 bits
+    int narrowStart = 0; ///< the work buffer's frame that stands first in it
+    bool rowsFit = true, samplesFit = true; ///< whether 16 bits hold them; if not, the work buffer is used
+};
+
+/// Brings a source to a sample rate. A reduction by more than four goes through twice the target rate. A
+/// source with a status, and one that has the rate, passes unchanged.
+class LSPConvertRate : public LSoundProcessor {
+public:
+    explicit LSPConvertRate(int targetRate) : rate(targetRate) {}
+    LSoundSource OpenSource(const LSoundSource& input) const override;
+
+private:
+    int rate;
+};
+
+/// Brings a source to a rate and a channel count, in place: mixes down before the rate is converted, spreads
+/// out after it, so that the fewest channels are resampled. Only one and two channels convert into each
+/// other; a source whose layout can't be converted keeps its channel count.
+void LSPConvertSourceRateChannels(int rate, std::uint8_t channels, LSoundSource& source);

@@ -1,7 +1,0 @@
-#include "sys/file_url.h"
-
-#include <QUrl>
-
-std::string MakeFileUrl(const std::string& path) {
-    return QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded().toStdString();
-}

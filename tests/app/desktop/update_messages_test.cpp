@@ -1,0 +1,75 @@
+#include "app/desktop/update_check.h"
+#include "gui/process_dialog.h"
+#include "support/app_window.h"
+#include "support/local_server.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const char* const Current = "Version Current|The current version is up-to-date";
+const char* const Available = "Update Version Available|An updated version of this software is now available "
+                              "for download online. Do you "
+                              "want to see more information about the new version?";
+
+/// The check with a server of the test.
+struct LocalCheck : LProcessCheckForVersionUpdates {
+    std::string url;
+};
+
+LProcessResult Process(LProgressDialog& dialog, LocalCheck& job) {
+    return ProcessVersionFile(dialog, job.url.c_str(), 5000, job);
+}
+
+TEST_F(App, TheUserLearnsWhetherThereIsANewerVersion) {
+    using enum LMessageAnswer;
+    struct {
+        const char* reply;
+        LMessageAnswer answer;
+        const char* box;
+        Texts urls;
+    } const cases[] = {
+        {"version=2.15&info=http://a.example/&x=1", Yes, Available, {"http://a.example/"}},
+        {"version=2.2\ninfo=http://a.example/\n", Yes, Available, {"http://a.example/"}},
+        {"version=2.15&info=http://a.example/", No, Available, {}},
+        {"version=2.15&info=http://a.example/", Cancel, Available, {}},
+        {"version=2.15&info=file:///etc/passwd", Yes, Available, {}},
+        {"version=2.14&info=http://a.example/", Ok, Current, {}},
+        {"version=2.100&info=http://a.example/", Ok, Current, {}},
+        {"version=nan&info=http://a.example/", Ok, Current, {}},
+    };
+    for (const auto& each : cases)
+        Run([&](MemoryMainWindow&) {
+            LocalServer server([&each](int connection) { SendText(connection, each.reply); });
+            LocalCheck check;
+            check.url = server.GetUrl();
+            toolkit->answers = {each.answer};
+            ASSERT_TRUE(ProcessDialogRun(*dialog, "", check));
+            TellAboutVersion(*dialog, check);
+            EXPECT_THAT(toolkit->boxes, ElementsAre(each.box)) << each.reply;
+            EXPECT_EQ(toolkit->boxButtons[0] == LMessageButtons::YesNoCancel, each.box == Available);
+            EXPECT_EQ(toolkit->urls, each.urls) << each.reply;
+        });
+}
+
+TEST_F(App, ACancelledUpdateCheckEndsWithoutAWord) {
+    Run([this](MemoryMainWindow& window) {
+        std::string caption;
+        toolkit->onDialog = [&](MemoryDialog& opened) {
+            toolkit->whileDispatched = [&] {
+                caption = opened.caption;
+                opened.Press(LCommandCancel); // before anything is asked of the network
+            };
+        };
+        window.Choose(CommandCheckForUpdates);
+        toolkit->whileDispatched = {};
+        EXPECT_EQ(caption, "Checking for Updates");
+        EXPECT_EQ((*window.menu)[CommandCheckForUpdates].path, "Help/Check for Updates...");
+        EXPECT_THAT(toolkit->boxes, IsEmpty());
+    });
+}
+
+} // namespace

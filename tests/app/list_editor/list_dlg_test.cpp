@@ -1,0 +1,289 @@
+#include "app/list_editor/edited_list.h"
+#include "app/list_editor/list_dlg_layout.h"
+#include "support/app_window.h"
+#include "support/full_disk.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+enum : int { NewList = 1113, EditValue = 2103 };
+
+constexpr const char* AskToSave = "Tone List|Tone list modified. Do you want to save it?";
+constexpr const char* Infinite =
+    "|Cannot add tones of infinite duration to list. Please check the selected tone "
+    "is not to be played continuously or repeatly.";
+
+Texts RowsOf(const MemoryDialog& editor) {
+    Texts rows;
+    for (const auto& row : editor.controls[ListRows].list->rows)
+        rows.push_back(row.at(0));
+    return rows;
+}
+
+/// The tone list editor, opened on lists of one's choice from the main window.
+class ListEditor : public App {
+protected:
+    /// What the user does in the editor.
+    void OnEditor(std::function<void(MemoryDialog&)> use) {
+        dialogs.emplace_back([this, use = std::move(use)](MemoryDialog& dialog) {
+            editor = &dialog;
+            use(dialog);
+        });
+    }
+    MemoryList& EditedRows() { return *editor->controls[ListRows].list; }
+    static void RemoveTemporary() {
+        if (const std::string list = GetEditedList(); list.starts_with("/var/tmp/"))
+            std::filesystem::remove(list);
+    }
+    std::string WriteList(const std::string& name, const std::string& lines) {
+        WriteBytes(folder / name, lines);
+        return folder / name;
+    }
+
+    MemoryDialog* editor = nullptr;
+};
+
+TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
+    const std::string a = WriteTone("a.tdf", Tone440(true)), b = WriteTone("b.tdf", Tone440(true));
+    const std::string path = folder / "new.tdl";
+    files = {{a}, {b}, {folder / "new"}};
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_EQ(dialog.caption, "Tone List");
+        EXPECT_EQ(RowsOf(dialog), Texts{});
+        for (const int button : {ListAddTone, ListAddSilence, ListAddTone})
+            dialog.Press(button);
+        EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:02.5");
+        dialog.Press(ListSave);
+        EXPECT_EQ(ReadBytes(path), b + "\n500ms silence.\n" + a + "\n") << "from the last row to the first";
+        dialog.Press(LCommandOk);
+    });
+    dialogs.push_back(Typed("500"));
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
+        EditedRows().Select({0});
+        dialog.Press(ListMoveDown);
+        dialog.Press(ListSave);
+        EXPECT_EQ(ReadBytes(path), b + "\n" + a + "\n500ms silence.\n") << "without another question";
+        dialog.Press(LCommandOk);
+    });
+    Run([&](MemoryMainWindow& window) {
+        window.Choose(NewList);
+        EXPECT_THAT(Rows(), ElementsAre(b + "=", "500ms silence.=", path + "="));
+        EXPECT_TRUE((*window.menu)[1116].enabled);
+        Send({EditValue});
+        EXPECT_THAT(Rows(), ElementsAre(b + "=", a + "=", path + "="));
+        EXPECT_EQ(toolkit->boxes, Texts{});
+        EXPECT_EQ(toolkit->choosers.at(0).title + toolkit->choosers.at(2).title,
+                  "Select fileSave tone list as");
+    });
+    EXPECT_EQ(GetEditedList(), path);
+    for (const char* key : {"read folder", "savefolder"})
+        EXPECT_EQ(Stored("tonelist", key) + "/", folder / "");
+    Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 3U) << "the last tone was the list"; });
+}
+
+TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
+    SonvireData looping = Tone440(true);
+    looping.repeat = 1;
+    const std::string noNumber = "|Duration should be specified as a numeric value.";
+    const std::string garbage = folder / "garbage.tdf", broken = folder / "two\nlines.wav";
+    const auto error = [](const std::string& path, const std::string& reason) {
+        return "Error|The file \"" + path + "\" can't be " + reason;
+    };
+    const std::string gone = "read: No such file or directory.";
+    WriteBytes(garbage, "no tone");
+    WriteBytes(broken, "");
+    struct {
+        int button;
+        std::string given, row, box;
+    } const cases[] = {
+        {ListAddTone, WriteTone("endless.tdf", Tone440()), "", Infinite},
+        {ListAddTone, WriteTone("looping.tdf", looping), "", Infinite},
+        {ListAddTone, garbage, "", error(garbage, "read: it is no tone file.")},
+        {ListAddTone, folder / "gone.tdf", "", error(folder / "gone.tdf", gone)},
+        {ListAddTone, folder / "gone.tdl", "", error(folder / "gone.tdl", gone)},
+        {ListAddTone, broken, "", error(broken, "added: there is a line break in its name.")},
+        {ListAddTone, folder / "any.wav", folder / "any.wav", ""},
+        {ListAddSilence, "12a", "", noNumber},
+        {ListAddSilence, "-5", "", noNumber},
+        {ListAddSilence, "1.5", "1.5ms silence.", ""},
+        {ListAddSilence, "", "ms silence.", ""},
+    };
+    OnEditor([&](MemoryDialog& dialog) {
+        Texts rows;
+        for (const auto& each : cases) {
+            toolkit->boxes.clear();
+            toolkit->chosenFiles = {{each.given}};
+            toolkit->dialogScripts = {Typed(each.given)};
+            dialog.Press(each.button);
+            if (!each.row.empty())
+                rows.push_back(each.row);
+            EXPECT_EQ(RowsOf(dialog), rows) << each.given;
+            EXPECT_EQ(Boxes(), each.box) << each.given;
+        }
+    });
+    Run([&](MemoryMainWindow&) { Send({NewList}); });
+}
+
+TEST_F(ListEditor, RowsAreMovedAndRemoved) {
+    const std::string path = WriteList("list.tdl", "3ms silence.\n2ms silence.\n1ms silence.\n");
+    const auto digits = [](const Texts& rows) {
+        std::string all;
+        for (const std::string& row : rows)
+            all += row[0];
+        return all;
+    };
+    struct {
+        int button;
+        Ints selected;
+        const char* rows;
+        bool asks;
+    } const cases[] = {
+        {ListMoveUp, {1}, "213", true},    {ListMoveUp, {0}, "123", true},
+        {ListMoveDown, {0}, "213", true},  {ListMoveDown, {2}, "123", true},
+        {ListMoveUp, {}, "123", false},    {ListMoveDown, {0, 1}, "123", false},
+        {ListRemove, {0, 2}, "2", true},   {ListRemove, {}, "123", true},
+        {ListRemove, {0, 1, 2}, "", true}, {ListAddTone, {0}, "123", false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::to_string(each.button) + " with " + std::to_string(each.selected.size()));
+        dialogs.clear();
+        OnEditor([&](MemoryDialog& dialog) {
+            EditedRows().Select(each.selected);
+            dialog.Press(each.button);
+            EXPECT_EQ(digits(RowsOf(dialog)), each.rows);
+            dialog.Press(LCommandOk);
+            EXPECT_TRUE(dialog.ok);
+        });
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), each.asks ? AskToSave : ""); }, {path});
+        RemoveTemporary();
+    }
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_TRUE(EditedRows().draggable);
+        EditedRows().Select({2});
+        EditedRows().events.RowsDragged(0);
+        EXPECT_EQ(digits(RowsOf(dialog)), "312");
+        EditedRows().events.FilesDropped(
+            {WriteTone("4.tdf", Tone440()), WriteList("5.tdl", "6ms silence.\n5ms silence.\n"), path}, 1);
+        EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
+    });
+    Run([&](MemoryMainWindow&) { EXPECT_EQ(toolkit->boxes, Texts{Infinite}); }, {path});
+}
+
+TEST_F(ListEditor, ClosingNeverLosesRows) {
+    const std::string before = "2ms silence.\n1ms silence.\n", after = "1ms silence.\n2ms silence.\n";
+    const std::string path = WriteList("list.tdl", "");
+    struct {
+        bool named; ///< or a new list into which the other one is dropped
+        LMessageAnswer answer;
+        std::string chosen, list, edited, row;
+    } const cases[] = {
+        {true, LMessageAnswer::Yes, "", after, path, path},
+        {true, LMessageAnswer::No, "", before, "/var/tmp/0", "Unsaved list"},
+        {false, LMessageAnswer::Yes, "", before, "/var/tmp/0", "Unsaved list"},
+        {false, LMessageAnswer::Yes, folder / "b.tdl", before, folder / "b.tdl", folder / "b.tdl"},
+    };
+    for (const auto& each : cases) {
+        WriteBytes(path, before);
+        dialogs.clear();
+        if (!each.named)
+            files = {{each.chosen}};
+        OnEditor([&](MemoryDialog& dialog) {
+            if (!each.named)
+                EditedRows().events.FilesDropped({path}, 0);
+            EditedRows().Select({0});
+            dialog.Press(ListMoveDown);
+            toolkit->answers = {each.answer};
+            dialog.Press(LCommandOk);
+        });
+        OnEditor([&](MemoryDialog&) {
+            EXPECT_THAT(RowsOf(*editor), ElementsAre("2ms silence.", "1ms silence.")) << "edited further";
+        });
+        Run(
+            [&](MemoryMainWindow&) {
+                if (!each.named)
+                    Send({NewList});
+                EXPECT_THAT(GetEditedList(), StartsWith(each.edited));
+                EXPECT_EQ(Boxes(), AskToSave);
+                EXPECT_EQ(ReadBytes(GetEditedList()), after);
+                EXPECT_EQ(Rows().back(), each.row + "=");
+                if (each.row == "Unsaved list") {
+                    struct stat info {};
+                    stat(GetEditedList().c_str(), &info);
+                    EXPECT_EQ(info.st_mode & 0777, 0666U);
+                }
+                Send({EditValue});
+            },
+            each.named ? Texts{path} : Texts{});
+        EXPECT_EQ(ReadBytes(path), each.list);
+        RemoveTemporary();
+    }
+}
+
+TEST_F(ListEditor, AFullDiskKeepsTheEditorOpen) {
+    const std::string path = WriteList("list.tdl", "2ms silence.\n1ms silence.\n");
+    OnEditor([&](MemoryDialog& dialog) {
+        EditedRows().Select({0});
+        dialog.Press(ListMoveDown);
+        toolkit->answers = {LMessageAnswer::Yes};
+        const FullDisk full;
+        dialog.Press(LCommandOk);
+        EXPECT_FALSE(dialog.ended);
+        EXPECT_EQ(toolkit->boxes.size(), 3U) << "the list and the temporary one are told";
+    });
+    Run([](MemoryMainWindow&) {}, {path});
+    EXPECT_EQ(ReadBytes(path), "2ms silence.\n1ms silence.\n");
+}
+
+TEST_F(ListEditor, CancelLeavesNothingBehind) {
+    std::string temporary;
+    OnEditor([&](MemoryDialog& dialog) {
+        temporary = GetEditedList();
+        EXPECT_TRUE(std::filesystem::exists(temporary));
+        dialog.Press(ListAddSilence);
+        dialog.Press(LCommandCancel);
+    });
+    dialogs.push_back(Typed("1"));
+    Run([&](MemoryMainWindow&) {
+        Send({NewList});
+        EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz"));
+        EXPECT_EQ(toolkit->boxes, Texts{});
+    });
+    EXPECT_FALSE(std::filesystem::exists(temporary));
+}
+
+TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
+    const std::string tone = WriteTone("tone.tdf", Tone440(true));
+    const std::string inner = WriteList("inner.tdl", "tone.tdf\n2ms silence.\n");
+    SonvireData listTone;
+    listTone.SetDuration(1000);
+    listTone.waveform = ToneFromList;
+    inner.copy(listTone.listPath, sizeof listTone.listPath - 1);
+    const std::string outer = WriteList("outer.tdl", "3ms silence.\n" + inner + "\n1ms silence.\n");
+    const std::string itself = WriteList("itself.tdl", "");
+    WriteBytes(itself, itself + "\n" + itself + "\n9ms silence.\n");
+    files = {{WriteTone("list.tdf", listTone)}};
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", "2ms silence.", tone, "3ms silence."))
+            << "what lies beside its list is given with the folder";
+        dialog.Press(ListAddTone);
+        EXPECT_EQ(RowsOf(dialog).size(), 6U);
+        dialog.Press(LCommandCancel);
+        dialog.End(false);
+    });
+    Run([&](MemoryMainWindow&) {}, {outer});
+    OnEditor([&](MemoryDialog& dialog) { EXPECT_THAT(RowsOf(dialog), ElementsAre("9ms silence.")); });
+    Run([&](MemoryMainWindow&) { EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("includes itself"))); },
+        {itself});
+}
+
+} // namespace

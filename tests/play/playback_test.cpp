@@ -1,0 +1,297 @@
+#include "play/sound_player.h"
+#include "sound/files/wave_file.h"
+#include "support/array_source.h"
+#include "support/owner.h"
+#include "support/process.h"
+#include "support/sound_server.h"
+#include "sys/background.h"
+#include "tone/tone_data.h"
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <deque>
+#include <thread>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+/// One server for all tests.
+class Playback : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        server = std::make_unique<SoundServer>();
+        ASSERT_TRUE(server->Start());
+        ASSERT_TRUE(server->AddOutput("main", 44100, 1));
+        ASSERT_TRUE(server->AddOutput("spare", 44100, 1));
+    }
+    static void TearDownTestSuite() {
+        EXPECT_TRUE(WaitForBackground(10000));
+        server.reset();
+    }
+
+    bool Wait(const std::function<bool()>& holds) { return WaitUntil(loop, holds); }
+    bool WaitForEnd() {
+        return Wait([this] { return owner.stops > 0; });
+    }
+    bool WaitForSound() {
+        return Wait([this] { return owner.events.size() > 2; }); // more than its start
+    }
+    static LSoundPlayDevice Device(const std::string& name) {
+        return LSoundPlayDevice(LSoundPlayDevice::GetListDeviceIndex(name.c_str()));
+    }
+
+    static std::unique_ptr<SoundServer> server;
+    LEventLoop loop;
+    Owner owner;
+};
+
+std::unique_ptr<SoundServer> Playback::server;
+
+/// An output of its own with a player, whose every frame is recorded.
+struct Line {
+    Line(SoundServer& server, int framesPerSecond, int channelCount)
+        : rate(framesPerSecond),
+          channels(channelCount),
+          name(std::to_string(rate).append("x").append(std::to_string(channels))),
+          added(server.AddOutput(name, rate, channels)),
+          recording(server, name, rate, channels) {
+        player.SetDevice(LSoundPlayDevice(
+            LSoundPlayDevice::GetListDeviceIndex(("output " + name).c_str()))); // in any case
+        player.SetNotify(&owner, 0);
+    }
+    void Play(int frames) {
+        const std::vector<int> samples = Numbered(frames * channels, static_cast<int>(all.size()));
+        all.insert(all.end(), samples.begin(), samples.end());
+        player.Start(SourceOf(samples, rate, static_cast<std::uint8_t>(channels)));
+    }
+
+    int rate, channels;
+    std::string name;
+    bool added;
+    Recording recording;
+    std::vector<int> all;
+    Owner owner;
+    LSoundPlayer player;
+};
+
+TEST_F(Playback, EveryFrameIsHeardOnceAndInOrderInEveryFormat) {
+    for (const int channels : {1, 2}) {
+        std::deque<Line> lines;
+        for (const int rate : {8000, 22050, 44100, 48000, 96000, 192000})
+            ASSERT_TRUE(lines.emplace_back(*server, rate, channels).added);
+        for (const double blocks : {0.01, 1.0, 2.002}) { // each length follows the one before
+            for (Line& line : lines)
+                line.Play(static_cast<int>(blocks * std::min(line.rate / 10, 8192)));
+            for (const Line& line : lines)
+                EXPECT_TRUE(Wait([&] { return !line.player.IsPlaying(); })) << line.name;
+        }
+        for (Line& line : lines) {
+            EXPECT_EQ(line.player.GetStatus(), PlayUsable);
+            EXPECT_EQ(line.recording.Finish(), line.all) << line.name;
+            server->RemoveOutput(line.name);
+        }
+    }
+}
+
+TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
+    LSoundPlayer player;
+    player.SetNotify(&owner, 0);
+    player.SetDevice(Device("Output main"));
+    for (const bool restart : {false, true}) {
+        owner = {};
+        Recording recording(*server, "main", 44100, 1);
+        player.Start(SourceOf(std::vector<int>(44100, 22000), 44100, 1));
+        ASSERT_TRUE(WaitForSound());
+        player.Stop();
+        if (restart) {
+            player.Start(SourceOf({22000, 22000, 22000}, 44100, 1));
+            EXPECT_TRUE(Wait([this] { return owner.stops == 2; }));
+        }
+        const std::vector<int> heard = recording.Finish();
+        const auto fade =
+            std::find_if(heard.begin(), heard.end(), [](int sample) { return sample != 22000; });
+        EXPECT_GE(fade - heard.begin(), 4410);
+        // 220 frames, of which the last is silent: 22000 / 220 less each.
+        std::vector<int> expected;
+        for (int left = 219; left > 0; --left)
+            expected.push_back(100 * left);
+        if (restart)
+            expected.insert(expected.end(), {22000, 22000, 22000});
+        EXPECT_EQ(std::vector<int>(fade, heard.end()), expected);
+    }
+}
+
+TEST_F(Playback, ManyPlaybacksLeaveNothingBehind) {
+    LSoundPlayer player;
+    player.SetNotify(&owner, 0);
+    const auto play = [&](int milliseconds) {
+        player.Start(SourceOf(std::vector<int>(44100, 1), 44100, 1));
+        loop.Run(static_cast<unsigned int>(milliseconds), [&] { loop.Quit(); });
+        player.Stop();
+    };
+    play(50);
+    ASSERT_TRUE(WaitForBackground(10000));
+    ASSERT_TRUE(Wait([] { return CountThreads() <= 2; })); // the sanitizer may have one
+    const std::size_t threads = CountThreads(), descriptors = CountDescriptors();
+    for (int i = 0; i < 40; ++i)
+        play(i % 8 * 5 + 1); // opening, open, playing
+    EXPECT_EQ(owner.stops, 41);
+    ASSERT_TRUE(WaitForBackground(10000));
+    EXPECT_TRUE(Wait([&] { return CountThreads() <= threads; }));
+    EXPECT_LE(CountDescriptors(), descriptors);
+}
+
+TEST_F(Playback, TheServersOutputsAreListed) {
+    LSoundPlayDeviceList list;
+    ASSERT_EQ(GetSoundPlayDeviceList(list), 2);
+    EXPECT_EQ(list[0].name, "Output main");
+    EXPECT_TRUE(list[0].isDefault);
+    EXPECT_EQ(list[1].name, "Output spare");
+    EXPECT_FALSE(list[1].isDefault);
+    EXPECT_EQ(list[2].name, "");
+    EXPECT_EQ(list[2].id, 0xFFFFFFFF);
+    EXPECT_EQ(LSoundPlayDevice::GetDeviceIndexById(list[1].id), 2);
+    EXPECT_EQ(LSoundPlayDevice::GetDeviceIndexById(5), 0);
+    struct {
+        const char* name;
+        int index;
+    } const names[] = {{"[Default Sound Out]", 0},
+                       {"[default sound out]", 0},
+                       {"Output spare", 2},
+                       {"OUTPUT MAIN", 1},
+                       {"Output", 0},
+                       {"", 0}};
+    for (const auto& each : names)
+        EXPECT_EQ(LSoundPlayDevice::GetListDeviceIndex(each.name), each.index) << each.name;
+    EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(0), "[Default Sound Out]");
+    EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(2), "Output spare");
+    EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(3), "");
+    EXPECT_EQ(RunCli("devices").output, "* Output main\n  Output spare\n");
+}
+
+TEST_F(Playback, AnOutputThatGoesAwayEndsThePlaybackAndNoOtherTakesOver) {
+    for (const bool chosen : {true, false}) {
+        owner = {};
+        ASSERT_TRUE(server->AddOutput("gone", 44100, 1));
+        server->Control("set-default-sink gone");
+        const LSoundPlayDevice device = chosen ? Device("Output gone") : LSoundPlayDevice();
+        Recording onMain(*server, "main", 44100, 1), onSpare(*server, "spare", 44100, 1);
+        LSoundPlayer player;
+        player.SetNotify(&owner, 0);
+        player.SetDevice(device);
+        player.Start(SourceOf(std::vector<int>(441000, 1000), 44100, 1));
+        ASSERT_TRUE(WaitForSound());
+        server->RemoveOutput("gone");
+        ASSERT_TRUE(WaitForEnd());
+        EXPECT_EQ(player.GetStatus(), PlayLost);
+        if (chosen) { // and it is not played on another one either
+            player.Start(SourceOf(std::vector<int>(441000, 1000), 44100, 1));
+            EXPECT_TRUE(Wait([this] { return owner.stops == 2; }));
+            EXPECT_EQ(player.GetStatus(), PlayNoDevice);
+        }
+        EXPECT_THAT(onMain.Finish(), ElementsAre());
+        EXPECT_THAT(onSpare.Finish(), ElementsAre());
+        server->Control("set-default-sink main");
+    }
+}
+
+TEST_F(Playback, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
+    const std::string path = server->Path("growing.wav");
+    const std::string header(
+        "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0"
+        "data\xFF\xFF\xFF\xFF",
+        44);
+    const std::vector<int> samples = Numbered(30000);
+    const std::vector<std::int16_t> stored(samples.begin(), samples.end());
+    const std::string data(reinterpret_cast<const char*>(stored.data()), 2 * stored.size());
+    WriteBytes(path, header + data.substr(0, 2000));
+    Recording recording(*server, "main", 44100, 1);
+    std::thread writer([&] {
+        std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out | std::ios::ate);
+        for (std::size_t at = 2000; at < data.size(); at += 14500) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            file << data.substr(at, 14500) << std::flush;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        file.seekp(40) << std::string("\x60\xEA\0\0", 4); // 60000 bytes
+    });
+    LSoundPlayer player;
+    player.SetNotify(&owner, 0);
+    player.SetDevice(Device("Output main"));
+    ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
+    EXPECT_TRUE(WaitForEnd());
+    writer.join();
+    EXPECT_EQ(recording.Finish(), samples);
+    EXPECT_EQ(*(owner.events.end() - 2), "time 680");
+}
+
+TEST_F(Playback, TheCommandLinePlays) {
+    SonvireData tone;
+    const std::string endless = server->Path("endless.tdf"), brief = server->Path("brief.tdf");
+    tone.WriteToFile(endless.c_str());
+    tone.SetDuration(200);
+    tone.WriteToFile(brief.c_str());
+    Recording recording(*server, "spare", 44100, 1);
+    const ProgramResult played = RunCli("play --device 'Output spare' --volume 13 " + brief);
+    EXPECT_EQ(played.status, 0);
+    EXPECT_EQ(played.output + played.errors, "") << "no terminal, no display";
+    const std::vector<int> heard = recording.Finish();
+    // 18610, 36843, 54330 in internal samples, as the rendered file has them
+    ASSERT_GT(heard.size(), 8000u);
+    EXPECT_EQ(std::vector<int>(heard.begin(), heard.begin() + 3), (std::vector<int>{1163, 2303, 3396}));
+
+    std::string mixer;
+    const ProgramResult stopped = RunCli("play " + endless, [&](pid_t program) {
+        WaitFor([&] {
+            mixer = server->Control("list sink-inputs");
+            return mixer.find("media.name") != std::string::npos;
+        });
+        kill(program, SIGINT);
+    });
+    EXPECT_EQ(stopped.status, 1) << "Ctrl-C";
+    EXPECT_THAT(mixer, HasSubstr("media.name = \"endless.tdf\""));
+    EXPECT_THAT(mixer, HasSubstr("application.name = \"Sonvire\""));
+
+    const ProgramResult shown = RunProgram("script -qec '" SONVIRE_CLI " play " + brief + "' /dev/null");
+    EXPECT_THAT(shown.output, HasSubstr("0:00.2 / 0:00.2 [###############.....]   0 dB"));
+
+    const ProgramResult refused = RunCli("play --device nowhere " + brief);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.errors, StartsWith("sonvire-cli: nowhere: there is no such sound output"));
+}
+
+// The last one: it leaves another server behind.
+TEST_F(Playback, AServerThatDiesEndsThePlaybackAndItsSuccessorPlays) {
+    LSoundPlayer player;
+    player.SetNotify(&owner, 0);
+    player.Start(SourceOf(std::vector<int>(441000, 1), 44100, 1));
+    ASSERT_TRUE(WaitForSound());
+    server->Kill();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_EQ(player.GetStatus(), PlayLost);
+
+    player.Start(SourceOf({1}, 44100, 1));
+    ASSERT_TRUE(Wait([this] { return owner.stops == 2; }));
+    EXPECT_EQ(player.GetStatus(), PlayNoOutput);
+    SonvireData().WriteToFile(server->Path("endless.tdf").c_str());
+    for (const std::string command : {"devices", "play ", "play --device x "}) {
+        const ProgramResult refused =
+            RunCli(command == "devices" ? command : command + server->Path("endless.tdf"));
+        EXPECT_EQ(refused.status, 2) << command;
+        EXPECT_THAT(refused.errors, HasSubstr("no s")) << command;
+        EXPECT_EQ(std::count(refused.errors.begin(), refused.errors.end(), '\n'), 1) << refused.errors;
+    }
+
+    ASSERT_TRUE(server->Start());
+    ASSERT_TRUE(server->AddOutput("main", 44100, 1));
+    Recording recording(*server, "main", 44100, 1);
+    player.Start(SourceOf(Numbered(100), 44100, 1));
+    ASSERT_TRUE(Wait([this] { return owner.stops == 3; }));
+    EXPECT_EQ(recording.Finish(), Numbered(100));
+}
+
+} // namespace

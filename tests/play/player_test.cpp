@@ -1,0 +1,288 @@
+#include "play/sound_player.h"
+#include "support/array_source.h"
+#include "support/owner.h"
+#include "support/process.h"
+#include "support/reference.h"
+#include "support/test_output.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Each;
+using ::testing::Ge;
+using ::testing::Le;
+using Texts = std::vector<std::string>;
+
+LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {
+    return SourceOf(Numbered(count * channels), rate, channels);
+}
+
+LSoundSource Constant(int value, int count, int rate, std::uint8_t channels = 1) {
+    return SourceOf(std::vector<int>(static_cast<std::size_t>(count * channels), value), rate, channels);
+}
+
+class Player : public ::testing::Test {
+protected:
+    Player() { player.SetNotify(&owner, 7); }
+
+    bool Wait(const std::function<bool()>& holds) { return WaitUntil(loop, holds); }
+    /// Starts and waits until the output has `frames` frames of it queued.
+    bool Play(const LSoundSource& source, int frames) {
+        const int before = output.opened;
+        return player.Start(source) &&
+               Wait([&] { return output.opened > before && output.queuedFrames >= frames; });
+    }
+    bool WaitForQueue(int frames) {
+        return Wait([&] { return output.queuedFrames >= frames; });
+    }
+    bool WaitForEvents(std::size_t count) {
+        return Wait([&] { return owner.events.size() >= count; });
+    }
+    /// Takes pieces of an odd size until playback has stopped.
+    std::vector<int> TakeAll() {
+        std::vector<int> all;
+        Wait([&] {
+            const std::vector<int> piece = output.Take(333);
+            all.insert(all.end(), piece.begin(), piece.end());
+            return owner.stops > 0;
+        });
+        return all;
+    }
+
+    LEventLoop loop;
+    Owner owner;
+    TestOutput output;
+    LSoundPlayer player{output.Opener()};
+};
+
+TEST_F(Player, EveryFrameIsPlayedOnceAndInOrder) {
+    struct {
+        const char* name;
+        int rate, frames;
+        std::uint8_t channels;
+    } const cases[] = {{"one frame", 44100, 1, 1},
+                       {"1 ms", 8000, 8, 2},
+                       {"ends with a block", 8000, 800, 1},
+                       {"ends with the ring", 8000, 64 * 800, 1},
+                       {"one frame more", 8000, 64 * 800 + 1, 1},
+                       {"short blocks", 100, 1500, 2},
+                       {"long blocks", 192000, 3 * 8192 + 5, 2},
+                       {"nothing", 44100, 0, 1}};
+    for (const auto& each : cases) {
+        owner = {};
+        ASSERT_TRUE(Play(Frames(each.frames, each.channels, each.rate), std::min(each.frames, 20)));
+        std::vector<int> played = TakeAll();
+        EXPECT_EQ(owner.stops, 1) << each.name;
+        std::erase(played, 0); // what the player was not in time for
+        EXPECT_EQ(played, Numbered(each.frames * each.channels)) << each.name;
+        EXPECT_EQ(player.GetStatus(), PlayUsable);
+    }
+}
+
+TEST_F(Player, ReportsWhatHasBeenHeardAndTheEndAfterTheLastFrame) {
+    const char* const level = "level 3 -127";
+    std::vector<int> leftOnly;
+    for (int i = 0; i < 250; ++i)
+        leftOnly.insert(leftOnly.end(), {8191, 0}); // mean square (131056 / 32)^2 = 16769025: 3.008 dB
+    player.Start(SourceOf(leftOnly, 1000, 2));
+    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0"}));
+    ASSERT_TRUE(WaitForQueue(250));
+    output.Take(120, 21);
+    output.Take(1, 21); // the first block's last frame is heard
+    ASSERT_TRUE(WaitForEvents(4));
+    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", level, "time 100"}));
+    output.Take(100, 21);
+    ASSERT_TRUE(WaitForEvents(6));
+    output.Take(49, 21); // 249 frames are heard
+    EXPECT_TRUE(player.IsPlaying());
+    output.Take(1, 21);
+    ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
+    // The report of the last block may give way to that of the end.
+    Texts all = {"play 7", "time 0", level, "time 100", level, "time 200", "time 250", "stop 7"};
+    if (owner.events.size() == 10)
+        all.insert(all.end() - 2, {level, "time 250"});
+    EXPECT_EQ(owner.events, all);
+    EXPECT_FALSE(player.IsPlaying());
+}
+
+TEST_F(Player, TheVolumeCurve) {
+    struct {
+        int db, played;                                              ///< of a sample of 10000
+    } const cases[] = {{-127, 0},  {-37, 0},  {-36, 0},  {-35, 195}, // 5 / 256
+                       {-4, 6250}, {0, 7031}, {6, 8203}, {12, 9375}, {13, 10000}, {127, 10000}};
+    for (const auto& each : cases) {
+        player.SetPlayVolume(LDB(static_cast<std::int8_t>(each.db)));
+        ASSERT_TRUE(Play(Constant(10000, 8000, 8000, 2), 100));
+        EXPECT_THAT(output.Take(100), Each(each.played)) << each.db;
+        player.Stop();
+    }
+    player.Start(Constant(-10000, 8000, 8000));
+    player.SetPlayVolume(LDB(0));
+    ASSERT_TRUE(WaitForQueue(8000));
+    ASSERT_TRUE(Wait([&] { return output.volume == 0x00B400B4; })) << "while it plays, and at once";
+    EXPECT_THAT(output.Take(10), Each(-7031));
+}
+
+TEST_F(Player, AStopFadesOutOver5Ms) {
+    ASSERT_TRUE(Play(Constant(10000, 8000, 8000, 2), 8000));
+    EXPECT_THAT(output.Take(50), Each(10000));
+    player.Stop();
+    EXPECT_EQ(output.closed, 1);
+    std::vector<int> faded = output.Take(30);
+    EXPECT_FALSE(output.GetFeed()->IsSilent());
+    const std::vector<int> rest = output.Take(30);
+    faded.insert(faded.end(), rest.begin(), rest.end());
+    std::vector<int> expected;
+    for (int left = 39; left >= 0; --left) // 40 frames, 250 less each
+        expected.insert(expected.end(), {250 * left, 250 * left});
+    expected.resize(120);
+    EXPECT_EQ(faded, expected);
+    EXPECT_TRUE(output.GetFeed()->IsSilent());
+}
+
+TEST_F(Player, AStopBeforeTheFirstFrameOrAtTheLastHasNothingToFade) {
+    for (const int taken : {0, 100}) {
+        ASSERT_TRUE(Play(Constant(10000, 100, 8000), 100));
+        EXPECT_THAT(output.Take(taken, taken), Each(10000));
+        player.Stop();
+        EXPECT_THAT(output.Take(100, taken), Each(0));
+        EXPECT_TRUE(output.GetFeed()->IsSilent());
+    }
+}
+
+TEST_F(Player, ReadsAheadAsFarAsTheRingGoes) {
+    const LSoundSource source = Frames(800 * 70, 1, 8000);
+    player.Start(source);
+    ASSERT_TRUE(WaitForQueue(64 * 800));
+    output.Take(799);
+    EXPECT_EQ(output.queuedFrames, 64 * 800);
+    output.Take(1);
+    ASSERT_TRUE(WaitForQueue(65 * 800));
+    player.Stop();
+    EXPECT_EQ(source->GetPositionSample(), 65 * 800);
+    EXPECT_EQ(static_cast<ArraySource&>(*source).longestRead, 800);
+}
+
+TEST_F(Player, PlaysFromWhereTheSourceStands) {
+    const LSoundSource source = Frames(1000, 1, 1000);
+    source->Seek(900);
+    player.Start(source);
+    EXPECT_EQ(owner.events[1], "time 900");
+    ASSERT_TRUE(WaitForQueue(100));
+    EXPECT_EQ(output.Take(1), std::vector<int>{902});
+}
+
+TEST_F(Player, ARestartStopsWhatPlays) {
+    ASSERT_TRUE(Play(Constant(1, 8000, 8000), 8000));
+    player.SetTitle("the second");
+    player.Start(Constant(2, 100, 8000));
+    EXPECT_EQ(output.closed, 1);
+    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", "stop 7", "play 7", "time 0"}));
+    ASSERT_TRUE(Wait([&] { return output.opened == 2 && output.queuedFrames == 100; }));
+    EXPECT_EQ(output.GetRequest().title, "the second");
+    EXPECT_THAT(output.Take(100), Each(2));
+    ASSERT_TRUE(Wait([&] { return owner.stops == 2; }));
+}
+
+TEST_F(Player, StopsFromEveryState) {
+    player.Stop();
+    EXPECT_TRUE(owner.events.empty()) << "stopped";
+    player.Start(Frames(100));
+    player.Stop();
+    EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", "stop 7"})) << "starting";
+    ASSERT_TRUE(Play(Frames(100), 100));
+    output.Take(100);
+    ASSERT_TRUE(Wait([&] { return owner.stops == 2; }));
+    player.Stop();
+    EXPECT_EQ(owner.stops, 2) << "ended";
+    EXPECT_FALSE(player.Start(LSoundSource()));
+    EXPECT_EQ(owner.events.back(), "stop 7") << "nothing has started";
+    player.Start(Frames(100));
+    EXPECT_FALSE(player.Start(LSoundSource())) << "and what played has stopped";
+    EXPECT_FALSE(player.IsPlaying());
+    EXPECT_EQ(owner.stops, 3);
+}
+
+TEST_F(Player, AnOutputThatFailsEndsThePlaybackWithAReason) {
+    struct {
+        LSoundChannelState state;
+        LPlayStatus status;
+    } const cases[] = {{LSoundChannelState::NoOutput, PlayNoOutput},
+                       {LSoundChannelState::NoDevice, PlayNoDevice},
+                       {LSoundChannelState::Lost, PlayLost}};
+    for (const auto& each : cases) {
+        owner = {};
+        ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
+        output.Fail(each.state);
+        ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
+        EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", "stop 7"}));
+        EXPECT_EQ(player.GetStatus(), each.status);
+    }
+}
+
+TEST_F(Player, WhatIsTooLoudIsLimited) {
+    const auto loud = std::vector<int>(8000, 2 * FullScale16);
+    ASSERT_TRUE(Play(LSoundSource::Make<ArraySource>(loud, 8000, std::uint8_t{1}, SynthesisPeakMax), 8000));
+    EXPECT_THAT(output.Take(8000), Each(AllOf(Ge(32700), Le(32767)))) << "not wrapped around";
+}
+
+class GrowingSource : public LSoundSourceBase {
+public:
+    GrowingSource() : LSoundSourceBase(1000, 1, FullScale16) {}
+    void Read(int* buffer, int frames) override {
+        std::fill_n(buffer, frames, 16);
+        position += frames;
+    }
+    int GetPositionSample() const override { return position; }
+    int GetEndSample() const override { return end; }
+    bool IsStreaming() const override { return streaming; }
+
+    std::atomic<int> end = 0;
+    std::atomic<bool> streaming = true;
+    int position = 0;
+};
+
+TEST_F(Player, AStreamingSourceIsWaitedForAndReportedMeanwhile) {
+    auto* growing = new GrowingSource;
+    const LSoundSource source(growing);
+    player.Start(source);
+    growing->end = 50;
+    ASSERT_TRUE(WaitForQueue(50));
+    output.Take(50);
+    ASSERT_TRUE(WaitForEvents(4));
+    EXPECT_EQ(owner.events.back(), "time 50");
+    growing->end = 80;
+    ASSERT_TRUE(WaitForQueue(80));
+    EXPECT_THAT(output.Take(30), Each(1));
+    EXPECT_TRUE(player.IsPlaying());
+    growing->streaming = false;
+    ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
+    EXPECT_EQ(*(owner.events.end() - 2), "time 80");
+}
+
+TEST_F(Player, AThousandPlaybacksLeaveNothingBehind) {
+    player.Start(Frames(10));
+    player.Stop();
+    const std::size_t threads = CountThreads(), descriptors = CountDescriptors();
+    const LSoundSource source = Frames(6400, 2, 1000);
+    for (int i = 0; i < 1000; ++i) {
+        source->Seek(0);
+        if (i % 100 == 0) {
+            ASSERT_TRUE(Play(source, 6400));
+        } else {
+            player.Start(source);
+        }
+        player.SetTitle("of the next one"); // while the thread of this one begins
+        player.Stop();
+    }
+    EXPECT_EQ(owner.stops, 1001);
+    EXPECT_EQ(source->refCount, 1u);
+    EXPECT_EQ(output.opened, output.closed);
+    EXPECT_LE(CountThreads(), threads);
+    // The output keeps the last ring with its signal.
+    EXPECT_LE(CountDescriptors(), descriptors);
+}
+
+} // namespace

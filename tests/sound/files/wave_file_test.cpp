@@ -1,0 +1,207 @@
+#include "sound/files/wave_file.h"
+#include "support/array_source.h"
+#include "support/temp_dir.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+std::string Le(std::uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i)
+        text += static_cast<char>(value >> (8 * i));
+    return text;
+}
+
+std::string Chunk(const std::string& tag, const std::string& body) {
+    return tag + Le(static_cast<std::uint32_t>(body.size()), 4) + body;
+}
+
+std::string Format(std::uint32_t tag, std::uint32_t channels, std::uint32_t rate, std::uint32_t bits,
+                   std::uint32_t align = 0, const std::string& extra = "") {
+    return Le(tag, 2) + Le(channels, 2) + Le(rate, 4) + Le(0, 4) + Le(align, 2) + Le(bits, 2) + extra;
+}
+
+std::string Wave(const std::string& chunks) {
+    return "RIFF" + Le(0, 4) + "WAVE" + chunks;
+}
+
+const std::string Pcm16 = Chunk("fmt ", Format(1, 1, 8000, 16));
+const std::string ThreeSamples = std::string("\x01\x00\x02\x00\xFF\xFF", 6);
+const std::vector<int> ThreeRead = {16, 32, -16};
+
+TEST(WaveFile, WritesA46ByteHeaderAndTheFramesAlone) {
+    const TempDir dir;
+    struct {
+        std::uint8_t channels;
+        std::uint16_t bits;
+        std::vector<int> samples;
+        std::string header, data;
+    } const cases[] = {
+        {1,
+         16,
+         {16, -16, 524272},
+         Le(44, 4) + "WAVEfmt " + Le(18, 4) + Le(1, 2) + Le(1, 2) + Le(44100, 4) + Le(88200, 4) + Le(2, 2) +
+             Le(16, 2) + Le(0, 2) + "data" + Le(6, 4),
+         std::string("\x01\x00\xFF\xFF\xFF\x7F", 6)},
+        {1,
+         8,
+         {0, 4096, 524272}, // an odd length has no pad byte
+         Le(41, 4) + "WAVEfmt " + Le(18, 4) + Le(1, 2) + Le(1, 2) + Le(44100, 4) + Le(44100, 4) + Le(1, 2) +
+             Le(8, 2) + Le(0, 2) + "data" + Le(3, 4),
+         std::string("\x80\x81\x00", 3)},
+        {2,
+         16,
+         {},
+         Le(38, 4) + "WAVEfmt " + Le(18, 4) + Le(1, 2) + Le(2, 2) + Le(44100, 4) + Le(176400, 4) + Le(4, 2) +
+             Le(16, 2) + Le(0, 2) + "data" + Le(0, 4),
+         ""},
+    };
+    for (const auto& each : cases) {
+        const std::string path = dir / "out.wav";
+        LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 44100, each.channels, each.bits, 0);
+        EXPECT_EQ(ReadBytes(path).substr(0, 8), "RIFF\xFF\xFF\xFF\xFF") << "provisional while it is written";
+        sink->Write(each.samples.data(), static_cast<int>(each.samples.size()) / each.channels);
+        EXPECT_EQ(sink->status, 0);
+        sink.Close();
+        EXPECT_EQ(ReadBytes(path), "RIFF" + each.header + each.data) << each.bits;
+    }
+    EXPECT_EQ(LWaveFile::OpenSinkPCM((dir / "24.wav").c_str(), 44100, 1, 24, 0)->status, SinkUnusable);
+    EXPECT_EQ(LWaveFile::OpenSinkPCM((dir / "no/such/folder.wav").c_str(), 44100, 1, 16, 0)->status,
+              SinkUnusable);
+    EXPECT_EQ(dir.CountFiles(), 1u);
+}
+
+TEST(WaveFile, WritingGoesOnBehindTheFramesThatAreKept) {
+    const TempDir dir;
+    const std::string path = dir / "out.wav";
+    const int first[] = {16, 32, 48, 64}, second[] = {-16, -32};
+    LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 0)->Write(first, 4);
+    {
+        const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 3);
+        sink->Write(second, 2);
+        sink->Seek(99); // beyond the end: ignored
+        EXPECT_EQ(sink->lengthHint, 5);
+        sink->Seek(4); // the last frame is cut off again
+    }
+    const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+    EXPECT_EQ(source->GetEndSample(), 4);
+    EXPECT_EQ(ReadFrames(*source, 5), (std::vector<int>{16, 32, 48, -16, 0}));
+}
+
+TEST(WaveFile, AFullDiskIsRemembered) {
+    const LSoundSink sink = LWaveFile::OpenSinkPCM("/dev/full", 8000, 1, 16, 0);
+    EXPECT_EQ(sink->status, SinkFellShort);
+    EXPECT_EQ(sink->writeError, ENOSPC);
+}
+
+TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {
+    const TempDir dir;
+    const std::string data = Chunk("data", ThreeSamples);
+    struct {
+        const char* name;
+        std::string bytes;
+        int status, end;
+    } const cases[] = {
+        {"plain", Wave(Pcm16 + data), 0, 3},
+        {"a chunk in between, odd and padded",
+         Wave(Pcm16 + Chunk("LIST", "abc") + std::string(1, '\0') + data), 0, 3},
+        {"a chunk before the format", Wave(Chunk("bext", "12345678") + Pcm16 + data), 0, 3},
+        {"a unit before RIFF", Chunk("junk", "12345678") + Wave(Pcm16 + data), 0, 3},
+        {"an odd format chunk is not padded", Wave(Chunk("fmt ", Format(1, 1, 8000, 16, 0, "x")) + data), 0,
+         3},
+        {"the fastest rate", Wave(Chunk("fmt ", Format(1, 1, 196000, 16)) + data), 0, 3},
+        {"12 bits are stored as 16", Wave(Chunk("fmt ", Format(1, 1, 8000, 12)) + data), 0, 3},
+        {"0 bits are stored as 8", Wave(Chunk("fmt ", Format(1, 1, 8000, 0)) + data), 0, 6},
+        {"255 channels", Wave(Chunk("fmt ", Format(1, 255, 8000, 16)) + data), 0, 0},
+        {"too fast", Wave(Chunk("fmt ", Format(1, 1, 196001, 16)) + data), 3, 0},
+        {"no rate", Wave(Chunk("fmt ", Format(1, 1, 0, 16)) + data), 3, 0},
+        {"no channels", Wave(Chunk("fmt ", Format(1, 0, 8000, 16)) + data), 3, 0},
+        {"256 channels", Wave(Chunk("fmt ", Format(1, 256, 8000, 16)) + data), 3, 0},
+        {"24 bits", Wave(Chunk("fmt ", Format(1, 1, 8000, 24)) + data), 5, 0},
+        {"floating point", Wave(Chunk("fmt ", Format(3, 1, 8000, 16)) + data), 5, 0},
+        {"stereo IMA ADPCM", Wave(Chunk("fmt ", Format(17, 2, 8000, 4, 256)) + data), 1, 0},
+        {"a format chunk that is too small", Wave(Chunk("fmt ", "123456789012345") + data), 3, 0},
+        {"a format chunk that is too large", Wave("fmt " + Le(8193, 4) + std::string(9000, ' ') + data), 3,
+         0},
+        {"no format chunk", Wave(data), 3, 0},
+        {"no data chunk", Wave(Pcm16), 3, 0},
+        {"a negative chunk size", Wave("junk" + Le(0x80000000, 4) + Pcm16 + data), 3, 0},
+        {"a chunk size that wraps to nothing", Wave(Pcm16 + "junk" + Le(0xFFFFFFFF, 4) + data), 0, 3},
+        {"empty", "", 3, 0},
+        {"eleven bytes", "RIFF1234WAV", 3, 0},
+        {"a unit too small to skip", "junk" + Le(4, 4) + Wave(Pcm16 + data), 3, 0},
+        {"too many chunks", Wave([] {
+             std::string many;
+             for (int i = 0; i < 70000; ++i)
+                 many += Chunk("x   ", "");
+             return many;
+         }() + Pcm16 + data),
+         3, 0},
+    };
+    for (const auto& each : cases) {
+        WriteBytes(dir / "in.wav", each.bytes);
+        const LSoundSource source = LWaveFile::OpenSource((dir / "in.wav").c_str());
+        EXPECT_EQ(source->status, each.status) << each.name;
+        EXPECT_EQ(source->GetEndSample(), each.end) << each.name;
+        if (each.status == 0 && each.end == 3) {
+            EXPECT_EQ(ReadFrames(*source, 3), ThreeRead) << each.name;
+        }
+    }
+    EXPECT_EQ(LWaveFile::OpenSource((dir / "missing.wav").c_str())->status, SoundCannotOpen);
+    EXPECT_EQ(LWaveFile::OpenSource((dir / "").c_str())->status, SoundInvalidFormat) << "a folder";
+    mkfifo((dir / "pipe.wav").c_str(), 0600);
+    EXPECT_EQ(LWaveFile::OpenSource((dir / "pipe.wav").c_str())->status, SoundInvalidFormat)
+        << "must not wait";
+}
+
+TEST(WaveFile, SilenceLiesBeforeAndBehindTheFile) {
+    const TempDir dir;
+    WriteBytes(dir / "in.wav", Wave(Pcm16 + Chunk("data", ThreeSamples) + "JUNKJUNK"));
+    const LSoundSource source = LWaveFile::OpenSource((dir / "in.wav").c_str());
+    source->Seek(-2);
+    EXPECT_EQ(ReadFrames(*source, 7), (std::vector<int>{0, 0, 16, 32, -16, 0, 0}));
+    EXPECT_EQ(source->GetPositionSample(), 5) << "the frames that were asked for";
+    source->Seek(2);
+    EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{-16, 0}));
+    source->Seek(-5);
+    EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{0, 0}));
+    EXPECT_EQ(ReadFrames(*source, 4), (std::vector<int>{0, 0, 0, 16}));
+    source->Seek(0x7FFFFFFF);
+    EXPECT_EQ(ReadFrames(*source, 1), std::vector<int>{0});
+}
+
+TEST(WaveFile, AFrameThatTheFileCutsShortIsSilentFromTheCutOn) {
+    const TempDir dir;
+    const std::string stereo = Chunk("fmt ", Format(1, 2, 8000, 16));
+    WriteBytes(dir / "cut.wav", Wave(stereo + "data" + Le(12, 4) + ThreeSamples + "\x7F"));
+    EXPECT_TRUE(LWaveFile::IsCutShort((dir / "cut.wav").c_str()));
+    const LSoundSource source = LWaveFile::OpenSource((dir / "cut.wav").c_str());
+    EXPECT_EQ(source->GetEndSample(), 3);
+    EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{16, 32, -16, 0, 0, 0}));
+    WriteBytes(dir / "whole.wav", Wave(stereo + Chunk("data", ThreeSamples + "\x7F\x7F")));
+    EXPECT_FALSE(LWaveFile::IsCutShort((dir / "whole.wav").c_str()));
+}
+
+TEST(WaveFile, AFileOfUnknownLengthStreamsUntilItsLengthIsWritten) {
+    const TempDir dir;
+    const std::string path = dir / "growing.wav";
+    for (const std::uint32_t unknown : {0xFFFFFFFFu, 0xFFFFFFD9u}) {
+        const std::string head = Wave(Pcm16 + "data");
+        WriteBytes(path, head + Le(unknown, 4) + ThreeSamples);
+        const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+        EXPECT_TRUE(source->IsStreaming());
+        EXPECT_EQ(source->GetEndSample(), 3);
+        EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{16, 32}));
+        WriteBytes(path, head + Le(unknown, 4) + ThreeSamples + ThreeSamples);
+        EXPECT_EQ(source->GetEndSample(), 6);
+        EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{-16, 16})) << "looking must not move the file";
+        WriteBytes(path, head + Le(10, 4) + ThreeSamples + ThreeSamples);
+        EXPECT_EQ(source->GetEndSample(), 5);
+        EXPECT_FALSE(source->IsStreaming());
+    }
+}
+
+} // namespace

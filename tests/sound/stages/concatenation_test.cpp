@@ -1,0 +1,137 @@
+#include "sound/stages/concatenation.h"
+#include "sound/stages/convert_rate.h"
+#include "support/array_source.h"
+#include "support/reference.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+LSoundSource Constant(int value, int frames, int rate = 1000, std::uint8_t channels = 1,
+                      int peak = FullScale16) {
+    return LSoundSource::Make<ArraySource>(
+        std::vector<int>(static_cast<std::size_t>(frames * channels), value), rate, channels, peak);
+}
+
+/// 3 frames of 1, 2 frames of silence, nothing of a failed source, 2 frames of 5.
+LSoundSourceCat Mixed() {
+    LSoundSourceCat list;
+    list.AddSource(Constant(1, 3));
+    list.AddSilence(LSoundTime(2));
+    list.AddSource(LSoundSource());
+    list.AddSilence(LSoundTime(-1000));
+    list.AddSource(Constant(5, 2));
+    return list;
+}
+
+TEST(Concatenation, PlaysItsItemsOneAfterAnother) {
+    const LSoundSource source = Mixed().OpenSource();
+    EXPECT_EQ(source->sampleRate, 1000);
+    const std::vector<int> expected = {1, 1, 1, 0, 0, 5, 5, 0, 0, 0};
+    EXPECT_EQ(ReadFrames(*source, 10), expected);
+    EXPECT_EQ(source->GetPositionSample(), 7) << "it does not move past the end";
+    EXPECT_EQ(ReadInPieces(*Mixed().OpenSource(), 10), expected);
+}
+
+TEST(Concatenation, ItsLengthIsThatOfItsItems) {
+    const LSoundSource source = Mixed().OpenSource();
+    EXPECT_EQ(source->GetEndSample(), 7 - 1000) << "a negative silence plays nothing and counts as it is";
+    EXPECT_EQ(LSoundSourceCat().OpenSource()->GetEndSample(), 0);
+    const auto lengthOf = [](int first, int second) { // a second at each rate
+        LSoundSourceCat list;
+        list.AddSource(Constant(1, first, first));
+        list.AddSource(Constant(1, second, second));
+        return list.OpenSource()->GetEndSample();
+    };
+    EXPECT_EQ(lengthOf(8000, 44100), 44000 + 44100) << "the first as converted, by 11/2";
+    EXPECT_EQ(lengthOf(44100, 8000), 44100 + 8000) << "what is not open yet counts in its own rate";
+}
+
+TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {
+    LSoundSourceCat list;
+    EXPECT_EQ(list.OpenSource()->sampleRate, 8000);
+    EXPECT_EQ(list.OpenSource()->channels, 1);
+    EXPECT_EQ(list.OpenSource()->peakMax, 524272);
+    list.AddSource(Constant(3, 4, 22050));
+    list.AddSource(Constant(4, 4, 44100, 2, 2097152));
+    list.AddSource(LSoundSource());
+    const LSoundSource source = list.OpenSource();
+    EXPECT_EQ(source->sampleRate, 44100);
+    EXPECT_EQ(source->channels, 2);
+    EXPECT_EQ(source->peakMax, 2097152);
+}
+
+TEST(Concatenation, ItemsAreConvertedAsTheyAreReached) {
+    const std::vector<int> noise = ReferenceNoise(4000, 300000);
+    const LSoundSource slow = LSoundSource::Make<ArraySource>(noise, 22050);
+    LSoundSourceCat list;
+    list.AddSource(slow);
+    list.AddSource(Constant(7, 10, 44100, 2));
+    const std::vector<int> out = ReadFrames(*list.OpenSource(), 8010);
+    slow->Seek(0);
+    LSoundSource alone = slow;
+    LSPConvertSourceRateChannels(44100, 2, alone);
+    const std::vector<int> expected = ReadFrames(*alone, 8000);
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), out.begin()));
+    EXPECT_EQ(std::vector<int>(out.end() - 20, out.end()), std::vector<int>(20, 7));
+}
+
+TEST(Concatenation, AnItemThatNothingConvertsIsSilentForItsLength) {
+    LSoundSourceCat list;
+    list.AddSource(Constant(9, 3, 1000, 2));
+    list.AddSource(Constant(8, 2, 1000, 6));
+    const LSoundSource source = list.OpenSource();
+    EXPECT_EQ(source->channels, 6);
+    std::vector<int> expected(3 * 6, 0);
+    expected.resize(5 * 6, 8);
+    EXPECT_EQ(ReadFrames(*source, 5), expected);
+}
+
+TEST(Concatenation, SeeksToAnyFrame) {
+    LSoundSourceCat list;
+    list.AddSource(LSoundSource::Make<ArraySource>(std::vector<int>{1, 2, 3}, 1000));
+    list.AddSilence(LSoundTime(2));
+    list.AddSource(LSoundSource::Make<ArraySource>(std::vector<int>{4, 5}, 1000));
+    const LSoundSource source = list.OpenSource();
+    const std::vector<int> all = {1, 2, 3, 0, 0, 4, 5, 0, 0, 0, 0, 0};
+    for (const int target : {6, 0, 2, 3, 4, 5, 7, 8, 1}) { // 3 is the first item's end: still its own
+        source->Seek(target);
+        EXPECT_EQ(source->GetPositionSample(), target);
+        EXPECT_EQ(ReadFrames(*source, 3), std::vector<int>(all.begin() + target, all.begin() + target + 3))
+            << target;
+    }
+    source->Seek(-2); // and so is its first item
+    EXPECT_EQ(ReadFrames(*source, 5), (std::vector<int>{0, 0, 0, 0, 1}));
+    const LSoundSource empty = LSoundSourceCat().OpenSource();
+    empty->Seek(5);
+    EXPECT_EQ(empty->GetEndSample(), 8005)
+        << "the second of silence that an empty list plays once it was sought";
+}
+
+TEST(Concatenation, ListsNestedDeepAreSoughtInNoTime) {
+    LSoundSource inner = Constant(3, 2);
+    for (int rate = 1001; rate < 1033; ++rate) { // each has to be converted for the next one
+        LSoundSourceCat list;
+        list.AddSource(inner);
+        list.AddSource(Constant(1, 1, rate));
+        inner = list.OpenSource();
+    }
+    for (const int target : {0, 1, -5})
+        inner->Seek(target);
+    EXPECT_EQ(ReadFrames(*inner, 10).size(), 10u);
+}
+
+TEST(Concatenation, StreamsWhileAnyItemToComeDoes) {
+    const LSoundSource stream = Constant(1, 3);
+    static_cast<ArraySource&>(*stream).streaming = true;
+    LSoundSourceCat list;
+    list.AddSource(Constant(2, 2));
+    list.AddSource(stream);
+    list.AddSource(Constant(4, 2));
+    const LSoundSource source = list.OpenSource();
+    EXPECT_TRUE(source->IsStreaming());
+    ReadFrames(*source, 6);
+    EXPECT_FALSE(source->IsStreaming());
+}
+
+} // namespace

@@ -1,0 +1,72 @@
+#include "sound/stages/peak_limit.h"
+#include "support/array_source.h"
+#include "support/reference.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+LSoundSource Limit(const std::vector<int>& samples, int rate, int limit = FullScale16,
+                   std::uint8_t channels = 1) {
+    return LSoundSource::Make<LSRCPeakLimit>(LSoundSource::Make<ArraySource>(samples, rate, channels), limit);
+}
+
+int BlockFrames(int rate, bool streaming) {
+    const LSoundSource input = LSoundSource::Make<ArraySource>(std::vector<int>{}, rate);
+    auto& source = static_cast<ArraySource&>(*input);
+    source.streaming = streaming;
+    ReadFrames(*LSoundSource::Make<LSRCPeakLimit>(input, FullScale16), 1);
+    return source.longestRead;
+}
+
+TEST(PeakLimit, StandsOnlyWhereTheInputCanExceedTheLimit) {
+    const LSoundSource quiet =
+        LSoundSource::Make<ArraySource>(std::vector<int>{}, 44100, std::uint8_t{1}, 524272);
+    const LSoundSource loud =
+        LSoundSource::Make<ArraySource>(std::vector<int>{}, 44100, std::uint8_t{1}, 524273);
+    EXPECT_EQ(&*LSPPeakLimit(524272).OpenSource(quiet), &*quiet);
+    const LSoundSource limited = LSPPeakLimit(524272).OpenSource(loud);
+    EXPECT_NE(&*limited, &*loud);
+    EXPECT_EQ(limited->peakMax, 524272);
+    EXPECT_EQ(LSPPeakLimit(524272).OpenSource(LSoundSource())->status, SoundInputUnusable);
+    EXPECT_EQ(LSRCPeakLimit(loud, 0x7000000).peakMax, 4194303);
+}
+
+TEST(PeakLimit, BlocksLastA35thOfASecond) {
+    struct {
+        int rate;
+        bool streaming;
+        int frames;
+    } const cases[] = {{44100, false, 1260}, {44100, true, 630}, {8000, false, 228},
+                       {400, false, 16},     {1, true, 16},      {352800, false, 8192}};
+    for (const auto& each : cases)
+        EXPECT_EQ(BlockFrames(each.rate, each.streaming), each.frames) << each.rate;
+}
+
+TEST(PeakLimit, WhatNeedsNoScalingPassesToTheBit) {
+    const std::vector<int> full(5000, -FullScale16);
+    EXPECT_EQ(ReadFrames(*Limit(full, 44100), 5000), full);
+}
+
+TEST(PeakLimit, MatchesTheReference) {
+    EXPECT_EQ(HashSamples(ReadInPieces(*Limit(ReferenceNoise(60000, 900000), 8000, FullScale16, 2), 20000)),
+              0x49B708ECu);
+}
+
+TEST(PeakLimit, ThePositionRunsBehindTheInputAndASeekLandsExactly) {
+    std::vector<int> ramp;
+    for (int i = 0; i < 20000; ++i)
+        ramp.push_back(i);
+    const LSoundSource limited = Limit(ramp, 8000);
+    EXPECT_EQ(limited->GetPositionSample(), 0);
+    ReadFrames(*limited, 1000);
+    EXPECT_EQ(limited->GetPositionSample(), 1000);
+    for (const int frame : {17, 5000, 0}) {
+        limited->Seek(frame);
+        EXPECT_EQ(limited->GetPositionSample(), frame);
+        EXPECT_EQ(ReadFrames(*limited, 2), (std::vector<int>{frame, frame + 1}));
+    }
+    EXPECT_EQ(limited->GetEndSample(), 20000);
+}
+
+} // namespace

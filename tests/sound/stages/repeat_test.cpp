@@ -1,0 +1,76 @@
+#include "sound/stages/repeat.h"
+#include "support/array_source.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+namespace {
+
+/// Each frame's sample is its own index.
+std::vector<int> Ramp(int frames) {
+    std::vector<int> samples(static_cast<std::size_t>(frames));
+    std::iota(samples.begin(), samples.end(), 0);
+    return samples;
+}
+
+LSoundSource Loop(int start, int end, int frames = 50000) {
+    return LSoundSource::Make<LSRCRepeat>(LSoundSource::Make<ArraySource>(Ramp(frames), 44100), start, end);
+}
+
+TEST(Repeat, GoesBackToItsStartForEver) {
+    struct {
+        const char* name;
+        int start, end, length; // of what is heard on every pass
+    } const cases[] = {{"a second", 0, 44100, 44100},
+                       {"from the middle", 1000, 3000, 2000},
+                       {"swapped", 3000, 1000, 2000},
+                       {"no shorter than 256 frames", 10, 20, 256},
+                       {"empty at the start", 0, 0, 256}};
+    for (const auto& each : cases) {
+        const LSoundSource loop = Loop(each.start, each.end);
+        // A loop of less than 256 frames starts over with every call.
+        const std::vector<int> out =
+            each.length > 256 ? ReadInPieces(*loop, 100000) : ReadFrames(*loop, 100000);
+        const int start = std::min(each.start, each.end), end = std::max(each.start, each.end);
+        std::vector<int> expected = Ramp(end);
+        while (expected.size() < 100000)
+            for (int i = 0; i < each.length; ++i)
+                expected.push_back(start + i);
+        expected.resize(100000);
+        EXPECT_EQ(out, expected) << each.name;
+    }
+}
+
+TEST(Repeat, ARequestThatEndsAtTheLoopEndHasGoneBack) {
+    const LSoundSource loop = Loop(0, 44100);
+    ReadFrames(*loop, 44100);
+    EXPECT_EQ(loop->GetPositionSample(), 0);
+    ReadFrames(*loop, 100000 - 44100);
+    EXPECT_EQ(loop->GetPositionSample(), 11800);
+}
+
+TEST(Repeat, SeeksWithinTheLoop) {
+    struct {
+        int start, end, target, position;
+    } const cases[] = {{0, 1000, 1010, 10},    {0, 1000, 999, 999},  {0, 1000, 1000, 0},
+                       {500, 1000, 1600, 100}, // not offset by the loop start
+                       {0, 0, 77, 0},          {300, 300, 400, 300}, {0, 1000, 0x7FFFFFFF, 647}};
+    for (const auto& each : cases) {
+        const LSoundSource loop = Loop(each.start, each.end);
+        loop->Seek(each.target);
+        EXPECT_EQ(loop->GetPositionSample(), each.position) << each.target;
+    }
+}
+
+TEST(Repeat, ShowsALengthAndLeavesFailedSourcesAlone) {
+    EXPECT_EQ(Loop(0, 88200)->GetEndSample(), 441000);
+    const LSoundSource failed;
+    EXPECT_EQ(&*LSPRepeat(LSoundTime(0), LSoundTime(1000)).OpenSource(failed), &*failed);
+    LSRCRepeat forced(failed, 0, 10);
+    EXPECT_EQ(ReadFrames(forced, 1), std::vector<int>{0x5EED});
+    const LSoundSource input = LSoundSource::Make<ArraySource>(Ramp(10), 8000);
+    EXPECT_EQ(LSPRepeat(LSoundTime(0), LSoundTime(1000)).OpenSource(input)->GetEndSample(), 8000 + 64000);
+}
+
+} // namespace
