@@ -174,13 +174,13 @@ void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>&
 
 void ListDlg::CmAddSilence() {
     LNumericEdit box("Add silence to list", "Please specify the length of silence in milliseconds:", "");
-    if (!box.Open(*this))
+    if (!box.RunModal(*this))
         return;
-    if (box.GetText().find_first_not_of("0123456789.") != std::string::npos) {
+    if (box.GetEntry().find_first_not_of("0123456789.") != std::string::npos) {
         LShowMessageBox("", "Duration should be specified as a numeric value.");
         return;
     }
-    InsertEntry(box.GetText() + SilenceSuffix, list->GetCount());
+    InsertEntry(box.GetEntry() + SilenceSuffix, list->GetCount());
     ShowAdded();
 }
 
@@ -243,5 +243,5 @@ void ListDlg::CmHelp() {
 
 bool OpenToneListDialog(LWindow& parent) {
     ListDlg dialog;
-    return dialog.Open(parent);
+    return dialog.RunModal(parent);
 }

@@ -82,11 +82,11 @@ bool MainDialog::ChangeListViewData() {
         if (tone.GetItemValue(item).empty())
             continue; // a row that only names the waveform
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
-        if (!box.Open(*this))
+        if (!box.RunModal(*this))
             break;
         if (IsList(tone) || list->GetData(row) != item)
             break; // meanwhile a document has arrived
-        tone.SetItemValue(item, box.GetText().c_str());
+        tone.SetItemValue(item, box.GetEntry().c_str());
         UpdateListViewItem(item, row);
         changed = true;
     }

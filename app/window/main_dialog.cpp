@@ -96,7 +96,7 @@ void MainDialog::CmHelp() {
 
 void MainDialog::CmAbout() {
     AboutDlg about;
-    about.Open(*this);
+    about.RunModal(*this);
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {

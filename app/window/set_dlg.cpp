@@ -88,5 +88,5 @@ void SetDlg::CmHelp() {
 
 bool OpenSettingsDialog(LWindow& parent) {
     SetDlg dialog;
-    return dialog.Open(parent);
+    return dialog.RunModal(parent);
 }

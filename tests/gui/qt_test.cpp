@@ -240,8 +240,8 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
                 QTest::keyClicks(input, "441");
                 QTest::keyClick(input, each.key);
             });
-            EXPECT_EQ(box.Open(window), each.ok);
-            EXPECT_EQ(box.GetText(), each.text);
+            EXPECT_EQ(box.RunModal(window), each.ok);
+            EXPECT_EQ(box.GetEntry(), each.text);
         }
     });
 }
@@ -329,7 +329,7 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_FALSE(link->hasFocus());
             QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
         });
-        EXPECT_TRUE(form.Open(window));
+        EXPECT_TRUE(form.RunModal(window));
         EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "C & D", "12"}));
     });
 }
@@ -428,7 +428,7 @@ TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
         EXPECT_FALSE(toolkit.IsSessionEnding());
         LNumericEdit box("Edit Value", "", "1");
         Then([](QWidget&) { raise(SIGTERM); });
-        ok = box.Open(window);
+        ok = box.RunModal(window);
         answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
         EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
     });
