@@ -1,14 +1,14 @@
 #include "app/window/enabling_rules.h"
 
-#include "app/window/command_ids.h"
 #include "app/window/tone_commands.h"
+#include "app/window/waveforms.h"
 
 namespace {
 
 /// What noise and lists lack is not offered for them.
 void EnableForPeriodicTone(LMenu& menu, const MainState& state) {
     menu.EnableRange(CommandOneTone, CommandSixteenTones, true);
-    menu.EnableRange(CommandContinuous, CommandPinkNoise, true);
+    menu.EnableRange(CommandContinuous, CommandVariableAmplitude, true);
     menu.Enable(CommandSaveList, false);
     menu.EnableRange(CommandIncrease, CommandEditValue, state.selected);
 }
@@ -32,7 +32,7 @@ void MarkMenuItems(LMenu& menu, const SonvireData& tone) {
     menu.SetRadio(CommandOneTone, CommandSixteenTones, CommandNumberOfTones + tones);
     menu.SetRadio(CommandContinuous, CommandSweepLog, GetModeCommand(tone));
     menu.SetRadio(CommandMono, CommandStereo, tone.HasFlag(ToneFlagStereo) ? CommandStereo : CommandMono);
-    menu.SetRadio(CommandFirstWaveform, CommandPinkNoise, CommandFirstWaveform + tone.waveform);
+    menu.SetRadio(CommandFirstWaveform, CommandLastWaveform, CommandFirstWaveform + tone.waveform);
     menu.SetCheck(CommandVariableAmplitude, tone.HasFlag(ToneFlagVariableAmplitude));
     menu.SetCheck(CommandLoop, tone.repeat != 0);
 }
@@ -63,7 +63,7 @@ void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& 
          {CommandStereoToggle, CommandSweepLinear, CommandSweepLog, CommandVariableAmplitude})
         smallBar.Enable(command, periodic);
 
-    for (int command = CommandFirstWaveform; command <= CommandLoadList; ++command)
+    for (int command = CommandFirstWaveform; command <= CommandLastWaveform; ++command)
         smallBar.SetState(command, command == CommandFirstWaveform + tone.waveform);
     smallBar.SetState(CommandLoop, tone.repeat != 0);
     smallBar.SetState(CommandFiniteToggle, tone.HasFlag(ToneFlagDuration));

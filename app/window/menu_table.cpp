@@ -1,23 +1,9 @@
-#include "app/window/menu_table.h"
-
-#include "app/window/command_ids.h"
-
-#include <algorithm>
-#include <array>
-#include <iterator>
+#include "app/window/waveforms.h"
+#include "app/window/window_tables.h"
 
 namespace {
 
-/// The tables behind one another.
-template <std::size_t... Sizes>
-constexpr auto Join(const LMenuEntry (&... parts)[Sizes]) {
-    std::array<LMenuEntry, (Sizes + ...)> all{};
-    auto next = all.begin();
-    ((next = std::copy(std::begin(parts), std::end(parts), next)), ...);
-    return all;
-}
-
-constexpr LMenuEntry FileAndToneMenu[] = {
+constexpr auto FileAndToneMenu = std::to_array<LMenuEntry>({
     {-1, "File"},
     {CommandLoadTone, "Load Tone..."},
     {CommandSaveAsTone, "Save As Tone..."},
@@ -34,28 +20,28 @@ constexpr LMenuEntry FileAndToneMenu[] = {
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value"},
-};
+});
 
 /// What the Tone menu and the list's own menu have in common.
-constexpr LMenuEntry ToneChoices[] = {
+constexpr auto ToneChoices = std::to_array<LMenuEntry>({
     {0},
     {-1, "Number of Tones"},
-    {3001, "1"},
-    {3002, "2"},
-    {3003, "3"},
-    {3004, "4"},
-    {3005, "5"},
-    {3006, "6"},
-    {3007, "7"},
-    {3008, "8"},
-    {3009, "9"},
-    {3010, "10"},
-    {3011, "11"},
-    {3012, "12"},
-    {3013, "13"},
-    {3014, "14"},
-    {3015, "15"},
-    {3016, "16"},
+    {CommandNumberOfTones + 1, "1"},
+    {CommandNumberOfTones + 2, "2"},
+    {CommandNumberOfTones + 3, "3"},
+    {CommandNumberOfTones + 4, "4"},
+    {CommandNumberOfTones + 5, "5"},
+    {CommandNumberOfTones + 6, "6"},
+    {CommandNumberOfTones + 7, "7"},
+    {CommandNumberOfTones + 8, "8"},
+    {CommandNumberOfTones + 9, "9"},
+    {CommandNumberOfTones + 10, "10"},
+    {CommandNumberOfTones + 11, "11"},
+    {CommandNumberOfTones + 12, "12"},
+    {CommandNumberOfTones + 13, "13"},
+    {CommandNumberOfTones + 14, "14"},
+    {CommandNumberOfTones + 15, "15"},
+    {CommandNumberOfTones + 16, "16"},
     {-1},
     {0},
     {CommandContinuous, "Constant (Continuous)"},
@@ -68,16 +54,18 @@ constexpr LMenuEntry ToneChoices[] = {
     {0},
     {-CommandVariableAmplitude, "Variable Amplitude"},
     {0},
-    {CommandFirstWaveform + 0, "Sine"},
-    {CommandFirstWaveform + 1, "Square"},
-    {CommandFirstWaveform + 2, "Triangular"},
-    {CommandFirstWaveform + 3, "Saw Tooth"},
-    {CommandFirstWaveform + 4, "Impulse"},
-    {CommandWhiteNoise, "White Noise"},
-    {CommandPinkNoise, "Pink Noise"},
-};
+});
 
-constexpr LMenuEntry RestOfMainMenu[] = {
+constexpr auto WaveformEntries = [] {
+    std::array<LMenuEntry, WaveformsInMenus> entries{};
+    auto next = entries.begin();
+    for (const WaveformRow& row : Waveforms)
+        if (row.kind != WaveformKind::List)
+            *next++ = {row.GetCommand(), row.name};
+    return entries;
+}();
+
+constexpr auto RestOfMainMenu = std::to_array<LMenuEntry>({
     {-1},
     {-1, "Playback"},
     {CommandPlay, "Play"},
@@ -98,16 +86,16 @@ constexpr LMenuEntry RestOfMainMenu[] = {
     {0},
     {CommandAbout, "About Sonvire"},
     {-1},
-};
+});
 
-constexpr LMenuEntry ListValues[] = {
+constexpr auto ListValues = std::to_array<LMenuEntry>({
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value..."},
-};
+});
 
-constexpr auto MainMenu = Join(FileAndToneMenu, ToneChoices, RestOfMainMenu);
-constexpr auto ListMenu = Join(ListValues, ToneChoices);
+constexpr auto MainMenu = JoinTables(FileAndToneMenu, ToneChoices, WaveformEntries, RestOfMainMenu);
+constexpr auto ListMenu = JoinTables(ListValues, ToneChoices, WaveformEntries);
 
 } // namespace
 

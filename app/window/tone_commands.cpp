@@ -1,6 +1,8 @@
 #include "app/window/tone_commands.h"
 
-#include "app/window/command_ids.h"
+#include "app/window/waveforms.h"
+#include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
 
 #include <algorithm>
 
@@ -51,9 +53,9 @@ bool ChangeTone(SonvireData& tone, int command) {
         tone.numTones = static_cast<std::uint8_t>(command - CommandNumberOfTones);
         return true;
     }
-    if (command >= CommandFirstWaveform && command <= CommandPinkNoise) {
-        tone.waveform = static_cast<std::uint8_t>(command - CommandFirstWaveform);
-        if (command >= CommandWhiteNoise)
+    if (const WaveformRow* row = FindWaveform(command); row && row->kind != WaveformKind::List) {
+        tone.waveform = row->code;
+        if (row->kind == WaveformKind::Noise)
             Apply(tone, {command, NotOfNoise, 0, 0});
         return true;
     }
@@ -68,6 +70,14 @@ int GetModeCommand(const SonvireData& tone) {
     return tone.HasFlag(ToneFlagLogSweep) ? CommandSweepLog : CommandSweepLinear;
 }
 
+/// What is wrong with a list is told when it plays.
+void TakeLength(SonvireData& tone) {
+    SonvireData onePass = tone;
+    onePass.repeat = 0;
+    ToneListReport untold;
+    tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(onePass, &untold).GetEnd().GetMilliseconds());
+}
+
 void SetListPath(SonvireData& tone, const std::string& path) {
     const std::size_t length = path.copy(tone.listPath, sizeof tone.listPath - 1);
     tone.listPath[length] = 0;
@@ -78,5 +88,6 @@ bool IsList(const SonvireData& tone) {
 }
 
 bool IsNoiseOrList(const SonvireData& tone) {
-    return tone.waveform == ToneWhiteNoise || tone.waveform == TonePinkNoise || IsList(tone);
+    const WaveformRow* row = FindWaveform(CommandFirstWaveform + tone.waveform);
+    return row && row->kind != WaveformKind::Periodic;
 }

@@ -1,13 +1,14 @@
+#include "app/window/tone_files.h"
+
 #include "app/list_editor/list_entries.h"
+#include "app/setting_names.h"
 #include "app/window/file_reports.h"
-#include "app/window/main_dialog.h"
 #include "app/window/tone_commands.h"
 #include "gui/file_chooser.h"
 #include "gui/process_dialog.h"
 #include "sound/files/wave_file.h"
 #include "sound/render_job.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "sys/replaced_file.h"
@@ -26,10 +27,14 @@ constexpr int MostProblemsShown = 8;
 
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
+void RememberFile(const std::string& path) {
+    Setting::File.Set(path);
+    Setting::FileFolder.Set(GetFolder(path));
+}
+
 /// Where the last tone file was.
 LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, LUserSettingGetText("settings", "file"), LUserSettingGetText("settings", "filedir"),
-            filters, "tdf"};
+    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf"};
 }
 
 /// Why the sound is none that can be saved; empty where it is.
@@ -83,75 +88,90 @@ void Render(LWindow& parent, const LSoundSource& source, const std::string& path
 
 } // namespace
 
-void MainDialog::CmLoadTDF() {
-    LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
-    if (const std::string path = LChooseFileToRead(*this, chooser); !path.empty())
-        CmLoadFile(path.c_str());
+void ToneFiles::LoadDocument(const std::string& path) {
+    RememberFile(path);
+    if (GetExtension(path) == ".tdf")
+        Read(path);
+    else
+        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
 }
 
-void MainDialog::CmSaveAsTDF() {
+void ToneFiles::LoadNamed(const std::string& path, const std::string& fullPath) {
+    if (Read(path))
+        RememberFile(fullPath);
+}
+
+bool ToneFiles::Read(const std::string& path) {
+    SonvireData read;
+    const bool whole = ReadToneFile(read, path);
+    if (whole)
+        tone = read;
+    return whole;
+}
+
+bool ToneFiles::CmLoadTDF() {
+    LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
+    const std::string path = LChooseFileToRead(window, chooser);
+    if (!path.empty())
+        LoadDocument(path);
+    return !path.empty();
+}
+
+void ToneFiles::CmSaveAsTDF() {
     if (IsList(tone)) {
         LShowMessageBox("Error", "Tone of list type should not be save as a tone file. Instead, save it as a "
                                  "tone list file by selecting \"Save List\" on the menu");
         return;
     }
     LFileChooser chooser = MakeToneChooser("Save As Tone", SaveToneFilters);
-    if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
+    if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveTDF(path);
 }
 
-void MainDialog::CmSave() {
-    if (IsList(tone)) {
-        CmSaveList();
-        return;
-    }
+bool ToneFiles::CmSave() {
     LFileChooser chooser = MakeToneChooser("Save tone as", SaveFilters);
-    const std::string path = LChooseFileToSave(*this, chooser);
+    const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
-        return;
-    if (GetExtension(path) == ".tdf")
-        CmSaveTDF(path);
-    else
-        CmSaveWave(path);
+        return false;
+    if (GetExtension(path) != ".tdf")
+        return CmSaveWave(path);
+    CmSaveTDF(path);
+    return false;
 }
 
-void MainDialog::CmSaveAsWav() {
-    if (!tone.IsFinite()) {
-        CmSaveWave({}); // which says why not
-        return;
-    }
-    LFileChooser chooser{"Save As Wav File", "", LUserSettingGetText("settings", "filedir"), WaveFilters,
-                         "wav"};
-    if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
-        CmSaveWave(path);
+bool ToneFiles::CmSaveAsWav() {
+    if (!tone.IsFinite())
+        return CmSaveWave({}); // which says why not
+    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav"};
+    const std::string path = LChooseFileToSave(window, chooser);
+    return !path.empty() && CmSaveWave(path);
 }
 
-void MainDialog::CmSaveTDF(const std::string& path) {
+void ToneFiles::CmSaveTDF(const std::string& path) {
     RememberFile(path);
     if (!tone.WriteToFile(path.c_str()))
         ReportUnwritten(path, ExplainError(errno));
 }
 
-void MainDialog::CmSaveWave(const std::string& path) {
+bool ToneFiles::CmSaveWave(const std::string& path) {
     if (!tone.IsFinite()) {
         LShowMessageBox(
             "No Duration Specified",
             "Tones can only be saved as wav files if they are a fixed duration tone.\r\n\r\nSelect "
             "the Constant (Specified Duration) or Sweep items, or turn of loop play, from the Tones "
             "menu.");
-        return;
+        return false;
     }
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
+    Setting::FileFolder.Set(GetFolder(path));
     ToneListReport report;
     const LSoundSource source = OpenToneEngine(tone, &report);
     if (const std::string reason = WhyNotSaved(tone, source, report); !reason.empty()) {
         LShowMessageBox("Error", "The tone can't be saved: it " + reason + ".");
-        return;
+        return false;
     }
     if (!ConfirmProblems(report))
-        return;
+        return false;
     const bool replacesItsOwn = IsReadByList(path, report);
-    Render(*this, source, path);
-    if (replacesItsOwn)
-        RelistandStart();
+    Render(window, source, path);
+    return replacesItsOwn;
 }

@@ -1,12 +1,13 @@
-#include "app/list_editor/edited_list.h"
+#include "app/window/tone_lists.h"
+
 #include "app/list_editor/list_dlg.h"
 #include "app/list_editor/list_entries.h"
+#include "app/setting_names.h"
 #include "app/window/file_reports.h"
-#include "app/window/main_dialog.h"
 #include "app/window/tone_commands.h"
+#include "app/window/tone_files.h"
 #include "gui/file_chooser.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_report.h"
@@ -20,68 +21,51 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File"
 
 } // namespace
 
-/// Lets the user edit the list at `path`, a new one where it is empty. True where it is the current tone
-/// afterwards.
-bool MainDialog::EditList(const std::string& path) {
+bool ToneLists::CmEditList(const std::string& path) {
     if (const std::string refusal = WhyNoListEntry(path); !refusal.empty()) {
         ReportUnreadable(path, refusal);
         return false;
     }
-    SetEditedList(path);
-    if (!OpenToneListDialog(*this))
+    edited.Begin(path);
+    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty())
         return false;
-    const std::string edited = GetEditedList();
-    if (edited.empty())
-        return false;
-    SetListPath(tone, edited);
+    SetListPath(tone, edited.GetPath());
     tone.waveform = ToneFromList;
     tone.flags |= ToneFlagDuration; // a list ends
     return true;
 }
 
-void MainDialog::CmCreateList() {
-    if (EditList({}))
-        RelistandStart();
-}
-
-void MainDialog::CmEditList(const std::string& path) {
-    if (EditList(path))
-        RelistandStart();
-}
-
-void MainDialog::CmLoadList() {
-    LFileChooser chooser{"Select Tone List to Open", GetEditedList(),
-                         LUserSettingGetText("tonelist", "readfolder"), LoadListFilters, "tdl"};
-    const std::string path = LChooseFileToRead(*this, chooser);
-    if (path.empty()) {
-        EnableControls(); // the item was pressed, and the tone is no list for that
-        return;
-    }
-    LUserSettingSetString("tonelist", "readfolder", chooser.folder);
+bool ToneLists::CmLoadList() {
+    LFileChooser chooser{"Select Tone List to Open", edited.GetPath(), Setting::ListReadFolder.Get(),
+                         LoadListFilters, "tdl"};
+    const std::string path = LChooseFileToRead(window, chooser);
+    if (path.empty())
+        return false;
+    Setting::ListReadFolder.Set(chooser.folder);
     if (GetExtension(path) != ".tdl")
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!EditList(path))
-        TakeLength();
-    RelistandStart();
+    else if (!CmEditList(path))
+        TakeLength(tone);
+    return true;
 }
 
-void MainDialog::CmSaveList() {
+bool ToneLists::CmSaveList() {
     const std::string list = tone.GetListPath();
     LFileChooser chooser{"Save Tone List to File", IsTemporaryList(list) ? "" : list,
-                         LUserSettingGetText("tonelist", "savefolder"), SaveListFilters, "tdl"};
-    const std::string path = LChooseFileToSave(*this, chooser);
+                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
+    const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
-        return;
-    LUserSettingSetString("tonelist", "savefolder", chooser.folder);
-    if (GetExtension(path) == ".wav") {
-        CmSaveWave(path);
-    } else if (CopyList(list, path)) {
+        return false;
+    Setting::ListSaveFolder.Set(chooser.folder);
+    if (GetExtension(path) == ".wav")
+        return files.CmSaveWave(path);
+    const bool copied = CopyList(list, path);
+    if (copied)
         SetListPath(tone, path);
-        RelistandStart();
-    }
+    return copied;
 }
 
-bool MainDialog::CopyList(const std::string& list, const std::string& path) {
+bool ToneLists::CopyList(const std::string& list, const std::string& path) {
     if (!IsList(tone)) {
         LShowMessageBox("Error", "The tone is no list, so there is none to save.");
         return false;

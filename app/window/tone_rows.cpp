@@ -1,19 +1,40 @@
+#include "app/window/tone_rows.h"
+
 #include "app/list_editor/list_entries.h"
 #include "app/window/command_ids.h"
-#include "app/window/main_dialog.h"
-#include "app/window/menu_table.h"
 #include "app/window/tone_commands.h"
 #include "gui/numeric_edit.h"
-#include "gui/toolkit.h"
+#include "gui/window.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
 
-static constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+namespace {
 
-void MainDialog::SetupListViewData() {
+constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+
+} // namespace
+
+void ToneRows::Create() {
+    window.GetControls().Add({ControlList, LControlKind::List, "", {}});
+    list = std::make_unique<LListView>(window, ControlList);
+}
+
+void ToneRows::Begin() {
+    list->SetColumns(Columns);
+    SetupListViewData();
+    list->SetFocus();
+    list->SetCurrent(0);
+    list->BindCommands({.selection = CommandSelection,
+                        .doubleClick = CommandListDoubleClick,
+                        .rightClick = CommandListRightClick});
+    window.SetToolTip(ControlList, "Tone details (double click to modify)");
+}
+
+void ToneRows::SetupListViewData() {
     {
         const LListRebuild rebuild(*list);
         for (const unsigned int item : GetShownItems(tone))
@@ -23,7 +44,7 @@ void MainDialog::SetupListViewData() {
         list->SetCurrent(0); // so that a key has something to step
 }
 
-void MainDialog::InsertListViewItem(unsigned int item) {
+void ToneRows::InsertListViewItem(unsigned int item) {
     if (IsList(tone)) {
         InsertListRows(item);
         return;
@@ -34,7 +55,7 @@ void MainDialog::InsertListViewItem(unsigned int item) {
 
 /// One row for each line of the list file. The last one shows the list's own name instead of its entry; that
 /// is meant.
-void MainDialog::InsertListRows(unsigned int item) {
+void ToneRows::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
     if (!ReadToneListLines(lines, path.c_str()))
@@ -55,12 +76,12 @@ void MainDialog::InsertListRows(unsigned int item) {
         list->SetText(list->GetCount() - 1, 0, GetExtension(path) == ".tdl" ? path : "Unsaved list");
 }
 
-void MainDialog::UpdateListViewItem(unsigned int item, int row) {
+void ToneRows::UpdateListViewItem(unsigned int item, int row) {
     if (!IsList(tone))
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
-bool MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
+bool ToneRows::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
     if (IsList(tone))
         return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
@@ -72,9 +93,7 @@ bool MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int), int 
     return !list->GetSelection().empty();
 }
 
-/// Asks for the value of one selected row after the other until the user cancels; true where at least one was
-/// set.
-bool MainDialog::ChangeListViewData() {
+bool ToneRows::ChangeListViewData() {
     bool changed = false;
     const std::vector<int> rows = list->GetSelection();
     for (const int row : rows) {
@@ -82,7 +101,7 @@ bool MainDialog::ChangeListViewData() {
         if (tone.GetItemValue(item).empty())
             continue; // a row that only names the waveform
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
-        if (!box.RunModal(*this))
+        if (!box.RunModal(window))
             break;
         if (IsList(tone) || list->GetData(row) != item)
             break; // meanwhile a document has arrived
@@ -91,18 +110,4 @@ bool MainDialog::ChangeListViewData() {
         changed = true;
     }
     return changed;
-}
-
-void MainDialog::CmToneEditValue() {
-    if (IsList(tone))
-        CmEditList(tone.GetListPath());
-    else if (ChangeListViewData())
-        Restart();
-}
-
-void MainDialog::CmListViewRightClickMenu() {
-    LMenu menu(GetToolkit().CreatePopupMenu(), GetListMenu());
-    EnableMenuItems(menu, GetState());
-    if (const int chosen = menu.Choose(); chosen != 0)
-        Command(chosen);
 }

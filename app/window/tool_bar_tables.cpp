@@ -1,6 +1,5 @@
-#include "app/window/tool_bar_tables.h"
-
-#include "app/window/command_ids.h"
+#include "app/window/waveforms.h"
+#include "app/window/window_tables.h"
 
 namespace {
 
@@ -15,18 +14,21 @@ constexpr LToolBarItem MainToolBar[] = {
     {Button, CommandPreferences, "preferences", "Preferences", "Preferences"},
 };
 
-constexpr LToolBarItem SmallToolBar[] = {
+constexpr auto ValueItems = std::to_array<LToolBarItem>({
     {Button, CommandIncrease, "increase", "", "Increase selected tone value"},
     {Button, CommandDecrease, "decrease", "", "Decrease the selected tone value"},
     {Separator},
-    {Radio, CommandFirstWaveform + 0, "sine", "", "Sine"},
-    {Radio, CommandFirstWaveform + 1, "square", "", "Square"},
-    {Radio, CommandFirstWaveform + 2, "triangle", "", "Triangle"},
-    {Radio, CommandFirstWaveform + 3, "saw-tooth", "", "Saw tooth"},
-    {Radio, CommandFirstWaveform + 4, "impulse", "", "Impulse train"},
-    {Radio, CommandWhiteNoise, "white-noise", "", "White noise"},
-    {Radio, CommandPinkNoise, "pink-noise", "", "Pink noise"},
-    {Radio, CommandLoadList, "tone-list", "", "Load List"},
+});
+
+constexpr auto WaveformItems = [] {
+    std::array<LToolBarItem, std::size(Waveforms)> items{};
+    std::transform(std::begin(Waveforms), std::end(Waveforms), items.begin(), [](const WaveformRow& row) {
+        return LToolBarItem{Radio, row.GetCommand(), row.icon, "", row.toolTip};
+    });
+    return items;
+}();
+
+constexpr auto ModeItems = std::to_array<LToolBarItem>({
     {Toggle, CommandStereoToggle, "stereo", "", "Stereo"},
     {Separator},
     {Toggle, CommandFiniteToggle, "finite", "", "Finite duration"},
@@ -34,7 +36,9 @@ constexpr LToolBarItem SmallToolBar[] = {
     {Radio, CommandSweepLinear, "linear-sweep", "", "Linear sweep"},
     {Radio, CommandSweepLog, "log-sweep", "", "Logarithmic sweep"},
     {Toggle, CommandVariableAmplitude, "variable-amplitude", "", "Variable amplitudes"},
-};
+});
+
+constexpr auto SmallToolBar = JoinTables(ValueItems, WaveformItems, ModeItems);
 
 } // namespace
 

@@ -172,7 +172,7 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
         window.onCommand = [&](int command) {
             if (command != RightClick)
                 return;
-            LMenu menu(toolkit.CreatePopupMenu(), Entries);
+            LMenu menu(window.list->CreatePopupMenu(), Entries);
             menu.Enable(102, false);
             menu.SetRadio(3001, 3002, 3002);
             menu.SetCheck(118, true);

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/main_dialog.h"
 #include "support/memory_toolkit.h"
 #include "support/owner.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
-#include "sys/desktop/settings.h"
 #include "sys/desktop/user_data.h"
 
 #include <gtest/gtest.h>
@@ -98,11 +98,12 @@ protected:
         EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
         return kept;
     }
-    static std::string Stored(const char* section, const char* key) {
-        std::string text;
-        LUserSettingGetString(section, key, "-", text);
-        return text;
+    /// The stored text, "-" where there is none.
+    template <class Setting>
+    static std::string Stored(const Setting& setting) {
+        return LUserSettingGetText(setting.section, setting.key, "-");
     }
+    static std::string EditedList() { return Setting::EditList.Get(); }
 
     // What the user will do.
     static void PressOk(MemoryDialog& dialog) { dialog.Press(LCommandOk); }

@@ -113,6 +113,8 @@ public:
     bool Key(unsigned virtualKey, char32_t character = 0, bool repeated = false) {
         return events.KeyPressed({.virtualKey = virtualKey, .character = character, .repeated = repeated});
     }
+    /// The user makes the window this large.
+    void Resize(int width, int height) { events.Resized(width, height); }
     void Drop(const std::vector<std::string>& paths) { events.FilesDropped(paths); }
     void CloseWindow() { events.CloseAsked(); }
 
@@ -170,10 +172,14 @@ public:
     std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& barEvents) override {
         return Make(toolBar, barEvents);
     }
-    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int /*control*/, LToolBarEvents& barEvents) override {
+    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int control, LToolBarEvents& barEvents) override {
+        controls.Add({control, {}, "", {.height = 30}});
         return Make(smallToolBar, barEvents);
     }
-    void AddStatusItem(const LStatusItem& /*item*/) override {}
+    void AddStatusItem(const LStatusItem& item) override {
+        controls.Add({item.id, {}, "", {}});
+        controls.SetToolTip(item.id, item.toolTip);
+    }
 
 private:
     /// The window's owner has it, and the test sees it meanwhile.

@@ -1,4 +1,3 @@
-#include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg_layout.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
@@ -39,7 +38,7 @@ protected:
     }
     MemoryList& EditedRows() { return *editor->controls[ListRows].list; }
     static void RemoveTemporary() {
-        if (const std::string list = GetEditedList(); list.starts_with("/var/tmp/"))
+        if (const std::string list = EditedList(); list.starts_with("/var/tmp/"))
             std::filesystem::remove(list);
     }
     std::string WriteList(const std::string& name, const std::string& lines) {
@@ -84,9 +83,9 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
         EXPECT_EQ(toolkit->choosers.at(0).title + toolkit->choosers.at(2).title,
                   "Select fileSave tone list as");
     });
-    EXPECT_EQ(GetEditedList(), path);
-    for (const char* key : {"read folder", "savefolder"})
-        EXPECT_EQ(Stored("tonelist", key) + "/", folder / "");
+    EXPECT_EQ(EditedList(), path);
+    for (const TextSetting& kept : {Setting::EntryReadFolder, Setting::ListSaveFolder})
+        EXPECT_EQ(Stored(kept) + "/", folder / "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 3U) << "the last tone was the list"; });
 }
 
@@ -212,13 +211,13 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
             [&](MemoryMainWindow&) {
                 if (!each.named)
                     Send({NewList});
-                EXPECT_THAT(GetEditedList(), StartsWith(each.edited));
+                EXPECT_THAT(EditedList(), StartsWith(each.edited));
                 EXPECT_EQ(Boxes(), AskToSave);
-                EXPECT_EQ(ReadBytes(GetEditedList()), after);
+                EXPECT_EQ(ReadBytes(EditedList()), after);
                 EXPECT_EQ(Rows().back(), each.row + "=");
                 if (each.row == "Unsaved list") {
                     struct stat info {};
-                    stat(GetEditedList().c_str(), &info);
+                    stat(EditedList().c_str(), &info);
                     EXPECT_EQ(info.st_mode & 0777, 0666U);
                 }
                 Send({EditValue});
@@ -247,7 +246,7 @@ TEST_F(ListEditor, AFullDiskKeepsTheEditorOpen) {
 TEST_F(ListEditor, CancelLeavesNothingBehind) {
     std::string temporary;
     OnEditor([&](MemoryDialog& dialog) {
-        temporary = GetEditedList();
+        temporary = EditedList();
         EXPECT_TRUE(std::filesystem::exists(temporary));
         dialog.Press(ListAddSilence);
         dialog.Press(LCommandCancel);

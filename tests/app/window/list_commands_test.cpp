@@ -1,4 +1,3 @@
-#include "app/list_editor/edited_list.h"
 #include "support/app_window.h"
 
 #include <gmock/gmock.h>
@@ -51,7 +50,7 @@ TEST_F(ListCommands, AListIsLoadedBySmallToolBarOnly) {
         });
         EXPECT_EQ(KeptTone().durationMs, each.duration);
     }
-    EXPECT_EQ(LUserSettingGetText("tonelist", "readfolder"), list.substr(0, list.rfind('/')));
+    EXPECT_EQ(Setting::ListReadFolder.Get(), list.substr(0, list.rfind('/')));
 }
 
 TEST_F(ListCommands, AListIsSavedAsAListOrAsItsSound) {

@@ -106,7 +106,7 @@ TEST_F(App, QuittingIsClosing) {
             EXPECT_TRUE(toolkit->quit);
             EXPECT_FALSE(window.visible);
         });
-        EXPECT_EQ(LUserSettingGet("MainWindow", "X", -1), way);
+        EXPECT_EQ(Setting::WindowX.Get(), way);
     }
 }
 
@@ -117,10 +117,10 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
         Send({2109, 3002, 101});
         window.geometry = {10, 20, 900, 500, true};
     });
-    EXPECT_TRUE(LUserSettingGet("Settings", "FirstRun", false));
+    EXPECT_TRUE(Setting::FirstRun.Get());
     EXPECT_EQ(output.opened, output.closed) << "nothing plays on";
     EXPECT_EQ(KeptTone().flags, ToneFlagStereo);
-    LUserSettingSet("settings", "autoplay", true);
+    Setting::Autoplay.Set(true);
     const int before = output.opened;
     Run(
         [&](MemoryMainWindow& window) {
@@ -172,8 +172,8 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                     window.Drop({each.path});
                 EXPECT_EQ(Rows().at(0), each.row);
                 EXPECT_EQ(Boxes(), each.box);
-                EXPECT_EQ(Stored("settings", "file"), each.remembered);
-                EXPECT_EQ(Stored("settings", "filedir") + "/", each.remembered == "-" ? "-/" : folder / "");
+                EXPECT_EQ(Stored(Setting::File), each.remembered);
+                EXPECT_EQ(Stored(Setting::FileFolder) + "/", each.remembered == "-" ? "-/" : folder / "");
             },
             each.way == Argument ? Texts{each.path, folder / "second.tdf"} : Texts{},
             [&](MainDialog& window) {
@@ -219,7 +219,7 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
                        {"300", 256 * Both}, {"-35", 5 * Both}, {"-500", 0}};
     Run([&](MemoryMainWindow& window) {
         for (const auto& each : cases) {
-            LUserSettingSetString("settings", "playvolume", each.stored);
+            Setting::PlayVolume.SetText(each.stored);
             output.volume = 1;
             window.Choose(101);
             EXPECT_TRUE(Wait([&] { return output.volume == each.word; })) << each.stored;
@@ -229,16 +229,16 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
         Control(ControlVolume).held = true;
         window.Set(ControlVolume, -6);
         EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
-        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -500) << "kept once the slider is let go";
+        EXPECT_EQ(Setting::PlayVolume.Get(), -500) << "kept once the slider is let go";
         Control(ControlVolume).held = false;
         window.Set(ControlVolume, -6);
-        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -6);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -6);
     });
     EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";
 }
 
 TEST_F(App, TheOutputIsChosenInTheStatusBar) {
-    LUserSettingSetString("Settings", "OutDevice", "unplugged");
+    Setting::OutDevice.Set("unplugged");
     Run([&](MemoryMainWindow& window) {
         MemoryControl& chooser = Control(ControlDevice);
         EXPECT_TRUE(Wait([&] { return chooser.choices.size() == 4; }));
@@ -246,10 +246,9 @@ TEST_F(App, TheOutputIsChosenInTheStatusBar) {
         EXPECT_EQ(chooser.value, 3);
         window.Choose(101);
         EXPECT_TRUE(WaitForPlayback(1));
-        chooser.text = "Studio";
         window.Set(ControlDevice, 2);
         EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
-        EXPECT_EQ(Stored("Settings", "OutDevice"), "Studio");
+        EXPECT_EQ(Stored(Setting::OutDevice), "Studio");
     });
 }
 

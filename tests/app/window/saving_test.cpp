@@ -1,4 +1,3 @@
-#include "app/list_editor/edited_list.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
 

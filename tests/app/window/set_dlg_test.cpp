@@ -49,18 +49,18 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
             Send({1401});
             EXPECT_EQ(Boxes(), each.box);
         });
-        EXPECT_EQ(Stored("settings", "autoplay"), "1") << "also where the rest is refused";
-        EXPECT_EQ(Stored("settings", "frequency increment step"), each.step);
-        EXPECT_EQ(Stored("settings", "semitone increment"), each.bySemitone);
-        EXPECT_EQ(Stored("settings", "semitoneval"), each.semitoneVal);
-        EXPECT_EQ(Stored("settings", "frequencyval"), each.frequencyVal);
+        EXPECT_EQ(Stored(Setting::Autoplay), "1") << "also where the rest is refused";
+        EXPECT_EQ(Stored(Setting::StepHz), each.step);
+        EXPECT_EQ(Stored(Setting::StepsBySemitone), each.bySemitone);
+        EXPECT_EQ(Stored(Setting::ShownSemitones), each.semitoneVal);
+        EXPECT_EQ(Stored(Setting::ShownHz), each.frequencyVal);
     }
 }
 
 TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
-    LUserSettingSet("settings", "semitone increment", false);
-    LUserSettingSetString("settings", "frequency increment step", "25");
-    LUserSettingSetString("settings", "semitoneval", "7");
+    Setting::StepsBySemitone.Set(false);
+    Setting::StepHz.Set("25");
+    Setting::ShownSemitones.Set(7);
     for (const int button : {LCommandCancel, LCommandOk})
         dialogs.emplace_back([button](MemoryDialog& box) {
             EXPECT_EQ(box.controls.GetText(Frequency), "25");
