@@ -1,7 +1,6 @@
 #include "cli/program.h"
 
 #include "cli/make_command.h"
-#include "cli/printed_messages.h"
 #include "cli/refusal.h"
 #include "cli/render_command.h"
 #include "cli/show_command.h"
@@ -26,7 +25,6 @@ int RunCommandLine(int argc, const char* const* argv) {
     AddPlayCommand(program, status);
     AddDevicesCommand(program, status);
 #endif
-    PrintedMessages messages;
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -48,9 +48,9 @@ void SonvireData::SetDuration(std::uint32_t ms) {
     repeat = 0;
 }
 
-std::string SonvireData::WhyUncountable() const {
+LFailure SonvireData::CheckCountable() const {
     const bool counts = !HasFlag(ToneFlagDuration) || durationMs <= MaxToneDurationMs;
-    return counts ? "" : "lasts longer than the 13 and a half hours that a tone can be counted for";
+    return counts ? LFailure() : "lasts longer than the 13 and a half hours that a tone can be counted for";
 }
 
 int SonvireData::GetDurationFrames() const {

@@ -1,7 +1,7 @@
 #include "app/list_editor/edited_list.h"
 
-#include "app/list_editor/list_entries.h"
 #include "app/setting_names.h"
+#include "jobs/tone_lists.h"
 #include "sys/path.h"
 
 #include <unistd.h>
@@ -15,10 +15,10 @@ void EditedList::Begin(const std::string& file) {
     replaced = IsTemporaryList(file) ? file : "";
 }
 
-bool EditedList::CreateFile() {
-    created = CreateTemporaryList();
+LFailure EditedList::CreateFile() {
+    LFailure failure = CreateTemporaryList(created);
     MoveTo(created);
-    return !created.empty();
+    return failure;
 }
 
 /// The setting alone would not do: the store may refuse it, and holds no long or oddly encoded path.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include "sys/failure.h"
 
 /// The tone list that the user edits: the file that it is in, which the settings keep as well, and the one
 /// owner of the temporary files that it is in until the user saves it.
@@ -16,8 +16,8 @@ public:
     /// True as long as the user has not given it a name of a list's.
     bool IsUntitled() const { return untitled; }
 
-    /// Puts a new list into a temporary file. False, with the reason in `errno`, where that failed.
-    bool CreateFile();
+    /// Puts a new list into a temporary file.
+    LFailure CreateFile();
     /// The list has been written to this file.
     void MoveTo(const std::string& file);
 

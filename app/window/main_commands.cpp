@@ -44,7 +44,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandLoadTone, [](MainDialog& window) { window.Relist(window.files.CmLoadTDF()); }},
     {CommandSave, [](MainDialog& window) { window.CmSave(); }},
     {CommandSaveAsTone, [](MainDialog& window) { window.files.CmSaveAsTDF(); }},
-    {CommandSaveAsWav, [](MainDialog& window) { window.Relist(window.files.CmSaveAsWav()); }},
+    {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
     {CommandNewList, [](MainDialog& window) { window.Relist(window.lists.CmCreateList()); }},
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
@@ -99,7 +99,10 @@ void MainDialog::CmListViewRightClickMenu() {
 }
 
 void MainDialog::CmSave() {
-    Relist(IsList(tone) ? lists.CmSaveList() : files.CmSave());
+    if (IsList(tone))
+        Relist(lists.CmSaveList());
+    else
+        files.CmSave();
 }
 
 void MainDialog::CmLoadList() {

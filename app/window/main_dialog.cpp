@@ -38,7 +38,7 @@ void MainDialog::InitDialog() {
     SetMenu(GetMainMenu());
     SetKeys(*this, GetMainKeys());
     playback.Begin([this] { EnableControls(); });
-    tone.ReadFromFile(CurrentTonePath().c_str());
+    static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
     witness.Watch(CurrentTonePath());
     rows.Begin();
     devices.Refresh();
@@ -49,7 +49,7 @@ void MainDialog::InitDialog() {
 void MainDialog::DestroyDialog() {
     playback.End();
     devices.Leave();
-    tone.WriteToFile(CurrentTonePath().c_str());
+    static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
     rows.Destroy();
     OpenThankYouPageOnce(GetToolkit());

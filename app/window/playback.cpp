@@ -1,9 +1,11 @@
 #include "app/window/playback.h"
 
 #include "app/setting_names.h"
+#include "app/window/notices.h"
 #include "gui/toolkit.h"
 #include "sys/desktop/message_box.h"
 #include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
 
 #include <algorithm>
 
@@ -46,7 +48,9 @@ void Playback::CmPlay() {
     player.SetDevice(FindDevice());
     player.SetTitle(tone.GetToneName());
     player.SetPlayVolume(ReadPlayVolume());
-    const LSoundSource source = OpenToneEngine(tone);
+    ToneListReport report;
+    const LSoundSource source = OpenToneEngine(tone, &report);
+    ShowNotices(report.notices);
     view.SetLength(tone.IsFinite() ? source.GetEnd() : LSoundTime());
     if (!player.Start(source))
         ReportLostOutput();

@@ -21,10 +21,10 @@ public:
     bool CmLoadTDF();
 
     void CmSaveAsTDF();
-    // Of these the first two ask where to. True where the tone, a list, plays the file that was rendered.
-    bool CmSave();
-    bool CmSaveAsWav();
-    bool CmSaveWave(const std::string& path);
+    void CmSave();
+    void CmSaveAsWav();
+    /// Renders the tone into this file.
+    void CmSaveWave(const std::string& path);
 
 private:
     bool Read(const std::string& path);

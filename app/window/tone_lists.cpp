@@ -1,18 +1,17 @@
 #include "app/window/tone_lists.h"
 
 #include "app/list_editor/list_dlg.h"
-#include "app/list_editor/list_entries.h"
 #include "app/setting_names.h"
-#include "app/window/file_reports.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "app/window/tone_files.h"
 #include "gui/file_chooser.h"
+#include "jobs/file_notices.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_report.h"
-
-#include <cerrno>
 
 namespace {
 
@@ -22,8 +21,8 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File"
 } // namespace
 
 bool ToneLists::CmEditList(const std::string& path) {
-    if (const std::string refusal = WhyNoListEntry(path); !refusal.empty()) {
-        ReportUnreadable(path, refusal);
+    if (const LFailure refusal = CheckListEntry(path)) {
+        ShowNotice(DescribeUnreadable(path, refusal));
         return false;
     }
     edited.Begin(path);
@@ -57,12 +56,13 @@ bool ToneLists::CmSaveList() {
     if (path.empty())
         return false;
     Setting::ListSaveFolder.Set(chooser.folder);
-    if (GetExtension(path) == ".wav")
-        return files.CmSaveWave(path);
-    const bool copied = CopyList(list, path);
-    if (copied)
-        SetListPath(tone, path);
-    return copied;
+    const bool renders = GetExtension(path) == ".wav";
+    if (renders)
+        files.CmSaveWave(path);
+    if (renders || !CopyList(list, path))
+        return false;
+    SetListPath(tone, path);
+    return true;
 }
 
 bool ToneLists::CopyList(const std::string& list, const std::string& path) {
@@ -70,16 +70,16 @@ bool ToneLists::CopyList(const std::string& list, const std::string& path) {
         LShowMessageBox("Error", "The tone is no list, so there is none to save.");
         return false;
     }
-    if (!WhyUnreadable(list.c_str()).empty()) {
-        ReportUnreadable(list, {});
+    if (const LFailure unreadable = CheckReadable(list)) {
+        ShowNotice(DescribeUnreadable(list, unreadable));
         return false;
     }
-    std::string refusal = WhyNoListName(path);
+    LFailure failure = CheckListName(path);
     if (!IsSameFile(list, path) && IsReadByList(path, ExamineToneList(list)))
-        refusal = "the list plays it";
-    else if (refusal.empty() && !CopyListFile(list, path))
-        refusal = ExplainError(errno);
-    if (!refusal.empty())
-        ReportUnwritten(path, refusal);
-    return refusal.empty();
+        failure = "the list plays it";
+    else if (!failure)
+        failure = CopyListFile(list, path);
+    if (failure)
+        ShowNotice(DescribeUnwritten(path, failure));
+    return !failure;
 }

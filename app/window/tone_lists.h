@@ -20,7 +20,7 @@ public:
     bool CmEditList(const std::string& path);
     /// False where the user cancels the chooser, and nothing has changed.
     bool CmLoadList();
-    /// True where the tone is another one, or sounds different.
+    /// True where the current tone plays the copy afterwards.
     bool CmSaveList();
 
 private:

@@ -1,20 +1,31 @@
 #include "app/window/tone_rows.h"
 
-#include "app/list_editor/list_entries.h"
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/numeric_edit.h"
 #include "gui/window.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
+#include "tone/frequency_step.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
+
+#include <cstdlib>
 
 namespace {
 
 constexpr const char* Columns[] = {"Tone Data", "Values"};
 constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+
+FrequencyStep ReadFrequencyStep() {
+    return {.bySemitones = Setting::StepsBySemitone.Get(),
+            .semitones = Setting::StepSemitones.Get(),
+            .hz = std::strtof(Setting::StepHz.Get().c_str(), nullptr)};
+}
 
 } // namespace
 
@@ -58,8 +69,8 @@ void ToneRows::InsertListViewItem(unsigned int item) {
 void ToneRows::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
-    if (!ReadToneListLines(lines, path.c_str()))
-        return;
+    if (ReadToneListLines(lines, path.c_str()))
+        return; // there is nothing to show
     int missing = 0;
     for (const std::string& line : lines) {
         const bool exists = IsSilence(line) || FileExists(FindListEntry(line, GetFolder(path)));
@@ -81,13 +92,34 @@ void ToneRows::UpdateListViewItem(unsigned int item, int row) {
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
-bool ToneRows::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
+bool ToneRows::IncreaseListViewData(int count) {
+    return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
+        for (int i = 0; i < count; ++i)
+            tone.IncreaseItem(item, step);
+    });
+}
+
+bool ToneRows::DecreaseListViewData(int count) {
+    return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
+        for (int i = 0; i < count; ++i)
+            tone.DecreaseItem(item, step);
+    });
+}
+
+bool ToneRows::IncreaseListViewDataLarge() {
+    return StepSelectedItems([this](unsigned int item) { tone.IncreaseItemLarge(item); });
+}
+
+bool ToneRows::DecreaseListViewDataLarge() {
+    return StepSelectedItems([this](unsigned int item) { tone.DecreaseItemLarge(item); });
+}
+
+bool ToneRows::StepSelectedItems(const std::function<void(unsigned int)>& step) {
     if (IsList(tone))
         return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
-        for (int i = 0; i < count; ++i)
-            (tone.*step)(item);
+        step(item);
         UpdateListViewItem(item, row);
     }
     return !list->GetSelection().empty();
@@ -105,7 +137,8 @@ bool ToneRows::ChangeListViewData() {
             break;
         if (IsList(tone) || list->GetData(row) != item)
             break; // meanwhile a document has arrived
-        tone.SetItemValue(item, box.GetEntry().c_str());
+        if (const auto notice = tone.SetItemValue(item, box.GetEntry().c_str()))
+            ShowNotice(*notice);
         UpdateListViewItem(item, row);
         changed = true;
     }

@@ -3,6 +3,8 @@
 #include "gui/list_view.h"
 #include "tone/tone_data.h"
 
+#include <functional>
+
 /// The rows of the main window's list: they show the items of the tone and edit them, or show the lines of
 /// the list that it plays.
 class ToneRows {
@@ -22,10 +24,10 @@ public:
     std::unique_ptr<LMenuPeer> CreatePopupMenu() { return list->CreatePopupMenu(); }
 
     // Each selected row's item by `count` steps, or by a large one; false where no row is selected.
-    bool IncreaseListViewData(int count) { return StepSelectedItems(&SonvireData::IncreaseItem, count); }
-    bool DecreaseListViewData(int count) { return StepSelectedItems(&SonvireData::DecreaseItem, count); }
-    bool IncreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::IncreaseItemLarge, 1); }
-    bool DecreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::DecreaseItemLarge, 1); }
+    bool IncreaseListViewData(int count);
+    bool DecreaseListViewData(int count);
+    bool IncreaseListViewDataLarge();
+    bool DecreaseListViewDataLarge();
     /// Asks for the value of one selected row after the other until the user cancels; true where at least one
     /// was set.
     bool ChangeListViewData();
@@ -34,7 +36,7 @@ private:
     void InsertListViewItem(unsigned int item);
     void InsertListRows(unsigned int item);
     void UpdateListViewItem(unsigned int item, int row);
-    bool StepSelectedItems(void (SonvireData::*step)(unsigned int), int count);
+    bool StepSelectedItems(const std::function<void(unsigned int)>& step);
 
     LWindow& window;
     SonvireData& tone;
