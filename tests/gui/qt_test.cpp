@@ -6,7 +6,6 @@
 #include "support/test_window.h"
 
 #include <QAbstractSpinBox>
-#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QDropEvent>
@@ -35,69 +34,6 @@ protected:
 
     TestWindow window{toolkit};
 };
-
-constexpr LKeyMapEntry Keys[] = {
-    {LKeyF1, 0, LCommandHelp}, {LKeyNone, ' ', 101},      {LKeyEscape, 0, 102},  {LKeyControl, 's', 1110},
-    {LKeyControl, 'w', 1402},  {LKeyKeypadPlus, 0, 2101}, {LKeyNone, '-', 2102}, {LKeyPageUp, 0, 5101},
-    {LKeyPageDown, 0, 5102},   {LKeyReturn, 0, 2103},
-};
-
-TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
-    static constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
-    window.init = [&] {
-        window.MakeList(3);
-        window.SetKeys(window, Keys);
-        window.SetStatusBar(status);
-        window.SetChoices(304, {"one", "two"});
-        window.list->SetCurrent(0);
-        window.list->SetFocus();
-        window.commands.clear();
-    };
-    Run([this] {
-        struct {
-            Qt::Key key;
-            Qt::KeyboardModifiers held;
-            Ints commands;
-        } const cases[] = {
-            {Qt::Key_F1, {}, {-LCommandHelp}},
-            {Qt::Key_Space, {}, {101}},
-            {Qt::Key_Escape, {}, {102}},
-            {Qt::Key_S, Qt::ControlModifier, {1110}},
-            {Qt::Key_W, Qt::ControlModifier, {1402}},
-            {Qt::Key_Plus, Qt::KeypadModifier, {2101}},
-            {Qt::Key_Plus, {}, {}},
-            {Qt::Key_Minus, {}, {2102}},
-            {Qt::Key_PageUp, {}, {5101}},
-            {Qt::Key_PageDown, {}, {5102}},
-            {Qt::Key_Return, {}, {2103}},
-            {Qt::Key_Enter, Qt::KeypadModifier, {2103}},
-            {Qt::Key_S, {}, {}},
-            {Qt::Key_Space, Qt::AltModifier, {}},
-            {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
-        };
-        EXPECT_EQ(QApplication::focusWidget(), ListWidget());
-        for (const auto& each : cases) {
-            window.commands.clear();
-            QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
-            EXPECT_EQ(window.commands, each.commands) << each.key;
-        }
-        EXPECT_EQ(window.list->GetSelection(), Ints{1});
-
-        window.commands.clear();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-        QApplication::sendEvent(ListWidget(), &held);
-        EXPECT_TRUE(window.commands.empty());
-        EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
-
-        auto* chooser = Control<QComboBox>(304);
-        chooser->setFocus();
-        QTest::keyClick(chooser, Qt::Key_Escape);
-        QTest::keyClick(chooser, Qt::Key_Down);
-        QTest::keyClick(chooser, Qt::Key_PageDown);
-        EXPECT_EQ(window.commands, (Ints{102, 304})) << "keys that step a chooser stay with it";
-        EXPECT_EQ(window.GetValue(304), 1);
-    });
-}
 
 TEST_F(QtGui, ToolBarItemsLookAsTheirStateIsBeforeTheCommandIsSent) {
     using enum LToolBarItemKind;
@@ -144,14 +80,10 @@ TEST_F(QtGui, TheListIsSelectedAsAList) {
         ClickRow(1, Qt::ControlModifier);
         ClickRow(2, Qt::ControlModifier);
         EXPECT_EQ(window.list->GetSelection(), (Ints{4, 1, 2}));
-        {
-            const LListRebuild rebuild(*window.list);
-            for (const std::uint32_t data : {2u, 4u, 9u})
-                window.list->AppendRow("row", data);
-        }
-        EXPECT_EQ(window.list->GetSelection(), (Ints{1, 0}));
-        EXPECT_TRUE(ListWidget()->topLevelItem(0)->isSelected());
+        window.list->SelectRows({0, 5});
+        EXPECT_TRUE(ListWidget()->topLevelItem(5)->isSelected());
         EXPECT_FALSE(ListWidget()->topLevelItem(2)->isSelected());
+        EXPECT_EQ(ListWidget()->currentIndex().row(), 0);
         ClickRow(0);
         window.commands.clear();
         QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},

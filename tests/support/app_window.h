@@ -14,6 +14,13 @@
 using Ints = std::vector<int>;
 using Texts = std::vector<std::string>;
 
+constexpr int Waveform(ToneWaveform code) {
+    return int{CommandFirstWaveform} + code;
+}
+constexpr int Tones(int count) {
+    return int{CommandNumberOfTones} + count;
+}
+
 /// The program without a display and with an output of the test's own: each run is one start of it, and what
 /// it keeps from one to the next is gone with the test.
 class App : public ::testing::Test {
@@ -45,6 +52,12 @@ protected:
             before(window);
         toolkit->running = [&] { user(*toolkit->mainWindow); };
         window.Run();
+    }
+
+    /// Starts with a list as the current tone, by OK in its editor.
+    void RunList(const std::string& list, const std::function<void()>& user) {
+        dialogs = {PressOk};
+        Run([&](MemoryMainWindow&) { user(); }, {list});
     }
 
     /// Sends commands as the menu would, enabled or not.
@@ -81,6 +94,10 @@ protected:
 
     std::string WriteTone(const std::string& name, const SonvireData& tone) {
         EXPECT_FALSE(tone.WriteToFile((folder / name).c_str()));
+        return folder / name;
+    }
+    std::string WriteList(const std::string& name, const std::string& lines) {
+        WriteBytes(folder / name, lines);
         return folder / name;
     }
     /// A tone that shows 440.00Hz, and ends after a second where it is to.

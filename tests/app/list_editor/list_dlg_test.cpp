@@ -12,8 +12,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-enum : int { NewList = 1113, EditValue = 2103 };
-
 constexpr const char* AskToSave = "Tone List|Tone list modified. Do you want to save it?";
 constexpr const char* Infinite =
     "|Cannot add tones of infinite duration to list. Please check the selected tone "
@@ -41,11 +39,6 @@ protected:
         if (const std::string list = EditedList(); list.starts_with("/var/tmp/"))
             std::filesystem::remove(list);
     }
-    std::string WriteList(const std::string& name, const std::string& lines) {
-        WriteBytes(folder / name, lines);
-        return folder / name;
-    }
-
     MemoryDialog* editor = nullptr;
 };
 
@@ -74,10 +67,10 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
         dialog.Press(LCommandOk);
     });
     Run([&](MemoryMainWindow& window) {
-        window.Choose(NewList);
+        window.Choose(CommandNewList);
         EXPECT_THAT(Rows(), ElementsAre(b + "=", "500ms silence.=", path + "="));
-        EXPECT_TRUE((*window.menu)[1116].enabled);
-        Send({EditValue});
+        EXPECT_TRUE((*window.menu)[CommandSaveAsWav].enabled);
+        Send({CommandEditValue});
         EXPECT_THAT(Rows(), ElementsAre(b + "=", a + "=", path + "="));
         EXPECT_EQ(toolkit->boxes, Texts{});
         EXPECT_EQ(toolkit->choosers.at(0).title + toolkit->choosers.at(2).title,
@@ -130,7 +123,7 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(Boxes(), each.box) << each.given;
         }
     });
-    Run([&](MemoryMainWindow&) { Send({NewList}); });
+    Run([&](MemoryMainWindow&) { Send({CommandNewList}); });
 }
 
 TEST_F(ListEditor, RowsAreMovedAndRemoved) {
@@ -211,7 +204,7 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
         Run(
             [&](MemoryMainWindow&) {
                 if (!each.named)
-                    Send({NewList});
+                    Send({CommandNewList});
                 EXPECT_THAT(EditedList(), StartsWith(each.edited));
                 EXPECT_EQ(Boxes(), AskToSave);
                 EXPECT_EQ(ReadBytes(EditedList()), after);
@@ -221,7 +214,7 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
                     stat(EditedList().c_str(), &info);
                     EXPECT_EQ(info.st_mode & 0777, 0666U);
                 }
-                Send({EditValue});
+                Send({CommandEditValue});
             },
             each.named ? Texts{path} : Texts{});
         EXPECT_EQ(ReadBytes(path), each.list);
@@ -254,7 +247,7 @@ TEST_F(ListEditor, CancelLeavesNothingBehind) {
     });
     dialogs.push_back(Typed("1"));
     Run([&](MemoryMainWindow&) {
-        Send({NewList});
+        Send({CommandNewList});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz"));
         EXPECT_EQ(toolkit->boxes, Texts{});
     });

@@ -13,14 +13,14 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(List().columns, (Texts{"Tone Data", "Values"}));
         EXPECT_EQ(List().selection, Ints{0});
         EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
-        Send({2109, 2110, 2106, 3002, 2114});
+        Send({CommandStereo, CommandVariableAmplitude, CommandSweepLinear, Tones(2), Waveform(ToneSawTooth)});
         EXPECT_EQ(Rows().size(), 11U);
         EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
         EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
         List().Select({4, 6, 10});
-        Send({2108});
+        Send({CommandMono});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
-        Send({2117});
+        Send({Waveform(TonePinkNoise)});
         EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
         EXPECT_EQ(List().selection, Ints{0});
     });
@@ -28,15 +28,15 @@ TEST_F(App, RowsStandInOrder) {
 
 TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
     Run([&](MemoryMainWindow&) {
-        Send({2105, 2110, 101});
+        Send({CommandSpecifiedDuration, CommandVariableAmplitude, CommandPlay});
         EXPECT_TRUE(WaitForPlayback(1));
         List().Select({0, 1, 2});
-        Send({2102, 2102, 2101});
+        Send({CommandDecrease, CommandDecrease, CommandIncrease});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=943.87Hz", "Sine 1 Relative Amplitude=-1dB",
                                         "Sine Duration=900ms"));
         EXPECT_TRUE(WaitForPlayback(4));
         List().Select({});
-        Send({2101});
+        Send({CommandIncrease});
         EXPECT_EQ(List().rows[0][1], "943.87Hz");
     });
     EXPECT_EQ(output.opened, 4);
@@ -52,10 +52,10 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
     };
     dialogs = {prompted(Typed(" 440.5 Hz")), prompted([](MemoryDialog&) {}), prompted(Typed("2"))};
     Run([&](MemoryMainWindow&) {
-        Send({3003});
+        Send({Tones(3)});
         List().Select({2});
         List().Select({0, 1, 2});
-        Send({2103});
+        Send({CommandEditValue});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz", "Sine 2 Frequency=1000.00Hz",
                                         "Sine 3 Frequency=440.50Hz"));
     });
@@ -63,30 +63,14 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
         << "in the order in which they were selected";
 }
 
-TEST_F(App, EveryKeyHasItsCommand) {
-    dialogs = {Typed("50")};
-    files = {{}};
+TEST_F(App, AKeyDoesAsItsMenuEntry) {
     Run([&](MemoryMainWindow& window) {
-        struct {
-            unsigned key;
-            char32_t character;
-            const char* value;
-        } const keys[] = {{LKeyKeypadPlus, 0, "1059.46Hz"}, {LKeyNone, '-', "1000.00Hz"},
-                          {LKeyPageUp, 0, "2000.00Hz"},     {LKeyPageDown, 0, "1000.00Hz"},
-                          {LKeyReturn, 0, "50.00Hz"},       {LKeyNone, '+', "50.00Hz"}};
-        for (const auto& each : keys) {
-            window.Key(each.key, each.character);
-            EXPECT_EQ(List().rows[0][1], each.value);
-            window.Key(each.key, each.character, true);
-            EXPECT_EQ(List().rows[0][1], each.value) << "a key that is held down does no more";
+        for (const bool repeated : {false, true}) {
+            window.Key(LKeyPageUp, 0, repeated);
+            EXPECT_EQ(List().rows[0][1], "2000.00Hz") << "a key that is held down does no more";
         }
-        window.Key(LKeyNone, ' ');
-        EXPECT_FALSE((*window.toolBar)[101].enabled);
-        window.Key(LKeyEscape);
-        EXPECT_TRUE((*window.toolBar)[101].enabled);
+        EXPECT_EQ((*window.menu)[CommandIncrease].key, "Num+");
         EXPECT_EQ((*window.menu)[CommandCloseWindow].key, "Ctrl+W");
-        window.Key(LKeyControl, 's');
-        EXPECT_EQ(toolkit->choosers.size(), 1U);
         window.Key(LKeyF1);
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html")));
     });
@@ -114,7 +98,7 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
     Run([&](MemoryMainWindow& window) {
         EXPECT_EQ(window.geometry, (LWindowGeometry{200, 200, 800, 600, false}));
         EXPECT_EQ(Control(ControlStatusText).text, "Sonvire 2.14");
-        Send({2109, 3002, 101});
+        Send({CommandStereo, Tones(2), CommandPlay});
         window.geometry = {10, 20, 900, 500, true};
     });
     EXPECT_TRUE(Setting::FirstRun.Get());
@@ -126,7 +110,7 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
         [&](MemoryMainWindow& window) {
             EXPECT_EQ(window.geometry, (LWindowGeometry{10, 20, 900, 500, true}));
             EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=440.00Hz"});
-            EXPECT_TRUE((*window.menu)[102].enabled);
+            EXPECT_TRUE((*window.menu)[CommandStop].enabled);
             EXPECT_TRUE(WaitForPlayback(before + 2)) << "at the start, and again with the file";
         },
         {WriteTone("a.tdf", Tone440())});
@@ -193,7 +177,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
             EXPECT_EQ(Rows(),
                       (Texts{"500ms silence.=", (folder / "gone.tdf") + "=", "tone.tdf=", list + "="}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
-            Send({118, 118, 118});
+            Send({CommandLoop, CommandLoop, CommandLoop});
         },
         {list});
     EXPECT_EQ(KeptTone().GetListPath(), list);
@@ -203,7 +187,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     WriteBytes(list, "500ms silence.\n250ms silence.\n");
     Run([&](MemoryMainWindow&) {
         EXPECT_EQ(List().selection, Ints{0});
-        Send({118, 118, 2101, 5101});
+        Send({CommandLoop, CommandLoop, CommandIncrease, CommandIncreaseLarge});
     });
     EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
     std::filesystem::remove(list);
@@ -221,11 +205,11 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
         for (const auto& each : cases) {
             Setting::PlayVolume.SetText(each.stored);
             output.volume = 1;
-            window.Choose(101);
+            window.Choose(CommandPlay);
             EXPECT_TRUE(Wait([&] { return output.volume == each.word; })) << each.stored;
-            window.Choose(102);
+            window.Choose(CommandStop);
         }
-        window.Choose(101);
+        window.Choose(CommandPlay);
         Control(ControlVolume).held = true;
         window.Set(ControlVolume, -6);
         EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
@@ -244,7 +228,7 @@ TEST_F(App, TheOutputIsChosenInTheStatusBar) {
         EXPECT_TRUE(Wait([&] { return chooser.choices.size() == 4; }));
         EXPECT_EQ(chooser.choices, (Texts{"[Default Sound Out]", "Left Hall", "Studio", "unplugged"}));
         EXPECT_EQ(chooser.value, 3);
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
         window.Set(ControlDevice, 2);
         EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
@@ -254,33 +238,33 @@ TEST_F(App, TheOutputIsChosenInTheStatusBar) {
 
 TEST_F(App, TheStatusBarFollowsPlayback) {
     Run([&](MemoryMainWindow& window) {
-        Send({2105});
+        Send({CommandSpecifiedDuration});
         EXPECT_EQ(Control(ControlPosition).text, "");
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(Wait([&] { return output.queuedFrames == 44100; }));
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0 / 00:01.0");
         output.Take(22050);
         EXPECT_TRUE(Wait([&] { return Control(ControlPosition).text == "00:00.5 / 00:01.0"; }));
         EXPECT_EQ(Control(ControlLevels).levels, Ints{0});
         output.Take(22050);
-        EXPECT_TRUE(Wait([&] { return (*window.menu)[101].enabled; })) << "at the end of the tone";
+        EXPECT_TRUE(Wait([&] { return (*window.menu)[CommandPlay].enabled; })) << "at the end of the tone";
         EXPECT_EQ(Control(ControlPosition).text, "");
-        Send({2104, 101});
+        Send({CommandContinuous, CommandPlay});
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
     });
 }
 
 TEST_F(App, FailuresToPlayAreTold) {
     Run([&](MemoryMainWindow& window) {
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
         output.Fail(LSoundChannelState::NoOutput);
         EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
         EXPECT_THAT(Boxes(), StartsWith("Sound Play Error|Unable to start playback.\r\n\r\n"));
-        EXPECT_TRUE((*window.menu)[101].enabled);
-        window.Choose(101);
+        EXPECT_TRUE((*window.menu)[CommandPlay].enabled);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(2));
-        window.Choose(102);
+        window.Choose(CommandStop);
         toolkit->DispatchPending();
         EXPECT_EQ(toolkit->boxes.size(), 1U) << "a stop is no failure";
     });
@@ -290,16 +274,16 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
     const std::string a = folder / "a.tdf", b = folder / "b.wav";
     files = {{a}, {a}, {folder / "new.tdf"}, {b}, {b}};
     Run([&](MemoryMainWindow&) {
-        Send({2109, 1112, 2108, 1111});
+        Send({CommandStereo, CommandSaveAsTone, CommandMono, CommandLoadTone});
         EXPECT_EQ(Rows().size(), 2U) << "stereo, as saved";
-        Send({1110});
+        Send({CommandSave});
         EXPECT_TRUE(std::filesystem::exists(folder / "new.tdf"));
         EXPECT_EQ(toolkit->choosers.back().name, "a.tdf");
-        Send({1110, 1116});
+        Send({CommandSave, CommandSaveAsWav});
         EXPECT_EQ(toolkit->boxes.size(), 2U);
         EXPECT_THAT(toolkit->boxes.back(), HasSubstr("No Duration Specified|"));
         EXPECT_FALSE(std::filesystem::exists(b));
-        Send({2105, 1116});
+        Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
     });

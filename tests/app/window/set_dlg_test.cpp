@@ -46,7 +46,7 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
             EXPECT_EQ(box.ended, each.box.empty());
         }};
         Run([&](MemoryMainWindow&) {
-            Send({1401});
+            Send({CommandPreferences});
             EXPECT_EQ(Boxes(), each.box);
         });
         EXPECT_EQ(Stored(Setting::Autoplay), "1") << "also where the rest is refused";
@@ -69,13 +69,13 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
             box.Press(button);
         });
     Run([&](MemoryMainWindow& window) {
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
-        Send({1401});
+        Send({CommandPreferences});
         EXPECT_EQ(output.opened, 1);
-        Send({1401});
+        Send({CommandPreferences});
         EXPECT_TRUE(WaitForPlayback(2)) << "played anew";
-        Send({2101});
+        Send({CommandIncrease});
         EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=1025.00Hz"});
     });
 }
