@@ -52,7 +52,7 @@ FileReport ReportTone(const std::string& path) {
                    {"stereo", stereo},
                    {"loop", looped},
                    {"items", items}};
-    if (tone.waveform == ToneFromList) {
+    if (tone.IsList()) {
         report.rows.push_back({"List", tone.GetListPath()});
         object["list"] = tone.GetListPath();
     }

@@ -1,4 +1,4 @@
-#include "cli/make_command.h"
+#include "cli/commands.h"
 
 #include "cli/refusal.h"
 #include "cli/text.h"

@@ -1,4 +1,4 @@
-#include "cli/play_command.h"
+#include "cli/commands.h"
 
 #include "cli/interrupt.h"
 #include "cli/play_display.h"

@@ -1,4 +1,4 @@
-#include "cli/render_command.h"
+#include "cli/commands.h"
 
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"

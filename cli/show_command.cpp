@@ -1,4 +1,4 @@
-#include "cli/show_command.h"
+#include "cli/commands.h"
 
 #include "cli/file_report.h"
 #include "cli/refusal.h"

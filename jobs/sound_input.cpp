@@ -63,7 +63,7 @@ SoundInput OpenTone(const std::string& path, std::optional<unsigned int> duratio
     SonvireData tone;
     if (LFailure failure = tone.ReadFromFile(path.c_str()))
         return Refused(std::move(failure));
-    if (durationMs && tone.waveform == ToneFromList)
+    if (durationMs && tone.IsList())
         return Refused("plays a list, which has a length of its own: a duration goes with tones");
     if (durationMs)
         tone.SetDuration(*durationMs);
@@ -95,13 +95,12 @@ SoundInput OpenByKind(const std::string& path, std::optional<unsigned int> durat
 } // namespace
 
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
-    const bool isList = tone.waveform == ToneFromList;
     if (length == SoundLength::Finite && !tone.IsFinite()) {
         SoundInput refused = Refused("has no end");
         refused.endless = true;
         return refused;
     }
-    if (isList)
+    if (tone.IsList())
         return OpenListTone(tone, length);
     if (LFailure failure = tone.CheckCountable())
         return Refused(std::move(failure));

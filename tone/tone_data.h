@@ -72,6 +72,9 @@ public:
     const char* GetToneName() const;
     /// `listPath` up to its terminator, or all of it where there is none.
     std::string GetListPath() const;
+    bool IsList() const { return waveform == ToneFromList; }
+    /// Whether frequencies, levels, sweeps and channels apply: not to noise, nor to a list.
+    bool HasComponents() const;
     bool HasFlag(ToneFlags flag) const { return (flags & flag) != 0; }
     /// Only a tone with a duration that doesn't loop ends, and can be rendered or become part of a list.
     bool IsFinite() const { return HasFlag(ToneFlagDuration) && repeat == 0; }

@@ -195,7 +195,7 @@ void SonvireData::DecreaseItemLarge(unsigned int item) {
 std::vector<unsigned int> GetShownItems(const SonvireData& tone) {
     const bool sweep = tone.HasFlag(ToneFlagSweep), stereo = tone.HasFlag(ToneFlagStereo);
     const bool finite = tone.HasFlag(ToneFlagDuration);
-    if (tone.waveform == ToneWhiteNoise || tone.waveform == TonePinkNoise || tone.waveform == ToneFromList)
+    if (!tone.HasComponents())
         return {finite ? ItemDuration : ItemWaveform};
     std::vector<unsigned int> items;
     const auto addIf = [&items](bool shown, unsigned int item) {

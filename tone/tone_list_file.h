@@ -2,10 +2,14 @@
 
 #include "sound/sound_time.h"
 #include "sys/failure.h"
-#include "sys/list.h"
 
+#include <forward_list>
 #include <string>
 #include <vector>
+
+/// A singly linked list that owns its items.
+template <class Item>
+using LList = std::forward_list<Item>;
 
 /// One entry of a tone list: a file to play, or a silence where the path is empty.
 class ToneItem {

@@ -29,7 +29,7 @@ std::string GetEntryExtension(const std::string& path) {
 }
 
 bool IsEverLeft(const SonvireData& tone) {
-    return tone.waveform == ToneFromList ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
+    return tone.IsList() ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
 }
 
 } // namespace
@@ -121,7 +121,7 @@ LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
                         "; an endless sine plays, and nothing behind it";
     else if (!IsEverLeft(tone))
         entry.problem = "is endless; nothing behind it plays";
-    if (tone.waveform != ToneFromList) {
+    if (!tone.IsList()) {
         LSoundSource source = OpenToneEngine(tone);
         entry.length = source.GetEnd();
         return source;
