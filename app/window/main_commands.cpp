@@ -85,7 +85,7 @@ void MainDialog::CmToggle(int toggle, int on, int off) {
 }
 
 void MainDialog::CmToneEditValue() {
-    if (IsList(tone))
+    if (tone.IsList())
         Relist(lists.CmEditList(tone.GetListPath()));
     else
         Restart(rows.ChangeListViewData());
@@ -99,7 +99,7 @@ void MainDialog::CmListViewRightClickMenu() {
 }
 
 void MainDialog::CmSave() {
-    if (IsList(tone))
+    if (tone.IsList())
         Relist(lists.CmSaveList());
     else
         files.CmSave();

@@ -80,7 +80,7 @@ void MainDialog::CmHelp() {
 }
 
 void MainDialog::RelistandStart() {
-    if (IsList(tone))
+    if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
     playback.Restart();

@@ -1,9 +1,12 @@
-#include "app/window/waveforms.h"
+#include "app/window/command_ids.h"
 #include "app/window/window_tables.h"
+#include "tone/waveforms.h"
+
+#include <vector>
 
 namespace {
 
-constexpr auto FileAndToneMenu = std::to_array<LMenuEntry>({
+constexpr LMenuEntry FileAndToneMenu[] = {
     {-1, "File"},
     {CommandLoadTone, "Load Tone..."},
     {CommandSaveAsTone, "Save As Tone..."},
@@ -20,10 +23,9 @@ constexpr auto FileAndToneMenu = std::to_array<LMenuEntry>({
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value"},
-});
+};
 
-/// What the Tone menu and the list's own menu have in common.
-constexpr auto ToneChoices = std::to_array<LMenuEntry>({
+constexpr LMenuEntry ToneChoices[] = {
     {0},
     {-1, "Number of Tones"},
     {CommandNumberOfTones + 1, "1"},
@@ -54,18 +56,9 @@ constexpr auto ToneChoices = std::to_array<LMenuEntry>({
     {0},
     {-CommandVariableAmplitude, "Variable Amplitude"},
     {0},
-});
+};
 
-constexpr auto WaveformEntries = [] {
-    std::array<LMenuEntry, WaveformsInMenus> entries{};
-    auto next = entries.begin();
-    for (const WaveformRow& row : Waveforms)
-        if (row.kind != WaveformKind::List)
-            *next++ = {row.GetCommand(), row.name};
-    return entries;
-}();
-
-constexpr auto RestOfMainMenu = std::to_array<LMenuEntry>({
+constexpr LMenuEntry RestOfMainMenu[] = {
     {-1},
     {-1, "Playback"},
     {CommandPlay, "Play"},
@@ -86,23 +79,40 @@ constexpr auto RestOfMainMenu = std::to_array<LMenuEntry>({
     {0},
     {CommandAbout, "About Sonvire"},
     {-1},
-});
+};
 
-constexpr auto ListValues = std::to_array<LMenuEntry>({
+constexpr LMenuEntry ListValues[] = {
     {CommandIncrease, "Increase Value"},
     {CommandDecrease, "Decrease Value"},
     {CommandEditValue, "Edit Value..."},
-});
+};
 
-constexpr auto MainMenu = JoinTables(FileAndToneMenu, ToneChoices, WaveformEntries, RestOfMainMenu);
-constexpr auto ListMenu = JoinTables(ListValues, ToneChoices, WaveformEntries);
+/// What the Tone menu and the list's own menu have in common: the choices, then the waveforms but the list.
+std::vector<LMenuEntry> GetToneEntries() {
+    std::vector<LMenuEntry> entries(std::begin(ToneChoices), std::end(ToneChoices));
+    const std::span<const ToneWaveformRow> waveforms = GetWaveforms();
+    for (int code = 0; code < static_cast<int>(waveforms.size()); ++code)
+        if (code != ToneFromList)
+            entries.push_back({WaveformCommand(code), waveforms[static_cast<std::size_t>(code)].szToneName});
+    return entries;
+}
+
+std::vector<LMenuEntry> Join(std::span<const LMenuEntry> before, std::span<const LMenuEntry> after) {
+    const std::vector<LMenuEntry> tone = GetToneEntries();
+    std::vector<LMenuEntry> all(before.begin(), before.end());
+    all.insert(all.end(), tone.begin(), tone.end());
+    all.insert(all.end(), after.begin(), after.end());
+    return all;
+}
 
 } // namespace
 
 std::span<const LMenuEntry> GetMainMenu() {
-    return MainMenu;
+    static const std::vector<LMenuEntry> menu = Join(FileAndToneMenu, RestOfMainMenu);
+    return menu;
 }
 
 std::span<const LMenuEntry> GetListMenu() {
-    return ListMenu;
+    static const std::vector<LMenuEntry> menu = Join(ListValues, {});
+    return menu;
 }

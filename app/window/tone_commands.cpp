@@ -1,8 +1,9 @@
 #include "app/window/tone_commands.h"
 
-#include "app/window/waveforms.h"
+#include "app/window/command_ids.h"
 #include "tone/tone_engine.h"
 #include "tone/tone_list_report.h"
+#include "tone/waveforms.h"
 
 #include <algorithm>
 
@@ -53,9 +54,10 @@ bool ChangeTone(SonvireData& tone, int command) {
         tone.numTones = static_cast<std::uint8_t>(command - CommandNumberOfTones);
         return true;
     }
-    if (const WaveformRow* row = FindWaveform(command); row && row->kind != WaveformKind::List) {
-        tone.waveform = row->code;
-        if (row->kind == WaveformKind::Noise)
+    const int code = command - CommandFirstWaveform;
+    if (code != ToneFromList && FindWaveform(static_cast<unsigned int>(code))) {
+        tone.waveform = static_cast<std::uint8_t>(code);
+        if (!tone.HasComponents())
             Apply(tone, {command, NotOfNoise, 0, 0});
         return true;
     }
@@ -81,13 +83,4 @@ void TakeLength(SonvireData& tone) {
 void SetListPath(SonvireData& tone, const std::string& path) {
     const std::size_t length = path.copy(tone.listPath, sizeof tone.listPath - 1);
     tone.listPath[length] = 0;
-}
-
-bool IsList(const SonvireData& tone) {
-    return tone.waveform == ToneFromList;
-}
-
-bool IsNoiseOrList(const SonvireData& tone) {
-    const WaveformRow* row = FindWaveform(CommandFirstWaveform + tone.waveform);
-    return row && row->kind != WaveformKind::Periodic;
 }

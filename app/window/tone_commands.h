@@ -14,7 +14,3 @@ void TakeLength(SonvireData& tone);
 
 /// Takes as much of the path as the record holds.
 void SetListPath(SonvireData& tone, const std::string& path);
-
-bool IsList(const SonvireData& tone);
-/// A tone without frequencies of its own.
-bool IsNoiseOrList(const SonvireData& tone);

@@ -84,7 +84,7 @@ bool ToneFiles::CmLoadTDF() {
 }
 
 void ToneFiles::CmSaveAsTDF() {
-    if (IsList(tone)) {
+    if (tone.IsList()) {
         LShowMessageBox("Error", "Tone of list type should not be save as a tone file. Instead, save it as a "
                                  "tone list file by selecting \"Save List\" on the menu");
         return;

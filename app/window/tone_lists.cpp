@@ -66,7 +66,7 @@ bool ToneLists::CmSaveList() {
 }
 
 bool ToneLists::CopyList(const std::string& list, const std::string& path) {
-    if (!IsList(tone)) {
+    if (!tone.IsList()) {
         LShowMessageBox("Error", "The tone is no list, so there is none to save.");
         return false;
     }

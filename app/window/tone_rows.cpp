@@ -56,7 +56,7 @@ void ToneRows::SetupListViewData() {
 }
 
 void ToneRows::InsertListViewItem(unsigned int item) {
-    if (IsList(tone)) {
+    if (tone.IsList()) {
         InsertListRows(item);
         return;
     }
@@ -88,7 +88,7 @@ void ToneRows::InsertListRows(unsigned int item) {
 }
 
 void ToneRows::UpdateListViewItem(unsigned int item, int row) {
-    if (!IsList(tone))
+    if (!tone.IsList())
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
@@ -115,7 +115,7 @@ bool ToneRows::DecreaseListViewDataLarge() {
 }
 
 bool ToneRows::StepSelectedItems(const std::function<void(unsigned int)>& step) {
-    if (IsList(tone))
+    if (tone.IsList())
         return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
@@ -135,7 +135,7 @@ bool ToneRows::ChangeListViewData() {
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
         if (!box.RunModal(window))
             break;
-        if (IsList(tone) || list->GetData(row) != item)
+        if (tone.IsList() || list->GetData(row) != item)
             break; // meanwhile a document has arrived
         if (const auto notice = tone.SetItemValue(item, box.GetEntry().c_str()))
             ShowNotice(*notice);

@@ -1,5 +1,6 @@
-#include "app/window/waveforms.h"
+#include "app/window/command_ids.h"
 #include "app/window/window_tables.h"
+#include "tone/tone_data.h"
 
 namespace {
 
@@ -14,21 +15,18 @@ constexpr LToolBarItem MainToolBar[] = {
     {Button, CommandPreferences, "preferences", "Preferences", "Preferences"},
 };
 
-constexpr auto ValueItems = std::to_array<LToolBarItem>({
+constexpr LToolBarItem SmallToolBar[] = {
     {Button, CommandIncrease, "increase", "", "Increase selected tone value"},
     {Button, CommandDecrease, "decrease", "", "Decrease the selected tone value"},
     {Separator},
-});
-
-constexpr auto WaveformItems = [] {
-    std::array<LToolBarItem, std::size(Waveforms)> items{};
-    std::transform(std::begin(Waveforms), std::end(Waveforms), items.begin(), [](const WaveformRow& row) {
-        return LToolBarItem{Radio, row.GetCommand(), row.icon, "", row.toolTip};
-    });
-    return items;
-}();
-
-constexpr auto ModeItems = std::to_array<LToolBarItem>({
+    {Radio, WaveformCommand(ToneSine), "sine", "", "Sine"},
+    {Radio, WaveformCommand(ToneSquare), "square", "", "Square"},
+    {Radio, WaveformCommand(ToneTriangular), "triangle", "", "Triangle"},
+    {Radio, WaveformCommand(ToneSawTooth), "saw-tooth", "", "Saw tooth"},
+    {Radio, WaveformCommand(ToneImpulse), "impulse", "", "Impulse train"},
+    {Radio, WaveformCommand(ToneWhiteNoise), "white-noise", "", "White noise"},
+    {Radio, WaveformCommand(TonePinkNoise), "pink-noise", "", "Pink noise"},
+    {Radio, WaveformCommand(ToneFromList), "tone-list", "", "Load List"},
     {Toggle, CommandStereoToggle, "stereo", "", "Stereo"},
     {Separator},
     {Toggle, CommandFiniteToggle, "finite", "", "Finite duration"},
@@ -36,9 +34,8 @@ constexpr auto ModeItems = std::to_array<LToolBarItem>({
     {Radio, CommandSweepLinear, "linear-sweep", "", "Linear sweep"},
     {Radio, CommandSweepLog, "log-sweep", "", "Logarithmic sweep"},
     {Toggle, CommandVariableAmplitude, "variable-amplitude", "", "Variable amplitudes"},
-});
-
-constexpr auto SmallToolBar = JoinTables(ValueItems, WaveformItems, ModeItems);
+};
+static_assert(WaveformCommand(ToneFromList) == CommandLoadList);
 
 } // namespace
 

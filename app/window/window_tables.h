@@ -4,9 +4,6 @@
 #include "gui/menu.h"
 #include "gui/tool_bar.h"
 
-#include <algorithm>
-#include <array>
-
 // The tables of the main window.
 
 /// File, Tone and Playback, then what every program has.
@@ -20,12 +17,3 @@ std::span<const LToolBarItem> GetMainToolBar();
 std::span<const LToolBarItem> GetSmallToolBar();
 
 std::span<const LKeyMapEntry> GetMainKeys();
-
-/// Tables behind one another.
-template <class Row, std::size_t... Sizes>
-constexpr auto JoinTables(const std::array<Row, Sizes>&... parts) {
-    std::array<Row, (Sizes + ...)> all{};
-    auto next = all.begin();
-    ((next = std::copy(parts.begin(), parts.end(), next)), ...);
-    return all;
-}

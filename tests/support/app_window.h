@@ -14,9 +14,6 @@
 using Ints = std::vector<int>;
 using Texts = std::vector<std::string>;
 
-constexpr int Waveform(ToneWaveform code) {
-    return int{CommandFirstWaveform} + code;
-}
 constexpr int Tones(int count) {
     return int{CommandNumberOfTones} + count;
 }

@@ -4,8 +4,8 @@ namespace {
 
 constexpr int Deselect = -1;
 constexpr int SelectFirst = -2;
-constexpr int Sine = Waveform(ToneSine), Square = Waveform(ToneSquare), White = Waveform(ToneWhiteNoise),
-              Pink = Waveform(TonePinkNoise);
+constexpr int Sine = WaveformCommand(ToneSine), Square = WaveformCommand(ToneSquare),
+              White = WaveformCommand(ToneWhiteNoise), Pink = WaveformCommand(TonePinkNoise);
 constexpr int Endless = CommandContinuous, Finite = CommandSpecifiedDuration, Linear = CommandSweepLinear,
               Log = CommandSweepLog, Mono = CommandMono, Stereo = CommandStereo,
               Amplitudes = CommandVariableAmplitude, One = CommandOneTone, Loop = CommandLoop;
@@ -112,9 +112,9 @@ TEST_F(Enabling, ShowsAListAsOne) {
                    {Finite, Mono, One});
         EXPECT_TRUE((*toolkit->mainWindow->smallToolBar)[CommandLoadList].marked);
         ExpectToolBarsAsTheMenu();
-        toolkit->mainWindow->Choose(Waveform(ToneTriangular));
+        toolkit->mainWindow->Choose(WaveformCommand(ToneTriangular));
         // the first row is selected
-        ExpectMenu({CommandStop, CommandSaveList}, {Finite, Mono, Waveform(ToneTriangular), One});
+        ExpectMenu({CommandStop, CommandSaveList}, {Finite, Mono, WaveformCommand(ToneTriangular), One});
         ExpectToolBarsAsTheMenu();
     });
 }

@@ -13,14 +13,15 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(List().columns, (Texts{"Tone Data", "Values"}));
         EXPECT_EQ(List().selection, Ints{0});
         EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
-        Send({CommandStereo, CommandVariableAmplitude, CommandSweepLinear, Tones(2), Waveform(ToneSawTooth)});
+        Send({CommandStereo, CommandVariableAmplitude, CommandSweepLinear, Tones(2),
+              WaveformCommand(ToneSawTooth)});
         EXPECT_EQ(Rows().size(), 11U);
         EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
         EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
         List().Select({4, 6, 10});
         Send({CommandMono});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
-        Send({Waveform(TonePinkNoise)});
+        Send({WaveformCommand(TonePinkNoise)});
         EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
         EXPECT_EQ(List().selection, Ints{0});
     });

@@ -131,7 +131,7 @@ TEST_F(Saving, ADotInANameEndsItOnlyBeforeLetters) {
 TEST_F(Saving, NoiseIsNoListToSave) {
     files = {{folder / "noise.tdl"}};
     Run([&](MemoryMainWindow& window) {
-        Send({Waveform(ToneWhiteNoise)});
+        Send({WaveformCommand(ToneWhiteNoise)});
         window.Choose(CommandSaveList);
         EXPECT_THAT(toolkit->boxes, ElementsAre("Error|The tone is no list, so there is none to save."));
         EXPECT_FALSE(std::filesystem::exists(folder / "noise.tdl"));

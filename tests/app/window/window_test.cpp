@@ -118,8 +118,8 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
 
         auto* meter = Control<QWidget>(ControlLevels);
         EXPECT_EQ(CountLit(meter, calm), 0);
-        QTest::mouseClick(ToolButton("Stereo"), Qt::LeftButton);
-        QTest::mouseClick(ToolButton("Play"), Qt::LeftButton);
+        for (const char* button : {"Stereo", "Finite duration", "Play"})
+            QTest::mouseClick(ToolButton(button), Qt::LeftButton);
         EXPECT_TRUE(Wait([&] { return output.queuedFrames >= 8820; }));
         output.Take(8820);
         EXPECT_TRUE(Wait([&] { return CountLit(meter, loud) > 0; }));
@@ -127,7 +127,7 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         const QImage bars = meter->grab().toImage();
         EXPECT_EQ(bars.pixelColor(1, meter->height() / 4), calm);
         EXPECT_EQ(bars.pixelColor(1, meter->height() * 3 / 4), calm) << "one for each channel";
-        EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2"; }));
+        EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
         EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "");
         EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
