@@ -6,7 +6,7 @@
 #include "app/window/command_ids.h"
 #include "app/window/tone_commands.h"
 #include "app/window/window_tables.h"
-#include "sys/desktop/user_data.h"
+#include "sys/desktop/folders.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "support/run_program.h"
+#include "support/command_line.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_file.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class ToneCommands : public InFolder {
+class ToneCommands : public CommandLine {
 protected:
     /// The tone's mode and rows, as `make` writes it with these options.
     std::string Made(const std::string& options) {
@@ -92,17 +92,17 @@ TEST_F(ToneCommands, ShowPrintsATone) {
                                         "Sine 1 Right Frequency  550.00Hz\n"
                                         "Sine Duration           1000ms\n");
     const std::string json = Cli("show --json t.tdf").output;
-    EXPECT_EQ(
-        Shell("printf '%s' '" + json +
-              "' | python3 -c 'import json, sys; t = json.load(sys.stdin); "
-              "print(t[\"mode\"], t[\"stereo\"], t[\"items\"][1][\"item\"], t[\"items\"][1][\"value\"])'")
-            .output,
-        "Constant (Specified Duration) True 512 550.00Hz\n");
+    EXPECT_EQ(RunProgram(
+                  "printf '%s' '" + json +
+                  "' | python3 -c 'import json, sys; t = json.load(sys.stdin); "
+                  "print(t[\"mode\"], t[\"stereo\"], t[\"items\"][1][\"item\"], t[\"items\"][1][\"value\"])'")
+                  .output,
+              "Constant (Specified Duration) True 512 550.00Hz\n");
 }
 
 TEST_F(ToneCommands, ShowAndRenderTakeLists) {
     Made("--frequency 440 --duration 500");
-    Cli("render --duration 250 t.tdf w.wav");
+    EXPECT_EQ(Cli("render --duration 250 t.tdf w.wav").status, 0);
     EXPECT_FALSE(WriteToneListFile(Path("list.tdl").c_str(), {"t.tdf", "250ms silence.", "w.wav"}));
     EXPECT_EQ(Cli("show list.tdl").output, "Tone list, 44100 Hz, mono\n"
                                            "t.tdf    00:00.500\n"
@@ -130,9 +130,9 @@ TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
     EXPECT_EQ(missing.status, 2);
     EXPECT_THAT(missing.errors, HasSubstr("list.txt: No such file"));
     Write("list.txt", "100ms silence.\n");
-    EXPECT_EQ(Cli("render t.tdf - 1<>t.tdf").status, 2) << "the input itself";
+    EXPECT_EQ(RunCli("render t.tdf - 1<>t.tdf").status, 2) << "the input itself";
     for (const std::string output : {"list.txt", "- 1<>list.txt"}) {
-        EXPECT_EQ(Cli("render t.tdf " + output).status, 2) << output;
+        EXPECT_EQ(RunCli("render t.tdf " + output).status, 2) << output;
         EXPECT_EQ(Read("list.txt"), "100ms silence.\n");
     }
 }
@@ -162,15 +162,16 @@ TEST_F(ToneCommands, RenderNeedsNoFile) {
 
 TEST_F(ToneCommands, StandardOutputGetsAHeaderThatIsRightFromTheStart) {
     const std::string render = SONVIRE_CLI " render --frequency 440 --duration 2000 ";
-    EXPECT_EQ(
-        Shell(render + "- | sox -t wav - -n stat 2>&1 | grep -c 'Length (seconds):      2.000000'").output,
-        "1\n");
-    Shell(render + "file.wav; " + render + "- > redirected.wav; " + render + "/dev/stdout | cat > piped.wav");
+    EXPECT_EQ(RunProgram(render + "- | sox -t wav - -n stat 2>&1 | grep -c 'Length (seconds):      2.000000'")
+                  .output,
+              "1\n");
+    RunProgram(render + "file.wav; " + render + "- > redirected.wav; " + render +
+               "/dev/stdout | cat > piped.wav");
     EXPECT_EQ(Read("redirected.wav"), Read("file.wav"));
     EXPECT_EQ(Read("piped.wav"), Read("file.wav"));
-    const ProgramResult closed =
-        Shell("(" SONVIRE_CLI
-              " render --frequency 440 --duration 60000 -; echo status $? >&2) | head -c 100 >/dev/null");
+    const ProgramResult closed = RunProgram(
+        "(" SONVIRE_CLI
+        " render --frequency 440 --duration 60000 -; echo status $? >&2) | head -c 100 >/dev/null");
     EXPECT_EQ(closed.errors,
               "sonvire-cli: standard output: could not be written in full: Broken pipe\nstatus 2\n");
 }

@@ -26,6 +26,8 @@ TEST_F(Gui, AWindowStartsAndEndsInOrder) {
         EXPECT_TRUE(shown.visible);
         EXPECT_EQ(shown.geometry, (LWindowGeometry{.x = 10, .y = 20, .width = 300, .height = 400}));
         shown.geometry.width = 555;
+        window.Activate();
+        EXPECT_EQ(shown.raised, 1);
         window.OpenDocuments({"a.tdf", "b.tdf"});
         shown.Drop({"dropped.tdf"});
         shown.CloseWindow();

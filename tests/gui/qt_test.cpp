@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -146,6 +147,7 @@ TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
     Run([this] {
         const QList<QAction*> items = Main()->findChildren<QMenu*>().at(0)->actions();
         EXPECT_EQ(items[0]->text(), "&Loop\tL");
+        EXPECT_TRUE(items[0]->isCheckable());
         for (QAction* item : items)
             item->trigger();
         EXPECT_EQ(window.commands, (Ints{118, 2108, 2109}));
@@ -227,6 +229,10 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
                 EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
                     << row.id;
             }
+            const QRect check = Control<QWidget>(102, &dialog)->geometry();
+            EXPECT_NEAR(check.center().y(), 58 * unit, 1) << "around the middle of its place";
+            form.SetText(101, "Frame");
+            EXPECT_EQ(Control<QGroupBox>(101, &dialog)->title(), "Frame");
             dialog.resize(dialog.width() + 100, dialog.height() + 50);
             const auto place = [&](int id) { return Control<QWidget>(id, &dialog)->geometry(); };
             const auto scaled = [unit](int x, int y) { return QPoint(qRound(x * unit), qRound(y * unit)); };
@@ -277,7 +283,7 @@ LProcessResult Process(LProgressDialog& dialog, Job& job) {
     for (; job.steps < 4; ++job.steps) {
         if (dialog.IsToStop())
             return LProcessResult::Stopped;
-        dialog.PBSetProgress(ProgressBar, (job.steps + 1) * 0.2999);
+        dialog.PBSetProgress(ProgressBar, (job.steps + 1) * 0.3333);
         if (job.steps == 2)
             job.user(*QApplication::activeModalWidget());
     }
@@ -304,7 +310,7 @@ TEST_F(QtGui, AJobRunsUnderItsProgressDialogUntilItIsStopped) {
             SCOPED_TRACE(each.name);
             Job job{.ending = each.ending, .user = [&](QWidget& dialog) {
                         EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
-                        EXPECT_EQ(Control<QProgressBar>(ProgressBar, &dialog)->value(), 89) << "not 90";
+                        EXPECT_EQ(Control<QProgressBar>(ProgressBar, &dialog)->value(), 99) << "not 100";
                         each.user(dialog);
                         EXPECT_TRUE(dialog.isVisible()) << "it goes when the job has returned";
                     }};

@@ -153,6 +153,7 @@ public:
 
     LWindowGeometry geometry;
     bool visible = false;
+    int raised = 0;
     MemoryMenu* menu = nullptr;
     MemoryToolBar* toolBar = nullptr;
     MemoryToolBar* smallToolBar = nullptr;
@@ -166,7 +167,7 @@ public:
     void SetGeometry(const LWindowGeometry& wanted) override { geometry = wanted; }
     LWindowGeometry GetGeometry() const override { return geometry; }
     void Show() override { visible = true; }
-    void Raise() override {}
+    void Raise() override { ++raised; }
     void Hide() override { visible = false; }
     std::unique_ptr<LMenuPeer> CreateMenuBar() override { return Make(menu); }
     std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& barEvents) override {

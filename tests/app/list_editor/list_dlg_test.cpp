@@ -49,10 +49,14 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
     OnEditor([&](MemoryDialog& dialog) {
         EXPECT_EQ(dialog.caption, "Tone List");
         EXPECT_EQ(RowsOf(dialog), Texts{});
+        EXPECT_EQ(EditedRows().columns, Texts{"Tone"});
+        EXPECT_EQ(dialog.controls.focus, ListRows);
         for (const int button : {ListAddTone, ListAddSilence, ListAddTone})
             dialog.Press(button);
         EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
+        EXPECT_EQ(EditedRows().selection, Ints{2}) << "what was added stands ready to be moved";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:02.5");
+        EXPECT_EQ(dialog.controls[ListTotal].toolTip, "");
         dialog.Press(ListSave);
         EXPECT_EQ(ReadBytes(path), b + "\n500ms silence.\n" + a + "\n") << "from the last row to the first";
         dialog.Press(LCommandOk);
@@ -122,6 +126,8 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << each.given;
             EXPECT_EQ(Boxes(), each.box) << each.given;
         }
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0 or more");
+        EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });
     Run([&](MemoryMainWindow&) { Send({CommandNewList}); });
 }
@@ -151,6 +157,8 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         dialogs.clear();
         OnEditor([&](MemoryDialog& dialog) {
             EditedRows().Select(each.selected);
+            for (const int button : {ListMoveUp, ListMoveDown})
+                EXPECT_EQ(dialog.controls[button].enabled, each.selected.size() == 1);
             dialog.Press(each.button);
             EXPECT_EQ(digits(RowsOf(dialog)), each.rows);
             dialog.Press(LCommandOk);

@@ -13,6 +13,9 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(List().columns, (Texts{"Tone Data", "Values"}));
         EXPECT_EQ(List().selection, Ints{0});
         EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
+        toolkit->mainWindow->Resize(640, 480);
+        EXPECT_EQ(Control(ControlSmallToolBar).place, (LRect{0, 0, 640, 30}));
+        EXPECT_EQ(Control(ControlList).place, (LRect{0, 30, 640, 450}));
         Send({CommandStereo, CommandVariableAmplitude, CommandSweepLinear, Tones(2),
               WaveformCommand(ToneSawTooth)});
         EXPECT_EQ(Rows().size(), 11U);
@@ -48,6 +51,7 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
     const auto prompted = [&](const std::function<void(MemoryDialog&)>& then) {
         return [&prompts, then](MemoryDialog& box) {
             prompts.push_back(box.controls.GetText(101) + "=" + box.controls.GetText(102));
+            EXPECT_EQ(box.controls[102].toolTip, box.controls.GetText(101)) << "for a screen reader";
             then(box);
         };
     };
@@ -250,6 +254,7 @@ TEST_F(App, TheStatusBarFollowsPlayback) {
         output.Take(22050);
         EXPECT_TRUE(Wait([&] { return (*window.menu)[CommandPlay].enabled; })) << "at the end of the tone";
         EXPECT_EQ(Control(ControlPosition).text, "");
+        EXPECT_EQ(Control(ControlLevels).levels, Ints{LDB::Silence}) << "of one channel";
         Send({CommandContinuous, CommandPlay});
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
     });

@@ -34,6 +34,9 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
         dialogs = {[&](MemoryDialog& box) {
             EXPECT_EQ(box.caption, "Play Settings");
             EXPECT_EQ(box.controls.GetValue(BySemitone), 1);
+            EXPECT_EQ(box.controls[Semitones].least, 1);
+            EXPECT_EQ(box.controls[Semitones].most, 12);
+            EXPECT_EQ(box.controls[Frequency].toolTip + box.controls[Semitones].toolTip, "FrequencySemiTone");
             box.Set(Autoplay, 1);
             for (const int radio : Ints{ByFrequency, BySemitone, each.radio}) {
                 box.Set(radio, 1);

@@ -60,6 +60,7 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
         }
         EXPECT_EQ(pictures, 4 + 16);
         Then([](QWidget& box) {
+            EXPECT_EQ(box.maximumSize(), box.minimumSize()) << "nothing in it can grow";
             for (const QWidget* child : box.findChildren<QWidget*>("", Qt::FindDirectChildrenOnly))
                 EXPECT_TRUE(box.rect().contains(child->geometry())) << child->metaObject()->className();
             dynamic_cast<QDialog&>(box).reject();
@@ -109,6 +110,8 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_EQ(volume->maximum(), 13);
         EXPECT_EQ(volume->value(), -6);
         EXPECT_EQ(volume->toolTip(), "Volume: -6 dB");
+        for (QWidget* control : {static_cast<QWidget*>(volume), static_cast<QWidget*>(chooser)})
+            EXPECT_EQ(control->focusPolicy(), Qt::TabFocus) << "a click leaves the keyboard in the list";
         volume->setSliderDown(true);
         volume->setValue(-20);
         EXPECT_EQ(volume->toolTip(), "Volume: -20 dB");
@@ -118,15 +121,13 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
 
         auto* meter = Control<QWidget>(ControlLevels);
         EXPECT_EQ(CountLit(meter, calm), 0);
-        for (const char* button : {"Stereo", "Finite duration", "Play"})
+        for (const char* button : {"Finite duration", "Play"})
             QTest::mouseClick(ToolButton(button), Qt::LeftButton);
         EXPECT_TRUE(Wait([&] { return output.queuedFrames >= 8820; }));
         output.Take(8820);
         EXPECT_TRUE(Wait([&] { return CountLit(meter, loud) > 0; }));
         EXPECT_EQ(CountLit(meter, calm), 9 * CountLit(meter, loud)) << "up to -6 of 60 dB";
-        const QImage bars = meter->grab().toImage();
-        EXPECT_EQ(bars.pixelColor(1, meter->height() / 4), calm);
-        EXPECT_EQ(bars.pixelColor(1, meter->height() * 3 / 4), calm) << "one for each channel";
+        EXPECT_EQ(meter->grab().toImage().pixelColor(1, meter->height() / 2), calm) << "one bar";
         EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
         EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "");
