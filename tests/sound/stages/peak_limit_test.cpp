@@ -50,7 +50,7 @@ TEST(PeakLimit, WhatNeedsNoScalingPassesToTheBit) {
 
 TEST(PeakLimit, MatchesTheReference) {
     EXPECT_EQ(HashSamples(ReadInPieces(*Limit(ReferenceNoise(60000, 900000), 8000, FullScale16, 2), 20000)),
-              0x49B708ECu);
+              ReferenceHash("limited stereo 8000"));
 }
 
 TEST(PeakLimit, ThePositionRunsBehindTheInputAndASeekLandsExactly) {
