@@ -1,11 +1,11 @@
-#include "support/run_program.h"
+#include "support/command_line.h"
+#include "support/sound_server.h"
 #include "tone/tone_data.h"
 
 #include <gmock/gmock.h>
 
 #include <csignal>
 #include <cstring>
-#include <unistd.h>
 
 namespace {
 
@@ -28,22 +28,22 @@ int CountSignChanges(const std::vector<double>& samples) {
     return count;
 }
 
-class Render : public InFolder {
+class Render : public CommandLine {
 protected:
     Render() {
         SonvireData tone;
-        tone.WriteToFile(Path("endless.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("endless.tdf").c_str()));
         tone.SetDuration(1000);
-        tone.WriteToFile(Path("second.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("second.tdf").c_str()));
         tone.startLeftHz[0] = 997;
         tone.SetDuration(4000);
-        tone.WriteToFile(Path("997.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("997.tdf").c_str()));
         tone.repeat = 1;
-        tone.WriteToFile(Path("loop.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("loop.tdf").c_str()));
         tone.SetDuration(0xFFFFFFFF);
-        tone.WriteToFile(Path("ages.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("ages.tdf").c_str()));
         tone.SetDuration(10'000'000);
-        tone.WriteToFile(Path("hours.tdf").c_str());
+        EXPECT_FALSE(tone.WriteToFile(Path("hours.tdf").c_str()));
     }
 };
 
@@ -55,23 +55,23 @@ TEST_F(Render, WritesTheToneAsOtherProgramsReadIt) {
     ASSERT_EQ(bytes.size(), 46u + 88200u);
     // 18610, 36843, 54330 in internal samples
     EXPECT_EQ(bytes.substr(46, 6), "\x8B\x04\xFF\x08\x44\x0D");
-    Shell("sox a.wav -t raw sox.raw");
+    RunProgram("sox a.wav -t raw sox.raw");
     EXPECT_EQ(Read("sox.raw"), bytes.substr(46));
-    Shell("ffmpeg -v error -i a.wav -f s16le ffmpeg.raw");
+    RunProgram("ffmpeg -v error -i a.wav -f s16le ffmpeg.raw");
     EXPECT_EQ(Read("ffmpeg.raw"), bytes.substr(46));
 }
 
 TEST_F(Render, ReadsWhatOtherProgramsWriteAsTheyReadIt) {
-    Shell("sox -n -r 22050 -c 2 -b 16 sox16.wav synth 1.23457 sine 440 sine 550 gain -3");
-    Shell("sox -n -r 11025 -c 1 -b 8 -D odd8.wav synth 999s pinknoise gain -9");
-    Shell("sox -n -r 8000 -c 1 -e ima-adpcm ima.wav synth 1.111 sine 300:900 gain -3");
-    Shell("ffmpeg -v error -f lavfi -i sine=frequency=600:duration=1.3 -metadata "
-          "title=Chunk ffmpeg.wav");
+    RunProgram("sox -n -r 22050 -c 2 -b 16 sox16.wav synth 1.23457 sine 440 sine 550 gain -3");
+    RunProgram("sox -n -r 11025 -c 1 -b 8 -D odd8.wav synth 999s pinknoise gain -9");
+    RunProgram("sox -n -r 8000 -c 1 -e ima-adpcm ima.wav synth 1.111 sine 300:900 gain -3");
+    RunProgram("ffmpeg -v error -f lavfi -i sine=frequency=600:duration=1.3 -metadata "
+               "title=Chunk ffmpeg.wav");
     for (const std::string name : {"sox16", "odd8", "ima", "ffmpeg"}) {
         const ProgramResult result = Cli("render " + name + ".wav ours.wav");
         EXPECT_EQ(result.status, 0) << name << result.errors;
-        Shell("sox " + name + ".wav -D -e signed -b 16 -t raw theirs.raw");
-        Shell("sox ours.wav -t raw ours.raw");
+        RunProgram("sox " + name + ".wav -D -e signed -b 16 -t raw theirs.raw");
+        RunProgram("sox ours.wav -t raw ours.raw");
         EXPECT_EQ(Read("ours.raw"), Read("theirs.raw")) << name;
     }
 }
@@ -94,10 +94,10 @@ TEST_F(Render, ConvertsAsAsked) {
 }
 
 TEST_F(Render, ALoudMixDownIsLimitedNotWrapped) {
-    Shell("sox -n -r 44100 -c 2 -b 16 -D loud.wav synth 1 square 100 square 100 gain 0");
+    RunProgram("sox -n -r 44100 -c 2 -b 16 -D loud.wav synth 1 square 100 square 100 gain 0");
     for (const std::string bits : {"16", "8"}) {
         EXPECT_EQ(Cli("render --channels 1 --bits " + bits + " loud.wav m.wav").status, 0);
-        Shell("sox m.wav -D -e signed -b 16 -t raw m.raw");
+        RunProgram("sox m.wav -D -e signed -b 16 -t raw m.raw");
         // A wrapped sample would stand out among its neighbours.
         const std::vector<double> samples = SamplesOf(std::string(46, ' ') + Read("m.raw"));
         EXPECT_EQ(CountSignChanges(samples), 199) << bits;
@@ -109,11 +109,7 @@ TEST_F(Render, EndlessTonesNeedADuration) {
     for (const std::string name : {"endless.tdf", "loop.tdf"}) {
         const ProgramResult refused = Cli("render " + name + " e.wav");
         EXPECT_EQ(refused.status, 2);
-        EXPECT_EQ(refused.errors,
-                  "sonvire-cli: " + name +
-                      ": Tones can only be saved as wav files if they are a fixed duration tone.\n\n"
-                      "Select the Constant (Specified Duration) or Sweep items, or turn of loop play, "
-                      "from the Tones menu.\n");
+        EXPECT_EQ(refused.errors, "sonvire-cli: " + name + ": has no end (--duration gives it one)\n");
         EXPECT_EQ(Cli("render --duration 100 " + name + " e.wav").status, 0);
         EXPECT_EQ(Read("e.wav").size(), 46u + 2 * 4410);
     }
@@ -123,7 +119,7 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
     Write("short.tdf", std::string(796, 'x'));
     Write("garbage.wav", "RIFF is not enough");
     Write("tone.mp3", "x");
-    Shell("sox -n -r 8000 -b 24 24.wav synth 0.1 sine 100");
+    RunProgram("sox -n -r 8000 -b 24 24.wav synth 0.1 sine 100");
     Write("six.wav",
           std::string("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\6\0\x40\x1F\0\0\0\0\0\0\x0C\0\x10\0", 36) +
               std::string("data\x0C\0\0\0............", 20));
@@ -133,7 +129,7 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
           std::string("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\0\0\0\0\1\0\x08\0", 36) +
               "data\xA0\xD4\x12\x78");
     std::filesystem::resize_file(Path("long.wav"), 2014500044);
-    Shell("sox -n -r 8000 -c 2 -e ima-adpcm stereoima.wav synth 0.1 sine 100");
+    RunProgram("sox -n -r 8000 -c 2 -e ima-adpcm stereoima.wav synth 0.1 sine 100");
     std::filesystem::create_symlink(Path("second.tdf"), Path("link.tdf"));
     std::filesystem::create_directory(Path("folder.tdf"));
     Write("kept.wav", "kept");
@@ -151,9 +147,9 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
         {"--rate 192000 --channels 2 hours.tdf kept.wav", "hours.tdf", "too long"},
         {"--rate 47000 --bits 8 long.wav kept.wav", "long.wav", "is too long to be converted"},
         {"--channels 1 six.wav kept.wav", "six.wav", "6 channels"},
-        {"--duration 5 24.wav kept.wav", "24.wav", "--duration"},
-        {"second.tdf second.tdf", "second.tdf", "is the input itself"},
-        {"second.tdf link.tdf", "link.tdf", "is the input itself"},
+        {"--duration 5 24.wav kept.wav", "24.wav", "a duration goes with tones"},
+        {"second.tdf second.tdf", "second.tdf", "is read by the input"},
+        {"second.tdf link.tdf", "link.tdf", "is read by the input"},
         {"second.tdf no/folder.wav", "folder.wav", "can't be created: No such file"},
         {"second.tdf ./", "./", "can't be created: Is a directory"},
         {"second.tdf /dev/full", "/dev/full", "written in full: No space left on device"},
@@ -181,7 +177,7 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
 }
 
 TEST_F(Render, AFileThatIsCutShortIsRenderedWithAWarning) {
-    Shell("sox -n -r 8000 -b 16 whole.wav synth 1 sine 100");
+    RunProgram("sox -n -r 8000 -b 16 whole.wav synth 1 sine 100");
     Write("cut.wav", Read("whole.wav").substr(0, 4044));
     const ProgramResult result = Cli("render cut.wav o.wav");
     EXPECT_EQ(result.status, 0);
@@ -192,18 +188,26 @@ TEST_F(Render, AFileThatIsCutShortIsRenderedWithAWarning) {
 TEST_F(Render, AFullDiskLeavesTheOldFile) {
     // A file size limit stands in for the disk.
     Write("kept.wav", "kept");
-    const ProgramResult result = Shell("ulimit -f 64; trap '' XFSZ; " SONVIRE_CLI " render 997.tdf kept.wav");
+    const ProgramResult result =
+        RunProgram("ulimit -f 64; trap '' XFSZ; " SONVIRE_CLI " render 997.tdf kept.wav");
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.errors, HasSubstr("kept.wav: could not be written in full: File too large"));
     EXPECT_EQ(Read("kept.wav"), "kept");
     EXPECT_EQ(dir.CountFiles(), 7u) << "nothing temporary stays";
 }
 
-TEST_F(Render, CtrlCEndsWithAValidShorterFile) {
-    const ProgramResult result = Cli("render --rate 44099 hours.tdf part.wav", [](pid_t child) {
-        usleep(300'000);
+TEST_F(Render, CtrlCEndsWithAValidShorterFileOrTheOneThatWasThere) {
+    const auto stopOnceItWrites = [this](pid_t child) {
+        EXPECT_TRUE(WaitFor([this] {
+            for (const auto& each : std::filesystem::directory_iterator(Path("")))
+                if (each.path().filename().native().starts_with(".part.wav.") && each.file_size() > 46)
+                    return true;
+            return false;
+        }));
         kill(child, SIGINT);
-    });
+    };
+    const std::string command = "render --rate 44099 hours.tdf part.wav";
+    const ProgramResult result = RunCli(command, stopOnceItWrites);
     EXPECT_EQ(result.status, 1) << result.errors;
     const std::string bytes = Read("part.wav");
     ASSERT_GT(bytes.size(), 46u);
@@ -211,26 +215,29 @@ TEST_F(Render, CtrlCEndsWithAValidShorterFile) {
     std::uint32_t dataBytes = 0;
     std::memcpy(&dataBytes, &bytes[42], 4);
     EXPECT_EQ(dataBytes, bytes.size() - 46);
+    Write("part.wav", "kept");
+    EXPECT_EQ(RunCli(command, stopOnceItWrites).status, 1);
+    EXPECT_EQ(Read("part.wav"), "kept");
 }
 
 TEST_F(Render, AProgressBarStandsOnTheTerminal) {
     const std::string render = "script -qec '" SONVIRE_CLI " render ";
     const std::string command = "hours.tdf --duration 600000 o.wav' /dev/null";
-    const std::string shown = Shell(render + command).output;
+    const std::string shown = RunProgram(render + command).output;
     EXPECT_THAT(shown, HasSubstr("  0% ["));
     EXPECT_THAT(shown, HasSubstr("100% [##############################]"));
     EXPECT_THAT(shown, HasSubstr(" times real time"));
-    EXPECT_EQ(Shell(render + "--quiet " + command).output, "");
+    EXPECT_EQ(RunProgram(render + "--quiet " + command).output, "");
 }
 
-TEST(Cli, HelpAndVersionArePlain) {
+TEST_F(Render, HelpAndVersionArePlain) {
     EXPECT_EQ(RunCli("--version").output, "sonvire-cli 2.14\n");
-    EXPECT_THAT(RunCli("--help").output, HasSubstr("render"));
-    EXPECT_THAT(RunCli("render --help").output, HasSubstr("--duration"));
-    const ProgramResult misused = RunCli("");
+    EXPECT_THAT(Cli("--help").output, HasSubstr("render"));
+    EXPECT_THAT(Cli("render --help").output, HasSubstr("--duration"));
+    const ProgramResult misused = Cli("");
     EXPECT_EQ(misused.status, 2);
     EXPECT_THAT(misused.errors, StartsWith("sonvire-cli: "));
-    EXPECT_EQ(RunCli("sing").status, 2);
+    EXPECT_EQ(Cli("sing").status, 2);
 }
 
 } // namespace

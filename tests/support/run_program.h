@@ -23,19 +23,3 @@ ProgramResult RunProgram(const std::string& command, const std::function<void(pi
 
 /// The same for sonvire-cli with these arguments.
 ProgramResult RunCli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile = {});
-
-/// sonvire-cli and other programs, run in a folder of the test's own.
-class InFolder : public testing::Test {
-protected:
-    ProgramResult Shell(const std::string& command, const std::function<void(pid_t)>& meanwhile = {}) const {
-        return RunProgram("cd " + Path("") + "\n" + command, meanwhile);
-    }
-    ProgramResult Cli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile = {}) const {
-        return Shell("exec " SONVIRE_CLI " " + arguments, meanwhile);
-    }
-    std::string Path(const std::string& name) const { return dir / name; }
-    std::string Read(const std::string& name) const { return ReadBytes(dir / name); }
-    void Write(const std::string& name, const std::string& bytes) const { WriteBytes(dir / name, bytes); }
-
-    const TempDir dir;
-};
