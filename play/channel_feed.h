@@ -12,7 +12,10 @@
 /// operations; they share single atomics only, and nothing allocates, locks or waits.
 class LChannelFeed {
 public:
-    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing);
+    /// `expectedLatency` is in frames: the least that stands between a frame's being handed out and its being
+    /// heard.
+    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing,
+                 int expectedLatency);
 
     // Player's thread.
     void Queue(LSoundPlayerBuffer& buffer);
@@ -24,8 +27,9 @@ public:
     // Output's thread.
     /// Fills all of `frames` frames, with silence where nothing is queued.
     void Fill(std::int16_t* out, int frames);
-    /// `position` counts the frames from `Fill` that have been heard.
-    void SetHeard(std::uint64_t position);
+    /// `position` counts the frames that the output has played by the `Fill` before. It may be ahead of the
+    /// truth: an output that has run dry counts on, and so may one that is only being started.
+    void SetPosition(std::uint64_t position);
 
     // Any thread.
     /// True once the fade-out has been heard to its end.
@@ -35,6 +39,7 @@ private:
     int FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames);
     void ApplyFade(std::int16_t* out, int frames);
     LSoundPlayerBuffer* GetNext();
+    bool IsHeard(std::uint64_t end) const { return end + latency <= delivered; }
 
     std::uint8_t channels;
     int fadeFrames;
@@ -53,5 +58,6 @@ private:
     bool begun = false;
     std::uint64_t delivered = 0; ///< frames handed out, silence included
     std::uint64_t soundEnd = 0;  ///< `delivered` after the last frame that was not filled up
+    std::uint64_t latency;       ///< the most frames that have been on their way
     std::array<std::uint64_t, LSoundPlayerRing::Buffers> ends{}; ///< of each taken buffer, in `delivered`
 };

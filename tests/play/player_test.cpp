@@ -142,6 +142,20 @@ TEST_F(Player, AStopFadesOutOver5Ms) {
     EXPECT_TRUE(output.GetFeed()->IsSilent());
 }
 
+TEST_F(Player, AFadeIsNotOverBeforeItIsHeardHoweverFarTheOutputCountsOn) {
+    ASSERT_TRUE(Play(Constant(10000, 8000, 8000), 8000));
+    output.Take(900, 60);
+    output.Take(700, 40); // 60 frames were on their way once
+    ASSERT_TRUE(WaitForEvents(4));
+    EXPECT_EQ(owner.events.back(), "time 100") << "1540 frames are heard";
+    player.Stop();
+    output.Take(40, -5000); // the fade, after a time without frames
+    output.Take(59, -5000);
+    EXPECT_FALSE(output.GetFeed()->IsSilent());
+    output.Take(1, -5000);
+    EXPECT_TRUE(output.GetFeed()->IsSilent());
+}
+
 TEST_F(Player, AStopBeforeTheFirstFrameOrAtTheLastHasNothingToFade) {
     for (const int taken : {0, 100}) {
         ASSERT_TRUE(Play(Constant(10000, 100, 8000), 100));
