@@ -1,6 +1,7 @@
 #include "play/cubeb_output.h"
 
 #include "play/channel_feed.h"
+#include "play/jack_guard.h"
 #include "play/pulse_pin.h"
 #include "sys/background.h"
 
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <string_view>
 #include <thread>
 
 namespace {
@@ -28,24 +30,36 @@ int GetLatencyFrames(const LSoundChannelRequest& request) {
     return std::max(1, request.rate * LatencyMs / 1000);
 }
 
-/// A connection to the sound server.
+/// A connection to the first of these that is there: PulseAudio (or PipeWire in its place), JACK, ALSA.
 class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (cubeb_init(&context, ProgramName, nullptr) != CUBEB_OK)
-            context = nullptr;
+        if (!Open("pulse") && !(IsJackRunning() && Open("jack")))
+            Open("alsa");
     }
-    ~Context() {
-        if (context)
-            cubeb_destroy(context);
-    }
+    ~Context() { Close(); }
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
 
     cubeb* Get() const { return context; }
 
 private:
+    /// cubeb takes another backend where this one is not there; such a one is not kept.
+    bool Open(const char* backend) {
+        if (cubeb_init(&context, ProgramName, backend) != CUBEB_OK)
+            context = nullptr;
+        if (context &&
+            !std::string_view(cubeb_get_backend_id(context)).starts_with(backend)) // or "pulse-rust"
+            Close();
+        return context != nullptr;
+    }
+    void Close() {
+        if (context)
+            cubeb_destroy(context);
+        context = nullptr;
+    }
+
     cubeb* context = nullptr;
 };
 
