@@ -26,12 +26,24 @@ LChannelFeed::LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<
       latency(static_cast<std::uint64_t>(expectedLatency)) {}
 
 void LChannelFeed::Queue(LSoundPlayerBuffer& buffer) {
+    player.Check();
     const unsigned int at = queued.load(std::memory_order_relaxed);
     queue[at % queue.size()] = &buffer;
     queued.store(at + 1, std::memory_order_release);
 }
 
+void LChannelFeed::SetVolume(std::uint32_t word) {
+    player.Check();
+    volume = word;
+}
+
+void LChannelFeed::FadeOut() {
+    player.Check();
+    fading = true;
+}
+
 void LChannelFeed::Fill(std::int16_t* out, int frames) {
+    output.Check();
     const bool giveUp = fading;
     if (giveUp && !begun)
         fadeLeft = 0;
@@ -89,6 +101,7 @@ void LChannelFeed::ApplyFade(std::int16_t* out, int frames) {
 // What an output has asked for since tells what it has played: it asks as it plays. Its position tells only
 // how much is on its way, since after running dry it would have a fade heard that has not been played yet.
 void LChannelFeed::SetPosition(std::uint64_t position) {
+    output.Check();
     if (position < delivered)
         latency = std::max(latency, delivered - position);
     const unsigned int before = heard;

@@ -1,3 +1,4 @@
+#include "play/cubeb_output.h"
 #include "play/sound_player.h"
 #include "sound/files/wave_file.h"
 #include "support/array_source.h"
@@ -75,7 +76,7 @@ struct Line {
     Recording recording;
     std::vector<int> all;
     Owner owner;
-    LSoundPlayer player;
+    LSoundPlayer player{OpenCubebChannel};
 };
 
 TEST_F(Playback, EveryFrameIsHeardOnceAndInOrderInEveryFormat) {
@@ -98,7 +99,7 @@ TEST_F(Playback, EveryFrameIsHeardOnceAndInOrderInEveryFormat) {
 }
 
 TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
-    LSoundPlayer player;
+    LSoundPlayer player{OpenCubebChannel};
     player.SetNotify(&owner, 0);
     player.SetDevice(Device("Output main"));
     for (const bool restart : {false, true}) {
@@ -126,7 +127,7 @@ TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
 }
 
 TEST_F(Playback, ManyPlaybacksLeaveNothingBehind) {
-    LSoundPlayer player;
+    LSoundPlayer player{OpenCubebChannel};
     player.SetNotify(&owner, 0);
     const auto play = [&](int milliseconds) {
         player.Start(SourceOf(std::vector<int>(44100, 1), 44100, 1));
@@ -180,7 +181,7 @@ TEST_F(Playback, AnOutputThatGoesAwayEndsThePlaybackAndNoOtherTakesOver) {
         server->Control("set-default-sink gone");
         const LSoundPlayDevice device = chosen ? Device("Output gone") : LSoundPlayDevice();
         Recording onMain(*server, "main", 44100, 1), onSpare(*server, "spare", 44100, 1);
-        LSoundPlayer player;
+        LSoundPlayer player{OpenCubebChannel};
         player.SetNotify(&owner, 0);
         player.SetDevice(device);
         player.Start(SourceOf(std::vector<int>(441000, 1000), 44100, 1));
@@ -219,7 +220,7 @@ TEST_F(Playback, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         file.seekp(40) << std::string("\x60\xEA\0\0", 4); // 60000 bytes
     });
-    LSoundPlayer player;
+    LSoundPlayer player{OpenCubebChannel};
     player.SetNotify(&owner, 0);
     player.SetDevice(Device("Output main"));
     ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
@@ -266,7 +267,7 @@ TEST_F(Playback, TheCommandLinePlays) {
 
 // The last one: it leaves another server behind.
 TEST_F(Playback, AServerThatDiesEndsThePlaybackAndItsSuccessorPlays) {
-    LSoundPlayer player;
+    LSoundPlayer player{OpenCubebChannel};
     player.SetNotify(&owner, 0);
     player.Start(SourceOf(std::vector<int>(441000, 1), 44100, 1));
     ASSERT_TRUE(WaitForSound());

@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 namespace {
 
 using ::testing::AllOf;
@@ -241,6 +243,19 @@ TEST_F(Player, WhatIsTooLoudIsLimited) {
     ASSERT_TRUE(Play(LSoundSource::Make<ArraySource>(loud, 8000, std::uint8_t{1}, SynthesisPeakMax), 8000));
     EXPECT_THAT(output.Take(8000), Each(AllOf(Ge(32700), Le(32767)))) << "not wrapped around";
 }
+
+#ifndef NDEBUG
+TEST_F(Player, EveryThreadKeepsToItsPart) {
+    ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
+    output.Take(1);
+    const std::function<void()> calls[] = {
+        [this] { player.SetTitle("of another thread's"); }, [this] { player.Stop(); },
+        [this] { static_cast<void>(player.GetStatus()); }, [this] { output.Take(1); }};
+    for (const auto& call : calls)
+        EXPECT_DEATH(std::thread(call).join(), "another thread");
+    EXPECT_DEATH(output.GetFeed()->FadeOut(), "another thread") << "which is the playback's";
+}
+#endif
 
 class GrowingSource : public LSoundSourceBase {
 public:
