@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <unistd.h>
 
@@ -26,12 +27,12 @@ bool IsJackRunning() {
     const char* const chosen = std::getenv("JACK_DEFAULT_SERVER");
     const std::string server = chosen ? chosen : "default", user = std::to_string(getuid());
     std::ifstream sockets("/proc/net/unix");
-    std::string address, references, protocol, flags, type, state, node, rest;
-    std::getline(sockets, rest);
-    while (sockets >> address >> references >> protocol >> flags >> type >> state >> node) {
-        std::getline(sockets >> std::ws, rest);
+    for (std::string line; std::getline(sockets, line);) {
+        std::istringstream fields(line);
+        std::string address, references, protocol, flags, type, state, node, path;
+        fields >> address >> references >> protocol >> flags >> type >> state >> node >> path;
         const bool listens = (std::strtoul(flags.c_str(), nullptr, 16) & Listening) != 0;
-        if (listens && (rest == GetSocketName(server, user) || rest == GetOldSocketName(server, user)))
+        if (listens && (path == GetSocketName(server, user) || path == GetOldSocketName(server, user)))
             return true;
     }
     return false;

@@ -22,7 +22,7 @@ TEST(Backend, OnlyAJackServerThatListensRuns) {
     const std::string path = "/dev/shm/jack_" + server + "_" + std::to_string(getuid()) + "_0";
     std::strcpy(address.sun_path, path.c_str());
     EXPECT_FALSE(IsJackRunning()) << "no server";
-    const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    const int unnamed = socket(AF_UNIX, SOCK_STREAM, 0), listener = socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_EQ(bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     EXPECT_FALSE(IsJackRunning()) << "one that is only starting";
     ASSERT_EQ(listen(listener, 1), 0);
@@ -31,6 +31,7 @@ TEST(Backend, OnlyAJackServerThatListensRuns) {
     EXPECT_FALSE(IsJackRunning()) << "one of another name";
     setenv("JACK_DEFAULT_SERVER", server.c_str(), 1);
     close(listener);
+    close(unnamed);
     EXPECT_FALSE(IsJackRunning()) << "the socket that a killed one has left";
     std::filesystem::remove(path);
 }

@@ -246,6 +246,7 @@ TEST_F(Player, WhatIsTooLoudIsLimited) {
 
 #ifndef NDEBUG
 TEST_F(Player, EveryThreadKeepsToItsPart) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
     output.Take(1);
     const std::function<void()> calls[] = {
