@@ -14,8 +14,13 @@ public:
     void Write(const int* buffer, int frames) override {
         writes.push_back(frames);
         samples.insert(samples.end(), buffer, buffer + frames * channels);
+        if (std::ssize(writes) == fullAfter) {
+            status |= SinkFellShort;
+            failure = LFailure::OfSystem(fullBy);
+        }
     }
     std::vector<int> samples, writes;
+    int fullAfter = -1, fullBy = ENOSPC; ///< writes, and the system error number
 };
 
 struct Recorder {
@@ -96,6 +101,26 @@ TEST(RenderJob, ConvertsToTheSinkOrWritesSilenceWhereNothingConverts) {
     const Rendering run(Frames(100, 6), 44100, 2);
     EXPECT_EQ(run.result, LProcessResult::Completed);
     EXPECT_EQ(run.Sunk().samples, std::vector<int>(200));
+}
+
+TEST(RenderJob, ASinkThatTakesNoMoreEndsTheJobAtOnce) {
+    struct {
+        int error, stopAt;
+        LProcessResult result;
+    } const cases[] = {{ENOSPC, 1000, LProcessResult::Failed},
+                       {EINTR, 1000, LProcessResult::Failed},
+                       {EINTR, 2, LProcessResult::Stopped}}; // the user's own stop broke the write off
+    for (const auto& each : cases) {
+        const LSoundSink sink = LSoundSink::Make<ArraySink>(44100, std::uint8_t{1});
+        auto& full = static_cast<ArraySink&>(*sink);
+        full.fullAfter = 2;
+        full.fullBy = each.error;
+        Recorder dialog;
+        dialog.stopAt = each.stopAt;
+        LPRSourceToSink job("Saving Wave File", Frames(5 * 8192), sink);
+        EXPECT_EQ(Process(dialog, job), each.result);
+        EXPECT_EQ(full.writes.size(), 2U);
+    }
 }
 
 } // namespace
