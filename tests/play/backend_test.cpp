@@ -56,7 +56,7 @@ TEST(Backend, WithoutAServerAlsaPlays) {
                                          none.Path("out.raw") + " }\npcm.null { type null }\n");
     SonvireData tone;
     tone.SetDuration(200);
-    tone.WriteToFile(none.Path("brief.tdf").c_str());
+    ASSERT_FALSE(tone.WriteToFile(none.Path("brief.tdf").c_str()));
     EXPECT_EQ(RunCli("play --volume 13 " + none.Path("brief.tdf")).status, 0);
     const std::string played = ReadBytes(none.Path("out.raw"));
     EXPECT_GE(played.size(), 2u * 8820);

@@ -1,8 +1,10 @@
 #include "play/sound_player.h"
+#include "sound/files/wave_file.h"
 #include "support/array_source.h"
 #include "support/owner.h"
 #include "support/process.h"
 #include "support/reference.h"
+#include "support/temp_dir.h"
 #include "support/test_output.h"
 
 #include <gmock/gmock.h>
@@ -290,6 +292,34 @@ TEST_F(Player, AStreamingSourceIsWaitedForAndReportedMeanwhile) {
     growing->streaming = false;
     ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
     EXPECT_EQ(*(owner.events.end() - 2), "time 80");
+}
+
+TEST_F(Player, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
+    const TempDir folder;
+    const std::string path = folder / "growing.wav";
+    const std::vector<int> samples = Numbered(30000);
+    const std::vector<std::int16_t> stored(samples.begin(), samples.end());
+    const std::string data(reinterpret_cast<const char*>(stored.data()), 2 * stored.size());
+    WriteBytes(path,
+               std::string("RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0"
+                           "data\xFF\xFF\xFF\xFF",
+                           44));
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out | std::ios::ate);
+    file << data.substr(0, 2000) << std::flush;
+    ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
+    std::vector<int> played;
+    for (std::size_t at = 2000; at <= data.size(); at += 14500) {
+        const int frames = static_cast<int>(at / 2 - played.size());
+        ASSERT_TRUE(WaitForQueue(static_cast<int>(at / 2)));
+        const std::vector<int> piece = output.Take(frames);
+        played.insert(played.end(), piece.begin(), piece.end());
+        file << data.substr(at, 14500) << std::flush;
+    }
+    EXPECT_EQ(played, samples);
+    EXPECT_TRUE(player.IsPlaying());
+    file.seekp(40) << std::string("\x60\xEA\0\0", 4) << std::flush; // 60000 bytes
+    ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
+    EXPECT_EQ(*(owner.events.end() - 2), "time 680");
 }
 
 TEST_F(Player, AThousandPlaybacksLeaveNothingBehind) {
