@@ -15,7 +15,12 @@ public:
 protected:
     /// Shares the input and takes over its rate, channels and peak; `SoundInputUnusable` where the input has
     /// a status.
-    explicit LSoundProcessBase(const LSoundSource& wrapped);
+    explicit LSoundProcessBase(const LSoundSource& wrapped)
+        : LSoundSourceBase(wrapped->sampleRate, wrapped->channels, wrapped->peakMax),
+          input(wrapped) {
+        if (input->status != SoundUsable)
+            status = SoundInputUnusable;
+    }
 
     LSoundSource input;
 };
@@ -25,5 +30,6 @@ protected:
 class LSoundProcessor {
 public:
     virtual ~LSoundProcessor() = default;
+    /// Thread: builder. Blocks: no. Allocates: yes.
     virtual LSoundSource OpenSource(const LSoundSource& input) const = 0;
 };
