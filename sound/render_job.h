@@ -57,8 +57,8 @@ LProcessResult Process(ProgressDialog& dialog, LPRSourceToSink& job) {
         if (readable)
             source->Read(block.data(), frames);
         sink->Write(block.data(), frames);
-        dialog.PBSetProgress(ProgressBar,
-                             progress); // one block behind on purpose: it never shows the full mark
+        // Kept quirk: the bar is one block behind and never full.
+        dialog.PBSetProgress(ProgressBar, progress);
     }
     return LProcessResult::Completed;
 }

@@ -139,8 +139,7 @@ void LSSRCCat::Seek(int target) {
     current->Unload();
     current.Close();
     position = target;
-    silenceLeft =
-        sampleRate; // a list without items plays this second of silence once; it is not part of its length
+    silenceLeft = sampleRate; // Kept quirk: only a list without items plays this second
 }
 
 int LSSRCCat::GetEndSample() const {

@@ -17,7 +17,8 @@ protected:
 };
 
 /// Adds left and right. They are summed, not averaged: what is equal in both comes out twice as loud. The
-/// internal scale has room for it, and `peakMax` stays the input's on purpose.
+/// internal scale has room for it.
+/// Kept quirk: `peakMax` stays the input's.
 class LSRCConvStereoMono : public LSRCConvChannels {
 public:
     explicit LSRCConvStereoMono(const LSoundSource& wrapped) : LSRCConvChannels(wrapped, 1) {}
