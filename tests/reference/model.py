@@ -120,10 +120,11 @@ class Feed:
         self.samples, self.channels, self.position = samples, channels, 0
 
     def read(self, frames):
-        a = self.position * self.channels
+        a, count = self.position * self.channels, frames * self.channels
         self.position += frames
-        got = self.samples[a : a + frames * self.channels]
-        return got + [0] * (frames * self.channels - len(got))
+        before = [0] * min(count, max(0, -a))
+        got = before + self.samples[max(0, a) : max(0, a + count)]
+        return got + [0] * (count - len(got))
 
 
 def limited(feed, rate, limit, frames):
@@ -192,12 +193,18 @@ def coefficients(inrate, outrate, wide):
     return n, m, rows
 
 
-def converted(feed, inrate, outrate, frames, wide=False):
-    """As one stage. The buffer holds everything that was read; only the reach of a refill is rescaled."""
+def converted(feed, inrate, outrate, frames, wide=False, start=None):
+    """As one stage, sought to `start` first. The buffer holds everything that was read; only the reach of a refill is
+    rescaled."""
     c = feed.channels
     n, m, rows = coefficients(inrate, outrate, wide)
     buffer = [[0] * c for _ in range(63)]
     span, fill, acc, shift = 32, 0, 0, 0
+    if start is not None:
+        feed.position = trunc_div(start, n) * m + trunc_div(m * trunc_mod(start, n), n) - 31
+        acc = trunc_mod(trunc_mod(start, n) * m, n) % n
+        got = feed.read(31)
+        buffer[32:] = [got[i * c : i * c + c] for i in range(31)]
     out = []
     for _ in range(frames):
         span += acc // n
@@ -314,12 +321,21 @@ def main():
     loud = tone(40000, 0, STEPS)
     show("16 components", loud)
     show("limited", limited(Feed(loud, 1), 44100, 524272, 30000))
-    show("limited stereo 8000", limited(Feed(noise(60000, 900000), 2), 8000, 524272, 20000))
+    for channels in 2, 3:
+        show("limited 8000 by %d" % channels, limited(Feed(noise(60000, 900000), channels), 8000, 524272, 20000))
     for inrate, outrate in (8000, 44100), (44100, 48000), (48000, 44100), (22050, 44100), (96000, 44100):
         show("mono %d to %d" % (inrate, outrate), converted(Feed(noise(60000, 524272), 1), inrate, outrate, 60000))
     show("stereo 48000 to 44100", converted(Feed(noise(60000, 2000000), 2), 48000, 44100, 20000))
-    halfway = converted(Feed(noise(60000, 524272), 1), 192000, 44100, 16000, wide=True)
-    show("mono 192000 to 44100 (wide)", halfway)
+    stereo = noise(60000, 524272)
+    mixed = [a + b for a, b in zip(stereo[::2], stereo[1::2])]
+    show("mixed 48000 to 44100", converted(Feed(mixed, 1), 48000, 44100, 20000))
+    halfway = converted(Feed(noise(60000, 524272), 1), 192000, 44100, 13000, wide=True)
+    show("192000 to 22050 by 44100", converted(Feed(halfway, 1), 44100, 22050, 4000))
+    show("mono 88200 to 22050", converted(Feed(noise(60000, 524272), 1), 88200, 22050, 4000))
+    halfway = converted(Feed(noise(60000, 524272), 1), 88204, 44100, 13000, wide=True)
+    show("88204 to 22050 by 44100", converted(Feed(halfway, 1), 44100, 22050, 4000))
+    for start in -1000, 1000:
+        show("48000 to 44100 from %d" % start, converted(Feed(noise(60000, 524272), 1), 48000, 44100, 4000, start=start))
 
 
 if __name__ == "__main__":
