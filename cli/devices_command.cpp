@@ -1,4 +1,4 @@
-#include "cli/devices_command.h"
+#include "cli/commands.h"
 
 #include "cli/refusal.h"
 #include "play/play_device.h"

@@ -28,15 +28,14 @@ std::string FormatLength(LSoundTime time) {
     return text;
 }
 
-FileReport Refused(const std::string& reason) {
-    return {.refusal = reason, .title = {}, .rows = {}, .json = {}};
+FileReport Refused(LFailure failure) {
+    return {.failure = std::move(failure), .title = {}, .rows = {}, .json = {}};
 }
 
 FileReport ReportTone(const std::string& path) {
     SonvireData tone;
-    if (!tone.ReadFromFile(path.c_str()))
-        return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
-                       " bytes");
+    if (LFailure failure = tone.ReadFromFile(path.c_str()))
+        return Refused(std::move(failure));
     const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
     FileReport report;
     report.title =
@@ -53,7 +52,7 @@ FileReport ReportTone(const std::string& path) {
                    {"stereo", stereo},
                    {"loop", looped},
                    {"items", items}};
-    if (tone.waveform == ToneFromList) {
+    if (tone.IsList()) {
         report.rows.push_back({"List", tone.GetListPath()});
         object["list"] = tone.GetListPath();
     }
@@ -124,8 +123,8 @@ std::string FileReport::ToText() const {
 }
 
 FileReport ReportFile(const std::string& path) {
-    if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
-        return Refused(reason);
+    if (LFailure failure = CheckReadable(path))
+        return Refused(std::move(failure));
     if (HasExtension(path, ".tdf"))
         return ReportTone(path);
     if (HasExtension(path, ".tdl"))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sys/failure.h"
+
 #include <string>
 #include <vector>
 
@@ -10,8 +12,8 @@ struct FileReport {
         std::string value;
     };
 
-    std::string refusal; ///< why the file can't be shown; empty where it can
-    std::string title;   ///< one line above the rows
+    LFailure failure;  ///< why the file can't be shown
+    std::string title; ///< one line above the rows
     std::vector<Row> rows;
     std::string json; ///< the same as an object, for scripts
 

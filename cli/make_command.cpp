@@ -1,4 +1,4 @@
-#include "cli/make_command.h"
+#include "cli/commands.h"
 
 #include "cli/refusal.h"
 #include "cli/text.h"
@@ -10,7 +10,6 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include <cerrno>
 #include <memory>
 
 namespace {
@@ -26,8 +25,8 @@ int Make(const MakeOptions& options) {
         return Misuse(described.problem);
     if (!HasExtension(options.output, ".tdf"))
         return Refuse(options.output, "is no name for a tone file, which ends in .tdf");
-    if (!described.tone.WriteToFile(options.output.c_str()))
-        return Refuse(options.output, "can't be written: " + ExplainError(errno));
+    if (const LFailure failure = described.tone.WriteToFile(options.output.c_str()))
+        return Refuse(options.output, "can't be written: " + failure.GetReason());
     return ExitCompleted;
 }
 

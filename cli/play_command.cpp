@@ -1,4 +1,4 @@
-#include "cli/play_command.h"
+#include "cli/commands.h"
 
 #include "cli/interrupt.h"
 #include "cli/play_display.h"
@@ -64,8 +64,8 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
 }
 
 int PlayInput(const PlayOptions& options, const std::string& name, const SoundInput& input) {
-    if (!input.refusal.empty())
-        return Refuse(name, input.refusal);
+    if (input.failure)
+        return Refuse(name, input.failure.GetReason());
     LSoundPlayDevice device;
     if (!options.device.empty() && options.device != LSoundPlayDevice::DefaultName) {
         device = LSoundPlayDevice::OfName(options.device.c_str());

@@ -1,14 +1,7 @@
 #include "cli/program.h"
 
-#include "cli/make_command.h"
-#include "cli/printed_messages.h"
+#include "cli/commands.h"
 #include "cli/refusal.h"
-#include "cli/render_command.h"
-#include "cli/show_command.h"
-#ifdef SONVIRE_PLAYS
-#include "cli/devices_command.h"
-#include "cli/play_command.h"
-#endif
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -26,7 +19,6 @@ int RunCommandLine(int argc, const char* const* argv) {
     AddPlayCommand(program, status);
     AddDevicesCommand(program, status);
 #endif
-    PrintedMessages messages;
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -1,4 +1,4 @@
-#include "cli/show_command.h"
+#include "cli/commands.h"
 
 #include "cli/file_report.h"
 #include "cli/refusal.h"
@@ -19,8 +19,8 @@ struct ShowOptions {
 
 int Show(const ShowOptions& options) {
     const FileReport report = ReportFile(options.input);
-    if (!report.refusal.empty())
-        return Refuse(options.input, report.refusal);
+    if (report.failure)
+        return Refuse(options.input, report.failure.GetReason());
     const std::string text = options.json ? report.json : report.ToText();
     std::fputs(text.c_str(), stdout);
     return std::fflush(stdout) == 0 ? ExitCompleted : Refuse("standard output", "could not be written");

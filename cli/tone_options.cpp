@@ -1,30 +1,31 @@
 #include "cli/tone_options.h"
 
 #include "cli/text.h"
+#include "tone/waveforms.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstdlib>
 #include <vector>
 
 namespace {
 
-struct WaveformName {
-    const char* name; ///< in small letters, without blanks
-    ToneWaveform waveform;
-};
+/// The waveforms that options can describe, by their usual names: "sine, square, ...".
+std::string ListWaveforms() {
+    std::string listed;
+    for (const ToneWaveformRow& each : GetWaveforms())
+        if (each.typedNames[0])
+            listed += (listed.empty() ? "" : ", ") + std::string(each.typedNames[0]);
+    return listed;
+}
 
-constexpr WaveformName WaveformNames[] = {
-    {"sine", ToneSine},           {"square", ToneSquare},       {"triangular", ToneTriangular},
-    {"triangle", ToneTriangular}, {"tri", ToneTriangular},      {"sawtooth", ToneSawTooth},
-    {"saw", ToneSawTooth},        {"impulse", ToneImpulse},     {"whitenoise", ToneWhiteNoise},
-    {"white", ToneWhiteNoise},    {"pinknoise", TonePinkNoise}, {"pink", TonePinkNoise},
-};
+bool IsNamed(const ToneWaveformRow& waveform, const std::string& name) {
+    return std::any_of(waveform.typedNames.begin(), waveform.typedNames.end(),
+                       [&name](const char* each) { return each && name == each; });
+}
 
 /// Builds a tone step by step; the first thing that is wrong stays as the problem.
 class ToneMaker {
@@ -33,7 +34,7 @@ public:
 
     DescribedTone Make() {
         SetWaveform();
-        if (made.tone.waveform >= ToneWhiteNoise)
+        if (!made.tone.HasComponents())
             CheckNoise();
         else
             SetComponents();
@@ -54,14 +55,12 @@ private:
             return;
         std::string wanted = ToLower(options.waveform);
         std::erase_if(wanted, [](char c) { return c == ' ' || c == '-' || c == '_'; });
-        for (const WaveformName& each : WaveformNames) {
-            if (wanted == each.name) {
-                made.tone.waveform = each.waveform;
-                return;
-            }
-        }
-        Fail("--waveform: \"" + options.waveform +
-             "\" is none of sine, square, triangular, saw tooth, impulse, white noise, pink noise");
+        const auto waveforms = GetWaveforms();
+        const auto found = std::find_if(waveforms.begin(), waveforms.end(),
+                                        [&wanted](const auto& each) { return IsNamed(each, wanted); });
+        if (found == waveforms.end())
+            return Fail("--waveform: \"" + options.waveform + "\" is none of " + ListWaveforms());
+        made.tone.waveform = static_cast<std::uint8_t>(found - waveforms.begin());
     }
 
     void CheckNoise() {
@@ -167,8 +166,8 @@ void AddToneOptions(CLI::App& command, ToneOptions& options) {
     const auto add = [&command](const char* name, auto& value, const char* what, const char* type) {
         return command.add_option(name, value, what)->type_name(type)->group("Tone");
     };
-    add("--waveform", options.waveform,
-        "sine (without this option), square, triangular, saw, impulse, white, pink", "NAME");
+    add("--waveform", options.waveform, ("One of " + ListWaveforms() + "; without it, a sine").c_str(),
+        "NAME");
     add("--tones", options.tones, "How many components sound; without it, as many as values are given", "N")
         ->check(DecimalIn(1, MaxTones));
     add("--frequency", options.frequency, "Frequency of each component, or one for all: 440,550,660", "HZ");

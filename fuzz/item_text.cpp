@@ -13,14 +13,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SonvireData tone;
     tone.flags = data[2];
     tone.waveform = data[3];
-    tone.SetItemValue(item, std::string(reinterpret_cast<const char*>(data) + 4, size - 4).c_str());
+    static_cast<void>(
+        tone.SetItemValue(item, std::string(reinterpret_cast<const char*>(data) + 4, size - 4).c_str()));
     tone.IncreaseItemLarge(item);
     tone.DecreaseItemLarge(item);
-    if (item < ItemStartLeft ||
-        item >= ItemAmplitude) { // stepping a frequency reads the settings, which is slow
-        tone.IncreaseItem(item);
-        tone.DecreaseItem(item);
-    }
+    const FrequencyStep step{.bySemitones = (data[2] & 1) != 0, .semitones = data[3], .hz = data[3] / 2.0};
+    tone.IncreaseItem(item, step);
+    tone.DecreaseItem(item, step);
     (void)tone.GetItemName(item);
     (void)tone.GetItemValue(item);
     return 0;

@@ -9,7 +9,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const InputFile file(data, size);
     SonvireData tone;
-    tone.ReadFromFile(file.GetPath().c_str());
+    static_cast<void>(tone.ReadFromFile(file.GetPath().c_str()));
     const LSoundSource source = LSPPeakLimit(FullScale16).OpenSource(OpenToneEngine(tone));
     std::vector<int> block(std::size_t{source->channels} * 4410);
     for (int tenth = 0; tenth < 10; ++tenth)

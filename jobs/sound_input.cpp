@@ -7,51 +7,67 @@
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
+#include <limits>
 #include <set>
 
 namespace {
 
-constexpr const char* NoDurationText =
-    "Tones can only be saved as wav files if they are a fixed duration tone.\n\n"
-    "Select the Constant (Specified Duration) or Sweep items, or turn of loop play, from the Tones menu.";
-
-constexpr std::int64_t MaxFrames = 2147483647;
+constexpr int MaxFrames = std::numeric_limits<int>::max();
 constexpr const char* TooManyFrames = "is too long: more than 2147483647 frames";
 
-SoundInput Refused(std::string reason) {
-    return {.source = {}, .refusal = std::move(reason)};
+SoundInput Refused(LFailure failure) {
+    return {.source = {}, .failure = std::move(failure)};
 }
 
-SoundInput OpenList(const std::string& path) {
-    ToneListReport report;
-    SoundInput input{.source = OpenToneList(path, &report), .refusal = {}};
+/// A file that several entries name is told once.
+std::vector<InputWarning> CollectWarnings(const ToneListReport& report) {
+    std::vector<InputWarning> warnings;
     std::set<std::pair<std::string, std::string>> told;
     for (const ToneListEntry& entry : report.entries)
         if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
-            input.warnings.push_back({entry.file, entry.problem});
-    if (report.CountMilliseconds() / 1000 > MaxFrames / input.source->sampleRate)
-        input.refusal = TooManyFrames;
+            warnings.push_back({entry.file, entry.problem});
+    return warnings;
+}
+
+/// What can be counted of a list is less than it may last.
+LFailure CheckPlayable(const SoundInput& input, SoundLength length) {
+    const bool counts = length == SoundLength::Finite || input.endless || input.frames <= MaxFrames;
+    return counts ? LFailure() : TooManyFrames;
+}
+
+SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport report, SoundLength length) {
+    SoundInput input{.source = source, .endless = loops, .warnings = CollectWarnings(report)};
+    input.frames = static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000;
+    input.failure = CheckPlayable(input, length);
+    input.notices = std::move(report.notices);
     input.files = std::move(report.files);
+    return input;
+}
+
+SoundInput OpenList(const std::string& path, SoundLength length) {
+    ToneListReport report;
+    const LSoundSource source = OpenToneList(path, &report);
+    return MakeListInput(source, false, std::move(report), length);
+}
+
+SoundInput OpenListTone(const SonvireData& tone, SoundLength length) {
+    ToneListReport report;
+    const LSoundSource source = OpenToneEngine(tone, &report);
+    SoundInput input = MakeListInput(source, tone.repeat != 0, std::move(report), length);
+    if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
+        input.warnings.push_back({tone.GetListPath(), unreadable.GetReason()});
     return input;
 }
 
 SoundInput OpenTone(const std::string& path, std::optional<unsigned int> durationMs, SoundLength length) {
     SonvireData tone;
-    if (!tone.ReadFromFile(path.c_str()))
-        return Refused("is not a whole tone: a tone data file has " + std::to_string(SonvireData::FileBytes) +
-                       " bytes");
-    const bool isList = tone.waveform == ToneFromList;
-    if (durationMs && isList)
-        return Refused("plays a list, which has a length of its own: --duration goes with tones");
+    if (LFailure failure = tone.ReadFromFile(path.c_str()))
+        return Refused(std::move(failure));
+    if (durationMs && tone.IsList())
+        return Refused("plays a list, which has a length of its own: a duration goes with tones");
     if (durationMs)
         tone.SetDuration(*durationMs);
-    const bool plays = length == SoundLength::Any || tone.HasFlag(ToneFlagDuration);
-    if (!isList || tone.repeat != 0 || !plays)
-        return OpenToneInput(tone, length);
-    SoundInput input = OpenList(tone.GetListPath());
-    if (const std::string reason = WhyUnreadable(tone.GetListPath().c_str()); !reason.empty())
-        input.warnings.push_back({tone.GetListPath(), reason});
-    return input;
+    return OpenToneInput(tone, length);
 }
 
 SoundInput OpenWave(const std::string& path) {
@@ -60,31 +76,44 @@ SoundInput OpenWave(const std::string& path) {
         return Refused(LWaveFile::ExplainStatus(source->status));
     if (source->GetEndSample() < 0)
         return Refused(TooManyFrames);
-    SoundInput input{.source = source, .refusal = {}};
+    SoundInput input{.source = source, .frames = static_cast<double>(source->GetEndSample())};
     if (LWaveFile::IsCutShort(path.c_str()))
         input.warnings.push_back({path, LWaveFile::CutShortText});
     return input;
 }
 
-} // namespace
-
-SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
-    if (length == SoundLength::Finite && !tone.IsFinite())
-        return Refused(NoDurationText);
-    if (const std::string reason = tone.WhyUncountable(); !reason.empty())
-        return Refused(reason);
-    return {.source = OpenToneEngine(tone), .refusal = {}, .endless = !tone.IsFinite()};
-}
-
-SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
-                          SoundLength length) {
-    if (const std::string reason = WhyUnreadable(path.c_str()); !reason.empty())
-        return Refused(reason);
+SoundInput OpenByKind(const std::string& path, std::optional<unsigned int> durationMs, SoundLength length) {
     if (HasExtension(path, ".tdf"))
         return OpenTone(path, durationMs, length);
     if (!HasExtension(path, ".tdl") && !HasExtension(path, ".wav"))
         return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
     if (durationMs)
-        return Refused("has a length of its own: --duration goes with tones");
-    return HasExtension(path, ".tdl") ? OpenList(path) : OpenWave(path);
+        return Refused("has a length of its own: a duration goes with tones");
+    return HasExtension(path, ".tdl") ? OpenList(path, length) : OpenWave(path);
+}
+
+} // namespace
+
+SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
+    if (length == SoundLength::Finite && !tone.IsFinite()) {
+        SoundInput refused = Refused("has no end");
+        refused.endless = true;
+        return refused;
+    }
+    if (tone.IsList())
+        return OpenListTone(tone, length);
+    if (LFailure failure = tone.CheckCountable())
+        return Refused(std::move(failure));
+    const LSoundSource source = OpenToneEngine(tone);
+    return {
+        .source = source, .endless = !tone.IsFinite(), .frames = static_cast<double>(source->GetEndSample())};
+}
+
+SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,
+                          SoundLength length) {
+    if (LFailure failure = CheckReadable(path))
+        return Refused(std::move(failure));
+    SoundInput input = OpenByKind(path, durationMs, length);
+    input.files.insert(input.files.begin(), path);
+    return input;
 }

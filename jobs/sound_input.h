@@ -16,13 +16,15 @@ struct InputWarning {
 /// Whether the sound has to end, or may go on for ever.
 enum class SoundLength { Finite, Any };
 
-/// An input opened as the source of its sound, or the reason why it can't be.
+/// An input opened as the source of its sound.
 struct SoundInput {
     LSoundSource source;
-    std::string refusal; ///< empty where the source can be used
-    bool endless = false;
+    LFailure failure{};   ///< why it can't be used
+    bool endless = false; ///< the reason is, or would be, that it has no end
+    double frames = 0;    ///< how long it is at its own rate, also where that is more than can be counted
     std::vector<InputWarning> warnings{};
-    std::vector<std::string> files{}; ///< all that the source reads, those of a list's entries included
+    std::vector<LNotice> notices{};   ///< what whoever plays it is told
+    std::vector<std::string> files{}; ///< all that is read, the input itself and a list's entries included
 };
 
 /// Opens a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), told apart by the extension in any case.

@@ -1,41 +1,55 @@
 #include "jobs/wave_output.h"
 
 #include "sound/files/wave_file.h"
+#include "sys/path.h"
 
 #include <cerrno>
-#include <cstring>
 #include <unistd.h>
 
+namespace {
+
+LSoundSink OpenStream(LReadWriteFile&& opened, const OutputFormat& format, int frames) {
+    return LWaveFile::OpenSinkStream(std::move(opened), format.rate, format.channels,
+                                     static_cast<std::uint16_t>(format.bits), frames);
+}
+
+LFailure Because(const char* what, const LFailure& failure) {
+    return failure ? LFailure(what + (": " + failure.GetReason())) : LFailure();
+}
+
+} // namespace
+
 WaveOutput::WaveOutput(const std::string& path, const OutputFormat& format, int frames)
-    : name(path == "-" ? "standard output" : path) {
-    const auto openStream = [&](LReadWriteFile&& opened) {
-        sink = LWaveFile::OpenSinkStream(std::move(opened), format.rate, format.channels,
-                                         static_cast<std::uint16_t>(format.bits), frames);
-    };
-    if (path == "-") {
+    : replaces(FileExists(path)),
+      failure(OpenSink(path, format, frames)) {
+    if (!failure && (sink->status & SinkUnusable) != 0)
+        failure = Because("can't be opened for writing", sink->failure);
+}
+
+LFailure WaveOutput::OpenSink(const std::string& path, const OutputFormat& format, int frames) {
+    if (path == StandardOutput) {
         if (isatty(STDOUT_FILENO) != 0)
-            error = "is a terminal, which can't take sound";
-        else
-            openStream(LReadWriteFile::Duplicate(STDOUT_FILENO));
-        return;
+            return "is a terminal, which can't take sound";
+        sink = OpenStream(LReadWriteFile::Duplicate(STDOUT_FILENO), format, frames);
+        return {};
     }
     file.emplace(path);
-    if (!file->GetError().empty())
-        error = "can't be created: " + file->GetError();
-    else if (file->IsWrittenDirectly())
-        openStream(LSharedReadWriteFile(path.c_str()));
+    if (file->GetFailure())
+        return Because("can't be created", file->GetFailure());
+    if (file->IsWrittenDirectly())
+        sink = OpenStream(LSharedReadWriteFile(path.c_str()), format, frames);
     else
         sink = LWaveFile::OpenSinkPCM(file->GetPathToWrite().c_str(), format.rate, format.channels,
                                       static_cast<std::uint16_t>(format.bits), 0);
-    if (error.empty() && (sink->status & SinkUnusable) != 0)
-        error = std::string("can't be opened for writing: ") + std::strerror(sink->writeError);
+    return {};
 }
 
-bool WaveOutput::Finish() {
+LFailure WaveOutput::Finish(LProcessResult result) {
     sink->Finish();
-    if ((sink->status & SinkFellShort) != 0 && sink->writeError != EINTR) // which is the user's own stop
-        error = std::string("could not be written in full: ") + std::strerror(sink->writeError);
-    else if (file && !file->Commit())
-        error = "can't be put in place: " + file->GetError();
-    return error.empty();
+    const bool interrupted = result == LProcessResult::Stopped && sink->failure.GetError() == EINTR;
+    if ((sink->status & SinkFellShort) != 0 && !interrupted)
+        return Because("could not be written in full", sink->failure);
+    const bool isKept =
+        result == LProcessResult::Completed || (result == LProcessResult::Stopped && !replaces);
+    return isKept && file ? Because("can't be put in place", file->Commit()) : LFailure();
 }

@@ -6,6 +6,7 @@
 #include "sys/process_result.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <vector>
 
 /// The job of copying a finite source into a sink. Shares both; releasing the job releases the sink, which
@@ -28,9 +29,16 @@ inline LSoundSource OpenSourceForSink(LSoundSource source, int rate, std::uint8_
     return LSPPeakLimit(FullScale16).OpenSource(source);
 }
 
+/// A write that the user's own stop broke off is a stop.
+template <class ProgressDialog>
+LProcessResult ExplainShortWrite(ProgressDialog& dialog, const LSoundSinkBase& sink) {
+    const bool interrupted = sink.failure.GetError() == EINTR && dialog.IsToStop();
+    return interrupted ? LProcessResult::Stopped : LProcessResult::Failed;
+}
+
 /// Runs the job on the calling thread in blocks of 8192 frames, asking between them whether to stop. A source
-/// or sink with a status fails without anything being read or written; a stopped job leaves what was written
-/// so far.
+/// or sink with a status fails without anything being read or written, and a sink that takes no more fails at
+/// once; a stopped job leaves what was written so far.
 ///
 /// `ProgressDialog` has `SetText(int control, const char*)`, `PBSetProgress(int control, double fraction)`
 /// and `bool IsToStop()`.
@@ -57,6 +65,8 @@ LProcessResult Process(ProgressDialog& dialog, LPRSourceToSink& job) {
         if (readable)
             source->Read(block.data(), frames);
         sink->Write(block.data(), frames);
+        if (sink->status != 0)
+            return ExplainShortWrite(dialog, *sink);
         // Kept quirk: the bar is one block behind and never full.
         dialog.PBSetProgress(ProgressBar, progress);
     }

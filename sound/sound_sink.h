@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sound/shared_handle.h"
+#include "sys/failure.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -36,7 +37,7 @@ public:
     std::uint8_t channels;
     std::uint8_t status;
     std::uint16_t refCount = 0;
-    int writeError = 0; ///< the `errno` value behind the status
+    LFailure failure; ///< what is behind the status, where the system has said it
 
 protected:
     /// No channels become one, with `SinkUnusable`.

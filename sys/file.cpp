@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -14,20 +13,15 @@
 
 namespace {
 
-/// Opens without waiting for a pipe's other end; writes wait as usual from then on.
-int OpenAtOnce(const char* path, int flags) {
+int OpenDescriptor(const char* path, int flags) {
     const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
     if (descriptor >= 0 && (flags & O_ACCMODE) != O_RDONLY)
         fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
     return descriptor;
 }
 
-int OpenLocked(const char* path, int flags, int lock) {
-    const int descriptor = OpenAtOnce(path, flags);
-    if (descriptor < 0 || flock(descriptor, lock | LOCK_NB) == 0 || errno != EWOULDBLOCK)
-        return descriptor;
-    close(descriptor);
-    return -1;
+LFailure Explain(bool succeeded) {
+    return succeeded ? LFailure() : LFailure::OfLastCall();
 }
 
 /// A pipe opened for reading too would be its own reader, and a full one would wait for ever.
@@ -41,32 +35,53 @@ public:
     LockedFile(const char* path, int flags, int lock) : LOpenFile(OpenLocked(path, flags, lock)) {}
 };
 
-/// Replaces what is in the file; true only once all of it is on the disk.
-bool WriteAll(LockedFile file, const void* data, unsigned int size) {
+/// Replaces what is in the file; done only once all of it is on the disk.
+LFailure WriteAll(LockedFile file, const void* data, unsigned int size) {
     if (!file.IsOpen())
-        return false;
-    file.Truncate(0);
-    return file.Write(data, size) && file.Sync();
+        return file.GetFailure();
+    static_cast<void>(file.Truncate(0)); // a device has no size
+    if (const LFailure failure = file.Write(data, size))
+        return failure;
+    return file.Sync();
 }
 
 } // namespace
 
-LOpenFile::LOpenFile(LOpenFile&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
+LOpenFile::Opened LOpenFile::Note(int descriptor) {
+    return {descriptor, descriptor < 0 ? errno : 0};
+}
+
+LOpenFile::Opened LOpenFile::OpenAtOnce(const char* path, int flags) {
+    return Note(OpenDescriptor(path, flags));
+}
+
+LOpenFile::Opened LOpenFile::OpenLocked(const char* path, int flags, int lock) {
+    const Opened opened = OpenAtOnce(path, flags);
+    if (opened.descriptor < 0 || flock(opened.descriptor, lock | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+        return opened;
+    close(opened.descriptor);
+    return {-1, EWOULDBLOCK};
+}
+
+LOpenFile::LOpenFile(LOpenFile&& other) noexcept
+    : descriptor(std::exchange(other.descriptor, -1)),
+      openError(other.openError) {}
 
 LOpenFile& LOpenFile::operator=(LOpenFile&& other) noexcept {
     if (this != &other) {
-        Close();
+        static_cast<void>(Close());
         descriptor = std::exchange(other.descriptor, -1);
+        openError = other.openError;
     }
     return *this;
 }
 
 LOpenFile::~LOpenFile() {
-    Close();
+    static_cast<void>(Close());
 }
 
-bool LOpenFile::Close() {
-    return !IsOpen() || close(std::exchange(descriptor, -1)) == 0;
+LFailure LOpenFile::Close() {
+    return Explain(!IsOpen() || close(std::exchange(descriptor, -1)) == 0);
 }
 
 std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
@@ -82,15 +97,17 @@ std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
     return done;
 }
 
-bool LOpenFile::Write(const void* data, std::size_t bytes) {
+LFailure LOpenFile::Write(const void* data, std::size_t bytes) {
     std::size_t done = 0;
     while (done < bytes) {
         const ssize_t put = write(descriptor, static_cast<const char*>(data) + done, bytes - done);
-        if (put <= 0)
-            return false;
+        if (put < 0)
+            return LFailure::OfLastCall();
+        if (put == 0)
+            return LFailure::OfSystem(ENOSPC);
         done += static_cast<std::size_t>(put);
     }
-    return IsOpen();
+    return IsOpen() ? LFailure() : LFailure::OfSystem(EBADF);
 }
 
 std::int64_t LOpenFile::GetOffset() const {
@@ -115,16 +132,17 @@ bool LOpenFile::SkipForward(std::int64_t bytes) {
     return lseek(descriptor, bytes, SEEK_CUR) >= 0;
 }
 
-bool LOpenFile::Sync() {
-    return fsync(descriptor) == 0 || errno == EINVAL || errno == EROFS; // a device has nothing to bring there
+LFailure LOpenFile::Sync() {
+    return Explain(fsync(descriptor) == 0 || errno == EINVAL ||
+                   errno == EROFS); // a device has nothing to bring there
 }
 
-bool LOpenFile::Truncate(std::int64_t size) {
-    return ftruncate(descriptor, size) == 0;
+LFailure LOpenFile::Truncate(std::int64_t size) {
+    return Explain(ftruncate(descriptor, size) == 0);
 }
 
 LReadWriteFile LReadWriteFile::Duplicate(int opened) {
-    return LReadWriteFile(fcntl(opened, F_DUPFD_CLOEXEC, 0));
+    return LReadWriteFile(Note(fcntl(opened, F_DUPFD_CLOEXEC, 0)));
 }
 
 LReadFile::LReadFile(const char* pathToOpen, bool locked)
@@ -137,9 +155,9 @@ bool LReadFile::Resume() {
         return true;
     if (path.empty())
         return false;
-    descriptor = OpenAtOnce(path.c_str(), O_RDONLY);
+    descriptor = OpenDescriptor(path.c_str(), O_RDONLY);
     if (IsOpen() && GetIdentity() != identity)
-        Close();
+        Suspend();
     return IsOpen();
 }
 
@@ -166,54 +184,58 @@ bool LReadWriteFile::LockExclusively() {
 
 LExclusiveLock::LExclusiveLock(const char* path) : file(LReadWriteFile::OpenUnlocked(path)) {
     if (!file.LockExclusively())
-        file.Close();
+        file = {};
 }
 
-bool LFile::LoadFile(const char* path, void* data, unsigned int size) {
+LFailure LFile::LoadFile(const char* path, void* data, unsigned int size) {
     LockedFile file(path, O_RDONLY, LOCK_SH);
-    return file.Read(data, size) == size;
+    if (!file.IsOpen())
+        return file.GetFailure();
+    return file.Read(data, size) == size ? LFailure() : "ends too early";
 }
 
-bool LFile::SaveFile(const char* path, const void* data, unsigned int size) {
+LFailure LFile::SaveFile(const char* path, const void* data, unsigned int size) {
     // Held until the new content stands: a file in another program's hands keeps its own.
     LockedFile old(path, O_WRONLY, LOCK_EX);
-    if (!old.IsOpen() && errno != ENOENT)
-        return false;
+    if (LFailure held = old.GetFailure(); held && held.GetError() != ENOENT)
+        return held;
     LReplacedFile file(path);
-    if (!file.IsWrittenDirectly()) {
-        if (!WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size))
-            return false;
-        if (file.Commit())
-            return true;
+    LFailure failure = file.GetFailure();
+    if (!failure && !file.IsWrittenDirectly()) {
+        failure = WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size);
+        if (failure)
+            return failure;
+        failure = file.Commit();
+        if (!failure)
+            return {};
     }
-    if (!file.GetError().empty() && errno != EACCES && errno != EPERM)
-        return false;
+    if (failure && failure.GetError() != EACCES && failure.GetError() != EPERM)
+        return failure;
     // A device, or a file that may be written in a folder that may not, or where others' files stay in their
     // places.
     return WriteAll(old.IsOpen() ? std::move(old) : LockedFile(path, O_WRONLY | O_CREAT, LOCK_EX), data,
                     size);
 }
 
-bool LFile::CopyFile(const char* from, const char* to) {
+LFailure LFile::CopyFile(const char* from, const char* to) {
     LSharedReadFile file(from);
-    if (!file.IsOpen() || IsSameFile(from, to))
-        return file.IsOpen();
+    if (!file.IsOpen())
+        return file.GetFailure();
+    if (IsSameFile(from, to))
+        return {};
     std::string content(static_cast<std::size_t>(file.GetSize()), '\0');
-    content.resize(file.Read(content.data(), content.size()));
+    if (file.Read(content.data(), content.size()) != content.size())
+        return "could not be read to its end";
     return SaveFile(to, content.data(), static_cast<unsigned int>(content.size()));
 }
 
-std::string WhyUnreadable(const char* path) {
+LFailure CheckReadable(const std::string& path) {
     struct stat info {};
-    if (stat(path, &info) != 0)
-        return std::strerror(errno);
+    if (stat(path.c_str(), &info) != 0)
+        return LFailure::OfLastCall();
     if (S_ISDIR(info.st_mode))
-        return "Is a directory";
+        return LFailure::OfSystem(EISDIR);
     if (!S_ISREG(info.st_mode))
-        return "Is not a regular file";
-    return access(path, R_OK) == 0 ? "" : std::strerror(errno);
-}
-
-std::string ExplainError(int error) {
-    return error == EWOULDBLOCK ? "another program is using it" : std::strerror(error);
+        return "is not a regular file";
+    return access(path.c_str(), R_OK) == 0 ? LFailure() : LFailure::OfLastCall();
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "sys/failure.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
-/// Owns one open file descriptor, -1 when there is none. Every operation on a closed file fails quietly.
-/// Ownership passes by moving, which leaves -1 behind. Not for use from two threads at once.
+/// Owns one open file descriptor, -1 when there is none. Every operation on a closed file fails. Ownership
+/// passes by moving, which leaves -1 behind. Not for use from two threads at once.
 class LOpenFile {
 public:
     LOpenFile() = default;
@@ -14,27 +16,42 @@ public:
     ~LOpenFile();
 
     bool IsOpen() const { return descriptor >= 0; }
-    /// False where what was written could not be kept after all, as on a network disk.
-    bool Close();
+    /// Why the file did not open.
+    LFailure GetFailure() const { return openError == 0 ? LFailure() : LFailure::OfSystem(openError); }
+    /// Fails where what was written could not be kept after all, as on a network disk.
+    LFailure Close();
 
     /// Reads up to `bytes` bytes from the current offset, as many as the file has; answers the count read.
-    std::size_t Read(void* data, std::size_t bytes);
-    /// Writes all of `bytes`; false, with the reason in `errno`, when even one byte did not make it (a full
-    /// disk, a closed pipe, a signal while it waited for a pipe).
-    bool Write(const void* data, std::size_t bytes);
+    [[nodiscard]] std::size_t Read(void* data, std::size_t bytes);
+    /// Writes all of `bytes`; fails when even one byte did not make it (a full disk, a closed pipe, a signal
+    /// while it waited for a pipe).
+    LFailure Write(const void* data, std::size_t bytes);
 
     std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe
     std::int64_t GetSize() const;   ///< 0 where it cannot be told
     bool IsRegular() const;         ///< neither a device nor a pipe nor a folder
+    /// False in a pipe and before the beginning; the file stays where it is then.
     bool SeekTo(std::int64_t offset);
-    bool SkipForward(std::int64_t bytes);
-    bool Truncate(std::int64_t size);
-    bool Sync(); ///< waits until what was written has reached the disk
+    [[nodiscard]] bool SkipForward(std::int64_t bytes);
+    LFailure Truncate(std::int64_t size);
+    LFailure Sync(); ///< waits until what was written has reached the disk
 
 protected:
-    explicit LOpenFile(int opened) : descriptor(opened) {}
+    /// What opening a file has given: a descriptor, or -1 and the system's error number.
+    struct Opened {
+        int descriptor;
+        int error;
+    };
+    /// Of a system call that answers a descriptor.
+    static Opened Note(int descriptor);
+    /// Opens without waiting for a pipe's other end; writes wait as usual from then on.
+    static Opened OpenAtOnce(const char* path, int flags);
+    /// The same under an advisory lock that is not waited for.
+    static Opened OpenLocked(const char* path, int flags, int lock);
+    explicit LOpenFile(Opened opened) : descriptor(opened.descriptor), openError(opened.error) {}
 
     int descriptor = -1;
+    int openError = 0;
 };
 
 /// Tells an existing file from all others, whatever path leads to it; zeros where there is none.
@@ -51,10 +68,10 @@ class LReadFile : public LOpenFile {
 public:
     LReadFile() = default;
 
-    void Suspend() { Close(); }
+    void Suspend() { static_cast<void>(Close()); } // nothing was written that could be lost
     /// Opens the file again, at its beginning, where it was suspended; false where it is gone or another one
     /// has taken its place.
-    bool Resume();
+    [[nodiscard]] bool Resume();
 
 protected:
     /// Never waits: a named pipe without a writer opens and reads as empty; under a lock, a file that
@@ -77,7 +94,7 @@ public:
     /// Creates the file where it is missing.
     static LReadWriteFile OpenUnlocked(const char* path);
     /// Waits until nobody else holds an advisory lock on it.
-    bool LockExclusively();
+    [[nodiscard]] bool LockExclusively();
 
 protected:
     using LOpenFile::LOpenFile;
@@ -117,21 +134,16 @@ private:
 /// Whole files in one call.
 class LFile {
 public:
-    /// Reads the first `size` bytes of the file under a shared advisory lock that is not waited for. True
-    /// only when all `size` bytes were read; otherwise `data` may hold a part of them. What follows them is
-    /// ignored.
-    static bool LoadFile(const char* path, void* data, unsigned int size);
+    /// Reads the first `size` bytes of the file under a shared advisory lock that is not waited for. Fails
+    /// where it has fewer, and then `data` may hold a part of them. What follows them is ignored.
+    static LFailure LoadFile(const char* path, void* data, unsigned int size);
     /// Replaces the file's content under an exclusive advisory lock that is not waited for: a file that
-    /// another program holds is left alone. True only when all of it was written; otherwise `errno` says
-    /// why, and the file is as it was, but for one in a folder that takes no new files or
-    /// keeps others' in their places (such as /var/tmp).
-    static bool SaveFile(const char* path, const void* data, unsigned int size);
+    /// another program holds is left alone. Where not all of it could be written, the file is as it was, but
+    /// for one in a folder that takes no new files or keeps others' in their places (such as /var/tmp).
+    static LFailure SaveFile(const char* path, const void* data, unsigned int size);
     /// Saves what is in one file, of up to 4 GiB, as another; the same answer.
-    static bool CopyFile(const char* from, const char* to);
+    static LFailure CopyFile(const char* from, const char* to);
 };
 
-/// Why `path` cannot be read as a file, in words for the user; empty where it can.
-std::string WhyUnreadable(const char* path);
-
-/// What an `errno` of this file's functions means, in words for the user.
-std::string ExplainError(int error);
+/// Whether `path` can be read as a file.
+LFailure CheckReadable(const std::string& path);

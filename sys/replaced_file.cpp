@@ -4,7 +4,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,6 +23,12 @@ std::string TemporaryNameFor(const std::string& path) {
     return path.substr(0, name) + "." + path.substr(name, 200) + ".XXXXXX";
 }
 
+/// A link that could not be followed leads to a file that is not there yet, or has no name any more.
+bool IsLink(const std::string& path) {
+    struct stat itself {};
+    return lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode);
+}
+
 mode_t DefaultMode() {
     const mode_t mask = umask(0);
     umask(mask);
@@ -33,39 +38,31 @@ mode_t DefaultMode() {
 } // namespace
 
 LReplacedFile::LReplacedFile(const std::string& path) : finalPath(FollowLinks(path)), writePath(finalPath) {
-    struct stat old {
-    }, itself{};
+    struct stat old {};
     const bool exists = stat(finalPath.c_str(), &old) == 0;
-    if (!exists && errno != ENOENT) {
-        error = std::strerror(errno);
-        return;
-    }
-    if (finalPath.empty()) {
-        error = std::strerror(ENOENT);
-        return;
-    }
-    if (exists && S_ISDIR(old.st_mode)) {
-        error = std::strerror(EISDIR);
-        return;
-    }
-    if (exists && access(finalPath.c_str(), W_OK) != 0) {
-        error = std::strerror(errno);
-        return;
-    }
-    if (exists && !S_ISREG(old.st_mode))
-        return;
-    // A link that could not be followed, to a file that is not there yet or has no name any more.
-    if (lstat(finalPath.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode))
-        return;
-    writePath = TemporaryNameFor(finalPath);
-    const int descriptor = mkostemp(writePath.data(), O_CLOEXEC);
+    if (!exists && errno != ENOENT)
+        failure = LFailure::OfLastCall();
+    else if (finalPath.empty())
+        failure = LFailure::OfSystem(ENOENT);
+    else if (exists && S_ISDIR(old.st_mode))
+        failure = LFailure::OfSystem(EISDIR);
+    else if (exists && access(finalPath.c_str(), W_OK) != 0)
+        failure = LFailure::OfLastCall();
+    else if ((!exists || S_ISREG(old.st_mode)) && !IsLink(finalPath))
+        // A file system without permissions refuses the mode; the file is as good there.
+        CreateTemporary(exists ? old.st_mode & 07777 : DefaultMode());
+}
+
+void LReplacedFile::CreateTemporary(unsigned int mode) {
+    std::string created = TemporaryNameFor(finalPath);
+    const int descriptor = mkostemp(created.data(), O_CLOEXEC);
     if (descriptor < 0) {
-        error = std::strerror(errno);
+        failure = LFailure::OfLastCall();
         return;
     }
+    writePath = created;
     temporary = true;
-    // A file system without permissions refuses this; the file is as good there.
-    [[maybe_unused]] const int ignored = fchmod(descriptor, exists ? old.st_mode & 07777 : DefaultMode());
+    [[maybe_unused]] const int ignored = fchmod(descriptor, mode);
     close(descriptor);
 }
 
@@ -74,13 +71,11 @@ LReplacedFile::~LReplacedFile() {
         unlink(writePath.c_str());
 }
 
-bool LReplacedFile::Commit() {
+LFailure LReplacedFile::Commit() {
     if (!temporary)
-        return error.empty();
-    if (std::rename(writePath.c_str(), finalPath.c_str()) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
+        return failure;
+    if (std::rename(writePath.c_str(), finalPath.c_str()) != 0)
+        return failure = LFailure::OfLastCall();
     temporary = false;
-    return true;
+    return {};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sys/failure.h"
+
 #include <string>
 
 /// Writes a file so that a reader finds the old content or the new, never a part of either: the new content
@@ -9,22 +11,24 @@
 /// but has no name, cannot be replaced and is written directly.
 class LReplacedFile {
 public:
-    /// Creates the temporary file, empty, with the old file's permissions. `GetError` says why where it
-    /// can't.
+    /// Creates the temporary file, empty, with the old file's permissions. `GetFailure` says why where
+    /// it can't.
     explicit LReplacedFile(const std::string& path);
     ~LReplacedFile();
     LReplacedFile(const LReplacedFile&) = delete;
     LReplacedFile& operator=(const LReplacedFile&) = delete;
 
-    const std::string& GetError() const { return error; }           ///< empty where the file could be created
+    const LFailure& GetFailure() const { return failure; }
     const std::string& GetPathToWrite() const { return writePath; } ///< what the new content is written to
     bool IsWrittenDirectly() const { return !temporary; }
-    /// Puts the written file in place, once it is closed; false, with `GetError`, where that failed.
-    bool Commit();
+    /// Puts the written file in place, once it is closed.
+    LFailure Commit();
 
 private:
+    void CreateTemporary(unsigned int mode);
+
     std::string finalPath;
     std::string writePath;
-    std::string error;
+    LFailure failure;
     bool temporary = false;
 };

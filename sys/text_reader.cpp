@@ -8,14 +8,15 @@ bool IsLineEnd(int character) {
 
 } // namespace
 
-LTextReader::LTextReader(const char* path) : file(path) {
-    if (!file.IsRegular())
-        file.Close();
+LTextReader::LTextReader(const char* path) : file(path), readable(file.IsRegular()) {}
+
+LFailure LTextReader::GetFailure() const {
+    return readable || !file.IsOpen() ? file.GetFailure() : "is not a regular file";
 }
 
 int LTextReader::Peek() {
     if (used == filled) {
-        filled = total < MaxBytes ? file.Read(buffer.data(), buffer.size()) : 0;
+        filled = readable && total < MaxBytes ? file.Read(buffer.data(), buffer.size()) : 0;
         total += filled;
         used = 0;
     }

@@ -15,9 +15,10 @@ public:
     /// A file that can't be opened, is held by another program or is no regular file has no lines.
     explicit LTextReader(const char* path);
 
-    bool IsOpen() const { return file.IsOpen(); }
+    /// Why it has no lines.
+    LFailure GetFailure() const;
     /// False at the end of the file. What stands behind the last line end is a line only if it is not empty.
-    bool ReadLine(std::string& line);
+    [[nodiscard]] bool ReadLine(std::string& line);
 
 private:
     static constexpr int EndOfFile = -1;
@@ -28,6 +29,7 @@ private:
     int Next();
 
     LLockedReadFile file;
+    bool readable;
     std::array<char, 4096> buffer;
     std::size_t filled = 0, used = 0, total = 0;
 };

@@ -1,5 +1,7 @@
 #include "tone/periodic_tone.h"
 
+#include "tone/waveforms.h"
+
 #include <algorithm>
 
 namespace {
@@ -8,11 +10,17 @@ constexpr int SweepFrames = 32;
 /// What one oscillator produces before it is the next one's turn; short enough to stay in the fastest cache.
 constexpr int RunFrames = 1024;
 
+/// Silence for an impulse, which is no table, and for an unknown waveform.
+const ToneWaveTable& FindTable(const SonvireData& tone) {
+    const ToneWaveformRow* waveform = FindWaveform(tone.waveform);
+    return waveform && waveform->getTable ? waveform->getTable() : GetSilentTable();
+}
+
 } // namespace
 
 SSTone::SSTone(const SonvireData& tone)
     : LSoundSourceBase(ToneSampleRate, tone.HasFlag(ToneFlagStereo) ? 2 : 1, SynthesisPeakMax),
-      table(GetToneWaveTable(tone.waveform)),
+      table(FindTable(tone)),
       endSample(tone.GetDurationFrames()),
       logSweep(tone.HasFlag(ToneFlagLogSweep)),
       toneCount(tone.GetToneCount()),

@@ -1,15 +1,13 @@
 #include "tone/tone_data.h"
 
 #include "sound/sound_time.h"
+#include "tone/waveforms.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
 namespace {
-
-constexpr const char* szToneName[] = {"Sine",    "Square",      "Triangular", "Saw Tooth",
-                                      "Impulse", "White Noise", "Pink Noise", "From List"};
 
 constexpr double DefaultHz = 1000.0;
 
@@ -23,7 +21,13 @@ SonvireFile::SonvireFile() {
 }
 
 const char* SonvireData::GetToneName() const {
-    return waveform < std::size(szToneName) ? szToneName[waveform] : "";
+    const ToneWaveformRow* row = FindWaveform(waveform);
+    return row ? row->szToneName : "";
+}
+
+bool SonvireData::HasComponents() const {
+    const ToneWaveformRow* row = FindWaveform(waveform);
+    return !row || row->hasComponents;
 }
 
 std::string SonvireData::GetListPath() const {
@@ -48,9 +52,9 @@ void SonvireData::SetDuration(std::uint32_t ms) {
     repeat = 0;
 }
 
-std::string SonvireData::WhyUncountable() const {
+LFailure SonvireData::CheckCountable() const {
     const bool counts = !HasFlag(ToneFlagDuration) || durationMs <= MaxToneDurationMs;
-    return counts ? "" : "lasts longer than the 13 and a half hours that a tone can be counted for";
+    return counts ? LFailure() : "lasts longer than the 13 and a half hours that a tone can be counted for";
 }
 
 int SonvireData::GetDurationFrames() const {

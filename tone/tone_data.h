@@ -1,7 +1,12 @@
 #pragma once
 
+#include "sys/failure.h"
+#include "sys/notice.h"
+#include "tone/frequency_step.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /// The most component tones that sound at once, and the size of every per-component array.
@@ -67,13 +72,16 @@ public:
     const char* GetToneName() const;
     /// `listPath` up to its terminator, or all of it where there is none.
     std::string GetListPath() const;
+    bool IsList() const { return waveform == ToneFromList; }
+    /// Whether frequencies, levels, sweeps and channels apply: not to noise, nor to a list.
+    bool HasComponents() const;
     bool HasFlag(ToneFlags flag) const { return (flags & flag) != 0; }
     /// Only a tone with a duration that doesn't loop ends, and can be rendered or become part of a list.
     bool IsFinite() const { return HasFlag(ToneFlagDuration) && repeat == 0; }
     /// Makes the tone that long, and finite.
     void SetDuration(std::uint32_t ms);
-    /// Why its duration can't be counted, in words for the user; empty where it can.
-    std::string WhyUncountable() const;
+    /// Whether the frames of its duration can be counted.
+    LFailure CheckCountable() const;
     /// The length in frames at 44100 Hz; 0 without a duration.
     int GetDurationFrames() const;
 
@@ -86,19 +94,19 @@ public:
     /// unit; both empty where the item is not used in the tone's mode or names nothing.
     std::string GetItemName(unsigned int item) const;
     std::string GetItemValue(unsigned int item) const;
-    /// Takes a typed text, units and all. What is out of range is told in a message box and replaced by the
-    /// nearest value, a duration by 1000 ms; frequencies are taken as they are.
-    void SetItemValue(unsigned int item, const char* text);
-    /// Steps: by the user's frequency step, 1 dB, and 100 or 1000 ms; the large ones by an octave, 1 dB, and
+    /// Takes a typed text, units and all. What is out of range is replaced by the nearest value, a duration
+    /// by 1000 ms, with a notice that says so; frequencies are taken as they are.
+    [[nodiscard]] std::optional<LNotice> SetItemValue(unsigned int item, const char* text);
+    /// Steps: by the frequency step, 1 dB, and 100 or 1000 ms; the large ones by an octave, 1 dB, and
     /// 500 or 5000 ms. Up and down don't mirror each other; that is meant.
-    void IncreaseItem(unsigned int item);
-    void DecreaseItem(unsigned int item);
+    void IncreaseItem(unsigned int item, const FrequencyStep& step);
+    void DecreaseItem(unsigned int item, const FrequencyStep& step);
     void IncreaseItemLarge(unsigned int item);
     void DecreaseItemLarge(unsigned int item);
 
-    /// Fills the record from a tone data file, of which only the first 797 bytes count. False where it can't
-    /// be read in full: the record then holds the default tone.
-    bool ReadFromFile(const char* path);
-    /// True when all 797 bytes were written.
-    bool WriteToFile(const char* path) const;
+    /// Fills the record from a tone data file, of which only the first 797 bytes count. Where it can't be
+    /// read in full the record holds the default tone; a failure without a system error number is then one
+    /// of the content.
+    LFailure ReadFromFile(const char* path);
+    LFailure WriteToFile(const char* path) const;
 };

@@ -44,16 +44,19 @@ void SonvireFile::NativeToLittleEndian() {
     LittleEndianToNative(); // reversing works both ways
 }
 
-bool SonvireData::ReadFromFile(const char* path) {
-    const bool whole = LFile::LoadFile(path, this, FileBytes);
-    if (whole)
+LFailure SonvireData::ReadFromFile(const char* path) {
+    const LFailure failure = LFile::LoadFile(path, this, FileBytes);
+    if (!failure) {
         LittleEndianToNative();
-    else
-        *this = SonvireData();
-    return whole;
+        return {};
+    }
+    *this = SonvireData();
+    if (failure.GetError() != 0)
+        return failure;
+    return "is not a whole tone: a tone data file has " + std::to_string(FileBytes) + " bytes";
 }
 
-bool SonvireData::WriteToFile(const char* path) const {
+LFailure SonvireData::WriteToFile(const char* path) const {
     SonvireData image = *this;
     image.NativeToLittleEndian();
     return LFile::SaveFile(path, &image, FileBytes);

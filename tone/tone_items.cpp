@@ -1,8 +1,8 @@
 #include "tone/tone_items.h"
 
-#include "sys/desktop/message_box.h"
 #include "sys/parse.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -95,7 +95,8 @@ void HalveFrequency(double& hz) {
 }
 
 /// Applies the step that goes with the item's kind.
-void Step(SonvireFile& tone, unsigned int number, void (*stepFrequency)(double&),
+template <class StepFrequency>
+void Step(SonvireFile& tone, unsigned int number, StepFrequency stepFrequency,
           void (*stepAmplitude)(std::int8_t&), void (*stepDuration)(std::uint32_t&, const DurationStep&),
           const DurationStep& step) {
     const Item item(number);
@@ -107,18 +108,18 @@ void Step(SonvireFile& tone, unsigned int number, void (*stepFrequency)(double&)
         stepDuration(tone.durationMs, step);
 }
 
-std::int8_t CheckAmplitude(int db) {
-    if (db >= AmplitudeMin && db <= AmplitudeMax)
-        return static_cast<std::int8_t>(db);
-    LShowMessageBox("Amplitude", "Please enter negative value between [-127 .. 0]");
-    return db > AmplitudeMax ? AmplitudeMax : AmplitudeMin;
+std::optional<LNotice> TakeAmplitude(std::int8_t& taken, int db) {
+    taken = static_cast<std::int8_t>(std::clamp<int>(db, AmplitudeMin, AmplitudeMax));
+    if (taken == db)
+        return {};
+    return LNotice{"Amplitude", "Please enter negative value between [-127 .. 0]"};
 }
 
-std::uint32_t CheckDuration(int ms) {
+std::optional<LNotice> TakeDuration(std::uint32_t& taken, int ms) {
+    taken = ms > 0 ? static_cast<std::uint32_t>(ms) : FallbackDurationMs;
     if (ms > 0)
-        return static_cast<std::uint32_t>(ms);
-    LShowMessageBox("Duration", "Please enter positive value");
-    return FallbackDurationMs;
+        return {};
+    return LNotice{"Duration", "Please enter positive value"};
 }
 
 } // namespace
@@ -160,22 +161,27 @@ std::string SonvireData::GetItemValue(unsigned int number) const {
     return {};
 }
 
-void SonvireData::SetItemValue(unsigned int number, const char* text) {
+std::optional<LNotice> SonvireData::SetItemValue(unsigned int number, const char* text) {
     const Item item(number);
     if (double* hz = FindFrequency(*this, item))
         *hz = std::strtof(text, nullptr); // single precision on purpose: 1000.1 becomes 1000.0999755859375
     else if (item.kind == ItemAmplitude)
-        amplitudeDb[item.component] = CheckAmplitude(ParseLeadingInt(text));
+        return TakeAmplitude(amplitudeDb[item.component], ParseLeadingInt(text));
     else if (item.kind == ItemDuration)
-        durationMs = CheckDuration(ParseLeadingInt(text));
+        return TakeDuration(durationMs, ParseLeadingInt(text));
+    return {};
 }
 
-void SonvireData::IncreaseItem(unsigned int item) {
-    Step(*this, item, AdjustIncreaseFrequencyValueHz, Louder, Lengthen, SmallUp);
+void SonvireData::IncreaseItem(unsigned int item, const FrequencyStep& step) {
+    Step(
+        *this, item, [&step](double& hz) { AdjustIncreaseFrequencyValueHz(hz, step); }, Louder, Lengthen,
+        SmallUp);
 }
 
-void SonvireData::DecreaseItem(unsigned int item) {
-    Step(*this, item, AdjustDecreaseFrequencyValueHz, Quieter, Shorten, SmallDown);
+void SonvireData::DecreaseItem(unsigned int item, const FrequencyStep& step) {
+    Step(
+        *this, item, [&step](double& hz) { AdjustDecreaseFrequencyValueHz(hz, step); }, Quieter, Shorten,
+        SmallDown);
 }
 
 void SonvireData::IncreaseItemLarge(unsigned int item) {
@@ -189,7 +195,7 @@ void SonvireData::DecreaseItemLarge(unsigned int item) {
 std::vector<unsigned int> GetShownItems(const SonvireData& tone) {
     const bool sweep = tone.HasFlag(ToneFlagSweep), stereo = tone.HasFlag(ToneFlagStereo);
     const bool finite = tone.HasFlag(ToneFlagDuration);
-    if (tone.waveform == ToneWhiteNoise || tone.waveform == TonePinkNoise || tone.waveform == ToneFromList)
+    if (!tone.HasComponents())
         return {finite ? ItemDuration : ItemWaveform};
     std::vector<unsigned int> items;
     const auto addIf = [&items](bool shown, unsigned int item) {

@@ -19,10 +19,3 @@ enum ToneItemKind : unsigned int {
 /// The items that a tone shows, in the order of its rows. Noise and lists show one: the duration, or the
 /// waveform where they have none.
 std::vector<unsigned int> GetShownItems(const SonvireData& tone);
-
-/// Where steps upwards end.
-inline constexpr double MaxSteppedHz = 20000.0;
-/// One small step of a frequency, by the user's settings: some semitones, or some Hz; up to `MaxSteppedHz`.
-void AdjustIncreaseFrequencyValueHz(double& hz);
-/// The same downwards, to 0 Hz.
-void AdjustDecreaseFrequencyValueHz(double& hz);

@@ -14,22 +14,22 @@ ToneItem ParseToneListLine(std::string line) {
     return ToneItem(LSoundTime(ParseLeadingInt(line.substr(0, suffix).c_str())));
 }
 
-bool ReadToneListLines(std::vector<std::string>& lines, const char* path) {
+LFailure ReadToneListLines(std::vector<std::string>& lines, const char* path) {
     LTextReader reader(path);
     std::string line;
     while (lines.size() <= MaxListEntries && reader.ReadLine(line))
         lines.push_back(line);
-    return reader.IsOpen();
+    return reader.GetFailure();
 }
 
 void GetToneListFromFile(LList<ToneItem>& list, const char* path) {
     std::vector<std::string> lines;
-    ReadToneListLines(lines, path);
+    static_cast<void>(ReadToneListLines(lines, path));
     for (std::string& line : lines)
         list.push_front(ParseToneListLine(std::move(line)));
 }
 
-bool WriteToneListFile(const char* path, const std::vector<std::string>& rows) {
+LFailure WriteToneListFile(const char* path, const std::vector<std::string>& rows) {
     std::string text;
     for (auto row = rows.rbegin(); row != rows.rend(); ++row)
         text += *row + "\n";

@@ -1,6 +1,5 @@
 #include "tone/tone_list_nesting.h"
 
-#include "sys/desktop/message_box.h"
 #include "tone/tone_list_file.h"
 
 #include <algorithm>
@@ -10,7 +9,7 @@ const std::string ToneListNesting::TooManyEntries =
     "has more than " + std::to_string(MaxListEntries) +
     " entries, those of the lists in it included; the rest is left out";
 
-const char* ToneListNesting::Enter(const std::string& path) {
+LFailure ToneListNesting::Enter(const std::string& path) {
     const LFileIdentity file = GetFileIdentity(path.c_str());
     if (file.Exists() && std::find(open.begin(), open.end(), file) != open.end())
         return "includes itself; it is left out there";
@@ -19,14 +18,15 @@ const char* ToneListNesting::Enter(const std::string& path) {
     if (open.empty())
         outermost = path;
     open.push_back(file);
-    return nullptr;
+    return {};
 }
 
 bool ToneListNesting::CountEntry() {
     return ++entries <= MaxListEntries;
 }
 
-void ToneListNesting::Tell(const std::string& path, const std::string& why) {
-    if (!std::exchange(told, true))
-        LShowMessageBox("Tone list", "The list \"" + path + "\" " + why + ".");
+std::optional<LNotice> ToneListNesting::Tell(const std::string& path, const std::string& why) {
+    if (std::exchange(told, true))
+        return {};
+    return LNotice{"Tone list", "The list \"" + path + "\" " + why + "."};
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "sys/file.h"
+#include "sys/notice.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,8 +15,8 @@ inline constexpr int MaxListDepth = 32;
 class ToneListNesting {
 public:
     /// Goes into a list, until `Leave`. Where it must be left out, because it lies within itself or too deep,
-    /// stays outside and answers why, in words for the user that follow its name; else null.
-    const char* Enter(const std::string& path);
+    /// stays outside and answers why.
+    LFailure Enter(const std::string& path);
     void Leave() { open.pop_back(); }
     /// Counts an entry, whichever list it stands in; false where it must be left out, and all that follow.
     bool CountEntry();
@@ -23,10 +25,10 @@ public:
     int GetDepth() const { return static_cast<int>(open.size()) - 1; }
     const std::string& GetOutermost() const { return outermost; }
 
-    /// Shows why something of a list is left out in a message box; the first time only.
-    void Tell(const std::string& path, const std::string& why);
+    /// What to tell of something that is left out of a list; nothing but the first time.
+    std::optional<LNotice> Tell(const std::string& path, const std::string& why);
 
-    /// Why `CountEntry` answers false, as `Enter` answers it.
+    /// Why `CountEntry` answers false.
     static const std::string TooManyEntries;
 
 private:

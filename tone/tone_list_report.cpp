@@ -9,8 +9,8 @@ ToneListReport ExamineToneList(const std::string& path) {
 }
 
 ToneListEntry ExamineToneListEntry(const std::string& line) {
-    ToneListOpening opening{.showsBoxes = false};
-    opening.nesting.Enter({}); // a list without a file
+    ToneListOpening opening;
+    static_cast<void>(opening.nesting.Enter({})); // a list without a file
     const SSFromList list({ParseToneListLine(line)}, {}, opening);
     return std::move(opening.report.entries.front());
 }

@@ -2,6 +2,8 @@
 
 #include "sound/sound_time.h"
 
+#include "sys/notice.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -23,10 +25,10 @@ struct ToneListReport {
     /// names the list itself and has that problem.
     std::vector<ToneListEntry> entries;
     std::vector<std::string> files; ///< every file that is read, lists and the list itself included
+    std::vector<LNotice> notices;   ///< what whoever plays the list is told
 };
 
-/// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound, and
-/// shows nothing.
+/// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.
 ToneListReport ExamineToneList(const std::string& path);
 
 /// The same for one entry, given as its line in a list file.

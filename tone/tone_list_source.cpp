@@ -1,7 +1,6 @@
 #include "tone/tone_list_source.h"
 
 #include "sound/files/wave_file.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_engine.h"
@@ -30,7 +29,7 @@ std::string GetEntryExtension(const std::string& path) {
 }
 
 bool IsEverLeft(const SonvireData& tone) {
-    return tone.waveform == ToneFromList ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
+    return tone.IsList() ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
 }
 
 } // namespace
@@ -42,17 +41,15 @@ bool ToneListOpening::MayAddEntry() {
         const std::string& list = nesting.GetOutermost();
         report.entries.push_back(
             {.file = list, .depth = 0, .length = {}, .problem = ToneListNesting::TooManyEntries});
-        if (showsBoxes)
-            nesting.Tell(list, ToneListNesting::TooManyEntries);
+        Tell(list, ToneListNesting::TooManyEntries);
     }
     return false;
 }
 
 LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& problem) {
-    if (const char* why = nesting.Enter(path)) {
-        problem = why;
-        if (showsBoxes)
-            nesting.Tell(path, why);
+    if (const LFailure left = nesting.Enter(path)) {
+        problem = left.GetReason();
+        Tell(path, problem);
         return {};
     }
     report.files.push_back(path);
@@ -61,6 +58,11 @@ LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& pro
     LSoundSource source = SSFromList(list, GetFolder(path), *this).OpenSource();
     nesting.Leave();
     return source;
+}
+
+void ToneListOpening::Tell(const std::string& path, const std::string& why) {
+    if (std::optional<LNotice> notice = nesting.Tell(path, why))
+        report.notices.push_back(std::move(*notice));
 }
 
 SSFromList::SSFromList(const LList<ToneItem>& list, const std::string& listFolder,
@@ -86,7 +88,7 @@ void SSFromList::AddFile(const std::string& written) {
                         .depth = opening.nesting.GetDepth(),
                         .length = {},
                         .problem = {}};
-    entry.problem = WhyUnreadable(entry.file.c_str());
+    entry.problem = CheckReadable(entry.file).GetReason();
     report.files.push_back(entry.file);
     const std::size_t place = report.entries.size(); // before the entries of a list
     report.entries.push_back(entry);
@@ -104,30 +106,29 @@ LSoundSource SSFromList::OpenFile(const std::string& extension, ToneListEntry& e
     if (extension == ".tdl")
         return OpenNested(entry.file, entry);
     entry.problem = "is of an unknown type and left out";
-    if (opening.showsBoxes)
-        LShowMessageBox("Unrecognized file type",
-                        "File type of extension \"" + extension + "\" is not recognized as a tone file.",
-                        LMessageButtons::OkCancel);
+    opening.report.notices.push_back(
+        {.title = "Unrecognized file type",
+         .text = "File type of extension \"" + extension + "\" is not recognized as a tone file.",
+         .mayBeLast = true});
     return {};
 }
 
 /// An endless, looped or unreadable tone is never left, and what follows never reached; that is meant.
 LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
     SonvireData tone;
-    const bool whole = tone.ReadFromFile(entry.file.c_str());
-    if (!whole)
+    if (tone.ReadFromFile(entry.file.c_str()))
         entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
                         "; an endless sine plays, and nothing behind it";
     else if (!IsEverLeft(tone))
         entry.problem = "is endless; nothing behind it plays";
-    if (tone.waveform != ToneFromList) {
+    if (!tone.IsList()) {
         LSoundSource source = OpenToneEngine(tone);
         entry.length = source.GetEnd();
         return source;
     }
     const std::string path = tone.GetListPath();
-    if (const std::string unreadable = WhyUnreadable(path.c_str()); !unreadable.empty())
-        entry.problem = "plays the list \"" + path + "\": " + unreadable;
+    if (const LFailure unreadable = CheckReadable(path))
+        entry.problem = "plays the list \"" + path + "\": " + unreadable.GetReason();
     const LSoundSource list = OpenNested(path, entry);
     LSoundSource source = LoopTone(tone, list);
     if (tone.repeat != 0)
@@ -149,7 +150,7 @@ LSoundSource SSFromList::OpenNested(const std::string& path, ToneListEntry& entr
 }
 
 LSoundSource OpenToneList(const std::string& path, ToneListReport* report) {
-    ToneListOpening opening{.showsBoxes = report == nullptr};
+    ToneListOpening opening;
     std::string unused; // the outermost list is never left out
     LSoundSource source = opening.OpenList(path, unused);
     if (report)

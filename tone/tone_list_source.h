@@ -9,21 +9,22 @@
 
 /// What goes along while a list and the lists in it are opened.
 struct ToneListOpening {
-    /// Counts an entry; where there are too many, that is told, and the answer is false.
+    /// Counts an entry; where there are too many, that is reported, and the answer is false.
     bool MayAddEntry();
-    /// Opens a list, with its entries in the report. One that is left out is told, and a source with nothing
-    /// behind it; `problem` then says why.
+    /// Opens a list, with its entries in the report. One that is left out is a source with nothing behind it;
+    /// `problem` then says why.
     LSoundSource OpenList(const std::string& path, std::string& problem);
+    /// Notes that something of a list is left out.
+    void Tell(const std::string& path, const std::string& why);
 
-    const bool showsBoxes;
     ToneListReport report{};
     ToneListNesting nesting{};
     bool full = false;
 };
 
 /// A concatenation whose items are the entries of a tone list, opened by their extensions (compared with
-/// regard to case): .wav by the WAVE reader, .tdf by the engine, .tdl as a list of its own. Of any other
-/// extension it is said in a message box, and the entry is skipped. A WAVE file that can't be used plays
+/// regard to case): .wav by the WAVE reader, .tdf by the engine, .tdl as a list of its own. One of any other
+/// extension is noticed and skipped. A WAVE file that can't be used plays
 /// nothing; a .tdf that can't be read plays as the default tone, which is endless, so that what follows is
 /// never reached.
 ///
@@ -45,8 +46,8 @@ private:
 };
 
 /// Reads a tone list file and opens it as one source. Missing, it is an empty list. A list within itself is
-/// left out, and so is what exceeds `MaxListDepth` and `MaxListEntries`. Where there is a report, it says
-/// what is wrong, and nothing is shown.
+/// left out, and so is what exceeds `MaxListDepth` and `MaxListEntries`. The report, where one is asked for,
+/// says what is wrong.
 LSoundSource OpenToneList(const std::string& path, ToneListReport* report = nullptr);
 
 /// Where an entry's file is: in `folder` where it is relative and found there, else `path` as it stands.

@@ -1,7 +1,5 @@
 #include "tone/wave_table.h"
 
-#include "tone/tone_data.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -53,26 +51,27 @@ ToneWaveTable MakeSawTooth() {
 
 } // namespace
 
-const ToneWaveTable& GetToneWaveTable(int waveform) {
-    static const ToneWaveTable silence{};
-    switch (waveform) {
-    case ToneSine: {
-        static const ToneWaveTable sine = MakeSine();
-        return sine;
-    }
-    case ToneSquare: {
-        static const ToneWaveTable square = MakeSquare();
-        return square;
-    }
-    case ToneTriangular: {
-        static const ToneWaveTable triangular = MakeTriangular();
-        return triangular;
-    }
-    case ToneSawTooth: {
-        static const ToneWaveTable sawTooth = MakeSawTooth();
-        return sawTooth;
-    }
-    default:
-        return silence;
-    }
+const ToneWaveTable& GetSineTable() {
+    static const ToneWaveTable table = MakeSine();
+    return table;
+}
+
+const ToneWaveTable& GetSquareTable() {
+    static const ToneWaveTable table = MakeSquare();
+    return table;
+}
+
+const ToneWaveTable& GetTriangularTable() {
+    static const ToneWaveTable table = MakeTriangular();
+    return table;
+}
+
+const ToneWaveTable& GetSawToothTable() {
+    static const ToneWaveTable table = MakeSawTooth();
+    return table;
+}
+
+const ToneWaveTable& GetSilentTable() {
+    static const ToneWaveTable table{};
+    return table;
 }

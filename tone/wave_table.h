@@ -6,7 +6,10 @@
 inline constexpr int ToneWaveTableSize = 32768;
 using ToneWaveTable = std::array<int, ToneWaveTableSize>;
 
-/// The table of a periodic waveform (`ToneWaveform`); all zeros for impulses and for every other code. Peaks:
-/// sine 131070, square 92682, triangular and saw tooth 165794. Each is filled once, by the first tone that
-/// needs it, and shared by all: a table is never changed, so any thread may read it.
-const ToneWaveTable& GetToneWaveTable(int waveform);
+/// Each table is filled once, by the first tone that needs it, and shared by all: it is never changed, so any
+/// thread may read it. Peaks: 131070, 92682, 165794 and 165794.
+const ToneWaveTable& GetSineTable();
+const ToneWaveTable& GetSquareTable();
+const ToneWaveTable& GetTriangularTable();
+const ToneWaveTable& GetSawToothTable();
+const ToneWaveTable& GetSilentTable();

@@ -7,7 +7,6 @@
 #include "sys/file.h"
 #include "sys/path.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -43,14 +42,15 @@ bool WriteAll(const std::string& path, const std::string& content) {
     std::filesystem::create_directories(GetFolder(path), error);
     if (error)
         return Fail(path, error.message());
-    return LFile::SaveFile(path.c_str(), content.data(), static_cast<unsigned int>(content.size())) ||
-           Fail(path, ExplainError(errno));
+    const LFailure failure =
+        LFile::SaveFile(path.c_str(), content.data(), static_cast<unsigned int>(content.size()));
+    return !failure || Fail(path, failure.GetReason());
 }
 
 bool Register(const std::string& name, const std::string& folder) {
     const std::string source = GetSharedDataFolder() + "/" + name;
-    if (const std::string reason = WhyUnreadable(source.c_str()); !reason.empty())
-        return Fail(source, reason);
+    if (const LFailure failure = CheckReadable(source))
+        return Fail(source, failure.GetReason());
     const std::string content = ReadAll(source);
     const std::string path = folder + "/" + name;
     if (!WriteAll(path, name == DesktopEntry ? WithProgram(content, GetProgramPath()) : content))

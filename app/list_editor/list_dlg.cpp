@@ -3,11 +3,12 @@
 #include "app/desktop/help_pages.h"
 #include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg_layout.h"
-#include "app/list_editor/list_entries.h"
-#include "app/window/file_reports.h"
+#include "app/window/notices.h"
 #include "app/window/time_text.h"
 #include "gui/file_chooser.h"
 #include "gui/numeric_edit.h"
+#include "jobs/file_notices.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/desktop/settings.h"
 #include "sys/file.h"
@@ -17,7 +18,6 @@
 #include "tone/tone_list_report.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
 #include <unistd.h>
 
@@ -88,9 +88,9 @@ void ListDlg::OpenList() {
         untitled = GetExtension(file) != ".tdl";
         return;
     }
-    file = newList = CreateTemporaryList();
-    if (newList.empty())
-        ReportUnwritten("/var/tmp", ExplainError(errno));
+    if (const LFailure failure = CreateTemporaryList(newList))
+        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+    file = newList;
     SetEditedList(newList);
 }
 
@@ -134,8 +134,10 @@ bool ListDlg::AddFile(const std::string& path, int row) {
     std::string entry = path;
     if (GetExtension(path) == ".tdf") {
         SonvireData tone;
-        if (!ReadToneFile(tone, path))
+        if (const LFailure failure = tone.ReadFromFile(path.c_str())) {
+            ShowNotice(DescribeUnreadable(path, failure));
             return false;
+        }
         if (!tone.IsFinite()) {
             LShowMessageBox("",
                             "Cannot add tones of infinite duration to list. Please check the selected tone "
@@ -150,11 +152,13 @@ bool ListDlg::AddFile(const std::string& path, int row) {
 }
 
 void ListDlg::CmAddToneToLV(const std::string& path, int row) {
-    for (const std::string& entry : ExpandListEntry(path)) {
-        if (const std::string refusal = WhyNoListEntry(entry); refusal.empty())
-            InsertEntry(entry, row++);
+    const ExpandedEntry expanded = ExpandListEntry(path);
+    ShowNotices(expanded.notices);
+    for (const std::string& entry : expanded.entries) {
+        if (const LFailure refusal = CheckListEntry(entry))
+            ShowNotice(DescribeNotAdded(entry, refusal));
         else
-            ReportNotAdded(entry, refusal);
+            InsertEntry(entry, row++);
     }
 }
 

@@ -1,8 +1,9 @@
 #include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg.h"
-#include "app/list_editor/list_entries.h"
-#include "app/window/file_reports.h"
+#include "app/window/notices.h"
 #include "gui/file_chooser.h"
+#include "jobs/file_notices.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/desktop/settings.h"
 #include "sys/file.h"
@@ -10,7 +11,6 @@
 #include "tone/tone_list_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <unistd.h>
 
 namespace {
@@ -37,14 +37,14 @@ bool ListDlg::CmSaveAs() {
 
 bool ListDlg::SaveTo(const std::string& path) {
     const std::vector<std::string> entries = GetEntries();
-    std::string refusal = WhyNoListName(path);
+    LFailure failure = CheckListName(path);
     if (std::any_of(entries.begin(), entries.end(),
                     [&path](const std::string& entry) { return IsSameFile(entry, path); }))
-        refusal = "it is an entry of the list";
-    else if (refusal.empty() && !WriteToneListFile(path.c_str(), entries))
-        refusal = ExplainError(errno);
-    if (!refusal.empty()) {
-        ReportUnwritten(path, refusal);
+        failure = "it is an entry of the list";
+    else if (!failure)
+        failure = WriteToneListFile(path.c_str(), entries);
+    if (failure) {
+        ShowNotice(DescribeUnwritten(path, failure));
         return false;
     }
     SetEditedList(file = path);
@@ -55,9 +55,12 @@ bool ListDlg::SaveTo(const std::string& path) {
 
 /// So that the list plays as it was edited, whatever becomes of its file.
 bool ListDlg::SaveToTemporary() {
-    const std::string path = CreateTemporaryList();
-    if (path.empty() || !WriteToneListFile(path.c_str(), GetEntries())) {
-        ReportUnwritten(path.empty() ? "/var/tmp" : path, ExplainError(errno));
+    std::string path;
+    LFailure failure = CreateTemporaryList(path);
+    if (!failure)
+        failure = WriteToneListFile(path.c_str(), GetEntries());
+    if (failure) {
+        ShowNotice(DescribeUnwritten(path.empty() ? "/var/tmp" : path, failure));
         unlink(path.c_str());
         return false;
     }

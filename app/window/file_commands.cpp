@@ -1,20 +1,15 @@
-#include "app/list_editor/list_entries.h"
-#include "app/window/file_reports.h"
 #include "app/window/main_dialog.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/file_chooser.h"
 #include "gui/process_dialog.h"
-#include "sound/files/wave_file.h"
-#include "sound/render_job.h"
+#include "jobs/file_notices.h"
+#include "jobs/render_file.h"
 #include "sys/desktop/message_box.h"
 #include "sys/desktop/settings.h"
-#include "sys/file.h"
 #include "sys/path.h"
-#include "sys/replaced_file.h"
-#include "tone/tone_engine.h"
-#include "tone/tone_list_report.h"
 
-#include <cerrno>
+#include <ranges>
 
 namespace {
 
@@ -22,7 +17,7 @@ namespace {
 constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
 constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
-constexpr int MostProblemsShown = 8;
+constexpr std::size_t MostProblemsShown = 8;
 
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
@@ -32,53 +27,22 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
             filters, "tdf"};
 }
 
-/// Why the sound is none that can be saved; empty where it is.
-std::string WhyNotSaved(const SonvireData& tone, const LSoundSource& source, const ToneListReport& report) {
-    if (const std::string reason = tone.WhyUncountable(); !IsList(tone) && !reason.empty())
-        return reason;
-    const double frames = IsList(tone)
-                              ? static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000
-                              : source->GetEndSample();
-    return LWaveFile::WhyTooLong(frames, source->channels, 16);
-}
-
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
-bool ConfirmProblems(const ToneListReport& report) {
+bool ConfirmProblems(const std::vector<InputWarning>& warnings) {
     std::string told;
-    int count = 0;
-    for (const ToneListEntry& entry : report.entries)
-        if (!entry.problem.empty() && ++count <= MostProblemsShown)
-            told += "\n\n\"" + entry.file + "\" " + entry.problem;
-    if (count > MostProblemsShown)
-        told += "\n\nand " + std::to_string(count - MostProblemsShown) + " more";
-    return count == 0 ||
-           LShowMessageBox("Save List", "Not all of the list can be saved as it should sound:" + told,
+    for (const InputWarning& warning : warnings | std::views::take(MostProblemsShown))
+        told += "\n\n\"" + warning.file + "\" " + warning.reason;
+    if (warnings.size() > MostProblemsShown)
+        told += "\n\nand " + std::to_string(warnings.size() - MostProblemsShown) + " more";
+    return LShowMessageBox("Save List", "Not all of the list can be saved as it should sound:" + told,
                            LMessageButtons::OkCancel) == LMessageAnswer::Ok;
 }
 
-/// A file that was there before, which the source may read, stays as it was until the new one is whole. What
-/// the user has stopped is kept as far as it got where there was no file.
-void Render(LWindow& parent, const LSoundSource& source, const std::string& path) {
-    const bool replaces = FileExists(path);
-    LReplacedFile file(path);
-    if (!file.GetError().empty()) {
-        ReportUnwritten(path, file.GetError());
-        return;
-    }
-    const LSoundSink sink =
-        LWaveFile::OpenSinkPCM(file.GetPathToWrite().c_str(), source->sampleRate, source->channels, 16, 0);
-    LPRSourceToSink job("Saving Wave File", source, sink);
+/// Runs the job under a progress dialog.
+LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
     LProcessDialog<LPRSourceToSink> dialog(job.title, job);
     dialog.Open(parent);
-    sink->Finish();
-    if ((sink->status & (SinkUnusable | SinkFellShort)) != 0)
-        ReportUnwritten(path, ExplainError(sink->writeError));
-    else if (dialog.GetResult() == LProcessResult::Failed)
-        ReportUnwritten(path, "the tone gives no sound");
-    else if (dialog.GetResult() == LProcessResult::Stopped && replaces)
-        return;
-    else if (!file.Commit())
-        ReportUnwritten(path, file.GetError());
+    return dialog.GetResult();
 }
 
 } // namespace
@@ -128,8 +92,8 @@ void MainDialog::CmSaveAsWav() {
 
 void MainDialog::CmSaveTDF(const std::string& path) {
     RememberFile(path);
-    if (!tone.WriteToFile(path.c_str()))
-        ReportUnwritten(path, ExplainError(errno));
+    if (const LFailure failure = tone.WriteToFile(path.c_str()))
+        ShowNotice(DescribeUnwritten(path, failure));
 }
 
 void MainDialog::CmSaveWave(const std::string& path) {
@@ -142,16 +106,11 @@ void MainDialog::CmSaveWave(const std::string& path) {
         return;
     }
     LUserSettingSetString("settings", "filedir", GetFolder(path));
-    ToneListReport report;
-    const LSoundSource source = OpenToneEngine(tone, &report);
-    if (const std::string reason = WhyNotSaved(tone, source, report); !reason.empty()) {
-        LShowMessageBox("Error", "The tone can't be saved: it " + reason + ".");
-        return;
-    }
-    if (!ConfirmProblems(report))
-        return;
-    const bool replacesItsOwn = IsReadByList(path, report);
-    Render(*this, source, path);
-    if (replacesItsOwn)
-        RelistandStart();
+    const RenderOutcome outcome =
+        RenderToFile(OpenToneInput(tone, SoundLength::Finite), {.path = path},
+                     {.confirm = ConfirmProblems, .run = [this](auto& job) { return RunJob(*this, job); }});
+    if (outcome.failure && outcome.ofTheOutput)
+        ShowNotice(DescribeFailed(path, outcome.failure));
+    else if (outcome.failure)
+        ShowNotice({"Error", "The tone can't be saved: it " + outcome.failure.GetReason() + "."});
 }

@@ -1,17 +1,16 @@
 #include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg.h"
-#include "app/list_editor/list_entries.h"
-#include "app/window/file_reports.h"
 #include "app/window/main_dialog.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/file_chooser.h"
+#include "jobs/file_notices.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/desktop/settings.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_report.h"
-
-#include <cerrno>
 
 namespace {
 
@@ -23,8 +22,8 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File"
 /// Lets the user edit the list at `path`, a new one where it is empty. True where it is the current tone
 /// afterwards.
 bool MainDialog::EditList(const std::string& path) {
-    if (const std::string refusal = WhyNoListEntry(path); !refusal.empty()) {
-        ReportUnreadable(path, refusal);
+    if (const LFailure refusal = CheckListEntry(path)) {
+        ShowNotice(DescribeUnreadable(path, refusal));
         return false;
     }
     SetEditedList(path);
@@ -86,16 +85,16 @@ bool MainDialog::CopyList(const std::string& list, const std::string& path) {
         LShowMessageBox("Error", "The tone is no list, so there is none to save.");
         return false;
     }
-    if (!WhyUnreadable(list.c_str()).empty()) {
-        ReportUnreadable(list, {});
+    if (const LFailure unreadable = CheckReadable(list)) {
+        ShowNotice(DescribeUnreadable(list, unreadable));
         return false;
     }
-    std::string refusal = WhyNoListName(path);
+    LFailure failure = CheckListName(path);
     if (!IsSameFile(list, path) && IsReadByList(path, ExamineToneList(list)))
-        refusal = "the list plays it";
-    else if (refusal.empty() && !CopyListFile(list, path))
-        refusal = ExplainError(errno);
-    if (!refusal.empty())
-        ReportUnwritten(path, refusal);
-    return refusal.empty();
+        failure = "the list plays it";
+    else if (!failure)
+        failure = CopyListFile(list, path);
+    if (failure)
+        ShowNotice(DescribeUnwritten(path, failure));
+    return !failure;
 }

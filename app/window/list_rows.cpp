@@ -1,10 +1,12 @@
-#include "app/list_editor/list_entries.h"
 #include "app/window/command_ids.h"
+#include "app/window/frequency_setting.h"
 #include "app/window/main_dialog.h"
 #include "app/window/menu_table.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/numeric_edit.h"
 #include "gui/toolkit.h"
+#include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
@@ -37,8 +39,8 @@ void MainDialog::InsertListViewItem(unsigned int item) {
 void MainDialog::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
-    if (!ReadToneListLines(lines, path.c_str()))
-        return;
+    if (ReadToneListLines(lines, path.c_str()))
+        return; // there is nothing to show
     int missing = 0;
     for (const std::string& line : lines) {
         const bool exists = IsSilence(line) || FileExists(FindListEntry(line, GetFolder(path)));
@@ -60,13 +62,34 @@ void MainDialog::UpdateListViewItem(unsigned int item, int row) {
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
-bool MainDialog::StepSelectedItems(void (SonvireData::*step)(unsigned int), int count) {
+bool MainDialog::IncreaseListViewData(int count) {
+    return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
+        for (int i = 0; i < count; ++i)
+            tone.IncreaseItem(item, step);
+    });
+}
+
+bool MainDialog::DecreaseListViewData(int count) {
+    return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
+        for (int i = 0; i < count; ++i)
+            tone.DecreaseItem(item, step);
+    });
+}
+
+bool MainDialog::IncreaseListViewDataLarge() {
+    return StepSelectedItems([this](unsigned int item) { tone.IncreaseItemLarge(item); });
+}
+
+bool MainDialog::DecreaseListViewDataLarge() {
+    return StepSelectedItems([this](unsigned int item) { tone.DecreaseItemLarge(item); });
+}
+
+bool MainDialog::StepSelectedItems(const std::function<void(unsigned int)>& step) {
     if (IsList(tone))
         return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
-        for (int i = 0; i < count; ++i)
-            (tone.*step)(item);
+        step(item);
         UpdateListViewItem(item, row);
     }
     return !list->GetSelection().empty();
@@ -86,7 +109,8 @@ bool MainDialog::ChangeListViewData() {
             break;
         if (IsList(tone) || list->GetData(row) != item)
             break; // meanwhile a document has arrived
-        tone.SetItemValue(item, box.GetText().c_str());
+        if (const auto notice = tone.SetItemValue(item, box.GetText().c_str()))
+            ShowNotice(*notice);
         UpdateListViewItem(item, row);
         changed = true;
     }

@@ -49,7 +49,7 @@ void MainDialog::InitDialog() {
 
 void MainDialog::InitListView() {
     list->SetColumns(Columns);
-    tone.ReadFromFile(CurrentTonePath().c_str());
+    static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
     witness.Watch(CurrentTonePath());
     SetupListViewData();
     list->SetFocus();
@@ -64,7 +64,7 @@ void MainDialog::DestroyDialog() {
     player.Stop();
     player.SetNotify(nullptr, 0);
     devices.Leave();
-    tone.WriteToFile(CurrentTonePath().c_str());
+    static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
     list.reset();
     OpenThankYouPageOnce(GetToolkit());

@@ -54,11 +54,11 @@ private:
     void InsertListRows(unsigned int item);
     void UpdateListViewItem(unsigned int item, int row);
     // Each selected row's item by `count` steps, or by a large one; false where no row is selected.
-    bool IncreaseListViewData(int count) { return StepSelectedItems(&SonvireData::IncreaseItem, count); }
-    bool DecreaseListViewData(int count) { return StepSelectedItems(&SonvireData::DecreaseItem, count); }
-    bool IncreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::IncreaseItemLarge, 1); }
-    bool DecreaseListViewDataLarge() { return StepSelectedItems(&SonvireData::DecreaseItemLarge, 1); }
-    bool StepSelectedItems(void (SonvireData::*step)(unsigned int), int count);
+    bool IncreaseListViewData(int count);
+    bool DecreaseListViewData(int count);
+    bool IncreaseListViewDataLarge();
+    bool DecreaseListViewDataLarge();
+    bool StepSelectedItems(const std::function<void(unsigned int)>& step);
     bool ChangeListViewData();
     void CmToneEditValue();
     void CmListViewRightClickMenu();

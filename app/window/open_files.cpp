@@ -1,7 +1,8 @@
 #include "app/desktop/crash_offer.h"
-#include "app/window/file_reports.h"
 #include "app/window/main_dialog.h"
+#include "app/window/notices.h"
 #include "gui/toolkit.h"
+#include "jobs/file_notices.h"
 #include "sys/desktop/message_box.h"
 #include "sys/desktop/settings.h"
 #include "sys/path.h"
@@ -17,13 +18,15 @@ std::string MakeAbsolute(const std::string& path) {
     return error ? path : full.native();
 }
 
-/// One that can't be read leaves the tone as it was.
+/// One that can't be read leaves the tone as it was, with a box; false then.
 bool ReadTone(SonvireData& tone, const std::string& path) {
     SonvireData read;
-    const bool whole = ReadToneFile(read, path);
-    if (whole)
-        tone = read;
-    return whole;
+    if (const LFailure failure = read.ReadFromFile(path.c_str())) {
+        ShowNotice(DescribeUnreadable(path, failure));
+        return false;
+    }
+    tone = read;
+    return true;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/window/main_dialog.h"
 
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/toolkit.h"
 #include "sys/desktop/message_box.h"
@@ -13,7 +14,9 @@ void MainDialog::CmPlay() {
     player.SetDevice(FindDevice());
     player.SetTitle(tone.GetToneName());
     player.SetPlayVolume(StatusFields::ReadVolume());
-    const LSoundSource source = OpenToneEngine(tone);
+    ToneListReport report;
+    const LSoundSource source = OpenToneEngine(tone, &report);
+    ShowNotices(report.notices);
     status.SetLength(tone.IsFinite() ? source.GetEnd() : LSoundTime());
     if (!player.Start(source))
         ReportLostOutput();

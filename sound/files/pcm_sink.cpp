@@ -4,7 +4,6 @@
 #include "sound/sound_source.h"
 
 #include <algorithm>
-#include <cerrno>
 
 LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channelCount,
                                  std::uint32_t sampleBytes, int startSample)
@@ -20,7 +19,7 @@ LSNKPCMFileBase::LSNKPCMFileBase(const char* path, int rate, std::uint8_t channe
         offset = std::min(GetOffsetOf(startSample), file.GetSize());
         file.SeekTo(offset);
     }
-    file.Truncate(offset);
+    static_cast<void>(file.Truncate(offset)); // a device has no size
 }
 
 LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t channelCount,
@@ -61,14 +60,14 @@ void LSNKPCMFileBase::NoteOpened() {
     if (file.IsOpen())
         return;
     status = SinkUnusable;
-    writeError = errno;
+    failure = file.GetFailure();
 }
 
-void LSNKPCMFileBase::Note(bool written) {
-    if (written || status != 0)
+void LSNKPCMFileBase::Note(const LFailure& writing) {
+    if (!writing || status != 0)
         return;
     status |= SinkFellShort;
-    writeError = errno;
+    failure = writing;
 }
 
 void LSNKPCMFileBase::Seek(int sample) {
@@ -76,7 +75,7 @@ void LSNKPCMFileBase::Seek(int sample) {
         return;
     lengthHint = std::max(0, sample);
     file.SeekTo(GetOffsetOf(lengthHint));
-    file.Truncate(GetOffsetOf(lengthHint));
+    static_cast<void>(file.Truncate(GetOffsetOf(lengthHint)));
 }
 
 void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {

@@ -36,7 +36,7 @@ private:
     void WriteRIFF(bool final);
     void WriteHeader(std::uint32_t dataBytes);
     void NoteOpened();
-    void Note(bool written);
+    void Note(const LFailure& writing);
 
     std::uint32_t bytesPerSample;
     std::uint32_t bytesPerFrame;

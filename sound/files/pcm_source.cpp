@@ -43,7 +43,7 @@ void LSRCPCMFileBase::Unload() {
 
 void LSRCPCMFileBase::Seek(int sample) {
     position = sample;
-    file.Resume();
+    static_cast<void>(file.Resume()); // without it the file reads as silence
     const int inFile = sample > 0 ? std::min(GetEndSample(), sample) : 0;
     file.SeekTo(dataStart + std::int64_t{inFile} * bytesPerFrame);
 }

@@ -136,11 +136,11 @@ LSoundSource LWaveFile::OpenSource(const char* path) {
     return Failed(SoundUnsupportedFormat);
 }
 
-std::string LWaveFile::WhyTooLong(double frames, int channels, int bits) {
+LFailure LWaveFile::CheckLength(double frames, int channels, int bits) {
     const double bytes = frames * channels * (bits / 8.0);
     const bool fits =
         frames <= 2147483647.0 && bytes <= 4294967040.0; // counts of 31 and 32 bits, less the headers
-    return fits ? "" : "is too long for a WAVE file, which holds 4 GiB";
+    return fits ? LFailure() : "is too long for a WAVE file, which holds 4 GiB";
 }
 
 const char* LWaveFile::ExplainStatus(int status) {

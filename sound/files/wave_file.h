@@ -19,8 +19,8 @@ public:
     /// What such a status means, in words for the user.
     static const char* ExplainStatus(int status);
 
-    /// Why no file of this format holds that many frames, in words for the user; empty where one does.
-    static std::string WhyTooLong(double frames, int channels, int bits);
+    /// Whether a file of this format holds that many frames.
+    static LFailure CheckLength(double frames, int channels, int bits);
 
     static constexpr const char* CutShortText = "is cut short; silence stands for the rest";
     /// True where the header promises more data than the file holds; what is missing reads as silence.

@@ -27,7 +27,7 @@ public:
         return Append(&stored, sizeof stored);
     }
 
-    bool WriteTo(LOpenFile& file) const { return file.Write(bytes.data(), used); }
+    LFailure WriteTo(LOpenFile& file) const { return file.Write(bytes.data(), used); }
 
 private:
     HeaderBytes& Append(const void* data, std::size_t size) {
@@ -42,7 +42,7 @@ private:
 
 } // namespace
 
-bool LWaveFileFormat::WritePCMHeader(LOpenFile& file, std::uint32_t dataBytes) const {
+LFailure LWaveFileFormat::WritePCMHeader(LOpenFile& file, std::uint32_t dataBytes) const {
     const std::uint16_t written = channels & 0xFF;
     const auto frameBytes = static_cast<std::uint16_t>(bitsPerSample / 8 * written);
     ::HeaderBytes header;

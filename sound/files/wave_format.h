@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sys/failure.h"
+
 #include <cstdint>
 
 class LOpenFile;
@@ -33,5 +35,5 @@ struct LWaveFileFormat {
     /// Writes the 46 bytes that every file starts with at the file's offset, in one write. The average and
     /// the block alignment are worked out here; of the channel count the low 8 bits are used. See
     /// docs/file-formats.md.
-    bool WritePCMHeader(LOpenFile& file, std::uint32_t dataBytes) const;
+    LFailure WritePCMHeader(LOpenFile& file, std::uint32_t dataBytes) const;
 };

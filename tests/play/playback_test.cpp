@@ -232,9 +232,9 @@ TEST_F(Playback, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
 TEST_F(Playback, TheCommandLinePlays) {
     SonvireData tone;
     const std::string endless = server->Path("endless.tdf"), brief = server->Path("brief.tdf");
-    tone.WriteToFile(endless.c_str());
+    EXPECT_FALSE(tone.WriteToFile(endless.c_str()));
     tone.SetDuration(200);
-    tone.WriteToFile(brief.c_str());
+    EXPECT_FALSE(tone.WriteToFile(brief.c_str()));
     Recording recording(*server, "spare", 44100, 1);
     const ProgramResult played = RunCli("play --device 'Output spare' --volume 13 " + brief);
     EXPECT_EQ(played.status, 0);
@@ -277,7 +277,7 @@ TEST_F(Playback, AServerThatDiesEndsThePlaybackAndItsSuccessorPlays) {
     player.Start(SourceOf({1}, 44100, 1));
     ASSERT_TRUE(Wait([this] { return owner.stops == 2; }));
     EXPECT_EQ(player.GetStatus(), PlayNoOutput);
-    SonvireData().WriteToFile(server->Path("endless.tdf").c_str());
+    EXPECT_FALSE(SonvireData().WriteToFile(server->Path("endless.tdf").c_str()));
     for (const std::string command : {"devices", "play ", "play --device x "}) {
         const ProgramResult refused =
             RunCli(command == "devices" ? command : command + server->Path("endless.tdf"));

@@ -14,8 +14,13 @@ public:
     void Write(const int* buffer, int frames) override {
         writes.push_back(frames);
         samples.insert(samples.end(), buffer, buffer + frames * channels);
+        if (std::ssize(writes) == fullAfter) {
+            status |= SinkFellShort;
+            failure = LFailure::OfSystem(fullBy);
+        }
     }
     std::vector<int> samples, writes;
+    int fullAfter = -1, fullBy = ENOSPC; ///< writes, and the system error number
 };
 
 struct Recorder {
@@ -109,6 +114,26 @@ TEST(RenderJob, WhatIsTooLoudIsBroughtDown) {
     // is 521985 + 2031 + 223.
     const std::vector<int> written = Rendering(loud, 44100, 1).Sunk().samples;
     EXPECT_EQ(std::vector<int>(written.begin(), written.begin() + 5000), std::vector<int>(5000, 524239));
+}
+
+TEST(RenderJob, ASinkThatTakesNoMoreEndsTheJobAtOnce) {
+    struct {
+        int error, stopAt;
+        LProcessResult result;
+    } const cases[] = {{ENOSPC, 1000, LProcessResult::Failed},
+                       {EINTR, 1000, LProcessResult::Failed},
+                       {EINTR, 2, LProcessResult::Stopped}}; // the user's own stop broke the write off
+    for (const auto& each : cases) {
+        const LSoundSink sink = LSoundSink::Make<ArraySink>(44100, std::uint8_t{1});
+        auto& full = static_cast<ArraySink&>(*sink);
+        full.fullAfter = 2;
+        full.fullBy = each.error;
+        Recorder dialog;
+        dialog.stopAt = each.stopAt;
+        LPRSourceToSink job("Saving Wave File", Frames(5 * 8192), sink);
+        EXPECT_EQ(Process(dialog, job), each.result);
+        EXPECT_EQ(full.writes.size(), 2U);
+    }
 }
 
 } // namespace

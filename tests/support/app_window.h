@@ -80,7 +80,7 @@ protected:
     }
 
     std::string WriteTone(const std::string& name, const SonvireData& tone) {
-        EXPECT_TRUE(tone.WriteToFile((folder / name).c_str()));
+        EXPECT_FALSE(tone.WriteToFile((folder / name).c_str()));
         return folder / name;
     }
     /// A tone that shows 440.00Hz, and ends after a second where it is to.
@@ -95,7 +95,7 @@ protected:
     /// The tone that the program kept at its end.
     static SonvireData KeptTone() {
         SonvireData kept;
-        EXPECT_TRUE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
+        EXPECT_FALSE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
         return kept;
     }
     static std::string Stored(const char* section, const char* key) {

@@ -56,7 +56,7 @@ TEST(ReplacedFile, OldOrNewButNothingBetween) {
     EXPECT_EQ(ReadBytes(path), "old");
     LReplacedFile kept(link);
     WriteBytes(kept.GetPathToWrite(), "new");
-    EXPECT_TRUE(kept.Commit());
+    EXPECT_FALSE(kept.Commit());
     EXPECT_EQ(ReadBytes(path), "new") << "the file behind the link";
     EXPECT_TRUE(std::filesystem::is_symlink(link));
     struct stat info {};
@@ -71,16 +71,15 @@ TEST(File, ASaveThatFailsLeavesTheOldContent) {
     WriteBytes(path, "precious");
     {
         const FullDisk full;
-        EXPECT_FALSE(LFile::SaveFile(path.c_str(), "xx", 2));
-        EXPECT_EQ(ExplainError(errno), "File too large");
-        EXPECT_FALSE(LFile::SaveFile((dir / "new").c_str(), "xx", 2));
+        EXPECT_EQ(LFile::SaveFile(path.c_str(), "xx", 2).GetReason(), "File too large");
+        EXPECT_EQ(LFile::SaveFile((dir / "new").c_str(), "xx", 2).GetError(), EFBIG);
     }
     EXPECT_EQ(ReadBytes(path), "precious");
     EXPECT_EQ(dir.CountFiles(), 1U) << "nothing half written stays";
-    EXPECT_TRUE(LFile::CopyFile(path.c_str(), path.c_str()));
-    EXPECT_TRUE(LFile::CopyFile(path.c_str(), (dir / "copy").c_str()));
+    EXPECT_FALSE(LFile::CopyFile(path.c_str(), path.c_str()));
+    EXPECT_FALSE(LFile::CopyFile(path.c_str(), (dir / "copy").c_str()));
     EXPECT_EQ(ReadBytes(path) + ReadBytes(dir / "copy"), "preciousprecious");
-    EXPECT_FALSE(LFile::CopyFile((dir / "gone").c_str(), path.c_str()));
+    EXPECT_EQ(LFile::CopyFile((dir / "gone").c_str(), path.c_str()).GetError(), ENOENT);
     EXPECT_EQ(ReadBytes(path), "precious");
 }
 
@@ -90,21 +89,21 @@ TEST(ReplacedFile, ALinkIsNeverReplaced) {
     LReplacedFile file(dir / "dangling");
     EXPECT_EQ(file.GetPathToWrite(), dir / "dangling");
     WriteBytes(file.GetPathToWrite(), "x");
-    EXPECT_TRUE(file.Commit());
+    EXPECT_FALSE(file.Commit());
     EXPECT_EQ(ReadBytes(dir / "not yet"), "x");
     EXPECT_TRUE(std::filesystem::is_symlink(dir / "dangling"));
 }
 
 TEST(ReplacedFile, SaysWhyItCanNotBeCreated) {
     const TempDir dir;
-    EXPECT_EQ(LReplacedFile(dir / "no/folder").GetError(), "No such file or directory");
-    EXPECT_EQ(LReplacedFile(dir / "").GetError(), "Is a directory");
+    EXPECT_EQ(LReplacedFile(dir / "no/folder").GetFailure().GetReason(), "No such file or directory");
+    EXPECT_EQ(LReplacedFile(dir / "").GetFailure().GetReason(), "Is a directory");
     LReplacedFile device("/dev/null");
     EXPECT_EQ(device.GetPathToWrite(), "/dev/null") << "no regular file is written directly";
-    EXPECT_TRUE(device.Commit());
+    EXPECT_FALSE(device.Commit());
     const std::string longest = dir / std::string(255, 'n');
     LReplacedFile named(longest);
-    EXPECT_TRUE(named.Commit());
+    EXPECT_FALSE(named.Commit());
     EXPECT_TRUE(std::filesystem::exists(longest));
 }
 

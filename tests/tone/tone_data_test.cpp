@@ -31,7 +31,7 @@ TEST(ToneFile, IsTheRecordByteForByte) {
     const TempDir dir;
     const std::string path = dir / "tone.tdf";
     SonvireData tone;
-    ASSERT_TRUE(tone.WriteToFile(path.c_str()));
+    ASSERT_FALSE(tone.WriteToFile(path.c_str()));
     const std::string bytes = ReadBytes(path);
     EXPECT_EQ(bytes.size(), 797u);
     EXPECT_EQ(bytes.substr(0, 16), std::string("\0\0\0\1\xE8\3\0\0\0\0\0\0\0\x40\x8F\x40", 16));
@@ -48,7 +48,7 @@ TEST(ToneFile, IsTheRecordByteForByte) {
     tone.repeat = 1;
     std::memcpy(tone.listPath, "a\0b", 3);
     tone.listPath[259] = 'z';
-    ASSERT_TRUE(tone.WriteToFile(path.c_str()));
+    ASSERT_FALSE(tone.WriteToFile(path.c_str()));
     const std::string image = ReadBytes(path);
     EXPECT_EQ(image.substr(0, 8), "\x34\x12\6\3\xEF\xCD\xAB\x89");
     struct {
@@ -61,7 +61,7 @@ TEST(ToneFile, IsTheRecordByteForByte) {
         EXPECT_EQ(image.substr(each.offset, each.bytes.size()), each.bytes) << each.offset;
 
     SonvireData read;
-    ASSERT_TRUE(read.ReadFromFile(path.c_str()));
+    ASSERT_FALSE(read.ReadFromFile(path.c_str()));
     EXPECT_EQ(std::memcmp(&read, &tone, SonvireData::FileBytes), 0);
     EXPECT_EQ(read.GetListPath(), "a");
 }
@@ -73,13 +73,13 @@ TEST(ToneFile, WhatIsNotAWholeRecordReadsAsTheDefault) {
     for (const std::size_t size : {0u, 1u, 796u}) {
         WriteBytes(path, std::string(size, 'x'));
         tone.waveform = 3;
-        EXPECT_FALSE(tone.ReadFromFile(path.c_str())) << size;
+        EXPECT_TRUE(tone.ReadFromFile(path.c_str())) << size;
         EXPECT_TRUE(IsDefault(tone)) << size;
     }
-    EXPECT_FALSE(tone.ReadFromFile((dir / "missing").c_str()));
-    EXPECT_FALSE(tone.ReadFromFile((dir / "").c_str()));
+    EXPECT_TRUE(tone.ReadFromFile((dir / "missing").c_str()));
+    EXPECT_TRUE(tone.ReadFromFile((dir / "").c_str()));
     WriteBytes(path, std::string(900, '\1'));
-    EXPECT_TRUE(tone.ReadFromFile(path.c_str())) << "what follows the record is not looked at";
+    EXPECT_FALSE(tone.ReadFromFile(path.c_str())) << "what follows the record is not looked at";
     EXPECT_EQ(tone.flags, 0x0101);
 }
 
@@ -90,14 +90,14 @@ TEST(ToneFile, AFileInAnotherProgramsHandsIsLeftAlone) {
     const int other = open(path.c_str(), O_RDWR);
     ASSERT_EQ(flock(other, LOCK_EX), 0);
     SonvireData tone;
-    EXPECT_FALSE(tone.WriteToFile(path.c_str()));
-    EXPECT_FALSE(tone.ReadFromFile(path.c_str()));
+    EXPECT_TRUE(tone.WriteToFile(path.c_str()));
+    EXPECT_TRUE(tone.ReadFromFile(path.c_str()));
     EXPECT_EQ(ReadBytes(path), "precious");
     close(other);
-    EXPECT_TRUE(tone.WriteToFile(path.c_str()));
+    EXPECT_FALSE(tone.WriteToFile(path.c_str()));
     EXPECT_EQ(ReadBytes(path).size(), 797u);
-    EXPECT_FALSE(tone.WriteToFile("/dev/full"));
-    EXPECT_FALSE(tone.WriteToFile((dir / "no/folder").c_str()));
+    EXPECT_TRUE(tone.WriteToFile("/dev/full"));
+    EXPECT_TRUE(tone.WriteToFile((dir / "no/folder").c_str()));
 }
 
 } // namespace

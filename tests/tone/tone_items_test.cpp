@@ -1,5 +1,3 @@
-#include "support/recorded_messages.h"
-#include "sys/desktop/settings.h"
 #include "tone/tone_items.h"
 
 #include <gmock/gmock.h>
@@ -66,8 +64,8 @@ TEST(ToneItems, ShowTheirValuesWithUnits) {
 }
 
 TEST(ToneItems, TakeTypedTexts) {
-    const char* const duration = "Duration: Please enter positive value";
-    const char* const amplitude = "Amplitude: Please enter negative value between [-127 .. 0]";
+    const char* const duration = "DurationPlease enter positive value";
+    const char* const amplitude = "AmplitudePlease enter negative value between [-127 .. 0]";
     struct {
         unsigned int item;
         const char *typed, *shown, *message;
@@ -89,40 +87,34 @@ TEST(ToneItems, TakeTypedTexts) {
         {999999, "7", "", ""},
     };
     for (const auto& each : cases) {
-        RecordedMessages messages;
         SonvireData tone;
-        tone.SetItemValue(each.item, each.typed);
+        const LNotice notice = tone.SetItemValue(each.item, each.typed).value_or(LNotice());
         EXPECT_EQ(tone.GetItemValue(each.item), each.shown) << each.item << " " << each.typed;
-        EXPECT_EQ(messages.GetText(), each.message) << each.typed;
+        EXPECT_EQ(notice.title + notice.text, each.message) << each.typed;
     }
     SonvireData tone;
-    tone.SetItemValue(1024 + 15, "1000.1");
+    EXPECT_FALSE(tone.SetItemValue(1024 + 15, "1000.1"));
     EXPECT_EQ(tone.endRightHz[15], 1000.0999755859375) << "single precision";
 }
 
-class Stepping : public ::testing::Test {
-protected:
-    void SetUp() override {
-        LUserSettingDeleteItem("settings", "semitone increment");
-        LUserSettingDeleteItem("settings", "frequency increment step");
+/// The item's value after one step of each kind: up, down, large up, large down.
+std::vector<std::string> Steps(unsigned int item, const char* from, const FrequencyStep& step = {}) {
+    const std::function<void(SonvireData&)> steps[] = {
+        [&](SonvireData& tone) { tone.IncreaseItem(item, step); },
+        [&](SonvireData& tone) { tone.DecreaseItem(item, step); },
+        [&](SonvireData& tone) { tone.IncreaseItemLarge(item); },
+        [&](SonvireData& tone) { tone.DecreaseItemLarge(item); }};
+    std::vector<std::string> values;
+    for (const auto& each : steps) {
+        SonvireData tone;
+        static_cast<void>(tone.SetItemValue(item, from));
+        each(tone);
+        values.push_back(tone.GetItemValue(item));
     }
-    void TearDown() override { SetUp(); }
+    return values;
+}
 
-    /// The item's value after one step of each kind: up, down, large up, large down.
-    static std::vector<std::string> Steps(unsigned int item, const char* from) {
-        std::vector<std::string> values;
-        for (const auto step : {&SonvireData::IncreaseItem, &SonvireData::DecreaseItem,
-                                &SonvireData::IncreaseItemLarge, &SonvireData::DecreaseItemLarge}) {
-            SonvireData tone;
-            tone.SetItemValue(item, from);
-            (tone.*step)(item);
-            values.push_back(tone.GetItemValue(item));
-        }
-        return values;
-    }
-};
-
-TEST_F(Stepping, DurationsAndAmplitudesStepUnevenly) {
+TEST(Stepping, DurationsAndAmplitudesStepUnevenly) {
     struct {
         unsigned int item;
         const char *from, *up, *down, *largeUp, *largeDown;
@@ -131,6 +123,7 @@ TEST_F(Stepping, DurationsAndAmplitudesStepUnevenly) {
         {1536, "999", "1099ms", "899ms", "1499ms", "499ms"},
         {1536, "100", "200ms", "100ms", "600ms", "100ms"},
         {1536, "101", "201ms", "1ms", "601ms", "101ms"},
+        {1536, "500", "600ms", "400ms", "1000ms", "500ms"},
         {1536, "501", "601ms", "401ms", "1001ms", "1ms"},
         {1536, "2000", "3000ms", "1000ms", "7000ms", "1500ms"},
         {1536, "5000", "6000ms", "4000ms", "10000ms", "0ms"},
@@ -146,26 +139,26 @@ TEST_F(Stepping, DurationsAndAmplitudesStepUnevenly) {
             << each.item << " from " << each.from;
 }
 
-TEST_F(Stepping, FrequenciesStepBySemitonesOrHz) {
-    const auto useSemitones = [](int count) {
-        LUserSettingSet("settings", "semitone increment", true);
-        LUserSettingSet("settings", "frequency increment step", count);
-    };
+TEST(Stepping, FrequenciesStepBySemitonesOrHz) {
     EXPECT_THAT(Steps(256, "440"), ElementsAre("466.16Hz", "415.30Hz", "880.00Hz", "220.00Hz"))
         << "one semitone";
-    useSemitones(12);
-    EXPECT_THAT(Steps(1024 + 3, "440"), ElementsAre("", "", "", "")) << "not shown in mono, but stepped:";
-    EXPECT_THAT(Steps(256 + 15, "440"), ElementsAre("880.00Hz", "220.00Hz", "880.00Hz", "220.00Hz"));
-    EXPECT_THAT(Steps(256, "15000"), ElementsAre("20000.00Hz", "7500.00Hz", "20000.00Hz", "7500.00Hz"));
-    EXPECT_THAT(Steps(256, "0"), ElementsAre("0.02Hz", "0.00Hz", "0.00Hz", "0.00Hz")) << "0.01, an octave up";
-    EXPECT_THAT(Steps(256, "30000"), ElementsAre("30000.00Hz", "15000.00Hz", "20000.00Hz", "15000.00Hz"));
-    LUserSettingSet("settings", "semitone increment", false);
-    LUserSettingDeleteItem("settings", "frequency increment step");
-    EXPECT_THAT(Steps(256, "0.5"), ElementsAre("1.50Hz", "0.00Hz", "1.00Hz", "0.25Hz")) << "1 Hz";
-    LUserSettingSetString("settings", "frequency increment step", "2.5");
-    EXPECT_THAT(Steps(256, "19999"), ElementsAre("20000.00Hz", "19996.50Hz", "20000.00Hz", "9999.50Hz"));
-    LUserSettingSetString("settings", "frequency increment step", "nonsense");
-    EXPECT_THAT(Steps(256, "10"), ElementsAre("10.00Hz", "10.00Hz", "20.00Hz", "5.00Hz"));
+    const FrequencyStep octave{.semitones = 12}, hertz{.bySemitones = false, .hz = 2.5};
+    struct {
+        const FrequencyStep& step;
+        const char *from, *up, *down, *largeUp, *largeDown;
+    } const cases[] = {
+        {octave, "440", "880.00Hz", "220.00Hz", "880.00Hz", "220.00Hz"},
+        {octave, "15000", "20000.00Hz", "7500.00Hz", "20000.00Hz", "7500.00Hz"},
+        {octave, "0", "0.02Hz", "0.00Hz", "0.00Hz", "0.00Hz"}, // 0.01, an octave up
+        {octave, "30000", "30000.00Hz", "15000.00Hz", "20000.00Hz", "15000.00Hz"},
+        {hertz, "2", "4.50Hz", "0.00Hz", "4.00Hz", "1.00Hz"},
+        {hertz, "19999", "20000.00Hz", "19996.50Hz", "20000.00Hz", "9999.50Hz"},
+    };
+    for (const auto& each : cases)
+        EXPECT_THAT(Steps(256 + 15, each.from, each.step),
+                    ElementsAre(each.up, each.down, each.largeUp, each.largeDown))
+            << each.from;
+    EXPECT_THAT(Steps(1024 + 3, "440"), ElementsAre("", "", "", "")) << "not shown in mono";
 }
 
 TEST(ToneItems, AreShownInOrder) {

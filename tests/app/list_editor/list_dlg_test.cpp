@@ -107,7 +107,7 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
     } const cases[] = {
         {ListAddTone, WriteTone("endless.tdf", Tone440()), "", Infinite},
         {ListAddTone, WriteTone("looping.tdf", looping), "", Infinite},
-        {ListAddTone, garbage, "", error(garbage, "read: it is no tone file.")},
+        {ListAddTone, garbage, "", error(garbage, "read: it is not a whole tone: a tone data file has 797 bytes.")},
         {ListAddTone, folder / "gone.tdf", "", error(folder / "gone.tdf", gone)},
         {ListAddTone, folder / "gone.tdl", "", error(folder / "gone.tdl", gone)},
         {ListAddTone, broken, "", error(broken, "added: there is a line break in its name.")},

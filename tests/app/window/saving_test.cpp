@@ -85,7 +85,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
     Run([&](MemoryMainWindow&) {
         toolkit->answers = {LMessageAnswer::Yes};
         Send({SaveAsWav});
-        EXPECT_EQ(toolkit->boxes.back(), "Error|The file \"" + path + "\" can't be written: File too large.");
+        EXPECT_EQ(toolkit->boxes.back(), "Error|The file \"" + path + "\" could not be written in full: File too large.");
     });
     EXPECT_EQ(ReadBytes(path), "precious");
 }

@@ -114,7 +114,7 @@ TEST(WaveFile, WritingGoesOnBehindTheFramesThatAreKept) {
 TEST(WaveFile, AFullDiskIsRemembered) {
     const LSoundSink sink = LWaveFile::OpenSinkPCM("/dev/full", 8000, 1, 16, 0);
     EXPECT_EQ(sink->status, SinkFellShort);
-    EXPECT_EQ(sink->writeError, ENOSPC);
+    EXPECT_EQ(sink->failure.GetError(), ENOSPC);
 }
 
 TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {

@@ -1,6 +1,8 @@
-#include "app/list_editor/list_entries.h"
+#include "jobs/tone_lists.h"
 
-#include "app/window/file_reports.h"
+#include "jobs/file_notices.h"
+#include "sys/file.h"
+
 #include "sys/path.h"
 #include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"
@@ -8,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,32 +20,32 @@ constexpr const char* TemporaryPrefix = "/var/tmp/0";
 
 class Expansion {
 public:
-    explicit Expansion(std::vector<std::string>& found) : entries(found) {}
+    explicit Expansion(ExpandedEntry& found) : expanded(found) {}
 
     void Add(const std::string& path) {
         if (IsListFile(path))
             AddList(path);
         else
-            entries.push_back(path);
+            expanded.entries.push_back(path);
     }
 
 private:
-    /// Other than a list's lines, its entries come in playing order.
+    /// Unlike a list's lines, its entries come in playing order.
     void AddList(const std::string& path) {
-        if (const char* why = nesting.Enter(path)) {
-            nesting.Tell(path, why);
+        if (const LFailure left = nesting.Enter(path)) {
+            Tell(path, left.GetReason());
             return;
         }
         std::vector<std::string> lines;
-        if (!ReadToneListLines(lines, path.c_str()))
-            ReportUnreadable(path, "another program is using it");
+        if (const LFailure failure = ReadToneListLines(lines, path.c_str()))
+            expanded.notices.push_back(DescribeUnreadable(path, failure));
         const std::string folder = GetFolder(path);
         std::reverse(lines.begin(), lines.end());
         for (const std::string& line : lines) {
             if (!MayAddEntry())
                 break;
             if (ParseToneListLine(line).IsSilence())
-                entries.push_back(line);
+                expanded.entries.push_back(line);
             else
                 Add(FindListEntry(line, folder));
         }
@@ -52,11 +55,16 @@ private:
     bool MayAddEntry() {
         const bool fits = nesting.CountEntry();
         if (!fits)
-            nesting.Tell(nesting.GetOutermost(), ToneListNesting::TooManyEntries);
+            Tell(nesting.GetOutermost(), ToneListNesting::TooManyEntries);
         return fits;
     }
 
-    std::vector<std::string>& entries;
+    void Tell(const std::string& path, const std::string& why) {
+        if (std::optional<LNotice> notice = nesting.Tell(path, why))
+            expanded.notices.push_back(std::move(*notice));
+    }
+
+    ExpandedEntry& expanded;
     ToneListNesting nesting;
 };
 
@@ -75,26 +83,29 @@ bool IsListFile(const std::string& path) {
     return extension == ".tdl" || extension == ".tmp" || IsTemporaryList(path);
 }
 
-std::string CreateTemporaryList() {
-    std::string path = std::string(TemporaryPrefix) + "XXXXXX";
-    const int descriptor = mkstemp(path.data());
+LFailure CreateTemporaryList(std::string& path) {
+    std::string created = std::string(TemporaryPrefix) + "XXXXXX";
+    const int descriptor = mkstemp(created.data());
+    path.clear();
     if (descriptor < 0)
-        return {};
+        return LFailure::OfLastCall();
     // Where this is refused, the list is still its user's.
     [[maybe_unused]] const int ignored = fchmod(descriptor, 0666);
     close(descriptor);
-    return path;
+    path = created;
+    return {};
 }
 
-std::vector<std::string> ExpandListEntry(const std::string& path) {
-    std::vector<std::string> entries;
-    Expansion(entries).Add(path);
-    return entries;
+ExpandedEntry ExpandListEntry(const std::string& path) {
+    ExpandedEntry expanded;
+    Expansion(expanded).Add(path);
+    return expanded;
 }
 
-bool CopyListFile(const std::string& from, const std::string& to) {
+LFailure CopyListFile(const std::string& from, const std::string& to) {
     std::vector<std::string> lines;
-    ReadToneListLines(lines, from.c_str());
+    if (LFailure failure = ReadToneListLines(lines, from.c_str()))
+        return failure;
     std::reverse(lines.begin(), lines.end());
     bool changed = false;
     for (std::string& line : lines) {
@@ -112,14 +123,14 @@ bool IsReadByList(const std::string& file, const ToneListReport& report) {
                        [&file](const std::string& each) { return IsSameFile(each, file); });
 }
 
-std::string WhyNoListName(const std::string& path) {
+LFailure CheckListName(const std::string& path) {
     const std::string extension = GetExtension(path);
     if (extension == ".tdf" || extension == ".wav")
         return "a tone list's name ends in .tdl";
-    return WhyNoListEntry(path);
+    return CheckListEntry(path);
 }
 
-std::string WhyNoListEntry(const std::string& path) {
+LFailure CheckListEntry(const std::string& path) {
     if (path.size() > ToneItem::MaxPathLength)
         return "its path is longer than " + std::to_string(ToneItem::MaxPathLength) + " bytes";
     if (path.find_first_of("\r\n") != std::string::npos)

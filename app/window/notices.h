@@ -1,0 +1,10 @@
+#pragma once
+
+#include "sys/notice.h"
+
+#include <vector>
+
+/// Shows what there is to say, each in a box of its own.
+void ShowNotice(const LNotice& notice);
+/// Shows them in turn, until the user cancels one that may be the last.
+void ShowNotices(const std::vector<LNotice>& notices);

@@ -1,0 +1,87 @@
+#include "jobs/render_file.h"
+
+#include "sound/files/wave_file.h"
+#include "sys/path.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The largest sample that doesn't wrap around in 8 bits.
+constexpr int FullScale8 = 127 * 4096 + 2047;
+
+OutputFormat ChooseFormat(const RenderTarget& target, const LSoundSource& source) {
+    return {.rate = target.rate.value_or(source->sampleRate),
+            .channels = target.channels.value_or(source->channels),
+            .bits = target.bits};
+}
+
+/// Whether the input can become a file of this format.
+LFailure CheckInput(const SoundInput& input, const OutputFormat& format) {
+    if (input.failure)
+        return input.failure;
+    const LSoundSource& source = input.source;
+    if (source->status != SoundUsable)
+        return "gives no sound";
+    const bool changed = format.rate != source->sampleRate || format.channels != source->channels;
+    if (changed && source->channels > 2)
+        return "has " + std::to_string(source->channels) + " channels; only mono and stereo can be converted";
+    return LWaveFile::CheckLength(input.frames * format.rate / source->sampleRate, format.channels,
+                                  format.bits);
+}
+
+/// Whether the output may be written for this input.
+LFailure CheckOutput(const std::string& output, const SoundInput& input) {
+    const std::string written = output == WaveOutput::StandardOutput ? "/dev/stdout" : output;
+    const bool isRead = std::any_of(input.files.begin(), input.files.end(),
+                                    [&](const std::string& file) { return IsSameFile(file, written); });
+    if (isRead)
+        return "is read by the input";
+    const bool named = HasExtension(output, ".tdf") || HasExtension(output, ".tdl");
+    return named ? "is no name for a WAVE file" : LFailure();
+}
+
+/// A sum of two channels may be too loud, so it is always limited: to what the output's bits can hold.
+LSoundSource MixDown(const LSoundSource& source, const OutputFormat& format) {
+    LSoundSource mixed = source;
+    LSPConvertSourceRateChannels(format.rate, format.channels, mixed);
+    return LSoundSource::Make<LSRCPeakLimit>(mixed, format.bits == 8 ? FullScale8 : FullScale16);
+}
+
+/// The source as the job takes it: only what is mixed down is not left to the job.
+LSoundSource Prepare(const LSoundSource& source, const OutputFormat& format) {
+    return source->channels == 2 && format.channels == 1 ? MixDown(source, format) : source;
+}
+
+int CountFrames(const LSoundSource& source, const OutputFormat& format) {
+    const LSoundSource converted = OpenSourceForSink(source, format.rate, format.channels);
+    return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
+}
+
+RenderOutcome Render(const LSoundSource& source, const std::string& path, const OutputFormat& format,
+                     int frames, const RenderUser& user) {
+    WaveOutput output(path, format, frames);
+    if (output.GetFailure())
+        return {.failure = output.GetFailure(), .ofTheOutput = true};
+    LPRSourceToSink job("Saving Wave File", source, output.GetSink());
+    const LProcessResult result = user.run(job);
+    const LFailure failure = output.Finish(result);
+    return {.result = failure ? LProcessResult::Failed : result, .failure = failure, .ofTheOutput = true};
+}
+
+} // namespace
+
+RenderOutcome RenderToFile(const SoundInput& input, const RenderTarget& target, const RenderUser& user) {
+    const OutputFormat format = ChooseFormat(target, input.source);
+    if (LFailure refused = CheckInput(input, format))
+        return {.failure = std::move(refused)};
+    if (LFailure refused = CheckOutput(target.path, input))
+        return {.failure = std::move(refused), .ofTheOutput = true};
+    if (!input.warnings.empty() && !user.confirm(input.warnings))
+        return {};
+    const LSoundSource source = Prepare(input.source, format);
+    const int frames = CountFrames(source, format);
+    if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
+        return {.failure = "is too long to be converted"};
+    return Render(source, target.path, format, frames, user);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "jobs/sound_input.h"
+#include "jobs/wave_output.h"
+#include "sound/render_job.h"
+
+#include <functional>
+
+/// What is to become of an input.
+struct RenderTarget {
+    std::string path; ///< of the WAVE file; `WaveOutput::StandardOutput` for standard output
+    std::optional<int> rate{};
+    std::optional<std::uint8_t> channels{};
+    int bits = 16;
+};
+
+/// What rendering asks of the program that it is a part of.
+struct RenderUser {
+    /// Tells what the user should know first; false where it is not to go on.
+    std::function<bool(const std::vector<InputWarning>&)> confirm;
+    /// Runs the job under a progress display.
+    std::function<LProcessResult(LPRSourceToSink&)> run;
+};
+
+/// How a rendering has ended.
+struct RenderOutcome {
+    LProcessResult result = LProcessResult::Failed;
+    LFailure failure{};       ///< nothing where the user did not want to go on
+    bool ofTheOutput = false; ///< whether it is the output that has failed or can't be taken, or the input
+};
+
+/// Renders an input into a WAVE file: refuses what can't be, has the user confirm what would not sound as he
+/// may expect, brings it to the target's format (its own where the target leaves that open), limits it, and
+/// puts the file in place once it is whole. A file that the input reads is never written over.
+RenderOutcome RenderToFile(const SoundInput& input, const RenderTarget& target, const RenderUser& user);
