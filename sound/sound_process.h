@@ -25,7 +25,7 @@ protected:
     LSoundSource input;
 };
 
-/// Configured once, then applied to sources: answers the source wrapped in a stage, or the source itself
+/// Configured once, then applied to sources: returns the source wrapped in a stage, or the source itself
 /// where no stage is needed. The only way in which stages are put on a chain.
 class LSoundProcessor {
 public:

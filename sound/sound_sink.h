@@ -55,7 +55,7 @@ public:
 };
 
 /// The handle by which every sink is held.
-class LSoundSink : public LSharedHandle<LSoundSinkBase, LSoundSinkError> {
+class [[nodiscard]] LSoundSink : public LSharedHandle<LSoundSinkBase, LSoundSinkError> {
 public:
     using LSharedHandle::LSharedHandle;
 

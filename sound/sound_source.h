@@ -89,7 +89,7 @@ public:
 };
 
 /// The handle by which every source is held.
-class LSoundSource : public LSharedHandle<LSoundSourceBase, LSoundSourceError> {
+class [[nodiscard]] LSoundSource : public LSharedHandle<LSoundSourceBase, LSoundSourceError> {
 public:
     using LSharedHandle::LSharedHandle;
 

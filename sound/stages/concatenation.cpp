@@ -99,7 +99,7 @@ void LSSRCCat::Read(int* buffer, int frames) {
     }
 }
 
-/// Answers how many frames of the current item there were. The item fills the whole request all the same:
+/// Returns how many frames of the current item there were. The item fills the whole request all the same:
 /// what lies past its end is overwritten by what follows.
 int LSSRCCat::ReadCurrent(int* buffer, int frames) {
     if (IsPlayable(current)) {

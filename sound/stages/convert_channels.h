@@ -10,7 +10,7 @@ class LSRCConvChannels : public LSoundProcessBase {
 protected:
     LSRCConvChannels(const LSoundSource& wrapped, std::uint8_t outChannels);
 
-    /// Reads at most 8192 frames of the input into the work buffer and answers how many.
+    /// Reads at most 8192 frames of the input into the work buffer and returns how many.
     int ReadInput(int framesWanted);
 
     std::vector<int> work;

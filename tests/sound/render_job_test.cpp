@@ -94,7 +94,9 @@ TEST(RenderJob, NothingIsWrittenForAnEmptyOrFailedSource) {
     Recorder dialog;
     LPRSourceToSink toNowhere("x", Frames(5), LSoundSink());
     EXPECT_EQ(Process(dialog, toNowhere), LProcessResult::Failed);
-    EXPECT_EQ(Rendering(Frames(5), 44100, 0).result, LProcessResult::Failed) << "a sink without channels";
+    const Rendering mute(Frames(5), 44100, 0);
+    EXPECT_EQ(mute.result, LProcessResult::Failed);
+    EXPECT_EQ(mute.Sunk().channels, 1);
 }
 
 TEST(RenderJob, ConvertsToTheSinkOrWritesSilenceWhereNothingConverts) {
