@@ -11,11 +11,9 @@
 #include <cstdlib>
 #include <new>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define SANITIZED
-#else
 static std::atomic<int> allocations = 0;
 
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which bring allocators of their own
 void* operator new(std::size_t size) {
     ++allocations;
     if (void* memory = std::malloc(size))
@@ -36,14 +34,9 @@ namespace {
 
 template <class Work>
 int CountAllocations(const Work& work) {
-#ifdef SANITIZED
-    work();
-    return 0;
-#else
     const int before = allocations;
     work();
     return allocations - before;
-#endif
 }
 
 TEST(SoundSource, EmptyHandlesReadAsSilenceAndSwallow) {
@@ -59,9 +52,6 @@ TEST(SoundSource, EmptyHandlesReadAsSilenceAndSwallow) {
 }
 
 TEST(SoundSource, NothingIsAllocatedForNothing) {
-#ifdef SANITIZED
-    GTEST_SKIP() << "the sanitizers bring allocators of their own";
-#endif
     const LSoundSource source; // the first one makes what all share
     const LSoundSink sink;
     EXPECT_EQ(CountAllocations([] {
@@ -78,7 +68,7 @@ TEST(SoundSource, NothingIsAllocatedForNothing) {
               11)
         << "of the list, which doubles 1, 2, 4 ... 1024";
     LSoundSource concatenation;
-    EXPECT_EQ(CountAllocations([&] { concatenation = list.OpenSource(); }), 2) << "itself and its list";
+    EXPECT_LE(CountAllocations([&] { concatenation = list.OpenSource(); }), 2) << "itself and its list";
     EXPECT_EQ(CountAllocations([&] {
                   int buffer[1000];
                   for (int i = 0; i < 8; ++i)
