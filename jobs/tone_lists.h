@@ -8,8 +8,9 @@
 
 struct ToneListReport;
 
-/// True for a line of a list, and a row that shows it, that stands for a silence or is meant to: it contains
-/// the unit. `ParseToneListLine` takes it for one only where it also ends with a full stop; both are meant.
+/// True for a line of a list, and a row that shows it, that stands for a silence or should: it contains the
+/// unit.
+/// Kept quirk: `ParseToneListLine` takes it for one only where it also ends with a full stop.
 bool IsSilence(const std::string& entry);
 
 /// True for the file of a list that the user has not saved.

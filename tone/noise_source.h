@@ -9,6 +9,8 @@
 /// What the noises share: mono at 44100 Hz, from a table of random entries that is played through once, then
 /// in segments drawn from it. Frequencies, levels and channels of a tone don't apply.
 ///
+/// Kept quirk: one table for ever, so that third octaves stay up to 3 dB off however long it plays.
+///
 /// The table is drawn by the first `Read`, and again by the first one after `Unload`, from a seed that the
 /// source keeps: a list of thousands of noises holds the table of the playing one alone.
 template <class Entry>

@@ -19,8 +19,8 @@ public:
     int GetPositionSample() const override { return position; }
     /// One minute for an endless tone, and for one with a duration of 0 ms.
     int GetEndSample() const override;
-    /// Restarts the left oscillators only. The right ones go on as they are, and so does the count to the
-    /// next step of a sweep; that is meant.
+    /// Restarts the left oscillators only.
+    /// Kept quirk: the right ones go on as they are, and so does the count to the next step of a sweep.
     void Seek(int sample) override;
 
 private:

@@ -98,7 +98,8 @@ public:
     /// by 1000 ms, with a notice that says so; frequencies are taken as they are.
     [[nodiscard]] std::optional<LNotice> SetItemValue(unsigned int item, const char* text);
     /// Steps: by the frequency step, 1 dB, and 100 or 1000 ms; the large ones by an octave, 1 dB, and
-    /// 500 or 5000 ms. Up and down don't mirror each other; that is meant.
+    /// 500 or 5000 ms.
+    /// Kept quirk: up and down don't mirror each other.
     void IncreaseItem(unsigned int item, const FrequencyStep& step);
     void DecreaseItem(unsigned int item, const FrequencyStep& step);
     void IncreaseItemLarge(unsigned int item);

@@ -164,7 +164,7 @@ std::string SonvireData::GetItemValue(unsigned int number) const {
 std::optional<LNotice> SonvireData::SetItemValue(unsigned int number, const char* text) {
     const Item item(number);
     if (double* hz = FindFrequency(*this, item))
-        *hz = std::strtof(text, nullptr); // single precision on purpose: 1000.1 becomes 1000.0999755859375
+        *hz = std::strtof(text, nullptr); // Kept quirk: single precision, 1000.1 becomes 1000.0999755859375
     else if (item.kind == ItemAmplitude)
         return TakeAmplitude(amplitudeDb[item.component], ParseLeadingInt(text));
     else if (item.kind == ItemDuration)

@@ -22,7 +22,7 @@ LSoundSource OpenWave(ToneListEntry& entry) {
     return source;
 }
 
-/// From the last "." of the whole path on, also where that stands in a folder's name; that is meant.
+/// Kept quirk: from the last "." of the whole path on, also where that stands in a folder's name.
 std::string GetEntryExtension(const std::string& path) {
     const std::size_t dot = path.rfind('.');
     return dot == std::string::npos ? std::string() : path.substr(dot);
@@ -113,7 +113,7 @@ LSoundSource SSFromList::OpenFile(const std::string& extension, ToneListEntry& e
     return {};
 }
 
-/// An endless, looped or unreadable tone is never left, and what follows never reached; that is meant.
+/// Kept quirk: an endless, looped or unreadable tone is never left, and what follows never reached.
 LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
     SonvireData tone;
     if (tone.ReadFromFile(entry.file.c_str()))

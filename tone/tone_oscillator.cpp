@@ -47,7 +47,7 @@ void SSTonePole::Produce(int* out, int stride, int frames, const ToneWaveTable& 
         phase = add ? PutFrames<true>(out, stride, frames, phase, currentIncrement, shape)
                     : PutFrames<false>(out, stride, frames, phase, currentIncrement, shape);
     };
-    if (isImpulse) // its gain is left out on purpose
+    if (isImpulse) // Kept quirk: its gain is left out
         put([](std::uint32_t last, std::uint32_t now) { return now < last ? ImpulseLevel : 0; });
     else if (gain == UnityGain) // where the split product gives the sample itself
         put([entries](std::uint32_t, std::uint32_t now) { return entries[now >> TableShift]; });

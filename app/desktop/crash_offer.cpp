@@ -5,9 +5,8 @@
 #include "app/window/command_ids.h"
 #include "gui/toolkit.h"
 #include "sys/desktop/crash_report.h"
-#include "sys/desktop/file_url.h"
+#include "sys/desktop/folders.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/user_data.h"
 
 #include <cstdio>
 

@@ -1,9 +1,8 @@
 #include "app/desktop/help_pages.h"
 
 #include "gui/toolkit.h"
-#include "sys/desktop/file_url.h"
+#include "sys/desktop/folders.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/program_data.h"
 #include "sys/file.h"
 #include "sys/path.h"
 

@@ -2,8 +2,7 @@
 
 #include "app/desktop/desktop_entry.h"
 #include "sys/desktop/command.h"
-#include "sys/desktop/program_data.h"
-#include "sys/desktop/user_data.h"
+#include "sys/desktop/folders.h"
 #include "sys/file.h"
 #include "sys/path.h"
 

@@ -8,7 +8,7 @@
 #include "app/window/menu_table.h"
 #include "app/window/tool_bar_tables.h"
 #include "sys/desktop/settings.h"
-#include "sys/desktop/user_data.h"
+#include "sys/desktop/folders.h"
 
 namespace {
 

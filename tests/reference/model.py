@@ -123,10 +123,11 @@ class Feed:
         self.samples, self.channels, self.position = samples, channels, 0
 
     def read(self, frames):
-        a = self.position * self.channels
+        a, count = self.position * self.channels, frames * self.channels
         self.position += frames
-        got = self.samples[a : a + frames * self.channels]
-        return got + [0] * (frames * self.channels - len(got))
+        before = [0] * min(count, max(0, -a))
+        got = before + self.samples[max(0, a) : max(0, a + count)]
+        return got + [0] * (count - len(got))
 
 
 def limited(feed, rate, limit, frames):
@@ -195,12 +196,18 @@ def coefficients(inrate, outrate, wide):
     return n, m, rows
 
 
-def converted(feed, inrate, outrate, frames, wide=False):
-    """As one stage. The buffer holds everything that was read; only the reach of a refill is rescaled."""
+def converted(feed, inrate, outrate, frames, wide=False, start=None):
+    """As one stage, sought to `start` first. The buffer holds everything that was read; only the reach of a refill is
+    rescaled."""
     c = feed.channels
     n, m, rows = coefficients(inrate, outrate, wide)
     buffer = [[0] * c for _ in range(63)]
     span, fill, acc, shift = 32, 0, 0, 0
+    if start is not None:
+        feed.position = trunc_div(start, n) * m + trunc_div(m * trunc_mod(start, n), n) - 31
+        acc = trunc_mod(trunc_mod(start, n) * m, n) % n
+        got = feed.read(31)
+        buffer[32:] = [got[i * c : i * c + c] for i in range(31)]
     out = []
     for _ in range(frames):
         span += acc // n
@@ -313,11 +320,20 @@ def cases():
     yield "16 components", loud
     yield "limited", limited(Feed(loud, 1), 44100, 524272, 30000)
     yield "limited stereo 8000", limited(Feed(noise(60000, 900000), 2), 8000, 524272, 20000)
+    yield "limited by 3 at 8000", limited(Feed(noise(60000, 900000), 3), 8000, 524272, 20000)
     for inrate, outrate in (8000, 44100), (44100, 48000), (48000, 44100), (22050, 44100), (96000, 44100):
         yield "mono %d to %d" % (inrate, outrate), converted(Feed(noise(60000, 524272), 1), inrate, outrate, 60000)
     yield "stereo 48000 to 44100", converted(Feed(noise(60000, 2000000), 2), 48000, 44100, 20000)
-    halfway = converted(Feed(noise(60000, 524272), 1), 192000, 44100, 16000, wide=True)
-    yield "mono 192000 to 44100 (wide)", halfway
+    stereo = noise(60000, 524272)
+    mixed = [a + b for a, b in zip(stereo[::2], stereo[1::2])]
+    yield "mixed 48000 to 44100", converted(Feed(mixed, 1), 48000, 44100, 20000)
+    yield "mono 88200 to 22050", converted(Feed(noise(60000, 524272), 1), 88200, 22050, 4000)
+    for inrate in 88204, 192000:
+        halfway = converted(Feed(noise(60000, 524272), 1), inrate, 44100, 13000, wide=True)
+        yield "%d to 22050 by 44100" % inrate, converted(Feed(halfway, 1), 44100, 22050, 4000)
+    for start in 1000, -1000:
+        sought = converted(Feed(noise(60000, 524272), 1), 48000, 44100, 4000, start=start)
+        yield "48000 to 44100 from %d" % start, sought
 
 
 def main():

@@ -7,7 +7,7 @@
 #include "support/temp_dir.h"
 #include "support/test_output.h"
 #include "sys/desktop/settings.h"
-#include "sys/desktop/user_data.h"
+#include "sys/desktop/folders.h"
 
 #include <gtest/gtest.h>
 

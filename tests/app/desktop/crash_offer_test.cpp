@@ -1,5 +1,5 @@
 #include "support/app_window.h"
-#include "sys/desktop/file_url.h"
+#include "sys/desktop/folders.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,6 @@
 #include "app/desktop/help_pages.h"
 #include "support/app_window.h"
-#include "sys/desktop/file_url.h"
-#include "sys/desktop/program_data.h"
+#include "sys/desktop/folders.h"
 
 #include <gmock/gmock.h>
 
