@@ -4,6 +4,7 @@
 #include "app/window/main_dialog.h"
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
+#include "play/cubeb_output.h"
 
 #include <clocale>
 #include <cstdio>
@@ -41,7 +42,7 @@ int main(int argc, char** argv) {
     if (service.HandOver(argc > 1 ? argv[1] : ""))
         return 0;
     InstallCrashReport();
-    MainDialog window(toolkit, argc, argv);
+    MainDialog window(toolkit, argc, argv, {.open = OpenCubebChannel});
     service.Serve(window);
     window.Run();
     return 0;

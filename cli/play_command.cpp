@@ -6,6 +6,7 @@
 #include "cli/text.h"
 #include "cli/tone_options.h"
 #include "jobs/sound_input.h"
+#include "play/cubeb_output.h"
 #include "play/sound_player.h"
 #include "sys/desktop/event_loop.h"
 
@@ -45,7 +46,7 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
     CatchInterrupts();
     LEventLoop loop;
     PlayDisplay display(loop, input.source.GetEnd(), input.endless);
-    LSoundPlayer player;
+    LSoundPlayer player(OpenCubebChannel);
     player.SetDevice(device);
     player.SetTitle(std::filesystem::path(name).filename().string());
     player.SetPlayVolume(LDB(static_cast<std::int8_t>(options.volumeDb)));

@@ -57,6 +57,13 @@ function(sonvire_layer folder)
   target_link_libraries(sonvire_${name} PUBLIC sonvire_options ${LAYER_LINKS})
 endfunction()
 
+# sonvire_precompile(TARGET header...): headers of libraries that most files of the target read, compiled once for all.
+function(sonvire_precompile target)
+  target_precompile_headers(${target} PRIVATE ${ARGN})
+  # GCC gives false alarms about std::string here, which it knows to keep to itself where it reads the text of <string>.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
+endfunction()
+
 # sonvire_kernels(NAME file): builds one file of inner loops into the layer once for every instruction set, each time
 # in a namespace of its own (KERNEL_ISA); the code picks one when it runs.
 function(sonvire_kernels name file)

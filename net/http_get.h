@@ -27,8 +27,9 @@ void ProcessReceiveText(ProgressDialog& dialog, LIPSocketTCP& socket, char* text
 }
 
 /// Fetches a page by HTTP 1.0: the first `size` - 1 bytes of the whole reply, headers included, as text. The
-/// time-out is for each step. It is completed wherever a connection was made, even by a user who stops it
-/// later: whether the text is of use is for the caller to see. `size` is not 0.
+/// time-out is for each step. `size` is not 0.
+/// Kept quirk: it is completed wherever a connection was made, even by a user who stops it later; whether the
+/// text is of use is for the caller to see.
 template <class ProgressDialog>
 LProcessResult ProcessHTTPGet(ProgressDialog& dialog, const char* url, char* reply, unsigned long size,
                               int timeoutMs) {

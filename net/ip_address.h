@@ -47,6 +47,6 @@ struct LIPAddressMultiHomedWithPort {
     LIPAddressMultiHomed hosts;
 };
 
-/// Cuts "HOST:PORT" at its colon: the host, and as the answer the port, of whose number the low 16 bits
-/// count. Without a colon the port is `defaultPort`.
+/// Cuts "HOST:PORT" at its colon: the host, and as the answer the port. Without a colon that is
+/// `defaultPort`. Kept quirk: of the port's number the low 16 bits count.
 unsigned short SplitPortFromAddr(const char* address, std::string& host, unsigned short defaultPort);

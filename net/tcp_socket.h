@@ -5,7 +5,7 @@
 #include <cstddef>
 
 /// What a wait, or an operation that may need one, has come to.
-enum class LSocketState {
+enum class [[nodiscard]] LSocketState{
     Waiting, ///< nothing yet
     Ready,
     Failed,
@@ -29,9 +29,9 @@ public:
     /// The same until `Receive` has something to tell, be it that the connection is closed or broken.
     LSocketState WaitToRead(int milliseconds) const;
     /// The number of bytes that could be sent at once, 0 for none yet; -1 where the connection is broken.
-    int Send(const void* data, unsigned int length);
+    [[nodiscard]] int Send(const void* data, unsigned int length);
     /// The number of bytes that are there, up to `length`; 0 where it is closed or broken, or none are there.
-    unsigned long Receive(void* buffer, unsigned long length);
+    [[nodiscard]] unsigned long Receive(void* buffer, unsigned long length);
 
 private:
     int descriptor = -1;

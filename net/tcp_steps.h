@@ -21,7 +21,7 @@ inline LProcessResult ResultOf(LSocketState ended) {
     return ended == LSocketState::Ready ? LProcessResult::Completed : LProcessResult::Failed;
 }
 
-/// Runs `wait(milliseconds)`, which answers an `LSocketState`, slice by slice until it has come to an end.
+/// Runs `wait(milliseconds)`, which returns an `LSocketState`, slice by slice until it has come to an end.
 template <class ProgressDialog, class Wait>
 LProcessResult ProcessWait(ProgressDialog& dialog, int timeoutMs, const Wait& wait) {
     do {

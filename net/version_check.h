@@ -16,7 +16,7 @@ struct LProcessCheckForVersionUpdates {
 
 /// Takes from a server's reply the number after the first "version=" and the text after the first "info=" up
 /// to a "&" or the end. False where either is missing.
-bool ReadVersionReply(const std::string& reply, LProcessCheckForVersionUpdates& job);
+[[nodiscard]] bool ReadVersionReply(const std::string& reply, LProcessCheckForVersionUpdates& job);
 
 /// Runs the job with the version file of any address. What is no such file fails it.
 template <class ProgressDialog>

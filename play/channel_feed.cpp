@@ -16,20 +16,34 @@ std::int16_t ApplyVolume(int sample, int level) {
 
 } // namespace
 
-LChannelFeed::LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing)
+LChannelFeed::LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing,
+                           int expectedLatency)
     : channels(channelCount),
       fadeFrames(std::max(1, rate / FadesPerSecond)),
       ring(std::move(playerRing)),
       volume(LSoundChannel::UnityVolume),
-      fadeLeft(fadeFrames) {}
+      fadeLeft(fadeFrames),
+      latency(static_cast<std::uint64_t>(expectedLatency)) {}
 
 void LChannelFeed::Queue(LSoundPlayerBuffer& buffer) {
+    player.Check();
     const unsigned int at = queued.load(std::memory_order_relaxed);
     queue[at % queue.size()] = &buffer;
     queued.store(at + 1, std::memory_order_release);
 }
 
+void LChannelFeed::SetVolume(std::uint32_t word) {
+    player.Check();
+    volume = word;
+}
+
+void LChannelFeed::FadeOut() {
+    player.Check();
+    fading = true;
+}
+
 void LChannelFeed::Fill(std::int16_t* out, int frames) {
+    output.Check();
     const bool giveUp = fading;
     if (giveUp && !begun)
         fadeLeft = 0;
@@ -84,12 +98,17 @@ void LChannelFeed::ApplyFade(std::int16_t* out, int frames) {
     }
 }
 
-void LChannelFeed::SetHeard(std::uint64_t position) {
+// What an output has asked for since tells what it has played: it asks as it plays. Its position tells only
+// how much is on its way, since after running dry it would have a fade heard that has not been played yet.
+void LChannelFeed::SetPosition(std::uint64_t position) {
+    output.Check();
+    if (position < delivered)
+        latency = std::max(latency, delivered - position);
     const unsigned int before = heard;
-    for (; heard != taken && ends[heard % ends.size()] <= position; ++heard)
+    for (; heard != taken && IsHeard(ends[heard % ends.size()]); ++heard)
         queue[heard % queue.size()]->free = true;
     if (heard != before)
         ring->done.Signal();
-    if (fading && fadeLeft == 0 && soundEnd <= position)
+    if (fading && fadeLeft == 0 && IsHeard(soundEnd))
         *ring->silence = true;
 }

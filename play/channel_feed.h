@@ -1,6 +1,7 @@
 #pragma once
 
 #include "play/player_buffer.h"
+#include "sys/thread_check.h"
 
 #include <array>
 #include <atomic>
@@ -9,32 +10,38 @@
 
 /// What a channel does whatever its output is: hands queued buffers out as the output asks for frames, with
 /// the volume applied, and sets them free as they are heard. Three threads meet here, each with its own
-/// operations; they share single atomics only, and nothing allocates, locks or waits.
+/// operations; they share single atomics only.
 class LChannelFeed {
 public:
-    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing);
+    /// `expectedLatency` is in frames: the least that stands between a frame's being handed out and its being
+    /// heard.
+    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing,
+                 int expectedLatency);
 
-    // Player's thread.
+    /// At most 64 at a time. Thread: player. Blocks: no. Allocates: no.
     void Queue(LSoundPlayerBuffer& buffer);
-    void SetVolume(std::uint32_t word) { volume = word; }
+    /// From the next frame on. Thread: player. Blocks: no. Allocates: no.
+    void SetVolume(std::uint32_t word);
     /// Gives up what is queued: its next 5 ms fade out, and the rest is dropped. Nothing is played of a sound
-    /// that has not begun yet.
-    void FadeOut() { fading = true; }
+    /// that has not begun yet. Thread: player. Blocks: no. Allocates: no.
+    void FadeOut();
 
-    // Output's thread.
-    /// Fills all of `frames` frames, with silence where nothing is queued.
+    /// Fills all of `frames` frames, with silence where nothing is queued. Thread: output. Blocks: no.
+    /// Allocates: no.
     void Fill(std::int16_t* out, int frames);
-    /// `position` counts the frames from `Fill` that have been heard.
-    void SetHeard(std::uint64_t position);
+    /// `position` counts the frames that the output has played by the `Fill` before. It may be ahead of the
+    /// truth: an output that has run dry counts on, and so may one that is only being started. Thread:
+    /// output. Blocks: no. Allocates: no.
+    void SetPosition(std::uint64_t position);
 
-    // Any thread.
-    /// True once the fade-out has been heard to its end.
+    /// True once the fade-out has been heard to its end. Thread: any. Blocks: no. Allocates: no.
     bool IsSilent() const { return *ring->silence; }
 
 private:
     int FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames);
     void ApplyFade(std::int16_t* out, int frames);
     LSoundPlayerBuffer* GetNext();
+    bool IsHeard(std::uint64_t end) const { return end + latency <= delivered; }
 
     std::uint8_t channels;
     int fadeFrames;
@@ -53,5 +60,8 @@ private:
     bool begun = false;
     std::uint64_t delivered = 0; ///< frames handed out, silence included
     std::uint64_t soundEnd = 0;  ///< `delivered` after the last frame that was not filled up
+    std::uint64_t latency;       ///< the most frames that have been on their way
     std::array<std::uint64_t, LSoundPlayerRing::Buffers> ends{}; ///< of each taken buffer, in `delivered`
+
+    LThreadCheck player, output;
 };

@@ -1,6 +1,7 @@
 #include "play/cubeb_output.h"
 
 #include "play/channel_feed.h"
+#include "play/jack_guard.h"
 #include "play/pulse_pin.h"
 #include "sys/background.h"
 
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <string_view>
 #include <thread>
 
 namespace {
@@ -20,27 +22,44 @@ constexpr std::chrono::seconds ListTimeout{2};
 constexpr std::chrono::seconds OpenTimeout{5};
 /// What stands between a frame and its being heard, and so between a stop and silence.
 constexpr int LatencyMs = 35;
-constexpr std::chrono::milliseconds FadeTimeout{250};
+/// A fade takes as long as the machine is slow, but what has not been heard by then is stuck.
+constexpr std::chrono::seconds FadeTimeout{2};
 constexpr std::chrono::milliseconds FadePoll{2};
 
-/// A connection to the sound server.
+int GetLatencyFrames(const LSoundChannelRequest& request) {
+    return std::max(1, request.rate * LatencyMs / 1000);
+}
+
+/// A connection to the first of these that is there: PulseAudio (or PipeWire in its place), JACK, ALSA.
 class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (cubeb_init(&context, ProgramName, nullptr) != CUBEB_OK)
-            context = nullptr;
+        if (!Open("pulse") && !(IsJackRunning() && Open("jack")))
+            Open("alsa");
     }
-    ~Context() {
-        if (context)
-            cubeb_destroy(context);
-    }
+    ~Context() { Close(); }
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
 
     cubeb* Get() const { return context; }
 
 private:
+    /// cubeb takes another backend where this one is not there; such a one is not kept.
+    bool Open(const char* backend) {
+        if (cubeb_init(&context, ProgramName, backend) != CUBEB_OK)
+            context = nullptr;
+        if (context &&
+            !std::string_view(cubeb_get_backend_id(context)).starts_with(backend)) // or "pulse-rust"
+            Close();
+        return context != nullptr;
+    }
+    void Close() {
+        if (context)
+            cubeb_destroy(context);
+        context = nullptr;
+    }
+
     cubeb* context = nullptr;
 };
 
@@ -79,7 +98,7 @@ private:
 struct Shared {
     explicit Shared(const LSoundChannelRequest& asked)
         : request(asked),
-          feed(asked.rate, asked.channels, asked.ring) {}
+          feed(asked.rate, asked.channels, asked.ring, GetLatencyFrames(asked)) {}
 
     /// Only what is still opening goes on to another state, so that a failure is final.
     void FinishOpening(LSoundChannelState next) {
@@ -90,6 +109,7 @@ struct Shared {
     void Fail() {
         LSoundChannelState before = LSoundChannelState::Open;
         state.compare_exchange_strong(before, LSoundChannelState::Lost);
+        *request.ring->silence = true;
         FinishOpening(LSoundChannelState::NoOutput);
     }
 
@@ -103,9 +123,10 @@ struct Shared {
 long FillOutput(cubeb_stream* stream, void* user, const void* /*input*/, void* output, long frames) {
     LChannelFeed& feed = static_cast<Shared*>(user)->feed;
     std::uint64_t position = 0;
-    if (stream && cubeb_stream_get_position(stream, &position) == CUBEB_OK)
-        feed.SetHeard(position);
+    const bool known = stream && cubeb_stream_get_position(stream, &position) == CUBEB_OK;
     feed.Fill(static_cast<std::int16_t*>(output), static_cast<int>(frames));
+    if (known)
+        feed.SetPosition(position);
     return frames; // never less: silence follows the end until all of it has been heard
 }
 
@@ -125,10 +146,9 @@ public:
                                    .channels = request.channels,
                                    .layout = CUBEB_LAYOUT_UNDEFINED,
                                    .prefs = CUBEB_STREAM_PREF_DISABLE_DEVICE_SWITCHING};
-        const int latency = std::max(1, request.rate * LatencyMs / 1000);
         if (cubeb_stream_init(context.Get(), &stream, request.title.c_str(), nullptr, nullptr, device,
-                              &format, static_cast<std::uint32_t>(latency), FillOutput, NoteState,
-                              &shared) != CUBEB_OK)
+                              &format, static_cast<std::uint32_t>(GetLatencyFrames(request)), FillOutput,
+                              NoteState, &shared) != CUBEB_OK)
             stream = nullptr;
     }
     ~Stream() {
@@ -146,7 +166,7 @@ private:
     cubeb_stream* stream = nullptr;
 };
 
-/// Not for longer than a fade can take: an output that has died never gets there.
+/// Not for ever: an output that hangs never gets there.
 void WaitForSilence(const std::atomic<bool>& silence) {
     const Clock::time_point latest = Clock::now() + FadeTimeout;
     while (!silence && Clock::now() < latest)
@@ -154,9 +174,9 @@ void WaitForSilence(const std::atomic<bool>& silence) {
 }
 
 LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, Shared& shared) {
-    Stream stream(context, device, shared);
     if (shared.request.after)
         WaitForSilence(*shared.request.after); // both at once would be too loud
+    Stream stream(context, device, shared);    // not before: its position would count the wait
     if (!stream.Play())
         return LSoundChannelState::NoOutput;
     shared.FinishOpening(LSoundChannelState::Open);

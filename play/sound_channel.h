@@ -27,26 +27,29 @@ struct LSoundChannelRequest {
 };
 
 /// A way to one output device, for the frames of one playback. Sets a buffer free and signals the ring's
-/// `done` from a thread of its own. The player thread calls it, and no call waits. It stays with the device
-/// that it was opened on.
+/// `done` from a thread of its own. It stays with the device that it was opened on.
 class LSoundChannel {
 public:
     /// Volume word: the right level in the high 16 bits, the left in the low 16 bits, 0..256.
     static constexpr std::uint32_t UnityVolume = 0x01000100;
 
     LSoundChannel() = default;
-    /// What the output has not taken yet fades out over 5 ms and is silent from then on.
+    /// What the output has not taken yet fades out over 5 ms and is silent from then on. Thread: player.
+    /// Blocks: no. Allocates: yes.
     virtual ~LSoundChannel() = default;
     LSoundChannel(const LSoundChannel&) = delete;
     LSoundChannel& operator=(const LSoundChannel&) = delete;
 
     /// Buffers are heard in the order in which they are queued, at most 64 at a time; also before the channel
-    /// is open.
+    /// is open. Thread: player. Blocks: no. Allocates: no.
     virtual void Queue(LSoundPlayerBuffer& buffer) = 0;
-    /// From the next frame that the output takes. Unity until it is set.
+    /// From the next frame that the output takes. Unity until it is set. Thread: player. Blocks: no.
+    /// Allocates: no.
     virtual void SetVolume(std::uint32_t word) = 0;
+    /// Thread: player. Blocks: no. Allocates: no.
     virtual LSoundChannelState GetState() const = 0;
 };
 
-/// Starts to open a channel and returns at once; what becomes of it is the channel's state.
+/// Starts to open a channel and returns at once; what becomes of it is the channel's state. Thread: player.
+/// Blocks: no. Allocates: yes.
 using LSoundChannelOpener = std::function<std::unique_ptr<LSoundChannel>(const LSoundChannelRequest&)>;

@@ -28,8 +28,8 @@ inline constexpr int UnityGain = 1 << 24;
     return shift > 31 ? 0 : static_cast<int>(static_cast<std::uint32_t>(value) << shift);
 }
 
-/// sample * gain / 2^24 from 12-bit halves, which keeps every product within 32 bits for gains up to 1.0. The
-/// product of the two low halves is dropped on purpose: the result is part of the sound, to the bit.
+/// sample * gain / 2^24 from 12-bit halves, which keeps every product within 32 bits for gains up to 1.0.
+/// Kept quirk: the product of the two low halves is dropped; the result is part of the sound, to the bit.
 [[gnu::always_inline]] constexpr int SplitProduct(int sample, int gain) {
     const int sampleHigh = sample >> 12, sampleLow = sample & 0xFFF;
     const int gainHigh = gain >> 12, gainLow = gain & 0xFFF;

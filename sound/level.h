@@ -45,13 +45,14 @@ private:
     std::array<LDB, MaxChannels> levels;
 };
 
-/// Measurements of a buffer of interleaved internal samples. None of them allocates or locks.
+/// Measurements of a buffer of interleaved internal samples.
+/// Thread: any. Blocks: no. Allocates: no.
 
 /// The largest magnitude among all samples; 0 for an empty buffer.
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels);
 
-/// The mean of (sample >> 5)^2 over all samples, from 32-bit sums whose lowest bits are dropped on purpose; 0
-/// for an empty buffer.
+/// The mean of (sample >> 5)^2 over all samples; 0 for an empty buffer.
+/// Kept quirk: it is made of 32-bit sums whose lowest bits are dropped.
 std::uint32_t GetBufferMeanSquare(const int* buffer, int frames, std::uint8_t channels);
 
 /// The same for one channel alone (0 is the first).

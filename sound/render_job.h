@@ -67,8 +67,8 @@ LProcessResult Process(ProgressDialog& dialog, LPRSourceToSink& job) {
         sink->Write(block.data(), frames);
         if (sink->status != 0)
             return ExplainShortWrite(dialog, *sink);
-        dialog.PBSetProgress(ProgressBar,
-                             progress); // one block behind on purpose: it never shows the full mark
+        // Kept quirk: the bar is one block behind and never full.
+        dialog.PBSetProgress(ProgressBar, progress);
     }
     return LProcessResult::Completed;
 }

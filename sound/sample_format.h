@@ -4,8 +4,9 @@
 #include <cstdint>
 
 /// External sample formats: each names the type of one stored sample and how it converts to and from an
-/// internal one. Nothing is clipped on the way out: a value beyond the format's range keeps its low bits, so
-/// +524272 in 8 bits wraps to byte 0. That is meant; levels are the peak limiter's business.
+/// internal one.
+/// Kept quirk: nothing is clipped on the way out. A value beyond the format's range keeps its low bits, so
+/// +524272 in 8 bits wraps to byte 0; levels are the peak limiter's business.
 
 /// Unsigned 8-bit, 128 is silence.
 struct LSFU8 {
@@ -46,7 +47,15 @@ private:
 
 /// Converts `count` single samples (frames * channels) from and to an external format; the buffers don't
 /// overlap.
+/// Thread: any. Blocks: no. Allocates: no.
 template <class Format>
-void ConvertSamplesIn(int* out, const typename Format::Stored* in, int count);
+void ConvertSamplesIn(int* out, const typename Format::Stored* in, int count) {
+    for (int i = 0; i < count; ++i)
+        out[i] = Format::In(in[i]);
+}
+
 template <class Format>
-void ConvertSamplesOut(typename Format::Stored* out, const int* in, int count);
+void ConvertSamplesOut(typename Format::Stored* out, const int* in, int count) {
+    for (int i = 0; i < count; ++i)
+        out[i] = Format::Out(in[i]);
+}

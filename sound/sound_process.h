@@ -15,15 +15,21 @@ public:
 protected:
     /// Shares the input and takes over its rate, channels and peak; `SoundInputUnusable` where the input has
     /// a status.
-    explicit LSoundProcessBase(const LSoundSource& wrapped);
+    explicit LSoundProcessBase(const LSoundSource& wrapped)
+        : LSoundSourceBase(wrapped->sampleRate, wrapped->channels, wrapped->peakMax),
+          input(wrapped) {
+        if (input->status != SoundUsable)
+            status = SoundInputUnusable;
+    }
 
     LSoundSource input;
 };
 
-/// Configured once, then applied to sources: answers the source wrapped in a stage, or the source itself
+/// Configured once, then applied to sources: returns the source wrapped in a stage, or the source itself
 /// where no stage is needed. The only way in which stages are put on a chain.
 class LSoundProcessor {
 public:
     virtual ~LSoundProcessor() = default;
+    /// Thread: builder. Blocks: no. Allocates: yes.
     virtual LSoundSource OpenSource(const LSoundSource& input) const = 0;
 };

@@ -25,9 +25,16 @@ enum LSoundStatus : std::uint8_t {
     SoundUnsupportedFormat = 5, ///< a kind of file that is not read
 };
 
-/// Hands out blocks of frames on request. Reached through `LSoundSource` handles only. Built on the thread
-/// that assembles a chain; from then on one thread at a time reads it. `Read` does not lock, and allocates
-/// only where its class says so.
+/// Hands out blocks of frames on request. Reached through `LSoundSource` handles only.
+///
+/// A method says which thread calls it, whether it may block, which is to wait for another thread or the
+/// clock (files and pipes take the time that they take), and whether it may allocate. The threads have fixed
+/// names:
+/// - builder: whoever assembles a chain, and has it to himself until he hands it on;
+/// - reader: the one thread at a time that from then on reads the source, or writes the sink;
+/// - any: each, and several at once.
+///
+/// Where a class allocates in a method that says no here, its own method says so.
 class LSoundSourceBase {
 public:
     LSoundSourceBase(const LSoundSourceBase&) = delete;
@@ -36,18 +43,27 @@ public:
 
     /// Fills all of `frames` * `channels` samples; what the source does not have is silence. There is no
     /// short read.
+    /// Thread: reader. Blocks: no. Allocates: no.
     virtual void Read(int* buffer, int frames) = 0;
     /// The frame that `Read` delivers next.
+    /// Thread: builder, reader. Blocks: no. Allocates: no.
     virtual int GetPositionSample() const = 0;
     /// The frame at which the material ends. `Read` does not stop there.
+    /// Thread: builder, reader. Blocks: no. Allocates: no.
     virtual int GetEndSample() const = 0;
+    /// Goes to a frame; silence lies before the beginning and behind the end. A source without places, such
+    /// as noise, stays where it is.
+    /// Thread: builder, reader. Blocks: no. Allocates: yes.
     virtual void Seek(int frame);
     /// True while the data is still arriving and the end may grow.
+    /// Thread: builder, reader. Blocks: no. Allocates: no.
     virtual bool IsStreaming() const;
-    /// Waits for more data, at most for the time given. Blocks.
+    /// Waits for more data, at most for the time given.
+    /// Thread: reader. Blocks: yes. Allocates: no.
     virtual void WaitForStreamingData(int milliseconds);
     /// Gives back what can be had again (an open file, a table) until the next `Seek`, before which it is not
     /// read. For sources that wait their turn, or have had it, among thousands.
+    /// Thread: builder, reader. Blocks: no. Allocates: no.
     virtual void Unload();
 
     int sampleRate;        ///< frames per second, at least 1
@@ -61,7 +77,8 @@ protected:
     LSoundSourceBase(int rate, std::uint8_t channelCount, int peak);
 };
 
-/// Stands in for a source that could not be had: silence of length 0 at 11025 Hz, mono.
+/// Stands in for a source that could not be had: silence of length 0 at 11025 Hz, mono. Nothing in it changes
+/// once it is made.
 class LSoundSourceError : public LSoundSourceBase {
 public:
     explicit LSoundSourceError(std::uint8_t code = SoundNothing);
@@ -72,18 +89,21 @@ public:
 };
 
 /// The handle by which every source is held.
-class LSoundSource : public LSharedHandle<LSoundSourceBase, LSoundSourceError> {
+class [[nodiscard]] LSoundSource : public LSharedHandle<LSoundSourceBase, LSoundSourceError> {
 public:
     using LSharedHandle::LSharedHandle;
 
+    /// Thread: builder. Blocks: no. Allocates: yes.
     template <class Source, class... Arguments>
     static LSoundSource Make(Arguments&&... arguments) {
         return LSoundSource(new Source(std::forward<Arguments>(arguments)...));
     }
 
     /// The whole length.
+    /// Thread: builder, reader. Blocks: no. Allocates: no.
     LSoundTime GetEnd() const;
 };
 
 /// Writes `frames` frames of silence.
+/// Thread: any. Blocks: no. Allocates: no.
 void ClearAudioBuffer(int* buffer, int frames, std::uint8_t channels);

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr unsigned int EndOfProgramMs = 1000;
+constexpr unsigned int EndOfProgramMs = 2000;
 
 struct Pending {
     bool WaitUntilNone(unsigned int milliseconds) {

@@ -11,7 +11,7 @@
 
 /// Where the window's sound goes.
 struct MainOutputs {
-    LSoundChannelOpener open = OpenCubebChannel;
+    LSoundChannelOpener open;
     std::function<std::vector<std::string>()> listNames = GetOutputNames; ///< called on any thread
 };
 
@@ -19,8 +19,7 @@ struct MainOutputs {
 /// one run to the next. Its parts do the work, each by itself; the window connects them.
 class MainDialog : public LMainWindow, private LKeyHandler {
 public:
-    MainDialog(LToolkit& windowToolkit, int argumentCount, const char* const* arguments,
-               MainOutputs outputs = {});
+    MainDialog(LToolkit& windowToolkit, int argumentCount, const char* const* arguments, MainOutputs outputs);
 
     void Command(int command) override;
     void EvDropFiles(const std::vector<std::string>& paths) override;

@@ -8,6 +8,6 @@ struct LIMAADPCM {
     int predictor = 0; ///< -32768..32767
     int stepIndex = 0; ///< 0..88
 
-    /// Decodes the low four bits; answers an internal sample, the predictor * 16.
+    /// Decodes the low four bits; returns an internal sample, the predictor * 16.
     int DecodeSample(unsigned char nibble);
 };

@@ -41,7 +41,7 @@ void LIMASoundSource::Read(int* buffer, int frames) {
     std::fill(buffer + leading + got, buffer + frames, 0);
 }
 
-/// Answers how many samples there were; fewer than wanted only where the file is cut short.
+/// Returns how many samples there were; fewer than wanted only where the file is cut short.
 int LIMASoundSource::Decode(int* buffer, int wanted) {
     int done = 0;
     while (done < wanted) {
@@ -71,7 +71,7 @@ bool LIMASoundSource::StartBlock(int& firstSample) {
     return true;
 }
 
-/// Decodes a stretch of the current block, at most 512 bytes of it; answers how many samples it gave.
+/// Decodes a stretch of the current block, at most 512 bytes of it; returns how many samples it gave.
 int LIMASoundSource::DecodeInBlock(int* buffer, int wanted) {
     int done = 0;
     if (nibblePending) {

@@ -18,8 +18,8 @@ public:
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override { return position; }
     int GetEndSample() const override { return endSample; }
-    /// Decodes at most 8192 samples to get from the block's start to the place, so that in blocks of more
-    /// than 4100 bytes a seek can land short of it. That limit is meant.
+    /// Kept quirk: at most 8192 samples are decoded to get from the block's start to the place, so that in
+    /// blocks of more than 4100 bytes a seek can land short of it.
     void Seek(int sample) override;
     /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
     void Unload() override { file.Suspend(); }
@@ -41,6 +41,6 @@ private:
     bool nibblePending = false;  ///< its high half has not
 };
 
-/// Opens a reader for one channel; any other layout answers a handle with nothing behind it.
+/// Opens a reader for one channel; any other layout gives a handle with nothing behind it.
 LSoundSource LIMAWaveOpenSource(LReadFile& file, std::uint32_t dataBytes, int rate, std::uint8_t channels,
                                 unsigned int blockAlign);

@@ -25,8 +25,8 @@ int LSRCPCMFileBase::GetEndSample() const {
         return endSample;
     if (!file.IsOpen())
         return endWhenUnloaded;
-    // The length stands right before the data. It is read in the host's byte order on purpose, as a writer on
-    // the same machine leaves it.
+    // The length stands right before the data.
+    // Kept quirk: it is read in the host's byte order, as a writer on the same machine leaves it.
     const std::int64_t offset = file.GetOffset();
     std::uint32_t dataBytes = UnknownDataBytes;
     file.SeekTo(dataStart - static_cast<int>(sizeof dataBytes));
@@ -76,7 +76,7 @@ void LSRCPCMFile<Format>::Read(int* buffer, int frames) {
     std::fill(end, buffer + samples(frames), 0);
 }
 
-/// Answers how many single samples the file had, which is fewer than asked for where it is cut short.
+/// Returns how many single samples the file had, which is fewer than asked for where it is cut short.
 template <class Format>
 int LSRCPCMFile<Format>::ReadSamples(int* buffer, int frames) {
     std::array<typename Format::Stored, 16384> stored;

@@ -26,7 +26,7 @@ protected:
     LSRCPCMFileBase(LReadFile&& opened, int rate, std::uint8_t channelCount, int limit,
                     std::uint32_t bytesPerSample, std::uint32_t dataBytes);
 
-    /// Moves the position on by `count` frames and answers which of them the file may have: `leading` frames
+    /// Moves the position on by `count` frames and returns which of them the file may have: `leading` frames
     /// of silence first, then `wanted` frames of the file; silence is what remains.
     struct Request {
         int leading;

@@ -28,8 +28,8 @@ std::int32_t GetPaddedSize(std::uint32_t size) {
     return static_cast<std::int32_t>((size + 1) & ~1u);
 }
 
-/// Finds "RIFF" ... "WAVE", past units of other kinds. Their sizes are read in the host's byte order on
-/// purpose.
+/// Finds "RIFF" ... "WAVE", past units of other kinds.
+/// Kept quirk: their sizes are read in the host's byte order.
 bool FindWave(LReadFile& file) {
     for (int chunk = 0; chunk < MaxChunks; ++chunk) {
         struct {
@@ -47,8 +47,9 @@ bool FindWave(LReadFile& file) {
     return false;
 }
 
-/// Walks to the chunk named `name` and answers its size. `convertSize` tells whether the chunks before it are
-/// skipped by their little-endian size or, on purpose, by what the host's byte order makes of it.
+/// Walks to the chunk named `name` and returns its size. `convertSize` tells whether the chunks before it are
+/// skipped by their little-endian size.
+/// Kept quirk: else it is by what the host's byte order makes of it.
 std::optional<std::uint32_t> FindChunk(LReadFile& file, const char (&name)[5], bool convertSize) {
     for (int chunk = 0; chunk < MaxChunks; ++chunk) {
         ChunkHeader header;
@@ -63,7 +64,8 @@ std::optional<std::uint32_t> FindChunk(LReadFile& file, const char (&name)[5], b
     return {};
 }
 
-/// Reads the format block. The pad byte of one with an odd size is not skipped.
+/// Reads the format block.
+/// Kept quirk: the pad byte of one with an odd size is not skipped.
 std::optional<LWaveFileFormat> ReadFormat(LReadFile& file) {
     const std::optional<std::uint32_t> size = FindChunk(file, "fmt ", false);
     if (!size || *size < MinFormatBytes || *size > MaxFormatBytes)

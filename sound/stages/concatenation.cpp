@@ -99,7 +99,7 @@ void LSSRCCat::Read(int* buffer, int frames) {
     }
 }
 
-/// Answers how many frames of the current item there were. The item fills the whole request all the same:
+/// Returns how many frames of the current item there were. The item fills the whole request all the same:
 /// what lies past its end is overwritten by what follows.
 int LSSRCCat::ReadCurrent(int* buffer, int frames) {
     if (IsPlayable(current)) {
@@ -139,8 +139,7 @@ void LSSRCCat::Seek(int target) {
     current->Unload();
     current.Close();
     position = target;
-    silenceLeft =
-        sampleRate; // a list without items plays this second of silence once; it is not part of its length
+    silenceLeft = sampleRate; // Kept quirk: only a list without items plays this second
 }
 
 int LSSRCCat::GetEndSample() const {

@@ -7,6 +7,7 @@
 
 /// A list of sources and silences that play one after another. An item whose source has a status plays as
 /// silence of its silence length, which for a source is 0.
+/// Kept quirk: a negative silence plays nothing and counts as it is.
 class LSoundSourceCat {
 public:
     struct Item {
@@ -14,7 +15,7 @@ public:
         LSoundTime silence;
     };
 
-    /// Appends; the list shares the source.
+    /// Appends; the list shares the source. Nothing is allocated but the list itself.
     void AddSource(const LSoundSource& source);
     void AddSilence(LSoundTime time);
 
@@ -23,7 +24,8 @@ public:
 
     /// The list as one source; it keeps the items, so the list may be cleared. Every item is converted to
     /// this format as it is reached; `peakMax` is the largest of the items' own, without what a conversion
-    /// may add. That is meant.
+    /// may add.
+    /// Thread: builder. Blocks: no. Allocates: yes.
     LSoundSource OpenSource(int rate, std::uint8_t channels) const;
     /// At the largest rate and channel count of the items, 8000 Hz and mono where there are none.
     LSoundSource OpenSource() const;
@@ -33,17 +35,24 @@ private:
 };
 
 /// A concatenation that plays. Walks the items forward once; only a seek goes back. Opening an item seeks it
-/// to 0 and may allocate for its conversion; an item that has had its turn is unloaded.
+/// to 0; an item that has had its turn is unloaded.
+/// Kept quirk: how long a converted item plays depends on the sizes in which it is read, as its converter's
+/// position lags by a few frames. So the blocks of the limiter and of the render job have exactly their
+/// sizes.
 class LSSRCCat : public LSoundSourceBase {
 public:
     LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCount, int peak);
 
+    /// Thread: reader. Blocks: no. Allocates: yes, for the conversion of an item that it opens.
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override { return position; }
     /// What has been played and what is left. Items not opened yet count in their own rates, unconverted;
     /// that is how the length is defined, and exact where all have the list's rate.
     int GetEndSample() const override;
     /// Opens every item anew from the first one on. Beyond the end lies silence.
+    /// Kept quirk: before the beginning it lasts twice as long, as the first item is sought there, too.
+    /// Kept quirk: an empty list, once sought, plays one second of silence that the total of a list around it
+    /// does not count.
     void Seek(int target) override;
     bool IsStreaming() const override;
     /// May wait twice: for the current item and for the next one.

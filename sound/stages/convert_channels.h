@@ -10,14 +10,15 @@ class LSRCConvChannels : public LSoundProcessBase {
 protected:
     LSRCConvChannels(const LSoundSource& wrapped, std::uint8_t outChannels);
 
-    /// Reads at most 8192 frames of the input into the work buffer and answers how many.
+    /// Reads at most 8192 frames of the input into the work buffer and returns how many.
     int ReadInput(int framesWanted);
 
     std::vector<int> work;
 };
 
 /// Adds left and right. They are summed, not averaged: what is equal in both comes out twice as loud. The
-/// internal scale has room for it, and `peakMax` stays the input's on purpose.
+/// internal scale has room for it.
+/// Kept quirk: `peakMax` stays the input's.
 class LSRCConvStereoMono : public LSRCConvChannels {
 public:
     explicit LSRCConvStereoMono(const LSoundSource& wrapped) : LSRCConvChannels(wrapped, 1) {}

@@ -21,8 +21,11 @@ public:
 
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override;
+    /// Kept quirk: while the input is streaming, the frames that the filter's second half needs are lost.
     int GetEndSample() const override;
     /// Puts the input 31 frames before the place, so that the filter's span is full when output resumes.
+    /// Kept quirk: that is -31 for the beginning, too, so that what the input plays before its own beginning
+    /// counts; and the position after a seek can be one less, as it is truncated twice.
     void Seek(int target) override;
 
 private:

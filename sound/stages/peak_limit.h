@@ -17,7 +17,7 @@ public:
 
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override;
-    /// Less the three blocks of delay while the input is streaming: those frames are lost.
+    /// Kept quirk: while the input is streaming, less the three blocks of delay; those frames are lost.
     int GetEndSample() const override;
     void Seek(int frame) override;
 

@@ -3,7 +3,8 @@
 #include "sound/sound_process.h"
 
 /// Loops: plays the input from where it stands to the loop end, goes back to the loop start, and on for ever.
-/// A loop of less than 256 frames plays 256 frames on every pass, so that it never spins on tiny reads.
+/// Kept quirk: a loop of less than 256 frames plays 256 frames on every pass, so that it never spins on tiny
+/// reads.
 class LSRCRepeat : public LSoundProcessBase {
 public:
     /// In frames; given the other way round, the two are swapped.
@@ -12,10 +13,11 @@ public:
     /// A request that ends at the loop end goes back before it returns. With a status, leaves the buffer as
     /// it was.
     void Read(int* buffer, int frames) override;
-    /// Eight seconds past the loop end, so that what has no end shows a stable length. That is meant.
+    /// Kept quirk: eight seconds past the loop end, so that what has no end shows a stable length.
     int GetEndSample() const override;
-    /// At or past the loop end: the place within the loop, counted from the input's beginning rather than
-    /// from the loop start; that is meant, and the same for a loop that starts at 0.
+    /// At or past the loop end: the place within the loop.
+    /// Kept quirk: it is counted from the input's beginning rather than from the loop start, which differ
+    /// where the loop does not start at 0; an empty loop goes to its start.
     void Seek(int target) override;
 
 private:

@@ -13,9 +13,10 @@ class LConvertRateBase {
 public:
     static constexpr int MaxPhases = 255;
 
-    /// The fraction is the first M/N that comes within 0.001 of inRate / outRate, else the closest one; it
-    /// can be off by a little, which detunes by as much (8000 to 44100 Hz by 0.23%). `wide` widens the
-    /// transition band of a reduction, for a stage that another one follows.
+    /// The fraction is the first M/N that comes within 0.001 of inRate / outRate, else the closest one; it is
+    /// 1/1 where the ratio is below about 1/510. `wide` widens the transition band of a reduction, for a
+    /// stage that another one follows.
+    /// Kept quirk: the fraction detunes by as much as it is off (8000 to 44100 Hz by 0.23%).
     LConvertRateBase(int inRate, int outRate, int taps, bool wide);
 
     int GetPhases() const { return phases; } ///< N, 1..255

@@ -1,11 +1,15 @@
 #include "play/sound_player.h"
+#include "sound/files/wave_file.h"
 #include "support/array_source.h"
 #include "support/owner.h"
 #include "support/process.h"
 #include "support/reference.h"
+#include "support/temp_dir.h"
 #include "support/test_output.h"
 
 #include <gmock/gmock.h>
+
+#include <thread>
 
 namespace {
 
@@ -142,6 +146,20 @@ TEST_F(Player, AStopFadesOutOver5Ms) {
     EXPECT_TRUE(output.GetFeed()->IsSilent());
 }
 
+TEST_F(Player, AFadeIsNotOverBeforeItIsHeardHoweverFarTheOutputCountsOn) {
+    ASSERT_TRUE(Play(Constant(10000, 8000, 8000), 8000));
+    output.Take(900, 60);
+    output.Take(700, 40); // 60 frames were on their way once
+    ASSERT_TRUE(WaitForEvents(4));
+    EXPECT_EQ(owner.events.back(), "time 100") << "1540 frames are heard";
+    player.Stop();
+    output.Take(40, -5000); // the fade, after a time without frames
+    output.Take(59, -5000);
+    EXPECT_FALSE(output.GetFeed()->IsSilent());
+    output.Take(1, -5000);
+    EXPECT_TRUE(output.GetFeed()->IsSilent());
+}
+
 TEST_F(Player, AStopBeforeTheFirstFrameOrAtTheLastHasNothingToFade) {
     for (const int taken : {0, 100}) {
         ASSERT_TRUE(Play(Constant(10000, 100, 8000), 100));
@@ -228,6 +246,20 @@ TEST_F(Player, WhatIsTooLoudIsLimited) {
     EXPECT_THAT(output.Take(8000), Each(AllOf(Ge(32700), Le(32767)))) << "not wrapped around";
 }
 
+#ifndef NDEBUG
+TEST_F(Player, EveryThreadKeepsToItsPart) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
+    output.Take(1);
+    const std::function<void()> calls[] = {
+        [this] { player.SetTitle("of another thread's"); }, [this] { player.Stop(); },
+        [this] { static_cast<void>(player.GetStatus()); }, [this] { output.Take(1); }};
+    for (const auto& call : calls)
+        EXPECT_DEATH(std::thread(call).join(), "another thread");
+    EXPECT_DEATH(output.GetFeed()->FadeOut(), "another thread") << "which is the playback's";
+}
+#endif
+
 class GrowingSource : public LSoundSourceBase {
 public:
     GrowingSource() : LSoundSourceBase(1000, 1, FullScale16) {}
@@ -260,6 +292,34 @@ TEST_F(Player, AStreamingSourceIsWaitedForAndReportedMeanwhile) {
     growing->streaming = false;
     ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
     EXPECT_EQ(*(owner.events.end() - 2), "time 80");
+}
+
+TEST_F(Player, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
+    const TempDir folder;
+    const std::string path = folder / "growing.wav";
+    const std::vector<int> samples = Numbered(30000);
+    const std::vector<std::int16_t> stored(samples.begin(), samples.end());
+    const std::string data(reinterpret_cast<const char*>(stored.data()), 2 * stored.size());
+    WriteBytes(path,
+               std::string("RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0"
+                           "data\xFF\xFF\xFF\xFF",
+                           44));
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out | std::ios::ate);
+    file << data.substr(0, 2000) << std::flush;
+    ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
+    std::vector<int> played;
+    for (std::size_t at = 2000; at <= data.size(); at += 14500) {
+        const int frames = static_cast<int>(at / 2 - played.size());
+        ASSERT_TRUE(WaitForQueue(static_cast<int>(at / 2)));
+        const std::vector<int> piece = output.Take(frames);
+        played.insert(played.end(), piece.begin(), piece.end());
+        file << data.substr(at, 14500) << std::flush;
+    }
+    EXPECT_EQ(played, samples);
+    EXPECT_TRUE(player.IsPlaying());
+    file.seekp(40) << std::string("\x60\xEA\0\0", 4) << std::flush; // 60000 bytes
+    ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
+    EXPECT_EQ(*(owner.events.end() - 2), "time 680");
 }
 
 TEST_F(Player, AThousandPlaybacksLeaveNothingBehind) {

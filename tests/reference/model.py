@@ -1,15 +1,18 @@
 #!/usr/bin/env python3
 """A second implementation of the sound path, in plain integers and exact decimals, for expected values.
 
-usage: model.py        prints a line per case: its name, the CRC-32 of its samples, its first and last ones
+usage: model.py              prints a line per case: the CRC-32 of its samples and its name
+       model.py --samples    with its first and last samples
+       model.py --check      compares the lines with those of hashes.txt, which the tests read
 
-The samples are hashed as little-endian 32-bit integers. The tests hold these numbers; nothing of the program's own code
-went into them.
+The samples are hashed as little-endian 32-bit integers. Nothing of the program's own code went into these numbers.
 """
 import decimal
 import math
+import pathlib
 import random
 import struct
+import sys
 import zlib
 from decimal import Decimal as D
 
@@ -120,10 +123,11 @@ class Feed:
         self.samples, self.channels, self.position = samples, channels, 0
 
     def read(self, frames):
-        a = self.position * self.channels
+        a, count = self.position * self.channels, frames * self.channels
         self.position += frames
-        got = self.samples[a : a + frames * self.channels]
-        return got + [0] * (frames * self.channels - len(got))
+        before = [0] * min(count, max(0, -a))
+        got = before + self.samples[max(0, a) : max(0, a + count)]
+        return got + [0] * (count - len(got))
 
 
 def limited(feed, rate, limit, frames):
@@ -192,12 +196,18 @@ def coefficients(inrate, outrate, wide):
     return n, m, rows
 
 
-def converted(feed, inrate, outrate, frames, wide=False):
-    """As one stage. The buffer holds everything that was read; only the reach of a refill is rescaled."""
+def converted(feed, inrate, outrate, frames, wide=False, start=None):
+    """As one stage, sought to `start` first. The buffer holds everything that was read; only the reach of a refill is
+    rescaled."""
     c = feed.channels
     n, m, rows = coefficients(inrate, outrate, wide)
     buffer = [[0] * c for _ in range(63)]
     span, fill, acc, shift = 32, 0, 0, 0
+    if start is not None:
+        feed.position = trunc_div(start, n) * m + trunc_div(m * trunc_mod(start, n), n) - 31
+        acc = trunc_mod(trunc_mod(start, n) * m, n) % n
+        got = feed.read(31)
+        buffer[32:] = [got[i * c : i * c + c] for i in range(31)]
     out = []
     for _ in range(frames):
         span += acc // n
@@ -289,37 +299,53 @@ def noise(count, peak):
     return out
 
 
-def show(name, samples):
-    crc = zlib.crc32(struct.pack("<%di" % len(samples), *samples))
-    print("%-34s 0x%08X  %s ... %s" % (name, crc, samples[:4], samples[-2:]), flush=True)
-
-
 STEPS = [100.0 * (i + 1) for i in range(16)]
 
 
-def main():
-    show("sine 1000", tone(10000))
-    show("square 441.5", tone(10000, 1, [441.5]))
-    show("triangular 60", tone(10000, 2, [60.0]))
-    show("saw 7000.25", tone(10000, 3, [7000.25]))
-    show("impulse 441", tone(10000, 4, [441.0]))
-    show("negative -440", tone(10000, 0, [-440.0]))
-    show("levels", tone(10000, 0, [440.0, 1000.0, 3000.0], db=[-6, -20, -127]))
-    show("stereo", tone(10000, 0, [440.0, 880.0], right=[443.0, 660.0]))
-    show("linear sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000))
-    show("log sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000, log=True))
-    show("stereo log sweep", tone(20000, 3, [20.0, 50.0], [30.0, 9000.0], [20000.0, 60.0], [300.0, 90.0], ms=700, log=True))
-    show("white noise, seed 7", white(7, 200000))
-    show("pink noise, seed 7", pink(7, 200000))
+def cases():
+    yield "sine 1000", tone(10000)
+    yield "square 441.5", tone(10000, 1, [441.5])
+    yield "triangular 60", tone(10000, 2, [60.0])
+    yield "saw 7000.25", tone(10000, 3, [7000.25])
+    yield "impulse 441", tone(10000, 4, [441.0])
+    yield "negative -440", tone(10000, 0, [-440.0])
+    yield "levels", tone(10000, 0, [440.0, 1000.0, 3000.0], db=[-6, -20, -127])
+    yield "stereo", tone(10000, 0, [440.0, 880.0], right=[443.0, 660.0])
+    yield "linear sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000)
+    yield "log sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000, log=True)
+    yield "stereo log sweep", tone(20000, 3, [20.0, 50.0], [30.0, 9000.0], [20000.0, 60.0], [300.0, 90.0], ms=700, log=True)
+    yield "white noise, seed 7", white(7, 200000)
+    yield "pink noise, seed 7", pink(7, 200000)
     loud = tone(40000, 0, STEPS)
-    show("16 components", loud)
-    show("limited", limited(Feed(loud, 1), 44100, 524272, 30000))
-    show("limited stereo 8000", limited(Feed(noise(60000, 900000), 2), 8000, 524272, 20000))
+    yield "16 components", loud
+    yield "limited", limited(Feed(loud, 1), 44100, 524272, 30000)
+    yield "limited stereo 8000", limited(Feed(noise(60000, 900000), 2), 8000, 524272, 20000)
+    yield "limited by 3 at 8000", limited(Feed(noise(60000, 900000), 3), 8000, 524272, 20000)
     for inrate, outrate in (8000, 44100), (44100, 48000), (48000, 44100), (22050, 44100), (96000, 44100):
-        show("mono %d to %d" % (inrate, outrate), converted(Feed(noise(60000, 524272), 1), inrate, outrate, 60000))
-    show("stereo 48000 to 44100", converted(Feed(noise(60000, 2000000), 2), 48000, 44100, 20000))
-    halfway = converted(Feed(noise(60000, 524272), 1), 192000, 44100, 16000, wide=True)
-    show("mono 192000 to 44100 (wide)", halfway)
+        yield "mono %d to %d" % (inrate, outrate), converted(Feed(noise(60000, 524272), 1), inrate, outrate, 60000)
+    yield "stereo 48000 to 44100", converted(Feed(noise(60000, 2000000), 2), 48000, 44100, 20000)
+    stereo = noise(60000, 524272)
+    mixed = [a + b for a, b in zip(stereo[::2], stereo[1::2])]
+    yield "mixed 48000 to 44100", converted(Feed(mixed, 1), 48000, 44100, 20000)
+    yield "mono 88200 to 22050", converted(Feed(noise(60000, 524272), 1), 88200, 22050, 4000)
+    for inrate in 88204, 192000:
+        halfway = converted(Feed(noise(60000, 524272), 1), inrate, 44100, 13000, wide=True)
+        yield "%d to 22050 by 44100" % inrate, converted(Feed(halfway, 1), 44100, 22050, 4000)
+    for start in 1000, -1000:
+        sought = converted(Feed(noise(60000, 524272), 1), 48000, 44100, 4000, start=start)
+        yield "48000 to 44100 from %d" % start, sought
+
+
+def main():
+    lines = []
+    for name, samples in cases():
+        lines.append("%08X %s" % (zlib.crc32(struct.pack("<%di" % len(samples), *samples)), name))
+        print(lines[-1], flush=True)
+        if "--samples" in sys.argv:
+            print("        ", samples[:4], "...", samples[-2:])
+    if "--check" in sys.argv:
+        held = pathlib.Path(__file__).with_name("hashes.txt").read_text().splitlines()
+        sys.exit(lines != held and "hashes.txt differs: " + ", ".join(sorted(set(lines) ^ set(held))))
 
 
 if __name__ == "__main__":

@@ -15,6 +15,7 @@ TEST(Level, FactorsAreTheRoundedPowersOfTen) {
                        {-6, 8408526, 4214246},
                        {-20, 1677722, 167772},
                        {6, 33474947, 66791300},
+                       {-10, 5305422, 1677722},
                        {20, 167772160, 1677721600},
                        {21, 188243460, 2112126356},
                        {22, 211212636, INT_MAX},
@@ -42,16 +43,27 @@ TEST(Level, MeasuresABuffer) {
         {524272, 100, 524272, 268402688, 15}, // 16383^2 is one more: the low sum is dropped
         {92682, 8192, 92682, 8386816, 0},
         {-5, 3, 5, 0, -127}, // (-1)^2, dropped as well
+        {262144, 1, 262144, 67108864, 9},
+        {98144, 8192, 98144, 9406489, 0},  // 0.4974 dB
+        {98176, 8192, 98176, 9412624, 1},  // 0.5002 dB
+        {87520, 8192, 87520, 7480225, 0},  // -0.4978 dB
+        {87488, 8192, 87488, 7474756, -1}, // -0.5009 dB
         {INT_MIN + 1, 1, INT_MAX, 0, -127},
         {524272, 0, 0, 0, -127},
     };
     for (const auto& each : cases) {
-        const std::vector<int> buffer(static_cast<std::size_t>(each.frames) + 1, each.sample);
-        EXPECT_EQ(GetBufferPeak(buffer.data(), each.frames, 1), each.peak) << each.sample;
-        EXPECT_EQ(GetBufferMeanSquare(buffer.data(), each.frames, 1), each.meanSquare) << each.sample;
-        EXPECT_EQ(GetBufferMeanSquareChan(0, buffer.data(), each.frames, 1), each.meanSquare) << each.sample;
-        EXPECT_EQ(GetBufferRMSDBChan(0, buffer.data(), each.frames, 1).GetDecibels(), each.db) << each.sample;
+        const std::vector<int> mono(static_cast<std::size_t>(each.frames) + 1, each.sample);
+        EXPECT_EQ(GetBufferPeak(mono.data(), each.frames, 1), each.peak) << each.sample;
+        EXPECT_EQ(GetBufferMeanSquare(mono.data(), each.frames, 1), each.meanSquare) << each.sample;
+        EXPECT_EQ(GetBufferMeanSquareChan(1, mono.data(), each.frames, 1), each.meanSquare) << each.sample;
+        std::vector<int> stereo(2 * mono.size());
+        for (std::size_t i = 1; i < stereo.size(); i += 2)
+            stereo[i] = each.sample;
+        EXPECT_EQ(GetBufferPeak(stereo.data(), each.frames, 2), each.peak) << each.sample;
+        EXPECT_EQ(GetBufferRMSDBChan(0, stereo.data(), each.frames, 2), LDB(-127)) << each.sample;
+        EXPECT_EQ(GetBufferRMSDBChan(1, stereo.data(), each.frames, 2).GetDecibels(), each.db) << each.sample;
     }
+    EXPECT_EQ(LDBMC(200).GetChannels(), 8);
 }
 
 } // namespace

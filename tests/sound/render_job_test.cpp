@@ -94,13 +94,28 @@ TEST(RenderJob, NothingIsWrittenForAnEmptyOrFailedSource) {
     Recorder dialog;
     LPRSourceToSink toNowhere("x", Frames(5), LSoundSink());
     EXPECT_EQ(Process(dialog, toNowhere), LProcessResult::Failed);
+    const Rendering mute(Frames(5), 44100, 0);
+    EXPECT_EQ(mute.result, LProcessResult::Failed);
+    EXPECT_EQ(mute.Sunk().channels, 1);
 }
 
 TEST(RenderJob, ConvertsToTheSinkOrWritesSilenceWhereNothingConverts) {
     EXPECT_EQ(Rendering(Frames(8000, 1, 8000), 44100, 2).Sunk().samples.size(), 88000u) << "8000 / 2 * 11";
-    const Rendering run(Frames(100, 6), 44100, 2);
-    EXPECT_EQ(run.result, LProcessResult::Completed);
-    EXPECT_EQ(run.Sunk().samples, std::vector<int>(200));
+    for (const auto& [from, to] : {std::pair{6, 2}, {1, 6}}) {
+        const Rendering run(Frames(100, static_cast<std::uint8_t>(from)), 44100,
+                            static_cast<std::uint8_t>(to));
+        EXPECT_EQ(run.result, LProcessResult::Completed);
+        EXPECT_EQ(run.Sunk().samples, std::vector<int>(100 * static_cast<std::size_t>(to))) << from;
+    }
+}
+
+TEST(RenderJob, WhatIsTooLoudIsBroughtDown) {
+    const LSoundSource loud =
+        LSoundSource::Make<ArraySource>(std::vector<int>(9000, 1048544), 44100, std::uint8_t{1}, 1048544);
+    // The gain is 524272 * 512 / 16384 * 512 = 8388096, whose product with the sample, less its lowest part,
+    // is 521985 + 2031 + 223.
+    const std::vector<int> written = Rendering(loud, 44100, 1).Sunk().samples;
+    EXPECT_EQ(std::vector<int>(written.begin(), written.begin() + 5000), std::vector<int>(5000, 524239));
 }
 
 TEST(RenderJob, ASinkThatTakesNoMoreEndsTheJobAtOnce) {

@@ -25,10 +25,14 @@ public:
     int GetEndSample() const override { return static_cast<int>(samples.size()) / channels; }
     void Seek(int frame) override { position = frame; }
     bool IsStreaming() const override { return streaming; }
+    void WaitForStreamingData(int milliseconds) override { waited += milliseconds; }
+    void Unload() override { ++unloads; }
 
     std::vector<int> samples;
     int position = 0;
     int longestRead = 0;
+    int waited = 0; ///< in milliseconds, all of them together
+    int unloads = 0;
     bool streaming = false;
 };
 

@@ -3,9 +3,8 @@
 #include <netinet/in.h>
 
 LocalPort::LocalPort(int backlog) : descriptor(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    sockaddr_in address{
+        .sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
     socklen_t size = sizeof address;
     const auto any = reinterpret_cast<sockaddr*>(&address);
     if (bind(descriptor, any, size) == 0 && listen(descriptor, backlog) == 0 &&
@@ -13,34 +12,21 @@ LocalPort::LocalPort(int backlog) : descriptor(socket(AF_INET, SOCK_STREAM | SOC
         port = ntohs(address.sin_port);
 }
 
-LocalServer::LocalServer(std::function<void(int)> serve)
-    : serveOne(std::move(serve)),
-      thread([this] { Run(); }) {}
-
-LocalServer::~LocalServer() {
-    listening.Stop();
-    thread.join();
-}
-
-void LocalServer::Run() {
-    for (int connection = listening.Accept(); connection >= 0; connection = listening.Accept()) {
+void LocalServer::Run(const std::function<void(int)>& serve) {
+    for (int connection = Accept(); connection >= 0; connection = Accept()) {
         request.clear();
         char next = 0;
         while (!request.ends_with("\r\n\r\n") && recv(connection, &next, 1, 0) == 1)
             request += next;
-        serveOne(connection);
+        serve(connection);
         close(connection);
     }
 }
 
 void SendText(int connection, const std::string& text) {
-    std::size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t sent = send(connection, text.data() + done, text.size() - done, MSG_NOSIGNAL);
-        if (sent < 0)
-            return;
-        done += static_cast<std::size_t>(sent);
-    }
+    ssize_t sent = 0;
+    for (std::size_t done = 0; done < text.size() && sent >= 0; done += static_cast<std::size_t>(sent))
+        sent = send(connection, text.data() + done, text.size() - done, MSG_NOSIGNAL);
 }
 
 std::string ReceiveAll(int connection) {

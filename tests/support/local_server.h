@@ -28,21 +28,22 @@ private:
 
 /// A web server with one page. A request is read up to its empty line, then `serve` has the connection, which
 /// is closed afterwards. What connects must be gone before the server is.
-class LocalServer {
+class LocalServer : public LocalPort {
 public:
-    explicit LocalServer(std::function<void(int connection)> serve);
-    ~LocalServer();
+    explicit LocalServer(std::function<void(int connection)> serve)
+        : thread([this, serve = std::move(serve)] { Run(serve); }) {}
+    ~LocalServer() {
+        Stop();
+        thread.join();
+    }
 
-    std::string GetUrl() const { return "http://" + listening.GetAddress() + "/versions/sonvire_mac.txt"; }
-    std::string GetAddress() const { return listening.GetAddress(); }
+    std::string GetUrl() const { return "http://" + GetAddress() + "/versions/sonvire_mac.txt"; }
 
     std::string request; ///< the one that is served, for `serve`
 
 private:
-    void Run();
+    void Run(const std::function<void(int)>& serve);
 
-    LocalPort listening;
-    std::function<void(int)> serveOne;
     std::thread thread;
 };
 

@@ -1,7 +1,22 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
+#include <fstream>
+#include <string>
 #include <vector>
+
+/// What tests/reference/model.py works out for its case of this name.
+inline std::uint32_t ReferenceHash(const std::string& name) {
+    std::ifstream file(SONVIRE_REFERENCE_HASHES);
+    std::uint32_t hash = 0;
+    for (std::string line; file >> std::hex >> hash && std::getline(file >> std::ws, line);)
+        if (line == name)
+            return hash;
+    ADD_FAILURE() << "the model has no case \"" << name << '"';
+    return 0;
+}
 
 /// CRC-32 of samples as little-endian 32-bit integers, as tests/reference/model.py prints it.
 inline std::uint32_t HashSamples(const std::vector<int>& samples) {

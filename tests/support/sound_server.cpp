@@ -21,12 +21,19 @@ static std::uintmax_t SizeOf(const std::string& file) {
 }
 
 SoundServer::SoundServer() {
-    for (const char* variable : {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "HOME", "XDG_CONFIG_HOME"}) {
-        const char* value = getenv(variable);
-        environment[variable] = value ? std::optional<std::string>(value) : std::nullopt;
-        setenv(variable, Path("").c_str(), 1);
-    }
-    unsetenv("PULSE_SERVER");
+    for (const char* folderName :
+         {"XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "PIPEWIRE_RUNTIME_DIR", "HOME", "XDG_CONFIG_HOME"})
+        Set(folderName, Path(""));
+    Set("PULSE_SERVER", "unix:" + Path("native"));
+    Set("PULSE_SINK", "");
+    Set("JACK_DEFAULT_SERVER", "none");
+    Set("ALSA_CONFIG_PATH", Path("no.conf"));
+}
+
+void SoundServer::Set(const char* variable, const std::string& value) {
+    const char* before = getenv(variable);
+    environment[variable] = before ? std::optional<std::string>(before) : std::nullopt;
+    setenv(variable, value.c_str(), 1);
 }
 
 SoundServer::~SoundServer() {

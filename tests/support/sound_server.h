@@ -8,7 +8,8 @@
 #include <vector>
 
 /// A sound server of this process's own, in a folder of its own, without any hardware. While it is there,
-/// this process and the programs that it starts know no other. One at a time.
+/// this process and the programs that it starts know no other, no JACK server and no sound card. One at a
+/// time.
 class SoundServer {
 public:
     SoundServer();
@@ -30,6 +31,8 @@ public:
     std::string Path(const std::string& file) const { return folder / file; }
 
 private:
+    void Set(const char* variable, const std::string& value);
+
     const TempDir folder;
     std::map<std::string, std::string> modules;                    ///< of the outputs, by name
     std::map<std::string, std::optional<std::string>> environment; ///< as it was before

@@ -13,7 +13,7 @@ class TestOutput {
 public:
     LSoundChannelOpener Opener() {
         return [this](const LSoundChannelRequest& request) {
-            auto feed = std::make_shared<LChannelFeed>(request.rate, request.channels, request.ring);
+            auto feed = std::make_shared<LChannelFeed>(request.rate, request.channels, request.ring, 0);
             const std::scoped_lock lock(mutex);
             current = feed;
             asked = std::make_shared<LSoundChannelRequest>(request);
@@ -25,13 +25,14 @@ public:
         };
     }
 
-    /// Takes `frames` frames; all but the last `latency` frames taken so far are heard then.
+    /// Takes `frames` frames; all but the last `latency` frames taken so far are heard then. A negative one
+    /// stands for an output that ran dry and counted on.
     std::vector<int> Take(int frames, int latency = 0) {
         const std::shared_ptr<LChannelFeed> feed = GetFeed();
         std::vector<std::int16_t> out(static_cast<std::size_t>(frames * GetRequest().channels), 0x5EE);
         feed->Fill(out.data(), frames);
         taken += frames;
-        feed->SetHeard(static_cast<std::uint64_t>(std::max(0L, taken - latency)));
+        feed->SetPosition(static_cast<std::uint64_t>(std::max(0L, taken - latency)));
         return {out.begin(), out.end()};
     }
 

@@ -1,6 +1,7 @@
 #include "sys/background.h"
 #include "sys/desktop/queued_notify.h"
 #include "sys/thread.h"
+#include "sys/thread_check.h"
 
 #include "support/owner.h"
 
@@ -99,6 +100,19 @@ TEST(QueuedNotify, EachPostIsOneCallOnTheMainThreadInOrder) {
     EXPECT_EQ(order, (std::vector<const Receiver*>{&one, &two, &one})) << "and none for what is destroyed";
     EXPECT_EQ(one.thread, std::this_thread::get_id());
 }
+
+#ifndef NDEBUG
+TEST(ThreadCheckDeathTest, OneThreadAtATimeUsesWhatIsChecked) {
+    LThreadCheck check;
+    const auto useElsewhere = [&check] { std::thread([&check] { check.Check(); }).join(); };
+    useElsewhere();
+    EXPECT_DEATH(check.Check(), "another thread");
+    check.Rebind();
+    check.Check();
+    check.Check();
+    EXPECT_DEATH(useElsewhere(), "another thread");
+}
+#endif
 
 TEST(Background, WorkIsWaitedForOnlySoLong) {
     LSignalObject finish;

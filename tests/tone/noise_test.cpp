@@ -16,8 +16,9 @@ LSoundSource Seeded(std::uint32_t ms = 0) {
 }
 
 TEST(Noise, MatchesTheReference) {
-    EXPECT_EQ(HashSamples(ReadInPieces(*Seeded<SSWhiteNoise>(), 200000)), 0x9F5A8B0Fu);
-    EXPECT_EQ(HashSamples(ReadInPieces(*Seeded<SSPinkNoise>(), 200000)), 0x9120D5C2u);
+    EXPECT_EQ(HashSamples(ReadInPieces(*Seeded<SSWhiteNoise>(), 200000)),
+              ReferenceHash("white noise, seed 7"));
+    EXPECT_EQ(HashSamples(ReadInPieces(*Seeded<SSPinkNoise>(), 200000)), ReferenceHash("pink noise, seed 7"));
 }
 
 template <class Noise>

@@ -1,5 +1,6 @@
 #include "sound/files/ima_source.h"
 #include "support/array_source.h"
+#include "support/reference.h"
 #include "support/temp_dir.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,21 @@ TEST(ImaAdpcm, DecodesByTheStandardSteps) {
     EXPECT_EQ(decoder.stepIndex, 88);
     decoder = {.predictor = -32000, .stepIndex = 88};
     EXPECT_EQ(decoder.DecodeSample(15), -524288);
+}
+
+TEST(ImaSource, DecodesFromEveryStepAsSoxDoes) {
+    const std::vector<int> codes = ReferenceNoise(89 * 4, 127);
+    std::string blocks;
+    for (int i = 0; i < 89; ++i) {
+        const int first = (i - 44) * 300;
+        for (const int byte : {first, first >> 8, i, 0})
+            blocks += static_cast<char>(byte);
+        for (int code = 4 * i; code < 4 * i + 4; ++code)
+            blocks += static_cast<char>(codes[static_cast<std::size_t>(code)]);
+    }
+    const TempDir dir;
+    WriteBytes(dir / "data", blocks);
+    EXPECT_EQ(HashSamples(ReadFrames(*Open(dir / "data", 89 * 8, 8), 89 * 9)), 0xCEC1F53Bu);
 }
 
 TEST(ImaSource, CountsTheSamplesOfWholeAndPartialBlocks) {
@@ -81,6 +97,9 @@ TEST_F(ImaBlocks, EachBlockStartsWithItsHeadersSample) {
     EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{0, 0, 16000}));
     source->Seek(38);
     EXPECT_EQ(ReadFrames(*source, 1), std::vector<int>{0});
+    source->Unload();
+    source->Seek(0);
+    EXPECT_EQ(ReadFrames(*source, 40), all);
 }
 
 TEST_F(ImaBlocks, ABlockThatTheFileCutsShortIsSilentFromTheCutOn) {

@@ -1,5 +1,6 @@
 #include "sound/files/wave_file.h"
 #include "support/array_source.h"
+#include "support/reference.h"
 #include "support/temp_dir.h"
 
 #include <gtest/gtest.h>
@@ -77,18 +78,37 @@ TEST(WaveFile, WritesA46ByteHeaderAndTheFramesAlone) {
 TEST(WaveFile, WritingGoesOnBehindTheFramesThatAreKept) {
     const TempDir dir;
     const std::string path = dir / "out.wav";
-    const int first[] = {16, 32, 48, 64}, second[] = {-16, -32};
-    LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 0)->Write(first, 4);
-    {
-        const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 3);
-        sink->Write(second, 2);
-        sink->Seek(99); // beyond the end: ignored
-        EXPECT_EQ(sink->lengthHint, 5);
-        sink->Seek(4); // the last frame is cut off again
+    const int first[] = {16, 32, 48, 64}, second[] = {-16, -32}, last = 80;
+    struct {
+        const char* name;
+        int start, seek;
+        std::vector<int> expected;
+    } const cases[] = {
+        {"the last frame is cut off again", 3, 4, {16, 32, 48, -16, 80}},
+        {"beyond the end is ignored", 3, 6, {16, 32, 48, -16, -32, 80}},
+        {"before the beginning is the beginning", 3, -1, {80}},
+        {"one is kept", 1, 3, {16, -16, -32, 80}},
+        {"none is kept", -1, 2, {-16, -32, 80}},
+    };
+    for (const auto& each : cases) {
+        LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 0)->Write(first, 4);
+        {
+            const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, each.start);
+            sink->Write(second, 2);
+            sink->Seek(each.seek);
+            EXPECT_EQ(ReadBytes(path).size(), 46 + 2 * (each.expected.size() - 1)) << each.name;
+            sink->Write(&last, 1);
+        }
+        const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+        EXPECT_EQ(source->GetEndSample(), static_cast<int>(each.expected.size())) << each.name;
+        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), each.expected) << each.name;
     }
-    const LSoundSource source = LWaveFile::OpenSource(path.c_str());
-    EXPECT_EQ(source->GetEndSample(), 4);
-    EXPECT_EQ(ReadFrames(*source, 5), (std::vector<int>{16, 32, 48, -16, 0}));
+    const std::vector<int> many = ReferenceNoise(40000, 32767); // more than is written or read in one go
+    std::vector<int> stereo;
+    for (const int sample : many)
+        stereo.push_back(16 * sample);
+    LWaveFile::OpenSinkPCM(path.c_str(), 8000, 2, 16, 0)->Write(stereo.data(), 20000);
+    EXPECT_EQ(ReadFrames(*LWaveFile::OpenSource(path.c_str()), 20000), stereo);
 }
 
 TEST(WaveFile, AFullDiskIsRemembered) {
@@ -124,8 +144,10 @@ TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {
         {"floating point", Wave(Chunk("fmt ", Format(3, 1, 8000, 16)) + data), 5, 0},
         {"stereo IMA ADPCM", Wave(Chunk("fmt ", Format(17, 2, 8000, 4, 256)) + data), 1, 0},
         {"a format chunk that is too small", Wave(Chunk("fmt ", "123456789012345") + data), 3, 0},
-        {"a format chunk that is too large", Wave("fmt " + Le(8193, 4) + std::string(9000, ' ') + data), 3,
-         0},
+        {"a large format chunk",
+         Wave(Chunk("fmt ", Format(1, 1, 8000, 16, 0, std::string(8192 - 16, ' '))) + data), 0, 3},
+        {"a format chunk that is too large",
+         Wave(Chunk("fmt ", Format(1, 1, 8000, 16, 0, std::string(8193 - 16, ' '))) + data), 3, 0},
         {"no format chunk", Wave(data), 3, 0},
         {"no data chunk", Wave(Pcm16), 3, 0},
         {"a negative chunk size", Wave("junk" + Le(0x80000000, 4) + Pcm16 + data), 3, 0},
@@ -193,9 +215,13 @@ TEST(WaveFile, AFileOfUnknownLengthStreamsUntilItsLengthIsWritten) {
         WriteBytes(path, head + Le(unknown, 4) + ThreeSamples);
         const LSoundSource source = LWaveFile::OpenSource(path.c_str());
         EXPECT_TRUE(source->IsStreaming());
+        EXPECT_FALSE(LWaveFile::IsCutShort(path.c_str()));
         EXPECT_EQ(source->GetEndSample(), 3);
         EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{16, 32}));
+        source->Unload();
         WriteBytes(path, head + Le(unknown, 4) + ThreeSamples + ThreeSamples);
+        EXPECT_EQ(source->GetEndSample(), 3) << "as it was last";
+        source->Seek(2);
         EXPECT_EQ(source->GetEndSample(), 6);
         EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{-16, 16})) << "looking must not move the file";
         WriteBytes(path, head + Le(10, 4) + ThreeSamples + ThreeSamples);

@@ -13,29 +13,36 @@ LSoundSource Constant(int value, int frames, int rate = 1000, std::uint8_t chann
         std::vector<int>(static_cast<std::size_t>(frames * channels), value), rate, channels, peak);
 }
 
-/// 3 frames of 1, 2 frames of silence, nothing of a failed source, 2 frames of 5.
+ArraySource& Array(const LSoundSource& source) {
+    return static_cast<ArraySource&>(*source);
+}
+
+/// 3 frames of 1, 4 frames of silence, nothing of a failed source, 2 frames of 5, a frame of silence.
 LSoundSourceCat Mixed() {
     LSoundSourceCat list;
-    list.AddSource(Constant(1, 3));
-    list.AddSilence(LSoundTime(2));
+    const LSoundSource moved = Constant(1, 3);
+    moved->Seek(2);
+    list.AddSource(moved);
+    list.AddSilence(LSoundTime(4));
     list.AddSource(LSoundSource());
     list.AddSilence(LSoundTime(-1000));
     list.AddSource(Constant(5, 2));
+    list.AddSilence(LSoundTime(1));
     return list;
 }
 
 TEST(Concatenation, PlaysItsItemsOneAfterAnother) {
     const LSoundSource source = Mixed().OpenSource();
     EXPECT_EQ(source->sampleRate, 1000);
-    const std::vector<int> expected = {1, 1, 1, 0, 0, 5, 5, 0, 0, 0};
-    EXPECT_EQ(ReadFrames(*source, 10), expected);
-    EXPECT_EQ(source->GetPositionSample(), 7) << "it does not move past the end";
-    EXPECT_EQ(ReadInPieces(*Mixed().OpenSource(), 10), expected);
+    const std::vector<int> expected = {1, 1, 1, 0, 0, 0, 0, 5, 5, 0, 0, 0, 0};
+    EXPECT_EQ(ReadFrames(*source, 13), expected);
+    EXPECT_EQ(source->GetPositionSample(), 10) << "it does not move past the end";
+    EXPECT_EQ(ReadInPieces(*Mixed().OpenSource(), 13), expected);
 }
 
 TEST(Concatenation, ItsLengthIsThatOfItsItems) {
     const LSoundSource source = Mixed().OpenSource();
-    EXPECT_EQ(source->GetEndSample(), 7 - 1000) << "a negative silence plays nothing and counts as it is";
+    EXPECT_EQ(source->GetEndSample(), 10 - 1000) << "a negative silence plays nothing and counts as it is";
     EXPECT_EQ(LSoundSourceCat().OpenSource()->GetEndSample(), 0);
     const auto lengthOf = [](int first, int second) { // a second at each rate
         LSoundSourceCat list;
@@ -51,14 +58,14 @@ TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {
     LSoundSourceCat list;
     EXPECT_EQ(list.OpenSource()->sampleRate, 8000);
     EXPECT_EQ(list.OpenSource()->channels, 1);
+    list.AddSource(LSoundSource()); // which has a large peak
     EXPECT_EQ(list.OpenSource()->peakMax, 524272);
     list.AddSource(Constant(3, 4, 22050));
-    list.AddSource(Constant(4, 4, 44100, 2, 2097152));
-    list.AddSource(LSoundSource());
+    list.AddSource(Constant(4, 4, 44100, 2, 2097151));
     const LSoundSource source = list.OpenSource();
     EXPECT_EQ(source->sampleRate, 44100);
     EXPECT_EQ(source->channels, 2);
-    EXPECT_EQ(source->peakMax, 2097152);
+    EXPECT_EQ(source->peakMax, 2097151);
 }
 
 TEST(Concatenation, ItemsAreConvertedAsTheyAreReached) {
@@ -102,9 +109,12 @@ TEST(Concatenation, SeeksToAnyFrame) {
     }
     source->Seek(-2); // and so is its first item
     EXPECT_EQ(ReadFrames(*source, 5), (std::vector<int>{0, 0, 0, 0, 1}));
-    const LSoundSource empty = LSoundSourceCat().OpenSource();
+    const LSoundSource stereo = list.OpenSource(1000, 2);
+    stereo->Seek(-1);
+    EXPECT_EQ(ReadFrames(*stereo, 3), (std::vector<int>{0, 0, 0, 0, 1, 1}));
+    const LSoundSource empty = LSoundSourceCat().OpenSource(44100, 1);
     empty->Seek(5);
-    EXPECT_EQ(empty->GetEndSample(), 8005)
+    EXPECT_EQ(empty->GetEndSample(), 44105)
         << "the second of silence that an empty list plays once it was sought";
 }
 
@@ -123,15 +133,42 @@ TEST(Concatenation, ListsNestedDeepAreSoughtInNoTime) {
 
 TEST(Concatenation, StreamsWhileAnyItemToComeDoes) {
     const LSoundSource stream = Constant(1, 3);
-    static_cast<ArraySource&>(*stream).streaming = true;
+    Array(stream).streaming = true;
     LSoundSourceCat list;
     list.AddSource(Constant(2, 2));
     list.AddSource(stream);
     list.AddSource(Constant(4, 2));
     const LSoundSource source = list.OpenSource();
     EXPECT_TRUE(source->IsStreaming());
-    ReadFrames(*source, 6);
+    ReadFrames(*source, 3);
+    EXPECT_TRUE(source->IsStreaming()) << "in the stream";
+    ReadFrames(*source, 3);
     EXPECT_FALSE(source->IsStreaming());
+}
+
+TEST(Concatenation, WaitsForItsItemAndTheNextAndUnloadsThoseThatAreDone) {
+    const LSoundSource items[] = {Constant(1, 100), Constant(2, 100), Constant(3, 100)};
+    LSoundSourceCat list;
+    for (const LSoundSource& item : items) {
+        list.AddSource(item);
+        list.AddSilence(LSoundTime(10));
+    }
+    const auto heard = [&items](int ArraySource::*count) {
+        return std::vector<int>{Array(items[0]).*count, Array(items[1]).*count, Array(items[2]).*count};
+    };
+    const LSoundSource source = list.OpenSource(2000, 1); // each behind a converter
+    source->WaitForStreamingData(5);
+    EXPECT_EQ(heard(&ArraySource::waited), (std::vector<int>{5, 5, 0}));
+    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{0, 0, 0}));
+    ReadFrames(*source, 210); // into the first silence
+    source->WaitForStreamingData(5);
+    EXPECT_EQ(heard(&ArraySource::waited), (std::vector<int>{5, 10, 0}));
+    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{1, 0, 0}));
+    source->Seek(230);
+    source->Unload();
+    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{2, 1, 0}));
+    source->Seek(5000);
+    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{3, 3, 1}));
 }
 
 } // namespace

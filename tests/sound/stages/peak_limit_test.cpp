@@ -49,8 +49,15 @@ TEST(PeakLimit, WhatNeedsNoScalingPassesToTheBit) {
 }
 
 TEST(PeakLimit, MatchesTheReference) {
-    EXPECT_EQ(HashSamples(ReadInPieces(*Limit(ReferenceNoise(60000, 900000), 8000, FullScale16, 2), 20000)),
-              0x49B708ECu);
+    for (const auto& [channels, reference] :
+         {std::pair{2, "limited stereo 8000"}, {3, "limited by 3 at 8000"}}) {
+        const LSoundSource limited =
+            Limit(ReferenceNoise(60000, 900000), 8000, FullScale16, static_cast<std::uint8_t>(channels));
+        EXPECT_EQ(HashSamples(ReadInPieces(*limited, 20000)), ReferenceHash(reference)) << reference;
+        limited->Seek(0);
+        EXPECT_EQ(HashSamples(ReadInPieces(*limited, 20000)), ReferenceHash(reference))
+            << reference << " again";
+    }
 }
 
 TEST(PeakLimit, ThePositionRunsBehindTheInputAndASeekLandsExactly) {
@@ -67,6 +74,9 @@ TEST(PeakLimit, ThePositionRunsBehindTheInputAndASeekLandsExactly) {
         EXPECT_EQ(ReadFrames(*limited, 2), (std::vector<int>{frame, frame + 1}));
     }
     EXPECT_EQ(limited->GetEndSample(), 20000);
+    const LSoundSource input = LSoundSource::Make<ArraySource>(ramp, 8000);
+    static_cast<ArraySource&>(*input).streaming = true;
+    EXPECT_EQ(LSRCPeakLimit(input, FullScale16).GetEndSample(), 20000 - 3 * 114) << "what its delay holds";
 }
 
 } // namespace

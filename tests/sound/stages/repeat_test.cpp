@@ -69,8 +69,11 @@ TEST(Repeat, ShowsALengthAndLeavesFailedSourcesAlone) {
     EXPECT_EQ(&*LSPRepeat(LSoundTime(0), LSoundTime(1000)).OpenSource(failed), &*failed);
     LSRCRepeat forced(failed, 0, 10);
     EXPECT_EQ(ReadFrames(forced, 1), std::vector<int>{0x5EED});
-    const LSoundSource input = LSoundSource::Make<ArraySource>(Ramp(10), 8000);
-    EXPECT_EQ(LSPRepeat(LSoundTime(0), LSoundTime(1000)).OpenSource(input)->GetEndSample(), 8000 + 64000);
+    const LSoundSource input = LSoundSource::Make<ArraySource>(Ramp(9000), 8000);
+    input->Seek(8500); // beyond the loop already
+    const LSoundSource loop = LSPRepeat(LSoundTime(500), LSoundTime(1000)).OpenSource(input);
+    EXPECT_EQ(loop->GetEndSample(), 8000 + 64000);
+    EXPECT_EQ(ReadFrames(*loop, 2), (std::vector<int>{4000, 4001}));
 }
 
 } // namespace

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "play/sound_channel.h"
+#include "sound/sound_source.h"
+#include "sys/desktop/queued_notify.h"
+#include "sys/thread.h"
+#include "sys/thread_check.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Why playback ended by itself, or doesn't begin.
+enum LPlayStatus : std::uint8_t {
+    PlayUsable = 0,
+    PlayNoOutput = 1, ///< no sound server or card, or none that takes the source's format
+    PlayNoDevice = 2, ///< the chosen output is not there
+    PlayLost = 3,     ///< the output went away
+};
+
+/// One playback: a thread that reads a source up to 64 blocks of 100 ms ahead of what is heard, until the
+/// source ends, the output fails or the playback is destroyed.
+class LPlayback : private LThread {
+public:
+    /// What has been heard since the last report.
+    struct Report {
+        int position = 0; ///< in the source
+        LDBMC levels;     ///< of the block that ends there
+    };
+
+    /// `source` is usable and is the thread's from `Begin` on. `open` makes the channel, on the thread;
+    /// `news` is posted to when there is a report, and once at the end.
+    LPlayback(const LSoundSource& toPlay, const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify);
+    /// As `Finish`.
+    ~LPlayback() override { Finish(); }
+
+    /// `after` is the playback that this one follows; may be null. Without a volume word the samples stay as
+    /// they are. Thread: owner. Blocks: no. Allocates: yes.
+    void Begin(const LSoundPlayDevice& device, const std::string& title,
+               const LSoundPlayerRing::Silence& after, std::optional<std::uint32_t> volumeWord);
+    /// Ends it; what is cut off fades out. Answers why it had ended by itself, if it had. Thread: owner.
+    /// Blocks: no, but for a block that is being read. Allocates: yes.
+    LPlayStatus Finish();
+    /// Thread: owner. Blocks: no. Allocates: no.
+    void SetVolume(std::uint32_t word);
+    /// Nothing where there is no news. Thread: owner. Blocks: no. Allocates: no.
+    std::optional<Report> TakeReport();
+
+    /// True once the thread has nothing more to play. Thread: any. Blocks: no. Allocates: no.
+    bool HasEnded() const { return ended; }
+    /// Why it has. Thread: any. Blocks: no. Allocates: no.
+    LPlayStatus GetStatus() const { return status; }
+    /// While the playback is on, only what never changes may be read from it. Thread: owner. Blocks: no.
+    /// Allocates: no.
+    const LSoundSource& GetSource() const { return source; }
+    /// Thread: any. Blocks: no. Allocates: no.
+    LSoundPlayerRing::Silence GetSilence() const { return ring->silence; }
+
+private:
+    void ThreadFunction() override;
+    bool CheckChannel();
+    bool Refill();
+    void QueueBlock(int frames);
+    void MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const;
+    void ReportHeard();
+    void SendVolume();
+    void Rest();
+    void RaisePriority();
+    void End(LPlayStatus reason);
+
+    const LSoundSource source;
+    const LSoundChannelOpener open;
+    LThreadQueuedNotify& news;
+    LSoundChannelRequest request{};
+
+    std::mutex mutex;
+    std::optional<std::uint32_t> volume; ///< under the mutex: what the channel doesn't have yet
+    std::optional<Report> report;        ///< under the mutex
+
+    std::atomic<bool> ended = false;
+    std::atomic<LPlayStatus> status = PlayUsable;
+
+    // The thread's.
+    const int blockFrames;
+    const std::shared_ptr<LSoundPlayerRing> ring;
+    std::vector<int> work; ///< one block
+    std::unique_ptr<LSoundChannel> channel;
+    unsigned int written = 0;  ///< buffers queued
+    unsigned int reported = 0; ///< buffers heard and reported
+    bool raised = false;
+
+    LThreadCheck owner;
+};
