@@ -129,6 +129,20 @@ TEST_F(Player, TheVolumeCurve) {
     EXPECT_THAT(output.Take(10), Each(-7031));
 }
 
+TEST(Feed, LeftAndRightHaveLevelsOfTheirOwn) {
+    const auto ring = std::make_shared<LSoundPlayerRing>(3, std::uint8_t{2});
+    LChannelFeed feed(8000, 2, ring, 0);
+    std::fill_n(ring->buffers[0].samples, 6, std::int16_t{1000});
+    ring->buffers[0].frames = 3;
+    feed.SetVolume(0x00800040);
+    feed.Queue(ring->buffers[0]);
+    std::int16_t out[6] = {};
+    feed.Fill(out, 2);
+    feed.SetVolume(LSoundChannel::UnityVolume);
+    feed.Fill(out + 4, 1);
+    EXPECT_EQ(std::vector<int>(out, out + 6), (std::vector<int>{250, 500, 250, 500, 1000, 1000}));
+}
+
 TEST_F(Player, AStopFadesOutOver5Ms) {
     ASSERT_TRUE(Play(Constant(10000, 8000, 8000, 2), 8000));
     EXPECT_THAT(output.Take(50), Each(10000));
