@@ -4,7 +4,7 @@
 
 ToneListReport ExamineToneList(const std::string& path) {
     ToneListReport report;
-    OpenToneList(path, &report);
+    static_cast<void>(OpenToneList(path, &report));
     return report;
 }
 
