@@ -2,7 +2,7 @@
 
 #include "gui/toolkit.h"
 
-bool LDialog::Open(LWindow& parent) {
+bool LDialog::RunModal(LWindow& parent) {
     Create(parent);
     const bool ok = peer->RunModal();
     Destroy();

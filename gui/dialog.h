@@ -5,14 +5,14 @@
 #include <memory>
 
 /// A dialog over another window, built from its layout table and modal to the whole application. It exists on
-/// the screen only while `Open` runs.
+/// the screen only while `RunModal` runs.
 class LDialog : public LWindow {
 public:
     /// The layout must outlive the dialog.
     explicit LDialog(const LDialogLayout& dialogLayout) : layout(dialogLayout) {}
 
     /// Runs the dialog; true where it was closed with OK.
-    bool Open(LWindow& parent);
+    bool RunModal(LWindow& parent);
     /// Without commands of its own a dialog only follows its controls.
     void Command(int /*command*/) override { EnableControls(); }
 

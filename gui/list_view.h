@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/list_view_peer.h"
+#include "gui/menu.h"
 
 #include <cstdint>
 #include <memory>
@@ -31,6 +32,7 @@ public:
     /// `EvDropFilesOnList`.
     void EnableDragging();
     void SetFocus();
+    std::unique_ptr<LMenuPeer> CreatePopupMenu() { return peer->CreatePopupMenu(); }
 
     int GetCount() const { return static_cast<int>(rows.size()); }
     /// A `row` beyond the last appends.

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
+
+class LMenuPeer;
 
 /// What the user does to a list. Rows are counted from 0.
 class LListViewEvents {
@@ -31,4 +34,7 @@ public:
     virtual void SetSelection(const std::vector<int>& rows, int current) = 0;
     /// Lets the user drag rows to another place, and drop files between them.
     virtual void EnableDragging() = 0;
+    /// For an `LMenu` that answers a right click, at the pointer or, where the keyboard asked for it, below
+    /// the current row; made, shown once, and gone.
+    virtual std::unique_ptr<LMenuPeer> CreatePopupMenu() = 0;
 };

@@ -29,6 +29,6 @@ void LNumericEdit::InitDialog() {
 }
 
 bool LNumericEdit::CmOk() {
-    text = LDialog::GetText(Input);
+    text = GetText(Input);
     return true;
 }

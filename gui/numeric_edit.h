@@ -9,7 +9,7 @@ public:
     LNumericEdit(std::string boxTitle, std::string boxPrompt, std::string initialText);
 
     /// The text as it stood when the box was closed with OK; until then the initial one.
-    const std::string& GetText() const { return text; }
+    const std::string& GetEntry() const { return text; }
 
 protected:
     void InitDialog() override;

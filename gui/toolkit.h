@@ -6,7 +6,7 @@
 #include <functional>
 #include <optional>
 
-/// Makes the peers of windows and menus, and stands for the desktop: one for the process, which outlives
+/// Makes the peers of windows, and stands for the desktop: one for the process, which outlives
 /// every window. UI thread only, but for `Post`.
 class LToolkit {
 public:
@@ -15,8 +15,6 @@ public:
     virtual std::unique_ptr<LMainWindowPeer> CreateMainWindow(LWindowEvents& events) = 0;
     /// A dialog without controls yet, over the window that is active.
     virtual std::unique_ptr<LDialogPeer> CreateDialog(const LDialogLayout& layout, LWindowEvents& events) = 0;
-    /// For an `LMenu` that is made, shown once, and gone.
-    virtual std::unique_ptr<LMenuPeer> CreatePopupMenu() = 0;
     /// Asks for one file; none where the user cancels. The name is as it was typed or picked.
     virtual std::optional<LChosenFile> ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) = 0;
 

@@ -1,9 +1,9 @@
 #include "app/desktop/web_links.h"
 
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "gui/toolkit.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 
 #include <algorithm>
 #include <iterator>
@@ -42,8 +42,8 @@ void OpenWebPage(LWindow& parent, const std::string& address) {
 }
 
 void OpenThankYouPageOnce(LToolkit& toolkit) {
-    if (toolkit.IsSessionEnding() || LUserSettingGet("Settings", "Thanks", false))
+    if (toolkit.IsSessionEnding() || Setting::Thanks.Get())
         return;
-    LUserSettingSet("Settings", "Thanks", true);
+    Setting::Thanks.Set(true);
     toolkit.OpenUrl(std::string(WebSite) + "thanks.html");
 }

@@ -1,8 +1,8 @@
 #include "app/list_editor/list_dlg.h"
 
 #include "app/desktop/help_pages.h"
-#include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg_layout.h"
+#include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/time_text.h"
 #include "gui/file_chooser.h"
@@ -10,7 +10,6 @@
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_data.h"
@@ -19,7 +18,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <unistd.h>
 
 namespace {
 
@@ -35,7 +33,7 @@ std::uint32_t MeasureEntry(const std::string& entry) {
 
 } // namespace
 
-ListDlg::ListDlg() : LDialog(ListDlgLayout) {}
+ListDlg::ListDlg(EditedList editedList) : LDialog(ListDlgLayout), edited(std::move(editedList)) {}
 
 void ListDlg::Command(int command) {
     switch (command) {
@@ -79,31 +77,17 @@ void ListDlg::InitDialog() {
 }
 
 void ListDlg::OpenList() {
-    file = GetEditedList();
-    if (!file.empty()) {
-        if (IsTemporaryList(file))
-            replacedList = file;
+    if (!edited.GetPath().empty()) {
         const LListRebuild rebuild(*list);
-        CmAddToneToLV(file, 0);
-        untitled = GetExtension(file) != ".tdl";
-        return;
-    }
-    if (const LFailure failure = CreateTemporaryList(newList))
+        CmAddToneToLV(edited.GetPath(), 0);
+    } else if (const LFailure failure = edited.CreateFile()) {
         ShowNotice(DescribeUnwritten("/var/tmp", failure));
-    file = newList;
-    SetEditedList(newList);
+    }
 }
 
 void ListDlg::DestroyDialog() {
     list.reset();
-    if (accepted && !replacedList.empty() && file != replacedList)
-        unlink(replacedList.c_str());
-    const bool isUsed = accepted && file == newList;
-    if (newList.empty() || isUsed)
-        return;
-    unlink(newList.c_str());
-    if (GetEditedList() == newList)
-        SetEditedList({});
+    accepted ? edited.Keep() : edited.Drop();
 }
 
 void ListDlg::EnableControls() {
@@ -114,18 +98,15 @@ void ListDlg::EnableControls() {
 
 bool ListDlg::CmOk() {
     accepted = !modified || KeepChanges();
-    if (accepted)
-        SetEditedList(file); // another editor may have been opened over this one
     return accepted;
 }
 
 void ListDlg::CmAddTone() {
-    LFileChooser chooser{"Select file", "", LUserSettingGetText("tonelist", "read folder"), AddToneFilters,
-                         ""};
+    LFileChooser chooser{"Select file", "", Setting::EntryReadFolder.Get(), AddToneFilters, ""};
     const std::string path = LChooseFileToRead(*this, chooser);
     if (path.empty())
         return;
-    LUserSettingSetString("tonelist", "read folder", chooser.folder);
+    Setting::EntryReadFolder.Set(chooser.folder);
     if (AddFile(path, list->GetCount()))
         ShowAdded();
 }
@@ -178,13 +159,13 @@ void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>&
 
 void ListDlg::CmAddSilence() {
     LNumericEdit box("Add silence to list", "Please specify the length of silence in milliseconds:", "");
-    if (!box.Open(*this))
+    if (!box.RunModal(*this))
         return;
-    if (box.GetText().find_first_not_of("0123456789.") != std::string::npos) {
+    if (box.GetEntry().find_first_not_of("0123456789.") != std::string::npos) {
         LShowMessageBox("", "Duration should be specified as a numeric value.");
         return;
     }
-    InsertEntry(box.GetText() + SilenceSuffix, list->GetCount());
+    InsertEntry(box.GetEntry() + SilenceSuffix, list->GetCount());
     ShowAdded();
 }
 
@@ -245,7 +226,9 @@ void ListDlg::CmHelp() {
     OpenHelpPage(*this, HelpPage::Lists);
 }
 
-bool OpenToneListDialog(LWindow& parent) {
-    ListDlg dialog;
-    return dialog.Open(parent);
+bool OpenToneListDialog(LWindow& parent, EditedList& list) {
+    ListDlg dialog(list);
+    const bool ok = dialog.RunModal(parent);
+    list = dialog.GetList();
+    return ok;
 }

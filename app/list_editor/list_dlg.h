@@ -1,16 +1,19 @@
 #pragma once
 
+#include "app/list_editor/edited_list.h"
 #include "gui/dialog.h"
 #include "gui/list_view.h"
 
 /// The tone list editor: its rows are the entries of a tone list in playing order, files by their paths and
-/// silences. It works on the list file that `GetEditedList` names, a new one in a temporary file where that
-/// is empty, and leaves there the file that the list is in when it is closed with OK.
+/// silences.
 ///
 /// The list file changes only when the user saves it.
 class ListDlg : public LDialog {
 public:
-    ListDlg();
+    explicit ListDlg(EditedList editedList);
+
+    /// Which file it is in now.
+    const EditedList& GetList() const { return edited; }
 
     void Command(int command) override;
     void EvDropFilesOnList(int control, const std::vector<std::string>& paths, int before) override;
@@ -50,14 +53,12 @@ private:
     bool SaveToTemporary();
     bool KeepChanges();
 
+    EditedList edited;
     std::unique_ptr<LListView> list; ///< the user data of a row is its length in ms, or `UnknownLength`
     bool modified = false;           ///< the rows are others than in the list file
-    bool untitled = true;            ///< the list has no file of the user's yet
     bool accepted = false;           ///< closed with OK
-    std::string file;                ///< that the list is in
-    std::string replacedList; ///< a temporary file that it was in, which goes once OK has put it into another
-    std::string newList;      ///< the file of a new list, which goes where the list does not stay in it
 };
 
-/// True where it was closed with OK.
-bool OpenToneListDialog(LWindow& parent);
+/// Lets the user edit the list, a new one where it has no file, and answers in which file it is then. True
+/// where the editor was closed with OK.
+bool OpenToneListDialog(LWindow& parent, EditedList& list);

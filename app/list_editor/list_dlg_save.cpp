@@ -1,11 +1,10 @@
-#include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg.h"
+#include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "gui/file_chooser.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_file.h"
@@ -20,18 +19,18 @@ constexpr LFileFilter SaveListFilters[] = {{"Tone list file", "*.tdl"}};
 } // namespace
 
 bool ListDlg::CmSaveList() {
-    if (untitled)
+    if (edited.IsUntitled())
         return CmSaveAs();
-    return !modified || SaveTo(file);
+    return !modified || SaveTo(edited.GetPath());
 }
 
 bool ListDlg::CmSaveAs() {
-    LFileChooser chooser{"Save tone list as", untitled ? "" : file,
-                         LUserSettingGetText("tonelist", "savefolder"), SaveListFilters, "tdl"};
+    LFileChooser chooser{"Save tone list as", edited.IsUntitled() ? "" : edited.GetPath(),
+                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
     const std::string path = LChooseFileToSave(*this, chooser);
     if (path.empty())
         return false;
-    LUserSettingSetString("tonelist", "savefolder", chooser.folder);
+    Setting::ListSaveFolder.Set(chooser.folder);
     return SaveTo(path);
 }
 
@@ -47,9 +46,8 @@ bool ListDlg::SaveTo(const std::string& path) {
         ShowNotice(DescribeUnwritten(path, failure));
         return false;
     }
-    SetEditedList(file = path);
+    edited.MoveTo(path);
     modified = false;
-    untitled = untitled && GetExtension(path) != ".tdl";
     return true;
 }
 
@@ -64,7 +62,7 @@ bool ListDlg::SaveToTemporary() {
         unlink(path.c_str());
         return false;
     }
-    file = path;
+    edited.MoveTo(path);
     return true;
 }
 

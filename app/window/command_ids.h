@@ -35,10 +35,8 @@ enum MainCommand : int {
     CommandMono = 2108,
     CommandStereo = 2109,
     CommandVariableAmplitude = 2110,
-    CommandFirstWaveform = 2111, ///< plus the waveform's code
-    CommandWhiteNoise = 2116,
-    CommandPinkNoise = 2117,
-    CommandLoadList = 2118, ///< in the tool bar, where it also stands for the waveform of a list
+    CommandFirstWaveform = 2111, ///< plus the waveform's code, as `WaveformCommand` does
+    CommandLoadList = 2118,      ///< in the tool bar, where it also stands for the waveform of a list
 
     CommandNumberOfTones = 3000, ///< plus the number, 1..16
     CommandOneTone = 3001,
@@ -65,3 +63,8 @@ enum MainControl : int {
     ControlDevice = 304,
     ControlVolume = 305,
 };
+
+/// Of every waveform; for the list, `CommandLoadList`.
+constexpr int WaveformCommand(int code) {
+    return CommandFirstWaveform + code;
+}

@@ -2,20 +2,25 @@
 
 #include "app/window/command_ids.h"
 #include "app/window/tone_commands.h"
+#include "tone/waveforms.h"
 
 namespace {
+
+int GetLastWaveform() {
+    return WaveformCommand(static_cast<int>(GetWaveforms().size()) - 1);
+}
 
 /// What noise and lists lack is not offered for them.
 void EnableForPeriodicTone(LMenu& menu, const MainState& state) {
     menu.EnableRange(CommandOneTone, CommandSixteenTones, true);
-    menu.EnableRange(CommandContinuous, CommandPinkNoise, true);
+    menu.EnableRange(CommandContinuous, CommandVariableAmplitude, true);
     menu.Enable(CommandSaveList, false);
     menu.EnableRange(CommandIncrease, CommandEditValue, state.selected);
 }
 
 /// The duration of a noise is a value that can be edited, that of a list follows from the list.
 bool HasEditableDuration(const SonvireData& tone) {
-    return tone.HasFlag(ToneFlagDuration) && !IsList(tone);
+    return tone.HasFlag(ToneFlagDuration) && !tone.IsList();
 }
 
 void EnableForNoiseOrList(LMenu& menu, const MainState& state) {
@@ -28,11 +33,11 @@ void EnableForNoiseOrList(LMenu& menu, const MainState& state) {
 }
 
 void MarkMenuItems(LMenu& menu, const SonvireData& tone) {
-    const int tones = IsNoiseOrList(tone) ? 1 : static_cast<int>(tone.GetToneCount());
+    const int tones = tone.HasComponents() ? static_cast<int>(tone.GetToneCount()) : 1;
     menu.SetRadio(CommandOneTone, CommandSixteenTones, CommandNumberOfTones + tones);
     menu.SetRadio(CommandContinuous, CommandSweepLog, GetModeCommand(tone));
     menu.SetRadio(CommandMono, CommandStereo, tone.HasFlag(ToneFlagStereo) ? CommandStereo : CommandMono);
-    menu.SetRadio(CommandFirstWaveform, CommandPinkNoise, CommandFirstWaveform + tone.waveform);
+    menu.SetRadio(CommandFirstWaveform, GetLastWaveform(), WaveformCommand(tone.waveform));
     menu.SetCheck(CommandVariableAmplitude, tone.HasFlag(ToneFlagVariableAmplitude));
     menu.SetCheck(CommandLoop, tone.repeat != 0);
 }
@@ -42,11 +47,11 @@ void MarkMenuItems(LMenu& menu, const SonvireData& tone) {
 void EnableMenuItems(LMenu& menu, const MainState& state) {
     menu.EnableRange(CommandIncrease, CommandEditValue, state.selected);
     for (const int command : {CommandContinuous, CommandSpecifiedDuration, CommandMono, CommandStereo})
-        menu.Enable(command, !IsList(state.tone));
-    if (IsNoiseOrList(state.tone))
-        EnableForNoiseOrList(menu, state);
-    else
+        menu.Enable(command, !state.tone.IsList());
+    if (state.tone.HasComponents())
         EnableForPeriodicTone(menu, state);
+    else
+        EnableForNoiseOrList(menu, state);
     menu.Enable(CommandPlay, !state.playing);
     menu.Enable(CommandStop, state.playing);
     MarkMenuItems(menu, state.tone);
@@ -54,17 +59,17 @@ void EnableMenuItems(LMenu& menu, const MainState& state) {
 
 void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& state) {
     const SonvireData& tone = state.tone;
-    const bool periodic = !IsNoiseOrList(tone);
+    const bool periodic = tone.HasComponents();
     const bool editable = state.selected && (periodic || HasEditableDuration(tone));
     smallBar.Enable(CommandIncrease, editable);
     smallBar.Enable(CommandDecrease, editable);
-    smallBar.Enable(CommandFiniteToggle, !IsList(tone));
+    smallBar.Enable(CommandFiniteToggle, !tone.IsList());
     for (const int command :
          {CommandStereoToggle, CommandSweepLinear, CommandSweepLog, CommandVariableAmplitude})
         smallBar.Enable(command, periodic);
 
-    for (int command = CommandFirstWaveform; command <= CommandLoadList; ++command)
-        smallBar.SetState(command, command == CommandFirstWaveform + tone.waveform);
+    for (int command = CommandFirstWaveform; command <= GetLastWaveform(); ++command)
+        smallBar.SetState(command, command == WaveformCommand(tone.waveform));
     smallBar.SetState(CommandLoop, tone.repeat != 0);
     smallBar.SetState(CommandFiniteToggle, tone.HasFlag(ToneFlagDuration));
     smallBar.SetState(CommandStereoToggle, tone.HasFlag(ToneFlagStereo));

@@ -1,6 +1,5 @@
-#include "app/window/key_table.h"
-
 #include "app/window/command_ids.h"
+#include "app/window/window_tables.h"
 
 static constexpr LKeyMapEntry MainKeys[] = {
     {LKeyF1, 0, LCommandHelp},

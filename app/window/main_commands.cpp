@@ -1,3 +1,4 @@
+#include "app/desktop/about_dlg.h"
 #include "app/desktop/help_pages.h"
 #include "app/desktop/update_check.h"
 #include "app/desktop/web_links.h"
@@ -5,127 +6,108 @@
 #include "app/window/main_dialog.h"
 #include "app/window/set_dlg.h"
 #include "app/window/tone_commands.h"
+#include "app/window/window_tables.h"
+
+#include <algorithm>
+#include <iterator>
+
+struct MainDialog::Action {
+    int command;
+    void (*run)(MainDialog& window);
+};
+
+/// What a command does, but for those that only change the tone, and for links.
+const MainDialog::Action MainDialog::Actions[] = {
+    {CommandPlay, [](MainDialog& window) { window.playback.CmPlay(); }},
+    {CommandStop, [](MainDialog& window) { window.playback.Stop(); }},
+    {CommandLoop, [](MainDialog& window) { window.CmRepeatPlay(); }},
+    {ControlDevice, [](MainDialog& window) { window.CmChooseDevice(); }},
+    {ControlVolume, [](MainDialog& window) { window.playback.SetVolume(window.status.StoreVolume()); }},
+
+    {CommandSelection, [](MainDialog& window) { window.EnableControls(); }},
+    {CommandIncrease, [](MainDialog& window) { window.Restart(window.rows.IncreaseListViewData(1)); }},
+    {CommandDecrease, [](MainDialog& window) { window.Restart(window.rows.DecreaseListViewData(1)); }},
+    {CommandIncreaseLarge,
+     [](MainDialog& window) { window.Restart(window.rows.IncreaseListViewDataLarge()); }},
+    {CommandDecreaseLarge,
+     [](MainDialog& window) { window.Restart(window.rows.DecreaseListViewDataLarge()); }},
+    {CommandEditValue, [](MainDialog& window) { window.CmToneEditValue(); }},
+    {CommandListDoubleClick, [](MainDialog& window) { window.CmToneEditValue(); }},
+    {CommandListRightClick, [](MainDialog& window) { window.CmListViewRightClickMenu(); }},
+    {CommandFiniteToggle,
+     [](MainDialog& window) {
+         window.CmToggle(CommandFiniteToggle, CommandSpecifiedDuration, CommandContinuous);
+     }},
+    {CommandStereoToggle,
+     [](MainDialog& window) { window.CmToggle(CommandStereoToggle, CommandStereo, CommandMono); }},
+
+    {CommandLoadTone, [](MainDialog& window) { window.Relist(window.files.CmLoadTDF()); }},
+    {CommandSave, [](MainDialog& window) { window.CmSave(); }},
+    {CommandSaveAsTone, [](MainDialog& window) { window.files.CmSaveAsTDF(); }},
+    {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
+    {CommandNewList, [](MainDialog& window) { window.Relist(window.lists.CmCreateList()); }},
+    {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
+    {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
+
+    {CommandPreferences, [](MainDialog& window) { window.Restart(OpenSettingsDialog(window)); }},
+    {CommandCloseWindow, [](MainDialog& window) { window.Close(0); }},
+    {CommandAbout, [](MainDialog& window) { AboutDlg().RunModal(window); }},
+    {CommandCheckForUpdates, [](MainDialog& window) { LAboutCheckForVersionUpdate(window); }},
+    {CommandHelpKeys, [](MainDialog& window) { OpenHelpPage(window, HelpPage::Keys); }},
+};
 
 void MainDialog::Command(int command) {
     if (ChangeTone(tone, command)) {
         RelistandStart();
         return;
     }
-    if (RunValueCommand(command) || RunFileCommand(command) || RunStatusCommand(command) ||
-        OpenWebLink(*this, command))
-        return;
-    switch (command) {
-    case CommandPlay:
-        CmPlay();
-        break;
-    case CommandStop:
-        player.Stop();
-        break;
-    case CommandSelection:
-        EnableControls();
-        break;
-    case CommandFiniteToggle:
-        Command(smallToolBar.GetState(CommandFiniteToggle) ? CommandSpecifiedDuration : CommandContinuous);
-        break;
-    case CommandStereoToggle:
-        Command(smallToolBar.GetState(CommandStereoToggle) ? CommandStereo : CommandMono);
-        break;
-    case CommandLoop:
-        CmRepeatPlay();
-        break;
-    case CommandPreferences:
-        CmSettings();
-        break;
-    case CommandCloseWindow:
-        Close(0);
-        break;
-    case CommandAbout:
-        CmAbout();
-        break;
-    case CommandCheckForUpdates:
-        LAboutCheckForVersionUpdate(*this);
-        break;
-    case CommandHelpKeys:
-        OpenHelpPage(*this, HelpPage::Keys);
-        break;
-    default:
-        break;
-    }
+    const auto* action = std::find_if(std::begin(Actions), std::end(Actions),
+                                      [command](const Action& each) { return each.command == command; });
+    if (action != std::end(Actions))
+        action->run(*this);
+    else
+        OpenWebLink(*this, command);
 }
 
-bool MainDialog::RunValueCommand(int command) {
-    switch (command) {
-    case CommandIncrease:
-        if (IncreaseListViewData(1))
-            Restart();
-        return true;
-    case CommandDecrease:
-        if (DecreaseListViewData(1))
-            Restart();
-        return true;
-    case CommandIncreaseLarge:
-        if (IncreaseListViewDataLarge())
-            Restart();
-        return true;
-    case CommandDecreaseLarge:
-        if (DecreaseListViewDataLarge())
-            Restart();
-        return true;
-    case CommandEditValue:
-    case CommandListDoubleClick:
-        CmToneEditValue();
-        return true;
-    case CommandListRightClick:
-        CmListViewRightClickMenu();
-        return true;
-    default:
-        return false;
-    }
+void MainDialog::CmRepeatPlay() {
+    tone.flags |= ToneFlagDuration; // a loop has an end to go back from
+    tone.repeat = tone.repeat == 0 ? 1 : 0;
+    RelistandStart();
 }
 
-bool MainDialog::RunFileCommand(int command) {
-    switch (command) {
-    case CommandLoadTone:
-        CmLoadTDF();
-        return true;
-    case CommandSave:
-        CmSave();
-        return true;
-    case CommandSaveAsTone:
-        CmSaveAsTDF();
-        return true;
-    case CommandSaveAsWav:
-        CmSaveAsWav();
-        return true;
-    case CommandNewList:
-        CmCreateList();
-        return true;
-    case CommandLoadList:
-        CmLoadList();
-        return true;
-    case CommandSaveList:
-        CmSaveList();
-        return true;
-    default:
-        return false;
-    }
+void MainDialog::CmChooseDevice() {
+    status.StoreDevice();
+    playback.Restart();
 }
 
-bool MainDialog::RunStatusCommand(int command) {
-    switch (command) {
-    case ControlDevice:
-        status.StoreDevice();
-        Restart();
-        return true;
-    case ControlVolume:
-        player.SetPlayVolume(status.StoreVolume());
-        return true;
-    default:
-        return false;
-    }
+void MainDialog::CmToggle(int toggle, int on, int off) {
+    Command(smallToolBar.GetState(toggle) ? on : off);
 }
 
-void MainDialog::CmSettings() {
-    if (OpenSettingsDialog(*this))
-        Restart();
+void MainDialog::CmToneEditValue() {
+    if (tone.IsList())
+        Relist(lists.CmEditList(tone.GetListPath()));
+    else
+        Restart(rows.ChangeListViewData());
+}
+
+void MainDialog::CmListViewRightClickMenu() {
+    LMenu menu(rows.CreatePopupMenu(), GetListMenu());
+    EnableMenuItems(menu, GetState());
+    if (const int chosen = menu.Choose(); chosen != 0)
+        Command(chosen);
+}
+
+void MainDialog::CmSave() {
+    if (tone.IsList())
+        Relist(lists.CmSaveList());
+    else
+        files.CmSave();
+}
+
+void MainDialog::CmLoadList() {
+    if (lists.CmLoadList())
+        RelistandStart();
+    else
+        EnableControls(); // the item was pressed, and the tone is no list for that
 }

@@ -1,19 +1,14 @@
 #include "app/window/main_dialog.h"
 
-#include "app/desktop/about_dlg.h"
 #include "app/desktop/help_pages.h"
 #include "app/desktop/web_links.h"
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
-#include "app/window/key_table.h"
-#include "app/window/menu_table.h"
-#include "app/window/tool_bar_tables.h"
-#include "sys/desktop/settings.h"
+#include "app/window/tone_commands.h"
+#include "app/window/window_tables.h"
 #include "sys/desktop/folders.h"
 
 namespace {
-
-constexpr const char* Columns[] = {"Tone Data", "Values"};
-constexpr const char* GeometrySection = "MainWindow";
 
 std::string CurrentTonePath() {
     return GetUserDataFolder() + "/current.tdf";
@@ -24,54 +19,44 @@ std::string CurrentTonePath() {
 MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* const* arguments,
                        MainOutputs outputs)
     : LMainWindow(windowToolkit, argumentCount, arguments),
-      player(std::move(outputs.open)),
-      witness(tone, player),
       status(*this),
       devices(windowToolkit, std::move(outputs.listNames),
-              [this](const auto& names) { status.SetDevices(names); }) {}
+              [this](const auto& names) { status.SetDevices(names); }),
+      playback(windowToolkit, tone, status, devices, std::move(outputs.open)),
+      witness(tone, playback),
+      rows(*this, tone),
+      files(*this, tone),
+      lists(*this, tone, files) {}
 
 void MainDialog::InitDialog() {
     SetCaption("Sonvire");
-    GetControls().Add({ControlList, LControlKind::List, "", {}});
-    list = std::make_unique<LListView>(*this, ControlList);
+    rows.Create();
     SetStatusBar(StatusFields::GetItems());
     status.Init();
     SetToolBar(GetMainToolBar());
     SetToolBarSmallIcons(ControlSmallToolBar, smallToolBar, GetSmallToolBar());
     SetMenu(GetMainMenu());
     SetKeys(*this, GetMainKeys());
-    player.SetNotify(this, 0);
-    InitListView();
-    devices.Refresh();
-    if (LUserSettingGet("settings", "autoplay", false))
-        CmPlay();
-}
-
-void MainDialog::InitListView() {
-    list->SetColumns(Columns);
+    playback.Begin([this] { EnableControls(); });
     static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
     witness.Watch(CurrentTonePath());
-    SetupListViewData();
-    list->SetFocus();
-    list->SetCurrent(0);
-    list->BindCommands({.selection = CommandSelection,
-                        .doubleClick = CommandListDoubleClick,
-                        .rightClick = CommandListRightClick});
-    SetToolTip(ControlList, "Tone details (double click to modify)");
+    rows.Begin();
+    devices.Refresh();
+    if (Setting::Autoplay.Get())
+        playback.CmPlay();
 }
 
 void MainDialog::DestroyDialog() {
-    player.Stop();
-    player.SetNotify(nullptr, 0);
+    playback.End();
     devices.Leave();
     static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
-    list.reset();
+    rows.Destroy();
     OpenThankYouPageOnce(GetToolkit());
 }
 
 void MainDialog::EvStarted() {
-    LUserSettingSet("Settings", "FirstRun", true);
+    Setting::FirstRun.Set(true);
 }
 
 void MainDialog::LayoutControls(int width, int height) {
@@ -82,7 +67,7 @@ void MainDialog::LayoutControls(int width, int height) {
 }
 
 MainState MainDialog::GetState() const {
-    return {.tone = tone, .selected = !list->GetSelection().empty(), .playing = player.IsPlaying()};
+    return {.tone = tone, .selected = rows.HasSelection(), .playing = playback.IsPlaying()};
 }
 
 void MainDialog::EnableControls() {
@@ -94,25 +79,37 @@ void MainDialog::CmHelp() {
     OpenHelpPage(*this, HelpPage::Start);
 }
 
-void MainDialog::CmAbout() {
-    AboutDlg about;
-    about.Open(*this);
+void MainDialog::RelistandStart() {
+    if (tone.IsList())
+        TakeLength(tone);
+    rows.SetupListViewData();
+    playback.Restart();
+}
+
+void MainDialog::Relist(bool changed) {
+    if (changed)
+        RelistandStart();
+}
+
+void MainDialog::Restart(bool changed) {
+    if (changed)
+        playback.Restart();
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {
     LWindowGeometry geometry;
-    geometry.width = LUserSettingGet(GeometrySection, "Width", geometry.width);
-    geometry.height = LUserSettingGet(GeometrySection, "Height", geometry.height);
-    geometry.x = LUserSettingGet(GeometrySection, "X", geometry.x);
-    geometry.y = LUserSettingGet(GeometrySection, "Y", geometry.y);
-    geometry.maximized = LUserSettingGet(GeometrySection, "Maximized", geometry.maximized);
+    geometry.width = Setting::WindowWidth.Get();
+    geometry.height = Setting::WindowHeight.Get();
+    geometry.x = Setting::WindowX.Get();
+    geometry.y = Setting::WindowY.Get();
+    geometry.maximized = Setting::WindowMaximized.Get();
     return geometry;
 }
 
 void MainDialog::WriteGeometry(const LWindowGeometry& geometry) {
-    LUserSettingSet(GeometrySection, "Maximized", geometry.maximized);
-    LUserSettingSet(GeometrySection, "X", geometry.x);
-    LUserSettingSet(GeometrySection, "Y", geometry.y);
-    LUserSettingSet(GeometrySection, "Width", geometry.width);
-    LUserSettingSet(GeometrySection, "Height", geometry.height);
+    Setting::WindowMaximized.Set(geometry.maximized);
+    Setting::WindowX.Set(geometry.x);
+    Setting::WindowY.Set(geometry.y);
+    Setting::WindowWidth.Set(geometry.width);
+    Setting::WindowHeight.Set(geometry.height);
 }

@@ -1,15 +1,13 @@
 #pragma once
 
-#include "app/window/device_list.h"
 #include "app/window/enabling_rules.h"
+#include "app/window/playback.h"
 #include "app/window/status_fields.h"
+#include "app/window/tone_files.h"
+#include "app/window/tone_lists.h"
+#include "app/window/tone_rows.h"
 #include "app/window/tone_witness.h"
-#include "gui/list_view.h"
 #include "gui/main_window.h"
-#include "play/sound_player.h"
-#include "tone/tone_data.h"
-
-#include <optional>
 
 /// Where the window's sound goes.
 struct MainOutputs {
@@ -18,8 +16,8 @@ struct MainOutputs {
 };
 
 /// The program's window: it shows the current tone as rows, edits it by commands, plays it, and keeps it from
-/// one run to the next.
-class MainDialog : public LMainWindow, private LKeyHandler, private LSoundPlayerNotify {
+/// one run to the next. Its parts do the work, each by itself; the window connects them.
+class MainDialog : public LMainWindow, private LKeyHandler {
 public:
     MainDialog(LToolkit& windowToolkit, int argumentCount, const char* const* arguments, MainOutputs outputs);
 
@@ -34,79 +32,39 @@ private:
     void LayoutControls(int width, int height) override;
     void EnableControls() override;
     void CmHelp() override;
-    void CmAbout();
     void EvKeyDown(unsigned command) override { ControlUsed(static_cast<int>(command)); }
     LWindowGeometry ReadGeometry() override;
     void WriteGeometry(const LWindowGeometry& geometry) override;
-    void InitListView();
     MainState GetState() const;
-
-    // main_commands.cpp
-    bool RunValueCommand(int command);
-    bool RunFileCommand(int command);
-    bool RunStatusCommand(int command);
-    void CmSettings();
-
-    // list_rows.cpp: the rows show the tone, and edit its items.
-    void SetupListViewData();
-    void InsertListViewItem(unsigned int item);
-    void InsertListRows(unsigned int item);
-    void UpdateListViewItem(unsigned int item, int row);
-    // Each selected row's item by `count` steps, or by a large one; false where no row is selected.
-    bool IncreaseListViewData(int count);
-    bool DecreaseListViewData(int count);
-    bool IncreaseListViewDataLarge();
-    bool DecreaseListViewDataLarge();
-    bool StepSelectedItems(const std::function<void(unsigned int)>& step);
-    bool ChangeListViewData();
-    void CmToneEditValue();
-    void CmListViewRightClickMenu();
-
-    // playback.cpp
-    void CmPlay();
-    void CmRepeatPlay();
-    /// Plays the tone as it is now, where it was playing.
-    void Restart();
     /// After every change of what rows the tone has.
     void RelistandStart();
-    void TakeLength();
-    void ReportLostOutput();
-    LSoundPlayDevice FindDevice();
-    void spntfPlay(long id) override;
-    void spntfStop(long id) override;
-    void spntfTime(LSoundTime time, long id) override;
-    void spntfLevel(const LDBMC& levels, long id) override;
+    void Relist(bool changed);
+    /// After every change of a value.
+    void Restart(bool changed);
 
     // open_files.cpp: documents from outside.
     void CmLoadFile(const char* path) override;
     void EvRunArguments(const char* const* arguments, int count) override;
     void OpenFromUser(const std::string& path);
-    /// For the next chooser of a tone file.
-    static void RememberFile(const std::string& path);
 
-    // file_commands.cpp
-    void CmLoadTDF();
+    // main_commands.cpp: one table of what each command does, and what concerns more than one of the parts.
+    struct Action;
+    static const Action Actions[];
+    void CmRepeatPlay();
+    void CmChooseDevice();
+    void CmToggle(int toggle, int on, int off);
+    void CmToneEditValue();
+    void CmListViewRightClickMenu();
     void CmSave();
-    void CmSaveAsTDF();
-    void CmSaveAsWav();
-    void CmSaveTDF(const std::string& path);
-    void CmSaveWave(const std::string& path);
-
-    // list_commands.cpp
-    void CmCreateList();
-    void CmEditList(const std::string& path);
     void CmLoadList();
-    void CmSaveList();
-    bool EditList(const std::string& path);
-    bool CopyList(const std::string& list, const std::string& path);
 
-    LToolBar smallToolBar;
-    LSoundPlayer player;
     SonvireData tone;
-    ToneWitness witness;
-    std::unique_ptr<LListView> list;
+    LToolBar smallToolBar;
     StatusFields status;
     DeviceList devices;
-    std::string deviceName; ///< what `device` was looked up for
-    LSoundPlayDevice device;
+    Playback playback;
+    ToneWitness witness;
+    ToneRows rows;
+    ToneFiles files;
+    ToneLists lists;
 };

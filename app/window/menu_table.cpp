@@ -1,21 +1,10 @@
-#include "app/window/menu_table.h"
-
 #include "app/window/command_ids.h"
+#include "app/window/window_tables.h"
+#include "tone/waveforms.h"
 
-#include <algorithm>
-#include <array>
-#include <iterator>
+#include <vector>
 
 namespace {
-
-/// The tables behind one another.
-template <std::size_t... Sizes>
-constexpr auto Join(const LMenuEntry (&... parts)[Sizes]) {
-    std::array<LMenuEntry, (Sizes + ...)> all{};
-    auto next = all.begin();
-    ((next = std::copy(std::begin(parts), std::end(parts), next)), ...);
-    return all;
-}
 
 constexpr LMenuEntry FileAndToneMenu[] = {
     {-1, "File"},
@@ -36,26 +25,25 @@ constexpr LMenuEntry FileAndToneMenu[] = {
     {CommandEditValue, "Edit Value"},
 };
 
-/// What the Tone menu and the list's own menu have in common.
 constexpr LMenuEntry ToneChoices[] = {
     {0},
     {-1, "Number of Tones"},
-    {3001, "1"},
-    {3002, "2"},
-    {3003, "3"},
-    {3004, "4"},
-    {3005, "5"},
-    {3006, "6"},
-    {3007, "7"},
-    {3008, "8"},
-    {3009, "9"},
-    {3010, "10"},
-    {3011, "11"},
-    {3012, "12"},
-    {3013, "13"},
-    {3014, "14"},
-    {3015, "15"},
-    {3016, "16"},
+    {CommandNumberOfTones + 1, "1"},
+    {CommandNumberOfTones + 2, "2"},
+    {CommandNumberOfTones + 3, "3"},
+    {CommandNumberOfTones + 4, "4"},
+    {CommandNumberOfTones + 5, "5"},
+    {CommandNumberOfTones + 6, "6"},
+    {CommandNumberOfTones + 7, "7"},
+    {CommandNumberOfTones + 8, "8"},
+    {CommandNumberOfTones + 9, "9"},
+    {CommandNumberOfTones + 10, "10"},
+    {CommandNumberOfTones + 11, "11"},
+    {CommandNumberOfTones + 12, "12"},
+    {CommandNumberOfTones + 13, "13"},
+    {CommandNumberOfTones + 14, "14"},
+    {CommandNumberOfTones + 15, "15"},
+    {CommandNumberOfTones + 16, "16"},
     {-1},
     {0},
     {CommandContinuous, "Constant (Continuous)"},
@@ -68,13 +56,6 @@ constexpr LMenuEntry ToneChoices[] = {
     {0},
     {-CommandVariableAmplitude, "Variable Amplitude"},
     {0},
-    {CommandFirstWaveform + 0, "Sine"},
-    {CommandFirstWaveform + 1, "Square"},
-    {CommandFirstWaveform + 2, "Triangular"},
-    {CommandFirstWaveform + 3, "Saw Tooth"},
-    {CommandFirstWaveform + 4, "Impulse"},
-    {CommandWhiteNoise, "White Noise"},
-    {CommandPinkNoise, "Pink Noise"},
 };
 
 constexpr LMenuEntry RestOfMainMenu[] = {
@@ -106,15 +87,32 @@ constexpr LMenuEntry ListValues[] = {
     {CommandEditValue, "Edit Value..."},
 };
 
-constexpr auto MainMenu = Join(FileAndToneMenu, ToneChoices, RestOfMainMenu);
-constexpr auto ListMenu = Join(ListValues, ToneChoices);
+/// What the Tone menu and the list's own menu have in common: the choices, then the waveforms but the list.
+std::vector<LMenuEntry> GetToneEntries() {
+    std::vector<LMenuEntry> entries(std::begin(ToneChoices), std::end(ToneChoices));
+    const std::span<const ToneWaveformRow> waveforms = GetWaveforms();
+    for (int code = 0; code < static_cast<int>(waveforms.size()); ++code)
+        if (code != ToneFromList)
+            entries.push_back({WaveformCommand(code), waveforms[static_cast<std::size_t>(code)].szToneName});
+    return entries;
+}
+
+std::vector<LMenuEntry> Join(std::span<const LMenuEntry> before, std::span<const LMenuEntry> after) {
+    const std::vector<LMenuEntry> tone = GetToneEntries();
+    std::vector<LMenuEntry> all(before.begin(), before.end());
+    all.insert(all.end(), tone.begin(), tone.end());
+    all.insert(all.end(), after.begin(), after.end());
+    return all;
+}
 
 } // namespace
 
 std::span<const LMenuEntry> GetMainMenu() {
-    return MainMenu;
+    static const std::vector<LMenuEntry> menu = Join(FileAndToneMenu, RestOfMainMenu);
+    return menu;
 }
 
 std::span<const LMenuEntry> GetListMenu() {
-    return ListMenu;
+    static const std::vector<LMenuEntry> menu = Join(ListValues, {});
+    return menu;
 }

@@ -1,10 +1,7 @@
 #include "app/desktop/crash_offer.h"
 #include "app/window/main_dialog.h"
-#include "app/window/notices.h"
 #include "gui/toolkit.h"
-#include "jobs/file_notices.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/path.h"
 
 #include <filesystem>
@@ -18,30 +15,10 @@ std::string MakeAbsolute(const std::string& path) {
     return error ? path : full.native();
 }
 
-/// One that can't be read leaves the tone as it was, with a box; false then.
-bool ReadTone(SonvireData& tone, const std::string& path) {
-    SonvireData read;
-    if (const LFailure failure = read.ReadFromFile(path.c_str())) {
-        ShowNotice(DescribeUnreadable(path, failure));
-        return false;
-    }
-    tone = read;
-    return true;
-}
-
 } // namespace
 
-void MainDialog::RememberFile(const std::string& path) {
-    LUserSettingSetString("settings", "file", path);
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
-}
-
 void MainDialog::CmLoadFile(const char* path) {
-    RememberFile(path);
-    if (GetExtension(path) == ".tdf")
-        ReadTone(tone, path);
-    else
-        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
+    files.LoadDocument(path);
     RelistandStart();
 }
 
@@ -52,15 +29,13 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     GetToolkit().Post([this] { OfferCrashReport(*this); });
 }
 
-/// Other than a document from the desktop, a file named by its user may be a list, and its extension in
-/// capitals.
+/// Unlike a document from the desktop, a file named by its user may be a list, and its extension in capitals.
 void MainDialog::OpenFromUser(const std::string& path) {
     if (HasExtension(path, ".tdf")) {
-        if (ReadTone(tone, path))
-            RememberFile(MakeAbsolute(path));
+        files.LoadNamed(path, MakeAbsolute(path));
         RelistandStart();
     } else if (HasExtension(path, ".tdl")) {
-        CmEditList(MakeAbsolute(path));
+        Relist(lists.CmEditList(MakeAbsolute(path)));
     } else if (!GetExtension(path).empty()) {
         LShowMessageBox("Unrecognized file type.", "Sonvire does not process this type of file.",
                         LMessageButtons::OkCancel);

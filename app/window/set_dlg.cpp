@@ -1,17 +1,15 @@
 #include "app/window/set_dlg.h"
 
 #include "app/desktop/help_pages.h"
+#include "app/setting_names.h"
 #include "app/window/set_dlg_layout.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/parse.h"
 
 #include <cstdlib>
 
 namespace {
 
-constexpr const char* Section = "settings";
-constexpr const char* StepKey = "frequency increment step";
 constexpr int LeastSemitones = 1;
 constexpr int MostSemitones = 12;
 
@@ -27,16 +25,16 @@ std::string Trimmed(const std::string& text) {
 SetDlg::SetDlg() : LDialog(SetDlgLayout) {}
 
 void SetDlg::InitDialog() {
-    CheckButton(SetAutoplay, LUserSettingGet(Section, "autoplay", false));
+    CheckButton(SetAutoplay, Setting::Autoplay.Get());
     SetRange(SetSemitones, LeastSemitones, MostSemitones);
-    SetText(SetFrequency, LUserSettingGetText(Section, "frequencyval", "1.0"));
-    SetValue(SetSemitones, LUserSettingGet(Section, "semitoneval", 1));
-    const bool bySemitone = LUserSettingGet(Section, "semitone increment", true);
+    SetText(SetFrequency, Setting::ShownHz.Get());
+    SetValue(SetSemitones, Setting::ShownSemitones.Get());
+    const bool bySemitone = Setting::StepsBySemitone.Get();
     CheckButton(bySemitone ? SetBySemitone : SetByFrequency, true);
     if (bySemitone)
-        SetValue(SetSemitones, LUserSettingGet(Section, StepKey, 1));
+        SetValue(SetSemitones, Setting::StepSemitones.Get());
     else
-        SetText(SetFrequency, LUserSettingGetText(Section, StepKey, "1.0"));
+        SetText(SetFrequency, Setting::StepHz.Get());
     SetToolTip(SetFrequency, "Frequency");
     SetToolTip(SetSemitones, "SemiTone");
 }
@@ -49,15 +47,15 @@ void SetDlg::EnableControls() {
 }
 
 bool SetDlg::CmOk() {
-    LUserSettingSet(Section, "autoplay", IsChecked(SetAutoplay));
+    Setting::Autoplay.Set(IsChecked(SetAutoplay));
     const std::string semitones = Trimmed(GetText(SetSemitoneText));
     const std::string frequency = Trimmed(GetText(SetFrequency));
     if (IsChecked(SetBySemitone) && !StoreSemitones(semitones))
         return false;
     if (IsChecked(SetByFrequency) && !StoreFrequency(frequency))
         return false;
-    LUserSettingSetString(Section, "semitoneval", semitones);
-    LUserSettingSetString(Section, "frequencyval", frequency);
+    Setting::ShownSemitones.SetText(semitones);
+    Setting::ShownHz.Set(frequency);
     return true;
 }
 
@@ -67,8 +65,8 @@ bool SetDlg::StoreSemitones(const std::string& text) {
         LShowMessageBox("Play Settings", "Please enter valid SemiTone value. It must be between 1 and 12.");
         return false;
     }
-    LUserSettingSet(Section, "semitone increment", true);
-    LUserSettingSet(Section, StepKey, semitones);
+    Setting::StepsBySemitone.Set(true);
+    Setting::StepSemitones.Set(semitones);
     return true;
 }
 
@@ -77,8 +75,8 @@ bool SetDlg::StoreFrequency(const std::string& text) {
         LShowMessageBox("Play Settings", "Please enter Frequency value");
         return false;
     }
-    LUserSettingSet(Section, "semitone increment", false);
-    LUserSettingSetString(Section, StepKey, text);
+    Setting::StepsBySemitone.Set(false);
+    Setting::StepHz.Set(text);
     return true;
 }
 
@@ -88,5 +86,5 @@ void SetDlg::CmHelp() {
 
 bool OpenSettingsDialog(LWindow& parent) {
     SetDlg dialog;
-    return dialog.Open(parent);
+    return dialog.RunModal(parent);
 }

@@ -1,10 +1,10 @@
 #include "app/window/status_fields.h"
 
 #include "app/desktop/product.h"
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/time_text.h"
 #include "play/play_device.h"
-#include "sys/desktop/settings.h"
 
 #include <algorithm>
 #include <strings.h>
@@ -33,26 +33,18 @@ std::span<const LStatusItem> StatusFields::GetItems() {
     return Items;
 }
 
-std::string StatusFields::ReadDevice() {
-    return LUserSettingGetText("Settings", "OutDevice", LSoundPlayDevice::DefaultName);
-}
-
-LDB StatusFields::ReadVolume() {
-    return LDB(static_cast<std::int8_t>(std::clamp(LUserSettingGet("settings", "playvolume", 0), -127, 127)));
-}
-
 void StatusFields::Init() {
     window.SetText(ControlStatusText, ProductAndVersion);
     SetDevices({});
     window.SetRange(ControlVolume, LeastVolume, MostVolume);
-    window.SetValue(ControlVolume, ReadVolume().GetDecibels());
-    ShowVolume(ReadVolume().GetDecibels());
+    window.SetValue(ControlVolume, ReadPlayVolume().GetDecibels());
+    ShowVolume(ReadPlayVolume().GetDecibels());
 }
 
 void StatusFields::SetDevices(const std::vector<std::string>& names) {
     std::vector<std::string> choices = {LSoundPlayDevice::DefaultName};
     choices.insert(choices.end(), names.begin(), names.end());
-    const std::string chosen = ReadDevice();
+    const std::string chosen = Setting::OutDevice.Get();
     auto found = std::find_if(choices.begin(), choices.end(),
                               [&chosen](const std::string& name) { return IsSameName(name, chosen); });
     if (found == choices.end() && !chosen.empty())
@@ -82,13 +74,13 @@ void StatusFields::ShowStopped() {
 }
 
 void StatusFields::StoreDevice() {
-    LUserSettingSetString("Settings", "OutDevice", window.GetText(ControlDevice));
+    Setting::OutDevice.Set(window.GetText(ControlDevice));
 }
 
 LDB StatusFields::StoreVolume() {
     const int decibels = window.GetValue(ControlVolume);
     if (!window.IsHeld(ControlVolume)) // a store takes longer than a slider's next step
-        LUserSettingSet("settings", "playvolume", decibels);
+        Setting::PlayVolume.Set(decibels);
     ShowVolume(decibels);
     return LDB(static_cast<std::int8_t>(decibels));
 }

@@ -1,20 +1,16 @@
 #pragma once
 
+#include "app/window/playback.h"
 #include "gui/status_bar.h"
 #include "gui/window.h"
-#include "sound/level.h"
-#include "sound/sound_time.h"
 
 #include <span>
 
 /// The status bar: product, position, levels, and the output and volume as controls that keep the user's
 /// choices in the settings.
-class StatusFields {
+class StatusFields : public PlaybackView {
 public:
     static std::span<const LStatusItem> GetItems();
-    /// From the settings: the output's name, empty for the default one, and the volume in -127..127 dB.
-    static std::string ReadDevice();
-    static LDB ReadVolume();
 
     /// The window must outlive this.
     explicit StatusFields(LWindow& owner) : window(owner) {}
@@ -24,11 +20,10 @@ public:
     /// What can be chosen, besides the default output; the chosen one is offered even where it is not there.
     void SetDevices(const std::vector<std::string>& names);
 
-    /// 0 for a tone without an end.
-    void SetLength(LSoundTime playedLength) { length = playedLength; }
-    void ShowPosition(LSoundTime position);
-    void ShowLevels(const LDBMC& levels);
-    void ShowStopped();
+    void SetLength(LSoundTime playedLength) override { length = playedLength; }
+    void ShowPosition(LSoundTime position) override;
+    void ShowLevels(const LDBMC& levels) override;
+    void ShowStopped() override;
 
     /// Keep what the user has just chosen; a volume that is still being chosen is answered only.
     void StoreDevice();

@@ -1,6 +1,9 @@
 #include "app/window/tone_commands.h"
 
 #include "app/window/command_ids.h"
+#include "tone/tone_engine.h"
+#include "tone/tone_list_report.h"
+#include "tone/waveforms.h"
 
 #include <algorithm>
 
@@ -51,9 +54,10 @@ bool ChangeTone(SonvireData& tone, int command) {
         tone.numTones = static_cast<std::uint8_t>(command - CommandNumberOfTones);
         return true;
     }
-    if (command >= CommandFirstWaveform && command <= CommandPinkNoise) {
-        tone.waveform = static_cast<std::uint8_t>(command - CommandFirstWaveform);
-        if (command >= CommandWhiteNoise)
+    const int code = command - CommandFirstWaveform;
+    if (code != ToneFromList && FindWaveform(static_cast<unsigned int>(code))) {
+        tone.waveform = static_cast<std::uint8_t>(code);
+        if (!tone.HasComponents())
             Apply(tone, {command, NotOfNoise, 0, 0});
         return true;
     }
@@ -68,15 +72,15 @@ int GetModeCommand(const SonvireData& tone) {
     return tone.HasFlag(ToneFlagLogSweep) ? CommandSweepLog : CommandSweepLinear;
 }
 
+/// What is wrong with a list is told when it plays.
+void TakeLength(SonvireData& tone) {
+    SonvireData onePass = tone;
+    onePass.repeat = 0;
+    ToneListReport untold;
+    tone.durationMs = static_cast<std::uint32_t>(OpenToneEngine(onePass, &untold).GetEnd().GetMilliseconds());
+}
+
 void SetListPath(SonvireData& tone, const std::string& path) {
     const std::size_t length = path.copy(tone.listPath, sizeof tone.listPath - 1);
     tone.listPath[length] = 0;
-}
-
-bool IsList(const SonvireData& tone) {
-    return tone.waveform == ToneFromList;
-}
-
-bool IsNoiseOrList(const SonvireData& tone) {
-    return tone.waveform == ToneWhiteNoise || tone.waveform == TonePinkNoise || IsList(tone);
 }

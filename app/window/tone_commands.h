@@ -9,9 +9,8 @@ bool ChangeTone(SonvireData& tone, int command);
 /// The command that would lead to the tone's mode: one of the four from `CommandContinuous` on.
 int GetModeCommand(const SonvireData& tone);
 
+/// Sets the duration to that of one pass, also of a tone that loops.
+void TakeLength(SonvireData& tone);
+
 /// Takes as much of the path as the record holds.
 void SetListPath(SonvireData& tone, const std::string& path);
-
-bool IsList(const SonvireData& tone);
-/// A tone without frequencies of its own.
-bool IsNoiseOrList(const SonvireData& tone);

@@ -1,6 +1,6 @@
 #include "app/window/tone_witness.h"
 
-#include "play/sound_player.h"
+#include "app/window/playback.h"
 
 void ToneWitness::Watch(const std::string& file) {
     path.Clear();
@@ -20,5 +20,5 @@ void ToneWitness::DescribeAtCrash(LFixedText& report) const {
     report.Add("Tone: ").Add(tone.GetToneName()).Add(", ").Add(tone.GetModeName());
     report.Add(", components: ").AddNumber(tone.numTones).Add(", flags: ").AddHex(tone.flags);
     report.Add(", duration: ").AddNumber(tone.durationMs).Add(" ms, loop: ").AddNumber(tone.repeat);
-    report.Add(player.IsPlaying() ? "\nPlaying\n" : "\nStopped\n");
+    report.Add(playback.IsPlaying() ? "\nPlaying\n" : "\nStopped\n");
 }

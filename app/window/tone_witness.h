@@ -3,15 +3,15 @@
 #include "sys/desktop/crash_report.h"
 #include "tone/tone_data.h"
 
-class LSoundPlayer;
+class Playback;
 
 /// Keeps the current tone through a crash, and tells the crash report what it was.
 class ToneWitness : private LCrashWitness {
 public:
     /// Both must outlive this.
-    ToneWitness(const SonvireData& currentTone, const LSoundPlayer& soundPlayer)
+    ToneWitness(const SonvireData& currentTone, const Playback& tonePlayback)
         : tone(currentTone),
-          player(soundPlayer) {}
+          playback(tonePlayback) {}
     ~ToneWitness() { Leave(); }
     ToneWitness(const ToneWitness&) = delete;
     ToneWitness& operator=(const ToneWitness&) = delete;
@@ -25,7 +25,7 @@ private:
     void DescribeAtCrash(LFixedText& report) const override;
 
     const SonvireData& tone;
-    const LSoundPlayer& player;
+    const Playback& playback;
     LFixedText path;
     LFixedText temporaryPath;
 };

@@ -1,6 +1,6 @@
-#include "app/window/tool_bar_tables.h"
-
 #include "app/window/command_ids.h"
+#include "app/window/window_tables.h"
+#include "tone/tone_data.h"
 
 namespace {
 
@@ -19,14 +19,14 @@ constexpr LToolBarItem SmallToolBar[] = {
     {Button, CommandIncrease, "increase", "", "Increase selected tone value"},
     {Button, CommandDecrease, "decrease", "", "Decrease the selected tone value"},
     {Separator},
-    {Radio, CommandFirstWaveform + 0, "sine", "", "Sine"},
-    {Radio, CommandFirstWaveform + 1, "square", "", "Square"},
-    {Radio, CommandFirstWaveform + 2, "triangle", "", "Triangle"},
-    {Radio, CommandFirstWaveform + 3, "saw-tooth", "", "Saw tooth"},
-    {Radio, CommandFirstWaveform + 4, "impulse", "", "Impulse train"},
-    {Radio, CommandWhiteNoise, "white-noise", "", "White noise"},
-    {Radio, CommandPinkNoise, "pink-noise", "", "Pink noise"},
-    {Radio, CommandLoadList, "tone-list", "", "Load List"},
+    {Radio, WaveformCommand(ToneSine), "sine", "", "Sine"},
+    {Radio, WaveformCommand(ToneSquare), "square", "", "Square"},
+    {Radio, WaveformCommand(ToneTriangular), "triangle", "", "Triangle"},
+    {Radio, WaveformCommand(ToneSawTooth), "saw-tooth", "", "Saw tooth"},
+    {Radio, WaveformCommand(ToneImpulse), "impulse", "", "Impulse train"},
+    {Radio, WaveformCommand(ToneWhiteNoise), "white-noise", "", "White noise"},
+    {Radio, WaveformCommand(TonePinkNoise), "pink-noise", "", "Pink noise"},
+    {Radio, WaveformCommand(ToneFromList), "tone-list", "", "Load List"},
     {Toggle, CommandStereoToggle, "stereo", "", "Stereo"},
     {Separator},
     {Toggle, CommandFiniteToggle, "finite", "", "Finite duration"},
@@ -35,6 +35,7 @@ constexpr LToolBarItem SmallToolBar[] = {
     {Radio, CommandSweepLog, "log-sweep", "", "Logarithmic sweep"},
     {Toggle, CommandVariableAmplitude, "variable-amplitude", "", "Variable amplitudes"},
 };
+static_assert(WaveformCommand(ToneFromList) == CommandLoadList);
 
 } // namespace
 

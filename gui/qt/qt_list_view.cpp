@@ -38,9 +38,9 @@ void LQtListWidget::EnableDragging() {
 }
 
 void LQtListWidget::contextMenuEvent(QContextMenuEvent* event) {
-    const LQtMenuPlace place(event->reason() == QContextMenuEvent::Keyboard
-                                 ? viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft())
-                                 : event->globalPos());
+    menuPlace = event->reason() == QContextMenuEvent::Keyboard
+                    ? viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft())
+                    : event->globalPos();
     if (events)
         events->RightClicked();
 }
@@ -164,4 +164,8 @@ void LQtListView::SetSelection(const std::vector<int>& rows, int current) {
 
 void LQtListView::EnableDragging() {
     list->EnableDragging();
+}
+
+std::unique_ptr<LMenuPeer> LQtListView::CreatePopupMenu() {
+    return std::make_unique<LQtMenu>(list->GetMenuPlace());
 }

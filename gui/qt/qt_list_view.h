@@ -13,6 +13,8 @@ public:
     /// Where the user's actions go; none may be set.
     void SetEvents(LListViewEvents* listEvents) { events = listEvents; }
     void EnableDragging();
+    /// On the screen, where the last right click was, by mouse or keyboard.
+    QPoint GetMenuPlace() const { return menuPlace; }
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -25,6 +27,7 @@ private:
     bool Accepts(const QDropEvent& event) const;
 
     LListViewEvents* events = nullptr;
+    QPoint menuPlace;
 };
 
 /// A list's peer. The list may go before it does.
@@ -39,6 +42,7 @@ public:
     void SetText(int row, int column, const std::string& text) override;
     void SetSelection(const std::vector<int>& rows, int current) override;
     void EnableDragging() override;
+    std::unique_ptr<LMenuPeer> CreatePopupMenu() override;
 
 private:
     void TellSelection();

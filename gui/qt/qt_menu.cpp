@@ -5,24 +5,7 @@
 #include "gui/window_peer.h"
 
 #include <QActionGroup>
-#include <QCursor>
 #include <QMenuBar>
-
-#include <optional>
-
-namespace {
-
-std::optional<QPoint> popupPlace;
-
-} // namespace
-
-LQtMenuPlace::LQtMenuPlace(const QPoint& place) {
-    popupPlace = place;
-}
-
-LQtMenuPlace::~LQtMenuPlace() {
-    popupPlace.reset();
-}
 
 QString LQtMenu::WithLetter(const std::string& text) {
     QString label = ToQt(text);
@@ -111,6 +94,6 @@ void LQtMenu::SetKeyText(int id, const std::string& key) {
 }
 
 int LQtMenu::Choose() {
-    const QAction* chosen = bar ? nullptr : popup.exec(popupPlace.value_or(QCursor::pos()));
+    const QAction* chosen = bar ? nullptr : popup.exec(place);
     return chosen ? chosen->data().toInt() : 0;
 }

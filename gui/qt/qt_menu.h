@@ -13,20 +13,11 @@ class LWindowEvents;
 class QActionGroup;
 class QMenuBar;
 
-/// Says where pop-up menus appear while it exists, other than at the pointer.
-class LQtMenuPlace {
-public:
-    explicit LQtMenuPlace(const QPoint& place);
-    ~LQtMenuPlace();
-    LQtMenuPlace(const LQtMenuPlace&) = delete;
-    LQtMenuPlace& operator=(const LQtMenuPlace&) = delete;
-};
-
 /// A menu bar or a pop-up menu. Every text gets a letter of its menu, so that the keyboard reaches it.
 class LQtMenu : public LMenuPeer {
 public:
-    /// A pop-up menu.
-    LQtMenu() : open{&popup} {}
+    /// A pop-up menu that appears at this place of the screen.
+    explicit LQtMenu(const QPoint& screenPlace) : place(screenPlace), open{&popup} {}
     /// A menu bar, which outlives this; what the user chooses goes to the window.
     LQtMenu(QMenuBar& menuBar, LWindowEvents& windowEvents) : bar(&menuBar), events(&windowEvents) {}
 
@@ -49,6 +40,7 @@ private:
     QMenu popup;
     QMenuBar* bar = nullptr;
     LWindowEvents* events = nullptr;
+    QPoint place;
     std::vector<QMenu*> open; ///< from the outermost to the one that is being built
     std::map<int, QAction*> actions;
     std::map<QMenu*, std::set<QChar>> letters; ///< that a menu has taken

@@ -3,7 +3,6 @@
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
 #include "gui/qt/qt_main_window.h"
-#include "gui/qt/qt_menu.h"
 #include "gui/qt/qt_text.h"
 
 #include <QDesktopServices>
@@ -33,10 +32,6 @@ std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& eve
 
 std::unique_ptr<LDialogPeer> LQtToolkit::CreateDialog(const LDialogLayout& layout, LWindowEvents& events) {
     return std::make_unique<LQtDialog>(layout, events);
-}
-
-std::unique_ptr<LMenuPeer> LQtToolkit::CreatePopupMenu() {
-    return std::make_unique<LQtMenu>();
 }
 
 std::optional<LChosenFile> LQtToolkit::ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) {

@@ -15,7 +15,6 @@ public:
 
     std::unique_ptr<LMainWindowPeer> CreateMainWindow(LWindowEvents& events) override;
     std::unique_ptr<LDialogPeer> CreateDialog(const LDialogLayout& layout, LWindowEvents& events) override;
-    std::unique_ptr<LMenuPeer> CreatePopupMenu() override;
     std::optional<LChosenFile> ChooseFile(const LFileChooser& chooser, LFilePurpose purpose) override;
     bool OpenUrl(const std::string& url) override;
     bool IsSessionEnding() const override { return sessionEnd.HasBegun(); }

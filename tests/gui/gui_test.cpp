@@ -26,6 +26,8 @@ TEST_F(Gui, AWindowStartsAndEndsInOrder) {
         EXPECT_TRUE(shown.visible);
         EXPECT_EQ(shown.geometry, (LWindowGeometry{.x = 10, .y = 20, .width = 300, .height = 400}));
         shown.geometry.width = 555;
+        window.Activate();
+        EXPECT_EQ(shown.raised, 1);
         window.OpenDocuments({"a.tdf", "b.tdf"});
         shown.Drop({"dropped.tdf"});
         shown.CloseWindow();
@@ -67,8 +69,10 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
         window.commands.clear();
         list.MoveRow(4, 0); // e a b c d
         EXPECT_EQ(list.GetSelection(), (Ints{0, 3}));
+        EXPECT_EQ(list.GetCurrent(), 3);
         list.InsertRow(0, "x"); // x e a b c d
         EXPECT_EQ(list.GetSelection(), (Ints{1, 4}));
+        EXPECT_EQ(list.GetCurrent(), 4);
         EXPECT_TRUE(window.commands.empty()) << "the same rows are selected";
         list.DeleteRow(1); // x a b c d
         EXPECT_EQ(list.GetSelection(), Ints{3});
@@ -76,6 +80,11 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
         EXPECT_EQ(seen.selection, Ints{3});
         EXPECT_EQ(window.ListTexts(), "xabcd");
         EXPECT_EQ(list.GetData(3), 2u);
+        EXPECT_EQ(list.GetCurrent(), 3);
+        list.DeleteRows({3, 4});
+        EXPECT_EQ(list.GetCurrent(), 2) << "the last row that is left";
+        list.InsertRow(99, "z");
+        EXPECT_EQ(window.ListTexts(), "xabz");
     });
 }
 

@@ -6,11 +6,11 @@
 #include "support/test_window.h"
 
 #include <QAbstractSpinBox>
-#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -35,69 +35,6 @@ protected:
 
     TestWindow window{toolkit};
 };
-
-constexpr LKeyMapEntry Keys[] = {
-    {LKeyF1, 0, LCommandHelp}, {LKeyNone, ' ', 101},      {LKeyEscape, 0, 102},  {LKeyControl, 's', 1110},
-    {LKeyControl, 'w', 1402},  {LKeyKeypadPlus, 0, 2101}, {LKeyNone, '-', 2102}, {LKeyPageUp, 0, 5101},
-    {LKeyPageDown, 0, 5102},   {LKeyReturn, 0, 2103},
-};
-
-TEST_F(QtGui, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
-    static constexpr LStatusItem status[] = {{304, LStatusKind::Chooser, "Device", "device"}};
-    window.init = [&] {
-        window.MakeList(3);
-        window.SetKeys(window, Keys);
-        window.SetStatusBar(status);
-        window.SetChoices(304, {"one", "two"});
-        window.list->SetCurrent(0);
-        window.list->SetFocus();
-        window.commands.clear();
-    };
-    Run([this] {
-        struct {
-            Qt::Key key;
-            Qt::KeyboardModifiers held;
-            Ints commands;
-        } const cases[] = {
-            {Qt::Key_F1, {}, {-LCommandHelp}},
-            {Qt::Key_Space, {}, {101}},
-            {Qt::Key_Escape, {}, {102}},
-            {Qt::Key_S, Qt::ControlModifier, {1110}},
-            {Qt::Key_W, Qt::ControlModifier, {1402}},
-            {Qt::Key_Plus, Qt::KeypadModifier, {2101}},
-            {Qt::Key_Plus, {}, {}},
-            {Qt::Key_Minus, {}, {2102}},
-            {Qt::Key_PageUp, {}, {5101}},
-            {Qt::Key_PageDown, {}, {5102}},
-            {Qt::Key_Return, {}, {2103}},
-            {Qt::Key_Enter, Qt::KeypadModifier, {2103}},
-            {Qt::Key_S, {}, {}},
-            {Qt::Key_Space, Qt::AltModifier, {}},
-            {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
-        };
-        EXPECT_EQ(QApplication::focusWidget(), ListWidget());
-        for (const auto& each : cases) {
-            window.commands.clear();
-            QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
-            EXPECT_EQ(window.commands, each.commands) << each.key;
-        }
-        EXPECT_EQ(window.list->GetSelection(), Ints{1});
-
-        window.commands.clear();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-        QApplication::sendEvent(ListWidget(), &held);
-        EXPECT_TRUE(window.commands.empty());
-        EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
-
-        auto* chooser = Control<QComboBox>(304);
-        chooser->setFocus();
-        QTest::keyClick(chooser, Qt::Key_Escape);
-        QTest::keyClick(chooser, Qt::Key_Down);
-        QTest::keyClick(chooser, Qt::Key_PageDown);
-        EXPECT_EQ(window.commands, (Ints{102, 304})) << "keys that step a chooser stay with it";
-        EXPECT_EQ(window.GetValue(304), 1);
-    });
-}
 
 TEST_F(QtGui, ToolBarItemsLookAsTheirStateIsBeforeTheCommandIsSent) {
     using enum LToolBarItemKind;
@@ -144,14 +81,10 @@ TEST_F(QtGui, TheListIsSelectedAsAList) {
         ClickRow(1, Qt::ControlModifier);
         ClickRow(2, Qt::ControlModifier);
         EXPECT_EQ(window.list->GetSelection(), (Ints{4, 1, 2}));
-        {
-            const LListRebuild rebuild(*window.list);
-            for (const std::uint32_t data : {2u, 4u, 9u})
-                window.list->AppendRow("row", data);
-        }
-        EXPECT_EQ(window.list->GetSelection(), (Ints{1, 0}));
-        EXPECT_TRUE(ListWidget()->topLevelItem(0)->isSelected());
+        window.list->SelectRows({0, 5});
+        EXPECT_TRUE(ListWidget()->topLevelItem(5)->isSelected());
         EXPECT_FALSE(ListWidget()->topLevelItem(2)->isSelected());
+        EXPECT_EQ(ListWidget()->currentIndex().row(), 0);
         ClickRow(0);
         window.commands.clear();
         QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},
@@ -172,7 +105,7 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
         window.onCommand = [&](int command) {
             if (command != RightClick)
                 return;
-            LMenu menu(toolkit.CreatePopupMenu(), Entries);
+            LMenu menu(window.list->CreatePopupMenu(), Entries);
             menu.Enable(102, false);
             menu.SetRadio(3001, 3002, 3002);
             menu.SetCheck(118, true);
@@ -214,6 +147,7 @@ TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
     Run([this] {
         const QList<QAction*> items = Main()->findChildren<QMenu*>().at(0)->actions();
         EXPECT_EQ(items[0]->text(), "&Loop\tL");
+        EXPECT_TRUE(items[0]->isCheckable());
         for (QAction* item : items)
             item->trigger();
         EXPECT_EQ(window.commands, (Ints{118, 2108, 2109}));
@@ -240,8 +174,8 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
                 QTest::keyClicks(input, "441");
                 QTest::keyClick(input, each.key);
             });
-            EXPECT_EQ(box.Open(window), each.ok);
-            EXPECT_EQ(box.GetText(), each.text);
+            EXPECT_EQ(box.RunModal(window), each.ok);
+            EXPECT_EQ(box.GetEntry(), each.text);
         }
     });
 }
@@ -295,6 +229,10 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
                 EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
                     << row.id;
             }
+            const QRect check = Control<QWidget>(102, &dialog)->geometry();
+            EXPECT_NEAR(check.center().y(), 58 * unit, 1) << "around the middle of its place";
+            form.SetText(101, "Frame");
+            EXPECT_EQ(Control<QGroupBox>(101, &dialog)->title(), "Frame");
             dialog.resize(dialog.width() + 100, dialog.height() + 50);
             const auto place = [&](int id) { return Control<QWidget>(id, &dialog)->geometry(); };
             const auto scaled = [unit](int x, int y) { return QPoint(qRound(x * unit), qRound(y * unit)); };
@@ -329,7 +267,7 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_FALSE(link->hasFocus());
             QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
         });
-        EXPECT_TRUE(form.Open(window));
+        EXPECT_TRUE(form.RunModal(window));
         EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "C & D", "12"}));
     });
 }
@@ -345,7 +283,7 @@ LProcessResult Process(LProgressDialog& dialog, Job& job) {
     for (; job.steps < 4; ++job.steps) {
         if (dialog.IsToStop())
             return LProcessResult::Stopped;
-        dialog.PBSetProgress(ProgressBar, (job.steps + 1) * 0.2999);
+        dialog.PBSetProgress(ProgressBar, (job.steps + 1) * 0.3333);
         if (job.steps == 2)
             job.user(*QApplication::activeModalWidget());
     }
@@ -372,7 +310,7 @@ TEST_F(QtGui, AJobRunsUnderItsProgressDialogUntilItIsStopped) {
             SCOPED_TRACE(each.name);
             Job job{.ending = each.ending, .user = [&](QWidget& dialog) {
                         EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
-                        EXPECT_EQ(Control<QProgressBar>(ProgressBar, &dialog)->value(), 89) << "not 90";
+                        EXPECT_EQ(Control<QProgressBar>(ProgressBar, &dialog)->value(), 99) << "not 100";
                         each.user(dialog);
                         EXPECT_TRUE(dialog.isVisible()) << "it goes when the job has returned";
                     }};
@@ -428,7 +366,7 @@ TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
         EXPECT_FALSE(toolkit.IsSessionEnding());
         LNumericEdit box("Edit Value", "", "1");
         Then([](QWidget&) { raise(SIGTERM); });
-        ok = box.Open(window);
+        ok = box.RunModal(window);
         answer = LShowMessageBox("", "Save it?", LMessageButtons::YesNo);
         EXPECT_TRUE(QTest::qWaitFor([] { return !Main(); }));
     });

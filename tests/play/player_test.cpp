@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -66,22 +67,25 @@ TEST_F(Player, EveryFrameIsPlayedOnceAndInOrder) {
         const char* name;
         int rate, frames;
         std::uint8_t channels;
-    } const cases[] = {{"one frame", 44100, 1, 1},
-                       {"1 ms", 8000, 8, 2},
-                       {"ends with a block", 8000, 800, 1},
-                       {"ends with the ring", 8000, 64 * 800, 1},
-                       {"one frame more", 8000, 64 * 800 + 1, 1},
-                       {"short blocks", 100, 1500, 2},
-                       {"long blocks", 192000, 3 * 8192 + 5, 2},
-                       {"nothing", 44100, 0, 1}};
+        int block;
+    } const cases[] = {{"one frame", 44100, 1, 1, 1},
+                       {"1 ms", 8000, 8, 2, 8},
+                       {"ends with a block", 8000, 800, 1, 800},
+                       {"ends with the ring", 8000, 64 * 800, 1, 800},
+                       {"one frame more", 8000, 64 * 800 + 1, 1, 800},
+                       {"short blocks", 100, 1500, 2, 20},
+                       {"long blocks", 192000, 3 * 8192 + 5, 2, 8192},
+                       {"nothing", 44100, 0, 1, 0}};
     for (const auto& each : cases) {
         owner = {};
-        ASSERT_TRUE(Play(Frames(each.frames, each.channels, each.rate), std::min(each.frames, 20)));
+        const LSoundSource source = Frames(each.frames, each.channels, each.rate);
+        ASSERT_TRUE(Play(source, std::min(each.frames, 20)));
         std::vector<int> played = TakeAll();
         EXPECT_EQ(owner.stops, 1) << each.name;
         std::erase(played, 0); // what the player was not in time for
         EXPECT_EQ(played, Numbered(each.frames * each.channels)) << each.name;
         EXPECT_EQ(player.GetStatus(), PlayUsable);
+        EXPECT_EQ(static_cast<ArraySource&>(*source).longestRead, each.block) << each.name;
     }
 }
 
@@ -127,6 +131,20 @@ TEST_F(Player, TheVolumeCurve) {
     ASSERT_TRUE(WaitForQueue(8000));
     ASSERT_TRUE(Wait([&] { return output.volume == 0x00B400B4; })) << "while it plays, and at once";
     EXPECT_THAT(output.Take(10), Each(-7031));
+}
+
+TEST(Feed, LeftAndRightHaveLevelsOfTheirOwn) {
+    const auto ring = std::make_shared<LSoundPlayerRing>(3, std::uint8_t{2});
+    LChannelFeed feed(8000, 2, ring, 0);
+    std::fill_n(ring->buffers[0].samples, 6, std::int16_t{1000});
+    ring->buffers[0].frames = 3;
+    feed.SetVolume(0x00800040);
+    feed.Queue(ring->buffers[0]);
+    std::int16_t out[6] = {};
+    feed.Fill(out, 2);
+    feed.SetVolume(LSoundChannel::UnityVolume);
+    feed.Fill(out + 4, 1);
+    EXPECT_EQ(std::vector<int>(out, out + 6), (std::vector<int>{250, 500, 250, 500, 1000, 1000}));
 }
 
 TEST_F(Player, AStopFadesOutOver5Ms) {
@@ -180,7 +198,6 @@ TEST_F(Player, ReadsAheadAsFarAsTheRingGoes) {
     ASSERT_TRUE(WaitForQueue(65 * 800));
     player.Stop();
     EXPECT_EQ(source->GetPositionSample(), 65 * 800);
-    EXPECT_EQ(static_cast<ArraySource&>(*source).longestRead, 800);
 }
 
 TEST_F(Player, PlaysFromWhereTheSourceStands) {
@@ -221,6 +238,44 @@ TEST_F(Player, StopsFromEveryState) {
     EXPECT_FALSE(player.Start(LSoundSource())) << "and what played has stopped";
     EXPECT_FALSE(player.IsPlaying());
     EXPECT_EQ(owner.stops, 3);
+}
+
+/// Does something of its own when the first level arrives, or the end's time, which comes without one.
+class ActingOwner : public Owner {
+public:
+    void spntfLevel(const LDBMC& levels, long id) override {
+        Owner::spntfLevel(levels, id);
+        if (std::exchange(atLevel, false))
+            act();
+    }
+    void spntfTime(LSoundTime time, long id) override {
+        const bool end = !events.back().starts_with("level") && time.GetMilliseconds() > 0;
+        Owner::spntfTime(time, id);
+        if (end && std::exchange(atEnd, false))
+            act();
+    }
+    bool atLevel = false, atEnd = false;
+    std::function<void()> act;
+};
+
+TEST_F(Player, TheOwnerMayStopOrStartFromWithinAReport) {
+    ActingOwner acting;
+    player.SetNotify(&acting, 7);
+    acting.atLevel = true;
+    acting.act = [this] { player.Stop(); };
+    ASSERT_TRUE(Play(Constant(0, 200, 1000), 200));
+    output.Take(100);
+    ASSERT_TRUE(Wait([&] { return acting.stops == 1; }));
+    EXPECT_EQ(acting.events, (Texts{"play 7", "time 0", "level -127", "stop 7"})) << "and no time after it";
+    acting.events.clear();
+    acting.atEnd = true;
+    acting.act = [this] { player.Start(Constant(0, 200, 1000)); };
+    ASSERT_TRUE(Play(Constant(0, 50, 1000), 50));
+    output.Take(50);
+    ASSERT_TRUE(Wait([&] { return acting.stops == 2; }));
+    EXPECT_EQ(acting.events.back(), "time 0");
+    EXPECT_TRUE(player.IsPlaying()) << "what has been started plays on";
+    player.SetNotify(nullptr, 0);
 }
 
 TEST_F(Player, AnOutputThatFailsEndsThePlaybackWithAReason) {
@@ -270,8 +325,13 @@ public:
     int GetPositionSample() const override { return position; }
     int GetEndSample() const override { return end; }
     bool IsStreaming() const override { return streaming; }
+    void WaitForStreamingData(int milliseconds) override {
+        EXPECT_EQ(milliseconds, 20);
+        ++waits;
+        LSoundSourceBase::WaitForStreamingData(milliseconds);
+    }
 
-    std::atomic<int> end = 0;
+    std::atomic<int> end = 0, waits = 0;
     std::atomic<bool> streaming = true;
     int position = 0;
 };
@@ -289,6 +349,7 @@ TEST_F(Player, AStreamingSourceIsWaitedForAndReportedMeanwhile) {
     ASSERT_TRUE(WaitForQueue(80));
     EXPECT_THAT(output.Take(30), Each(1));
     EXPECT_TRUE(player.IsPlaying());
+    EXPECT_GT(growing->waits, 0);
     growing->streaming = false;
     ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
     EXPECT_EQ(*(owner.events.end() - 2), "time 80");

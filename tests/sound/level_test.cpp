@@ -52,7 +52,8 @@ TEST(Level, MeasuresABuffer) {
         {524272, 0, 0, 0, -127},
     };
     for (const auto& each : cases) {
-        const std::vector<int> mono(static_cast<std::size_t>(each.frames) + 1, each.sample);
+        std::vector<int> mono(static_cast<std::size_t>(each.frames), each.sample);
+        mono.push_back(1 << 20); // which is no part of it
         EXPECT_EQ(GetBufferPeak(mono.data(), each.frames, 1), each.peak) << each.sample;
         EXPECT_EQ(GetBufferMeanSquare(mono.data(), each.frames, 1), each.meanSquare) << each.sample;
         EXPECT_EQ(GetBufferMeanSquareChan(1, mono.data(), each.frames, 1), each.meanSquare) << each.sample;

@@ -1,18 +1,22 @@
 #pragma once
 
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/main_dialog.h"
 #include "support/memory_toolkit.h"
 #include "support/owner.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
-#include "sys/desktop/settings.h"
 #include "sys/desktop/folders.h"
 
 #include <gtest/gtest.h>
 
 using Ints = std::vector<int>;
 using Texts = std::vector<std::string>;
+
+constexpr int Tones(int count) {
+    return int{CommandNumberOfTones} + count;
+}
 
 /// The program without a display and with an output of the test's own: each run is one start of it, and what
 /// it keeps from one to the next is gone with the test.
@@ -45,6 +49,12 @@ protected:
             before(window);
         toolkit->running = [&] { user(*toolkit->mainWindow); };
         window.Run();
+    }
+
+    /// Starts with a list as the current tone, by OK in its editor.
+    void RunList(const std::string& list, const std::function<void()>& user) {
+        dialogs = {PressOk};
+        Run([&](MemoryMainWindow&) { user(); }, {list});
     }
 
     /// Sends commands as the menu would, enabled or not.
@@ -83,6 +93,10 @@ protected:
         EXPECT_FALSE(tone.WriteToFile((folder / name).c_str()));
         return folder / name;
     }
+    std::string WriteList(const std::string& name, const std::string& lines) {
+        WriteBytes(folder / name, lines);
+        return folder / name;
+    }
     /// A tone that shows 440.00Hz, and ends after a second where it is to.
     static SonvireData Tone440(bool finite = false) {
         SonvireData tone;
@@ -98,11 +112,12 @@ protected:
         EXPECT_FALSE(kept.ReadFromFile((GetUserDataFolder() + "/current.tdf").c_str()));
         return kept;
     }
-    static std::string Stored(const char* section, const char* key) {
-        std::string text;
-        LUserSettingGetString(section, key, "-", text);
-        return text;
+    /// The stored text, "-" where there is none.
+    template <class Setting>
+    static std::string Stored(const Setting& setting) {
+        return LUserSettingGetText(setting.section, setting.key, "-");
     }
+    static std::string EditedList() { return Setting::EditList.Get(); }
 
     // What the user will do.
     static void PressOk(MemoryDialog& dialog) { dialog.Press(LCommandOk); }

@@ -2,15 +2,22 @@
 
 #include "gui/controls_peer.h"
 #include "gui/list_view_peer.h"
+#include "gui/menu.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
-#include <memory>
+
+using MemoryMenuMaker = std::function<std::unique_ptr<LMenuPeer>()>;
 
 /// A list as the user sees it.
 class MemoryList : public LListViewPeer {
 public:
-    explicit MemoryList(LListViewEvents& listEvents) : events(listEvents) {}
+    MemoryList(LListViewEvents& listEvents, MemoryMenuMaker menuMaker)
+        : events(listEvents),
+          makeMenu(std::move(menuMaker)) {}
 
     std::vector<std::string> columns;
     std::vector<std::vector<std::string>> rows;
@@ -37,47 +44,65 @@ public:
         std::sort(selection.begin(), selection.end());
     }
     void EnableDragging() override { draggable = true; }
+    std::unique_ptr<LMenuPeer> CreatePopupMenu() override { return makeMenu(); }
+
+private:
+    MemoryMenuMaker makeMenu;
 };
 
 /// A control as the user sees it.
 struct MemoryControl {
+    MemoryControl() = default;
+    explicit MemoryControl(const LControlLayout& row) : kind(row.kind), text(row.text), place(row.rect) {}
+
     LControlKind kind{};
-    std::string text;
+    std::string text, toolTip;
+    LRect place;
     bool enabled = true;
-    int value = 0;
+    int value = 0, least = 0, most = 0;
     bool held = false; ///< a slider, by the user
     std::vector<std::string> choices;
     std::vector<int> levels;
     MemoryList* list = nullptr; ///< while its owner has it
 };
 
-/// Controls by their ids; where they stand is not kept.
+/// Controls by their ids: those that were added, and no others.
 class MemoryControls : public LControlsPeer {
 public:
     int focus = 0;
+    MemoryMenuMaker makeMenu; ///< for lists
 
     /// A number edit and its text are one control with two ids.
     MemoryControl& operator[](int id) const {
         const auto number = numberOfText.find(id);
-        return controls[number == numberOfText.end() ? id : number->second];
+        const auto found = controls.find(number == numberOfText.end() ? id : number->second);
+        if (found != controls.end())
+            return found->second;
+        ADD_FAILURE() << "there is no control " << id;
+        return missing;
     }
 
     void Add(const LControlLayout& control) override {
         if (control.kind == LControlKind::NumberText)
             numberOfText[control.id] = lastAdded;
         else
-            (*this)[control.id].kind = control.kind;
-        (*this)[control.id].text = control.text;
+            controls.insert_or_assign(control.id, MemoryControl{control});
         lastAdded = control.id;
     }
-    void Place(int /*id*/, const LRect& /*rect*/) override {}
-    LRect GetPlace(int /*id*/) const override { return {}; }
+    void Place(int id, const LRect& rect) override { (*this)[id].place = rect; }
+    LRect GetPlace(int id) const override { return (*this)[id].place; }
     void SetText(int id, const std::string& text) override { (*this)[id].text = text; }
     std::string GetText(int id) const override { return (*this)[id].text; }
     void Enable(int id, bool enabled) override { (*this)[id].enabled = enabled; }
-    void SetToolTip(int /*id*/, const std::string& /*text*/) override {}
-    void SetFocus(int id) override { focus = id; }
-    void SetRange(int /*id*/, int /*least*/, int /*most*/) override {}
+    void SetToolTip(int id, const std::string& text) override { (*this)[id].toolTip = text; }
+    void SetFocus(int id) override {
+        (*this)[id];
+        focus = id;
+    }
+    void SetRange(int id, int least, int most) override {
+        (*this)[id].least = least;
+        (*this)[id].most = most;
+    }
     void SetValue(int id, int value) override {
         if ((*this)[id].kind == LControlKind::Radio && value != 0)
             for (auto& [otherId, other] : controls)
@@ -85,6 +110,8 @@ public:
         if ((*this)[id].kind == LControlKind::NumberEdit)
             (*this)[id].text = std::to_string(value);
         (*this)[id].value = value;
+        if (const auto& choices = (*this)[id].choices; !choices.empty())
+            (*this)[id].text = choices.at(static_cast<std::size_t>(value));
     }
     bool IsHeld(int id) const override { return (*this)[id].held; }
     int GetValue(int id) const override {
@@ -97,13 +124,14 @@ public:
     }
     void SetLevels(int id, const std::vector<int>& decibels) override { (*this)[id].levels = decibels; }
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override {
-        auto list = std::make_unique<MemoryList>(events);
+        auto list = std::make_unique<MemoryList>(events, makeMenu);
         (*this)[id].list = list.get();
         return list;
     }
 
 private:
     mutable std::map<int, MemoryControl> controls;
+    mutable MemoryControl missing;
     std::map<int, int> numberOfText;
     int lastAdded = 0;
 };

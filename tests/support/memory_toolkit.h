@@ -35,6 +35,7 @@ public:
 
     std::unique_ptr<LMainWindowPeer> CreateMainWindow(LWindowEvents& events) override {
         auto window = std::make_unique<MemoryMainWindow>(events);
+        window->controls.makeMenu = [this] { return CreatePopupMenu(); };
         mainWindow = window.get();
         return window;
     }
@@ -45,14 +46,6 @@ public:
         if (onDialog)
             onDialog(*dialog);
         return dialog;
-    }
-    std::unique_ptr<LMenuPeer> CreatePopupMenu() override {
-        auto menu = std::make_unique<MemoryMenu>();
-        menu->choose = [this](const MemoryMenu& shown) {
-            popup = shown;
-            return popup.Pick(TakeNext(popupChoices, 0));
-        };
-        return menu;
     }
     std::optional<LChosenFile> ChooseFile(const LFileChooser& chooser, LFilePurpose /*purpose*/) override {
         choosers.push_back(chooser);
@@ -94,6 +87,14 @@ public:
     }
 
 private:
+    std::unique_ptr<LMenuPeer> CreatePopupMenu() {
+        auto menu = std::make_unique<MemoryMenu>();
+        menu->choose = [this](const MemoryMenu& shown) {
+            popup = shown;
+            return popup.Pick(TakeNext(popupChoices, 0));
+        };
+        return menu;
+    }
     template <class T>
     static T TakeNext(std::deque<T>& scripts, T otherwise) {
         if (scripts.empty())

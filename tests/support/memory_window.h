@@ -113,6 +113,8 @@ public:
     bool Key(unsigned virtualKey, char32_t character = 0, bool repeated = false) {
         return events.KeyPressed({.virtualKey = virtualKey, .character = character, .repeated = repeated});
     }
+    /// The user makes the window this large.
+    void Resize(int width, int height) { events.Resized(width, height); }
     void Drop(const std::vector<std::string>& paths) { events.FilesDropped(paths); }
     void CloseWindow() { events.CloseAsked(); }
 
@@ -151,6 +153,7 @@ public:
 
     LWindowGeometry geometry;
     bool visible = false;
+    int raised = 0;
     MemoryMenu* menu = nullptr;
     MemoryToolBar* toolBar = nullptr;
     MemoryToolBar* smallToolBar = nullptr;
@@ -164,16 +167,20 @@ public:
     void SetGeometry(const LWindowGeometry& wanted) override { geometry = wanted; }
     LWindowGeometry GetGeometry() const override { return geometry; }
     void Show() override { visible = true; }
-    void Raise() override {}
+    void Raise() override { ++raised; }
     void Hide() override { visible = false; }
     std::unique_ptr<LMenuPeer> CreateMenuBar() override { return Make(menu); }
     std::unique_ptr<LToolBarPeer> CreateToolBar(LToolBarEvents& barEvents) override {
         return Make(toolBar, barEvents);
     }
-    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int /*control*/, LToolBarEvents& barEvents) override {
+    std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int control, LToolBarEvents& barEvents) override {
+        controls.Add({control, {}, "", {.height = 30}});
         return Make(smallToolBar, barEvents);
     }
-    void AddStatusItem(const LStatusItem& /*item*/) override {}
+    void AddStatusItem(const LStatusItem& item) override {
+        controls.Add({item.id, {}, "", {}});
+        controls.SetToolTip(item.id, item.toolTip);
+    }
 
 private:
     /// The window's owner has it, and the test sees it meanwhile.

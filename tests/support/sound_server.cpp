@@ -27,6 +27,7 @@ SoundServer::SoundServer() {
     Set("PULSE_SERVER", "unix:" + Path("native"));
     Set("PULSE_SINK", "");
     Set("JACK_DEFAULT_SERVER", "none");
+    Set("AUDIODEVICE", "none"); // sndio's, which takes cards as well
     Set("ALSA_CONFIG_PATH", Path("no.conf"));
 }
 

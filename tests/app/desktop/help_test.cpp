@@ -51,7 +51,7 @@ TEST_F(App, HelpOpensItsPages) {
     Run([&](MemoryMainWindow&) {
         for (const HelpPage page : pages)
             OpenHelpPage(*dialog, page);
-        Send({1401});
+        Send({CommandPreferences});
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html"), HasSubstr("/lists.html"),
                                                HasSubstr("/settings.html"), HasSubstr("/keys.html"),
                                                HasSubstr("/settings.html")));
@@ -68,15 +68,15 @@ TEST_F(App, LinksAndTheAboutBoxLeadToTheWebSite) {
     dialogs = {[](MemoryDialog& about) {
         EXPECT_EQ(about.controls.focus, LCommandOk);
         EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
-        about.Press(9022);
+        about.Press(CommandWebSite);
         about.Press(LCommandHelp);
         EXPECT_FALSE(about.ended);
     }};
     Run([&](MemoryMainWindow& window) {
-        window.Choose(1403);
-        window.Choose(9022);
+        window.Choose(CommandAbout);
+        window.Choose(CommandWebSite);
         toolkit->hasBrowser = false;
-        window.Choose(9023);
+        window.Choose(CommandReportProblem);
         EXPECT_THAT(toolkit->urls, ElementsAre(site, HasSubstr("/index.html"), site, site + "problem.html"));
         EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(site + "problem.html")));
     });

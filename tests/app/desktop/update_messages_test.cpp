@@ -60,13 +60,13 @@ TEST_F(App, ACancelledUpdateCheckEndsWithoutAWord) {
         std::string caption;
         toolkit->onDialog = [&](MemoryDialog& opened) {
             toolkit->whileDispatched = [&] {
-                caption = opened.caption;
+                caption = opened.caption + "|" + opened.controls.GetText(101);
                 opened.Press(LCommandCancel); // before anything is asked of the network
             };
         };
         window.Choose(CommandCheckForUpdates);
         toolkit->whileDispatched = {};
-        EXPECT_EQ(caption, "Checking for Updates");
+        EXPECT_EQ(caption, "Checking for Updates|Checking for Updates");
         EXPECT_EQ((*window.menu)[CommandCheckForUpdates].path, "Help/Check for Updates...");
         EXPECT_THAT(toolkit->boxes, IsEmpty());
     });

@@ -1,4 +1,3 @@
-#include "app/list_editor/edited_list.h"
 #include "app/list_editor/list_dlg_layout.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
@@ -12,8 +11,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-enum : int { NewList = 1113, EditValue = 2103 };
 
 constexpr const char* AskToSave = "Tone List|Tone list modified. Do you want to save it?";
 constexpr const char* Infinite =
@@ -39,14 +36,9 @@ protected:
     }
     MemoryList& EditedRows() { return *editor->controls[ListRows].list; }
     static void RemoveTemporary() {
-        if (const std::string list = GetEditedList(); list.starts_with("/var/tmp/"))
+        if (const std::string list = EditedList(); list.starts_with("/var/tmp/"))
             std::filesystem::remove(list);
     }
-    std::string WriteList(const std::string& name, const std::string& lines) {
-        WriteBytes(folder / name, lines);
-        return folder / name;
-    }
-
     MemoryDialog* editor = nullptr;
 };
 
@@ -57,10 +49,14 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
     OnEditor([&](MemoryDialog& dialog) {
         EXPECT_EQ(dialog.caption, "Tone List");
         EXPECT_EQ(RowsOf(dialog), Texts{});
+        EXPECT_EQ(EditedRows().columns, Texts{"Tone"});
+        EXPECT_EQ(dialog.controls.focus, ListRows);
         for (const int button : {ListAddTone, ListAddSilence, ListAddTone})
             dialog.Press(button);
         EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
+        EXPECT_EQ(EditedRows().selection, Ints{2}) << "what was added stands ready to be moved";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:02.5");
+        EXPECT_EQ(dialog.controls[ListTotal].toolTip, "");
         dialog.Press(ListSave);
         EXPECT_EQ(ReadBytes(path), b + "\n500ms silence.\n" + a + "\n") << "from the last row to the first";
         dialog.Press(LCommandOk);
@@ -75,18 +71,18 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
         dialog.Press(LCommandOk);
     });
     Run([&](MemoryMainWindow& window) {
-        window.Choose(NewList);
+        window.Choose(CommandNewList);
         EXPECT_THAT(Rows(), ElementsAre(b + "=", "500ms silence.=", path + "="));
-        EXPECT_TRUE((*window.menu)[1116].enabled);
-        Send({EditValue});
+        EXPECT_TRUE((*window.menu)[CommandSaveAsWav].enabled);
+        Send({CommandEditValue});
         EXPECT_THAT(Rows(), ElementsAre(b + "=", a + "=", path + "="));
         EXPECT_EQ(toolkit->boxes, Texts{});
         EXPECT_EQ(toolkit->choosers.at(0).title + toolkit->choosers.at(2).title,
                   "Select fileSave tone list as");
     });
-    EXPECT_EQ(GetEditedList(), path);
-    for (const char* key : {"read folder", "savefolder"})
-        EXPECT_EQ(Stored("tonelist", key) + "/", folder / "");
+    EXPECT_EQ(EditedList(), path);
+    for (const TextSetting& kept : {Setting::EntryReadFolder, Setting::ListSaveFolder})
+        EXPECT_EQ(Stored(kept) + "/", folder / "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 3U) << "the last tone was the list"; });
 }
 
@@ -107,7 +103,8 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
     } const cases[] = {
         {ListAddTone, WriteTone("endless.tdf", Tone440()), "", Infinite},
         {ListAddTone, WriteTone("looping.tdf", looping), "", Infinite},
-        {ListAddTone, garbage, "", error(garbage, "read: it is not a whole tone: a tone data file has 797 bytes.")},
+        {ListAddTone, garbage, "",
+         error(garbage, "read: it is not a whole tone: a tone data file has 797 bytes.")},
         {ListAddTone, folder / "gone.tdf", "", error(folder / "gone.tdf", gone)},
         {ListAddTone, folder / "gone.tdl", "", error(folder / "gone.tdl", gone)},
         {ListAddTone, broken, "", error(broken, "added: there is a line break in its name.")},
@@ -129,8 +126,10 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << each.given;
             EXPECT_EQ(Boxes(), each.box) << each.given;
         }
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0 or more");
+        EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });
-    Run([&](MemoryMainWindow&) { Send({NewList}); });
+    Run([&](MemoryMainWindow&) { Send({CommandNewList}); });
 }
 
 TEST_F(ListEditor, RowsAreMovedAndRemoved) {
@@ -158,6 +157,8 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         dialogs.clear();
         OnEditor([&](MemoryDialog& dialog) {
             EditedRows().Select(each.selected);
+            for (const int button : {ListMoveUp, ListMoveDown})
+                EXPECT_EQ(dialog.controls[button].enabled, each.selected.size() == 1);
             dialog.Press(each.button);
             EXPECT_EQ(digits(RowsOf(dialog)), each.rows);
             dialog.Press(LCommandOk);
@@ -211,17 +212,17 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
         Run(
             [&](MemoryMainWindow&) {
                 if (!each.named)
-                    Send({NewList});
-                EXPECT_THAT(GetEditedList(), StartsWith(each.edited));
+                    Send({CommandNewList});
+                EXPECT_THAT(EditedList(), StartsWith(each.edited));
                 EXPECT_EQ(Boxes(), AskToSave);
-                EXPECT_EQ(ReadBytes(GetEditedList()), after);
+                EXPECT_EQ(ReadBytes(EditedList()), after);
                 EXPECT_EQ(Rows().back(), each.row + "=");
                 if (each.row == "Unsaved list") {
                     struct stat info {};
-                    stat(GetEditedList().c_str(), &info);
+                    stat(EditedList().c_str(), &info);
                     EXPECT_EQ(info.st_mode & 0777, 0666U);
                 }
-                Send({EditValue});
+                Send({CommandEditValue});
             },
             each.named ? Texts{path} : Texts{});
         EXPECT_EQ(ReadBytes(path), each.list);
@@ -247,14 +248,14 @@ TEST_F(ListEditor, AFullDiskKeepsTheEditorOpen) {
 TEST_F(ListEditor, CancelLeavesNothingBehind) {
     std::string temporary;
     OnEditor([&](MemoryDialog& dialog) {
-        temporary = GetEditedList();
+        temporary = EditedList();
         EXPECT_TRUE(std::filesystem::exists(temporary));
         dialog.Press(ListAddSilence);
         dialog.Press(LCommandCancel);
     });
     dialogs.push_back(Typed("1"));
     Run([&](MemoryMainWindow&) {
-        Send({NewList});
+        Send({CommandNewList});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz"));
         EXPECT_EQ(toolkit->boxes, Texts{});
     });

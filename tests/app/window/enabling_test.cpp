@@ -4,6 +4,11 @@ namespace {
 
 constexpr int Deselect = -1;
 constexpr int SelectFirst = -2;
+constexpr int Sine = WaveformCommand(ToneSine), Square = WaveformCommand(ToneSquare),
+              White = WaveformCommand(ToneWhiteNoise), Pink = WaveformCommand(TonePinkNoise);
+constexpr int Endless = CommandContinuous, Finite = CommandSpecifiedDuration, Linear = CommandSweepLinear,
+              Log = CommandSweepLog, Mono = CommandMono, Stereo = CommandStereo,
+              Amplitudes = CommandVariableAmplitude, One = CommandOneTone, Loop = CommandLoop;
 
 /// Every number from each pair's first to its last.
 Ints Span(std::initializer_list<std::pair<int, int>> ranges) {
@@ -33,49 +38,66 @@ protected:
                     EXPECT_EQ(item.marked, same->second.marked) << command;
                 }
         const MemoryToolBar& small = *toolkit->mainWindow->smallToolBar;
-        EXPECT_EQ(small[122].enabled, Menu()[2109].enabled) << "stereo";
-        EXPECT_EQ(small[122].marked, Menu()[2109].marked);
-        EXPECT_EQ(small[117].marked, !Menu()[2104].marked) << "duration";
-        EXPECT_EQ(small[117].enabled, !small[2118].marked) << "but the list's is its own";
+        EXPECT_EQ(small[CommandStereoToggle].enabled, Menu()[Stereo].enabled) << "stereo";
+        EXPECT_EQ(small[CommandStereoToggle].marked, Menu()[Stereo].marked);
+        EXPECT_EQ(small[CommandFiniteToggle].marked, !Menu()[Endless].marked) << "duration";
+        EXPECT_EQ(small[CommandFiniteToggle].enabled, !small[CommandLoadList].marked)
+            << "but the list's is its own";
     }
     const MemoryMenu& Menu() { return *toolkit->mainWindow->menu; }
 };
 
 TEST_F(Enabling, FollowsTheTone) {
-    const Ints noRow = Span({{2101, 2103}}), noComponents = Span({{2106, 2107}, {2109, 2110}, {3001, 3016}});
-    const Ints stopped = {102, 1115}, sine = {2104, 2108, 2111, 3001};
+    const Ints noRow = Span({{CommandIncrease, CommandEditValue}}),
+               noComponents = Span({{Linear, Log}, {Stereo, Amplitudes}, {One, CommandSixteenTones}});
+    const Ints stopped = {CommandStop, CommandSaveList}, sine = {Endless, Mono, Sine, One};
     struct {
         const char* name;
         Ints commands, disabled, marked;
     } const cases[] = {
         {"a continuous sine", {}, stopped, sine},
         {"no row selected", {Deselect}, stopped + noRow, sine},
-        {"everything on", {2109, 2110, 2107, 2112, 3003}, stopped, {2107, 2109, 2110, 2112, 3003}},
-        {"linear after logarithmic", {2107, 2106}, stopped, {2106, 2108, 2111, 3001}},
-        {"loop of a continuous tone", {118}, stopped, {118, 2105, 2108, 2111, 3001}},
-        {"loop on and off", {118, 118}, stopped, {2105, 2108, 2111, 3001}},
-        {"continuous after a looping sweep", {2107, 118, 2104}, stopped, sine},
+        {"everything on",
+         {CommandStereoToggle, Amplitudes, Log, Square, Tones(3)},
+         stopped,
+         {Log, Stereo, Amplitudes, Square, Tones(3)}},
+        {"linear after logarithmic", {Log, Linear}, stopped, {Linear, Mono, Sine, One}},
+        {"loop of a continuous tone", {Loop}, stopped, {Loop, Finite, Mono, Sine, One}},
+        {"loop on and off", {Loop, Loop}, stopped, {Finite, Mono, Sine, One}},
+        {"continuous after a looping sweep", {Log, Loop, Endless}, stopped, sine},
         {"noise forgets but its duration",
-         {2109, 2110, 2107, 3016, 2116, SelectFirst},
-         Ints{102} + noComponents,
-         {2105, 2108, 2116, 3001}},
+         {Stereo, Amplitudes, Log, CommandSixteenTones, White, SelectFirst},
+         Ints{CommandStop} + noComponents,
+         {Finite, Mono, White, One}},
         {"noise, no row selected",
-         {2107, 2116, Deselect},
-         Ints{102} + noRow + noComponents,
-         {2105, 2108, 2116, 3001}},
-        {"endless noise", {2117, SelectFirst}, Ints{102} + noRow + noComponents, {2104, 2108, 2117, 3001}},
-        {"sine again", {2109, 2117, 2111, SelectFirst}, stopped, sine},
-        {"playing", {101}, {101, 1115}, sine},
-        {"stopped again", {101, 102}, stopped, sine},
-        {"ids that nothing has", {1114, 3017, 3000, 2119, 9999}, stopped, sine},
+         {Log, White, Deselect},
+         Ints{CommandStop} + noRow + noComponents,
+         {Finite, Mono, White, One}},
+        {"endless noise",
+         {Pink, SelectFirst},
+         Ints{CommandStop} + noRow + noComponents,
+         {Endless, Mono, Pink, One}},
+        {"sine again", {Stereo, Pink, Sine, SelectFirst}, stopped, sine},
+        {"toggled", {CommandFiniteToggle, CommandStereoToggle}, stopped, {Finite, Stereo, Sine, One}},
+        {"toggled twice",
+         {CommandFiniteToggle, CommandStereoToggle, Amplitudes, Amplitudes, CommandStereoToggle,
+          CommandFiniteToggle},
+         stopped,
+         sine},
+        {"a toggle of a loop", {Loop, CommandFiniteToggle}, stopped, sine},
+        {"playing", {CommandPlay}, {CommandPlay, CommandSaveList}, sine},
+        {"stopped again", {CommandPlay, CommandStop}, stopped, sine},
+        {"ids that nothing has", {CommandLoadListMenu, 3017, 3000, 2119, 9999}, stopped, sine},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         Forget();
-        Run([&](MemoryMainWindow&) {
+        Run([&](MemoryMainWindow& window) {
             for (const int command : each.commands)
                 if (command < 0)
                     List().Select(command == Deselect ? Ints{} : Ints{0});
+                else if (window.smallToolBar->items.contains(command))
+                    window.smallToolBar->Press(command);
                 else
                     Send({command});
             ExpectMenu(each.disabled, each.marked);
@@ -85,57 +107,29 @@ TEST_F(Enabling, FollowsTheTone) {
 }
 
 TEST_F(Enabling, ShowsAListAsOne) {
-    WriteBytes(folder / "list.tdl", "200ms silence.\n");
-    dialogs = {PressOk};
-    Run(
-        [&](MemoryMainWindow& window) {
-            ExpectMenu(Ints{102} + Span({{2101, 2110}, {3001, 3016}}), {2105, 2108, 3001});
-            EXPECT_TRUE((*window.smallToolBar)[2118].marked);
-            ExpectToolBarsAsTheMenu();
-            window.Choose(2113);
-            ExpectMenu({102, 1115}, {2105, 2108, 2113, 3001}); // the first row is selected
-            ExpectToolBarsAsTheMenu();
-        },
-        {folder / "list.tdl"});
-}
-
-TEST_F(Enabling, TogglesSwitchTheirModes) {
-    const std::string frequency = "Sine 1 Frequency=1000.00Hz", duration = "Sine Duration=1000ms";
-    const std::string left = "Sine 1 Left Frequency=1000.00Hz", right = "Sine 1 Right Frequency=1000.00Hz";
-    struct {
-        int pressed;
-        Texts rows;
-        Ints marked;
-    } const steps[] = {
-        {117, {frequency, duration}, {117, 2111}},
-        {122, {left, right, duration}, {117, 122, 2111}},
-        {122, {frequency, duration}, {117, 2111}},
-        {117, {frequency}, {2111}},
-        {2110, {frequency, "Sine 1 Relative Amplitude=0dB"}, {2110, 2111}},
-        {2110, {frequency}, {2111}},
-        {118, {frequency, duration}, {117, 118, 2111}},
-        {2115, {"Impulse 1 Frequency=1000.00Hz", "Impulse Duration=1000ms"}, {117, 118, 2115}},
-    };
-    Run([&](MemoryMainWindow& window) {
-        for (const auto& step : steps) {
-            window.smallToolBar->Press(step.pressed);
-            EXPECT_EQ(Rows(), step.rows);
-            EXPECT_EQ(window.smallToolBar->With(&MemoryItem::marked, true), step.marked) << step.pressed;
-        }
+    RunList(WriteList("list.tdl", "200ms silence.\n"), [&] {
+        ExpectMenu(Ints{CommandStop} + Span({{CommandIncrease, Amplitudes}, {One, CommandSixteenTones}}),
+                   {Finite, Mono, One});
+        EXPECT_TRUE((*toolkit->mainWindow->smallToolBar)[CommandLoadList].marked);
+        ExpectToolBarsAsTheMenu();
+        toolkit->mainWindow->Choose(WaveformCommand(ToneTriangular));
+        // the first row is selected
+        ExpectMenu({CommandStop, CommandSaveList}, {Finite, Mono, WaveformCommand(ToneTriangular), One});
+        ExpectToolBarsAsTheMenu();
     });
 }
 
 TEST_F(Enabling, ThePopUpMenuIsTheToneMenu) {
-    popupChoices = {2116, 2109, 0};
+    popupChoices = {White, Stereo, 0};
     Run([&](MemoryMainWindow&) {
-        Send({6112});
+        Send({CommandListRightClick});
         EXPECT_EQ(Rows(), Texts{"White Noise="});
-        Send({6112});
+        Send({CommandListRightClick});
         EXPECT_EQ(Rows(), Texts{"White Noise="}) << "noise is not stereo";
         EXPECT_EQ(toolkit->popup.items.size(), 33U);
-        EXPECT_EQ(toolkit->popup[2103].path, "Edit Value...");
-        EXPECT_TRUE(toolkit->popup[2116].marked);
-        EXPECT_EQ(Menu()[2103].path, "Tone/Edit Value");
+        EXPECT_EQ(toolkit->popup[CommandEditValue].path, "Edit Value...");
+        EXPECT_TRUE(toolkit->popup[White].marked);
+        EXPECT_EQ(Menu()[CommandEditValue].path, "Tone/Edit Value");
     });
 }
 

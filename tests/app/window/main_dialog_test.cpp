@@ -13,14 +13,18 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(List().columns, (Texts{"Tone Data", "Values"}));
         EXPECT_EQ(List().selection, Ints{0});
         EXPECT_EQ(toolkit->mainWindow->controls.focus, ControlList);
-        Send({2109, 2110, 2106, 3002, 2114});
+        toolkit->mainWindow->Resize(640, 480);
+        EXPECT_EQ(Control(ControlSmallToolBar).place, (LRect{0, 0, 640, 30}));
+        EXPECT_EQ(Control(ControlList).place, (LRect{0, 30, 640, 450}));
+        Send({CommandStereo, CommandVariableAmplitude, CommandSweepLinear, Tones(2),
+              WaveformCommand(ToneSawTooth)});
         EXPECT_EQ(Rows().size(), 11U);
         EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
         EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
         List().Select({4, 6, 10});
-        Send({2108});
+        Send({CommandMono});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
-        Send({2117});
+        Send({WaveformCommand(TonePinkNoise)});
         EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
         EXPECT_EQ(List().selection, Ints{0});
     });
@@ -28,15 +32,15 @@ TEST_F(App, RowsStandInOrder) {
 
 TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
     Run([&](MemoryMainWindow&) {
-        Send({2105, 2110, 101});
+        Send({CommandSpecifiedDuration, CommandVariableAmplitude, CommandPlay});
         EXPECT_TRUE(WaitForPlayback(1));
         List().Select({0, 1, 2});
-        Send({2102, 2102, 2101});
+        Send({CommandDecrease, CommandDecrease, CommandIncrease});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=943.87Hz", "Sine 1 Relative Amplitude=-1dB",
                                         "Sine Duration=900ms"));
         EXPECT_TRUE(WaitForPlayback(4));
         List().Select({});
-        Send({2101});
+        Send({CommandIncrease});
         EXPECT_EQ(List().rows[0][1], "943.87Hz");
     });
     EXPECT_EQ(output.opened, 4);
@@ -47,15 +51,16 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
     const auto prompted = [&](const std::function<void(MemoryDialog&)>& then) {
         return [&prompts, then](MemoryDialog& box) {
             prompts.push_back(box.controls.GetText(101) + "=" + box.controls.GetText(102));
+            EXPECT_EQ(box.controls[102].toolTip, box.controls.GetText(101)) << "for a screen reader";
             then(box);
         };
     };
     dialogs = {prompted(Typed(" 440.5 Hz")), prompted([](MemoryDialog&) {}), prompted(Typed("2"))};
     Run([&](MemoryMainWindow&) {
-        Send({3003});
+        Send({Tones(3)});
         List().Select({2});
         List().Select({0, 1, 2});
-        Send({2103});
+        Send({CommandEditValue});
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=1000.00Hz", "Sine 2 Frequency=1000.00Hz",
                                         "Sine 3 Frequency=440.50Hz"));
     });
@@ -63,30 +68,14 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
         << "in the order in which they were selected";
 }
 
-TEST_F(App, EveryKeyHasItsCommand) {
-    dialogs = {Typed("50")};
-    files = {{}};
+TEST_F(App, AKeyDoesAsItsMenuEntry) {
     Run([&](MemoryMainWindow& window) {
-        struct {
-            unsigned key;
-            char32_t character;
-            const char* value;
-        } const keys[] = {{LKeyKeypadPlus, 0, "1059.46Hz"}, {LKeyNone, '-', "1000.00Hz"},
-                          {LKeyPageUp, 0, "2000.00Hz"},     {LKeyPageDown, 0, "1000.00Hz"},
-                          {LKeyReturn, 0, "50.00Hz"},       {LKeyNone, '+', "50.00Hz"}};
-        for (const auto& each : keys) {
-            window.Key(each.key, each.character);
-            EXPECT_EQ(List().rows[0][1], each.value);
-            window.Key(each.key, each.character, true);
-            EXPECT_EQ(List().rows[0][1], each.value) << "a key that is held down does no more";
+        for (const bool repeated : {false, true}) {
+            window.Key(LKeyPageUp, 0, repeated);
+            EXPECT_EQ(List().rows[0][1], "2000.00Hz") << "a key that is held down does no more";
         }
-        window.Key(LKeyNone, ' ');
-        EXPECT_FALSE((*window.toolBar)[101].enabled);
-        window.Key(LKeyEscape);
-        EXPECT_TRUE((*window.toolBar)[101].enabled);
+        EXPECT_EQ((*window.menu)[CommandIncrease].key, "Num+");
         EXPECT_EQ((*window.menu)[CommandCloseWindow].key, "Ctrl+W");
-        window.Key(LKeyControl, 's');
-        EXPECT_EQ(toolkit->choosers.size(), 1U);
         window.Key(LKeyF1);
         EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html")));
     });
@@ -106,7 +95,7 @@ TEST_F(App, QuittingIsClosing) {
             EXPECT_TRUE(toolkit->quit);
             EXPECT_FALSE(window.visible);
         });
-        EXPECT_EQ(LUserSettingGet("MainWindow", "X", -1), way);
+        EXPECT_EQ(Setting::WindowX.Get(), way);
     }
 }
 
@@ -114,19 +103,19 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
     Run([&](MemoryMainWindow& window) {
         EXPECT_EQ(window.geometry, (LWindowGeometry{200, 200, 800, 600, false}));
         EXPECT_EQ(Control(ControlStatusText).text, "Sonvire 2.14");
-        Send({2109, 3002, 101});
+        Send({CommandStereo, Tones(2), CommandPlay});
         window.geometry = {10, 20, 900, 500, true};
     });
-    EXPECT_TRUE(LUserSettingGet("Settings", "FirstRun", false));
+    EXPECT_TRUE(Setting::FirstRun.Get());
     EXPECT_EQ(output.opened, output.closed) << "nothing plays on";
     EXPECT_EQ(KeptTone().flags, ToneFlagStereo);
-    LUserSettingSet("settings", "autoplay", true);
+    Setting::Autoplay.Set(true);
     const int before = output.opened;
     Run(
         [&](MemoryMainWindow& window) {
             EXPECT_EQ(window.geometry, (LWindowGeometry{10, 20, 900, 500, true}));
             EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=440.00Hz"});
-            EXPECT_TRUE((*window.menu)[102].enabled);
+            EXPECT_TRUE((*window.menu)[CommandStop].enabled);
             EXPECT_TRUE(WaitForPlayback(before + 2)) << "at the start, and again with the file";
         },
         {WriteTone("a.tdf", Tone440())});
@@ -172,8 +161,8 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                     window.Drop({each.path});
                 EXPECT_EQ(Rows().at(0), each.row);
                 EXPECT_EQ(Boxes(), each.box);
-                EXPECT_EQ(Stored("settings", "file"), each.remembered);
-                EXPECT_EQ(Stored("settings", "filedir") + "/", each.remembered == "-" ? "-/" : folder / "");
+                EXPECT_EQ(Stored(Setting::File), each.remembered);
+                EXPECT_EQ(Stored(Setting::FileFolder) + "/", each.remembered == "-" ? "-/" : folder / "");
             },
             each.way == Argument ? Texts{each.path, folder / "second.tdf"} : Texts{},
             [&](MainDialog& window) {
@@ -193,7 +182,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
             EXPECT_EQ(Rows(),
                       (Texts{"500ms silence.=", (folder / "gone.tdf") + "=", "tone.tdf=", list + "="}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
-            Send({118, 118, 118});
+            Send({CommandLoop, CommandLoop, CommandLoop});
         },
         {list});
     EXPECT_EQ(KeptTone().GetListPath(), list);
@@ -203,7 +192,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     WriteBytes(list, "500ms silence.\n250ms silence.\n");
     Run([&](MemoryMainWindow&) {
         EXPECT_EQ(List().selection, Ints{0});
-        Send({118, 118, 2101, 5101});
+        Send({CommandLoop, CommandLoop, CommandIncrease, CommandIncreaseLarge});
     });
     EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
     std::filesystem::remove(list);
@@ -219,69 +208,69 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
                        {"300", 256 * Both}, {"-35", 5 * Both}, {"-500", 0}};
     Run([&](MemoryMainWindow& window) {
         for (const auto& each : cases) {
-            LUserSettingSetString("settings", "playvolume", each.stored);
+            Setting::PlayVolume.SetText(each.stored);
             output.volume = 1;
-            window.Choose(101);
+            window.Choose(CommandPlay);
             EXPECT_TRUE(Wait([&] { return output.volume == each.word; })) << each.stored;
-            window.Choose(102);
+            window.Choose(CommandStop);
         }
-        window.Choose(101);
+        window.Choose(CommandPlay);
         Control(ControlVolume).held = true;
         window.Set(ControlVolume, -6);
         EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
-        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -500) << "kept once the slider is let go";
+        EXPECT_EQ(Setting::PlayVolume.Get(), -500) << "kept once the slider is let go";
         Control(ControlVolume).held = false;
         window.Set(ControlVolume, -6);
-        EXPECT_EQ(LUserSettingGet("settings", "playvolume", 0), -6);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -6);
     });
     EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";
 }
 
 TEST_F(App, TheOutputIsChosenInTheStatusBar) {
-    LUserSettingSetString("Settings", "OutDevice", "unplugged");
+    Setting::OutDevice.Set("unplugged");
     Run([&](MemoryMainWindow& window) {
         MemoryControl& chooser = Control(ControlDevice);
         EXPECT_TRUE(Wait([&] { return chooser.choices.size() == 4; }));
         EXPECT_EQ(chooser.choices, (Texts{"[Default Sound Out]", "Left Hall", "Studio", "unplugged"}));
         EXPECT_EQ(chooser.value, 3);
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
-        chooser.text = "Studio";
         window.Set(ControlDevice, 2);
         EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
-        EXPECT_EQ(Stored("Settings", "OutDevice"), "Studio");
+        EXPECT_EQ(Stored(Setting::OutDevice), "Studio");
     });
 }
 
 TEST_F(App, TheStatusBarFollowsPlayback) {
     Run([&](MemoryMainWindow& window) {
-        Send({2105});
+        Send({CommandSpecifiedDuration});
         EXPECT_EQ(Control(ControlPosition).text, "");
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(Wait([&] { return output.queuedFrames == 44100; }));
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0 / 00:01.0");
         output.Take(22050);
         EXPECT_TRUE(Wait([&] { return Control(ControlPosition).text == "00:00.5 / 00:01.0"; }));
         EXPECT_EQ(Control(ControlLevels).levels, Ints{0});
         output.Take(22050);
-        EXPECT_TRUE(Wait([&] { return (*window.menu)[101].enabled; })) << "at the end of the tone";
+        EXPECT_TRUE(Wait([&] { return (*window.menu)[CommandPlay].enabled; })) << "at the end of the tone";
         EXPECT_EQ(Control(ControlPosition).text, "");
-        Send({2104, 101});
+        EXPECT_EQ(Control(ControlLevels).levels, Ints{LDB::Silence}) << "of one channel";
+        Send({CommandContinuous, CommandPlay});
         EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
     });
 }
 
 TEST_F(App, FailuresToPlayAreTold) {
     Run([&](MemoryMainWindow& window) {
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
         output.Fail(LSoundChannelState::NoOutput);
         EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
         EXPECT_THAT(Boxes(), StartsWith("Sound Play Error|Unable to start playback.\r\n\r\n"));
-        EXPECT_TRUE((*window.menu)[101].enabled);
-        window.Choose(101);
+        EXPECT_TRUE((*window.menu)[CommandPlay].enabled);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(2));
-        window.Choose(102);
+        window.Choose(CommandStop);
         toolkit->DispatchPending();
         EXPECT_EQ(toolkit->boxes.size(), 1U) << "a stop is no failure";
     });
@@ -291,16 +280,16 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
     const std::string a = folder / "a.tdf", b = folder / "b.wav";
     files = {{a}, {a}, {folder / "new.tdf"}, {b}, {b}};
     Run([&](MemoryMainWindow&) {
-        Send({2109, 1112, 2108, 1111});
+        Send({CommandStereo, CommandSaveAsTone, CommandMono, CommandLoadTone});
         EXPECT_EQ(Rows().size(), 2U) << "stereo, as saved";
-        Send({1110});
+        Send({CommandSave});
         EXPECT_TRUE(std::filesystem::exists(folder / "new.tdf"));
         EXPECT_EQ(toolkit->choosers.back().name, "a.tdf");
-        Send({1110, 1116});
+        Send({CommandSave, CommandSaveAsWav});
         EXPECT_EQ(toolkit->boxes.size(), 2U);
         EXPECT_THAT(toolkit->boxes.back(), HasSubstr("No Duration Specified|"));
         EXPECT_FALSE(std::filesystem::exists(b));
-        Send({2105, 1116});
+        Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
     });

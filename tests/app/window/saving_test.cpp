@@ -1,4 +1,3 @@
-#include "app/list_editor/edited_list.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
 
@@ -9,19 +8,12 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-enum : int { Save = 1110, SaveList = 1115, SaveAsWav = 1116 };
-
 /// What is saved from the main window, and what is lost by nothing that goes wrong.
 class Saving : public App {
 protected:
-    std::string WriteList(const std::string& name, const std::string& lines) {
-        WriteBytes(folder / name, lines);
-        return folder / name;
-    }
-    /// Opens a list as the current tone, by OK in its editor.
-    void RunList(const std::string& list, const std::function<void()>& user) {
-        dialogs = {[](MemoryDialog& editor) { editor.Press(LCommandOk); }};
-        Run([&](MemoryMainWindow&) { user(); }, {list});
+    Saving() {
+        WriteTone("tone.tdf", Tone440(true));
+        WriteBytes(list, "250ms silence.\n" + (folder / "tone.tdf") + "\n");
     }
     static SonvireData Lasting(std::uint32_t milliseconds, bool stereo = false) {
         SonvireData tone;
@@ -38,6 +30,7 @@ protected:
         };
     }
 
+    const std::string list = folder / "list.tdl";
     MemoryDialog* progress = nullptr;
     int dispatched = 0;
 };
@@ -45,18 +38,18 @@ protected:
 TEST_F(Saving, WhatAListWillNotPlayIsToldFirst) {
     const std::string out = folder / "out.wav", gone = folder / "gone.tdf";
     const std::string endless = WriteTone("endless.tdf", Tone440());
-    const std::string list = WriteList("list.tdl", gone + "\n" + endless + "\n20ms silence.\n");
+    WriteList("list.tdl", gone + "\n" + endless + "\n20ms silence.\n");
     files = {{out}, {out}};
     RunList(list, [&] {
         toolkit->boxes.clear();
-        Send({SaveAsWav});
+        Send({CommandSaveAsWav});
         EXPECT_THAT(toolkit->boxes,
                     ElementsAre(::testing::AllOf(
                         HasSubstr("\"" + endless + "\" is endless; nothing behind it plays"),
                         HasSubstr("\"" + gone + "\" No such file or directory; an endless"))));
         EXPECT_FALSE(std::filesystem::exists(out)) << "cancelled";
         toolkit->answers = {LMessageAnswer::Ok};
-        Send({SaveAsWav});
+        Send({CommandSaveAsWav});
         EXPECT_TRUE(std::filesystem::exists(out));
     });
 }
@@ -69,10 +62,10 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
         files = {{path}};
         progress = nullptr, dispatched = 0;
         Run([&](MemoryMainWindow&) {
-            Send({2105});
+            Send({CommandSpecifiedDuration});
             CancelSoon();
             toolkit->answers = {LMessageAnswer::Yes};
-            Send({SaveAsWav});
+            Send({CommandSaveAsWav});
         });
         if (before.empty())
             EXPECT_EQ(std::filesystem::file_size(path), 46 + 3 * 8192 * 2U)
@@ -84,8 +77,9 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
     files = {{path}};
     Run([&](MemoryMainWindow&) {
         toolkit->answers = {LMessageAnswer::Yes};
-        Send({SaveAsWav});
-        EXPECT_EQ(toolkit->boxes.back(), "Error|The file \"" + path + "\" could not be written in full: File too large.");
+        Send({CommandSaveAsWav});
+        EXPECT_EQ(toolkit->boxes.back(),
+                  "Error|The file \"" + path + "\" could not be written in full: File too large.");
     });
     EXPECT_EQ(ReadBytes(path), "precious");
 }
@@ -105,7 +99,7 @@ TEST_F(Saving, WhatNoWaveFileHoldsIsRefused) {
     for (const auto& each : cases) {
         files = {{folder / "out.wav"}};
         RunList(each.opened, [&] {
-            Send({SaveAsWav});
+            Send({CommandSaveAsWav});
             EXPECT_THAT(toolkit->boxes,
                         ElementsAre(std::string("Error|The tone can't be saved: it ") + each.reason + "."));
         });
@@ -116,13 +110,12 @@ TEST_F(Saving, WhatNoWaveFileHoldsIsRefused) {
 TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
     std::filesystem::create_directory(folder / "elsewhere");
     const std::string copy = folder / "elsewhere/copy.tdl", same = folder / "same.tdl";
-    WriteTone("tone.tdf", Tone440(true));
-    const std::string list = WriteList("list.tdl", "tone.tdf\r\n20ms silence.\n");
+    WriteList("list.tdl", "tone.tdf\r\n20ms silence.\n");
     files = {{same}, {copy}};
     RunList(list, [&] {
-        Send({SaveList});
+        Send({CommandSaveList});
         EXPECT_EQ(ReadBytes(same), ReadBytes(list)) << "byte for byte";
-        Send({SaveList});
+        Send({CommandSaveList});
         EXPECT_EQ(ReadBytes(copy), (folder / "tone.tdf") + "\n20ms silence.\n");
         EXPECT_EQ(toolkit->boxes, Texts{});
     });
@@ -130,7 +123,7 @@ TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
 
 TEST_F(Saving, ADotInANameEndsItOnlyBeforeLetters) {
     files = {{folder / "sine 1.5kHz"}, {folder / "plain"}, {folder / "sound.wav"}};
-    Run([&](MemoryMainWindow&) { Send({2105, Save, Save, Save}); });
+    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSave, CommandSave, CommandSave}); });
     for (const char* name : {"sine 1.5kHz.tdf", "plain.tdf", "sound.wav"})
         EXPECT_TRUE(std::filesystem::exists(folder / name)) << name;
 }
@@ -138,11 +131,107 @@ TEST_F(Saving, ADotInANameEndsItOnlyBeforeLetters) {
 TEST_F(Saving, NoiseIsNoListToSave) {
     files = {{folder / "noise.tdl"}};
     Run([&](MemoryMainWindow& window) {
-        Send({2116});
-        window.Choose(SaveList);
+        Send({WaveformCommand(ToneWhiteNoise)});
+        window.Choose(CommandSaveList);
         EXPECT_THAT(toolkit->boxes, ElementsAre("Error|The tone is no list, so there is none to save."));
         EXPECT_FALSE(std::filesystem::exists(folder / "noise.tdl"));
     });
+}
+
+TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
+    const std::string text = folder / "a.txt";
+    struct {
+        int command;
+        std::string chosen;
+        bool ok;
+        std::string lastRow;
+        std::uint32_t duration;
+        std::string box;
+    } const cases[] = {
+        {CommandLoadList, list, true, list + "=", 1250, ""},
+        {CommandLoadList, list, false, "Sine 1 Frequency=1000.00Hz", 60'000, ""},
+        {CommandLoadList, "", true, "Sine 1 Frequency=1000.00Hz", 1000, ""},
+        {CommandLoadList, text, true, "Sine 1 Frequency=1000.00Hz", 1000,
+         "Unrecognized File Type|Not a tone list file"},
+        {1114, list, true, "Sine 1 Frequency=1000.00Hz", 1000, ""},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.chosen + std::to_string(each.ok));
+        std::filesystem::remove_all(std::getenv("XDG_DATA_HOME"));
+        dialogs.clear();
+        if (each.ok)
+            dialogs = {PressOk};
+        files = {{each.chosen}};
+        Run([&](MemoryMainWindow& window) {
+            MemoryToolBar& bar = *window.smallToolBar;
+            each.command == CommandLoadList ? bar.Press(CommandLoadList) : window.Choose(each.command);
+            EXPECT_EQ(Rows().back(), each.lastRow);
+            EXPECT_EQ(bar[CommandLoadList].marked, each.duration == 1250);
+            EXPECT_EQ(Boxes(), each.box);
+        });
+        EXPECT_EQ(KeptTone().durationMs, each.duration);
+    }
+    EXPECT_EQ(Setting::ListReadFolder.Get(), list.substr(0, list.rfind('/')));
+}
+
+TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
+    const std::string copy = folder / "copy.tdl", sound = folder / "sound.wav", tone = folder / "tone.tdf";
+    const std::string content = ReadBytes(list), toneContent = ReadBytes(tone);
+    const std::string error = "Error|The file \"", gone = folder / "no/copy.tdl";
+    struct {
+        int command;
+        std::string chosen, box;
+    } const cases[] = {
+        {CommandSaveList, sound, ""},
+        {CommandSave, sound, ""},
+        {CommandSaveAsWav, sound, ""},
+        {CommandSaveList, "", ""},
+        {CommandSaveList, tone, error + tone + "\" can't be written: the list plays it."},
+        {CommandSaveList, gone, error + gone + "\" can't be written: No such file or directory."},
+        {CommandSaveList, list, ""},
+        {CommandSave, copy, ""},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.chosen);
+        dialogs = {PressOk};
+        files = {{each.chosen}};
+        std::filesystem::remove(sound);
+        Run(
+            [&](MemoryMainWindow&) {
+                toolkit->answers = {LMessageAnswer::Yes};
+                Send({each.command});
+                EXPECT_EQ(Rows().back(), (each.chosen == copy ? copy : list) + "=");
+                if (each.chosen == tone || each.chosen == list) {
+                    EXPECT_THAT(Boxes(), HasSubstr("Do you want to replace it?"));
+                    toolkit->boxes.erase(toolkit->boxes.begin());
+                }
+                EXPECT_EQ(Boxes(), each.box);
+            },
+            {list});
+        EXPECT_EQ(ReadBytes(list), content);
+        EXPECT_EQ(ReadBytes(tone), toneContent);
+        EXPECT_TRUE(each.chosen != sound || std::filesystem::file_size(sound) == 46 + 55125 * 2U);
+        EXPECT_TRUE(each.chosen != copy || ReadBytes(copy) == content);
+    }
+}
+
+TEST_F(Saving, AListIsNotRenderedOverAFileThatItPlays) {
+    const std::string piece = folder / "piece.wav";
+    files = {{piece}, {piece}};
+    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSaveAsWav}); }); // a second of tone
+    const std::string sound = ReadBytes(piece);
+    EXPECT_EQ(sound.size(), 46 + 44100 * 2U);
+    WriteBytes(list, piece + "\n500ms silence.\n");
+    dialogs = {PressOk};
+    files = {{piece}};
+    Run(
+        [&](MemoryMainWindow&) {
+            toolkit->answers = {LMessageAnswer::Yes};
+            Send({CommandSaveAsWav});
+            EXPECT_EQ(toolkit->boxes.back(), "Error|The file \"" + piece + "\" is read by the input.");
+        },
+        {list});
+    EXPECT_EQ(ReadBytes(piece), sound);
 }
 
 } // namespace

@@ -34,6 +34,9 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
         dialogs = {[&](MemoryDialog& box) {
             EXPECT_EQ(box.caption, "Play Settings");
             EXPECT_EQ(box.controls.GetValue(BySemitone), 1);
+            EXPECT_EQ(box.controls[Semitones].least, 1);
+            EXPECT_EQ(box.controls[Semitones].most, 12);
+            EXPECT_EQ(box.controls[Frequency].toolTip + box.controls[Semitones].toolTip, "FrequencySemiTone");
             box.Set(Autoplay, 1);
             for (const int radio : Ints{ByFrequency, BySemitone, each.radio}) {
                 box.Set(radio, 1);
@@ -46,21 +49,21 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
             EXPECT_EQ(box.ended, each.box.empty());
         }};
         Run([&](MemoryMainWindow&) {
-            Send({1401});
+            Send({CommandPreferences});
             EXPECT_EQ(Boxes(), each.box);
         });
-        EXPECT_EQ(Stored("settings", "autoplay"), "1") << "also where the rest is refused";
-        EXPECT_EQ(Stored("settings", "frequency increment step"), each.step);
-        EXPECT_EQ(Stored("settings", "semitone increment"), each.bySemitone);
-        EXPECT_EQ(Stored("settings", "semitoneval"), each.semitoneVal);
-        EXPECT_EQ(Stored("settings", "frequencyval"), each.frequencyVal);
+        EXPECT_EQ(Stored(Setting::Autoplay), "1") << "also where the rest is refused";
+        EXPECT_EQ(Stored(Setting::StepHz), each.step);
+        EXPECT_EQ(Stored(Setting::StepsBySemitone), each.bySemitone);
+        EXPECT_EQ(Stored(Setting::ShownSemitones), each.semitoneVal);
+        EXPECT_EQ(Stored(Setting::ShownHz), each.frequencyVal);
     }
 }
 
 TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
-    LUserSettingSet("settings", "semitone increment", false);
-    LUserSettingSetString("settings", "frequency increment step", "25");
-    LUserSettingSetString("settings", "semitoneval", "7");
+    Setting::StepsBySemitone.Set(false);
+    Setting::StepHz.Set("25");
+    Setting::ShownSemitones.Set(7);
     for (const int button : {LCommandCancel, LCommandOk})
         dialogs.emplace_back([button](MemoryDialog& box) {
             EXPECT_EQ(box.controls.GetText(Frequency), "25");
@@ -69,13 +72,13 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
             box.Press(button);
         });
     Run([&](MemoryMainWindow& window) {
-        window.Choose(101);
+        window.Choose(CommandPlay);
         EXPECT_TRUE(WaitForPlayback(1));
-        Send({1401});
+        Send({CommandPreferences});
         EXPECT_EQ(output.opened, 1);
-        Send({1401});
+        Send({CommandPreferences});
         EXPECT_TRUE(WaitForPlayback(2)) << "played anew";
-        Send({2101});
+        Send({CommandIncrease});
         EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=1025.00Hz"});
     });
 }

@@ -1,22 +1,53 @@
-#include "app/window/command_ids.h"
-#include "app/window/main_dialog.h"
+#include "app/window/window_tables.h"
+#include "support/app_window.h"
 #include "support/qt_windows.h"
-#include "support/test_output.h"
+#include "support/test_window.h"
 
+#include <QComboBox>
 #include <QDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSlider>
+#include <QToolBar>
 #include <QTreeWidget>
-
-#include <filesystem>
 
 namespace {
 
-TEST_F(QtWindows, TheProgramsWindowShowsEveryItemWhole) {
-    std::filesystem::remove_all(std::getenv("XDG_DATA_HOME")); // and what a crash has left there
-    const char* const arguments[] = {"sonvire"};
+/// The program's window as the user sees it, with an output of the test's own.
+class ShownWindow : public QtWindows {
+protected:
+    ShownWindow() { Forget(); }
+    ~ShownWindow() override { Forget(); }
+
+    /// As if the program had never run, nor crashed.
+    static void Forget() {
+        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            std::filesystem::remove_all(std::getenv(kept));
+    }
+    void RunProgram(const std::function<void()>& user) {
+        const char* const arguments[] = {"sonvire"};
+        MainDialog window(toolkit, 1, arguments, {.open = output.Opener(), .listNames = [] {
+                                                      return Texts{"Hall", "Studio"};
+                                                  }});
+        Run(window, user);
+    }
+    /// How many pixels of its bars a meter lights in a colour.
+    static int CountLit(QWidget* meter, const QColor& colour) {
+        const QImage image = meter->grab().toImage();
+        int lit = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i)
+            lit += image.pixelColor(i % image.width(), i / image.width()) == colour ? 1 : 0;
+        return lit;
+    }
+    /// However busy the machine is.
+    static bool Wait(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 30'000); }
+
     TestOutput output;
-    MainDialog window(toolkit, 1, arguments,
-                      {.open = output.Opener(), .listNames = [] { return std::vector<std::string>{}; }});
-    Run(window, [] {
+};
+
+TEST_F(ShownWindow, ShowsEveryItemWhole) {
+    RunProgram([] {
+        EXPECT_EQ(Main()->windowTitle(), "Sonvire");
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
         for (const QToolButton* button : Main()->findChildren<QToolButton*>()) {
@@ -29,11 +60,137 @@ TEST_F(QtWindows, TheProgramsWindowShowsEveryItemWhole) {
         }
         EXPECT_EQ(pictures, 4 + 16);
         Then([](QWidget& box) {
+            EXPECT_EQ(box.maximumSize(), box.minimumSize()) << "nothing in it can grow";
             for (const QWidget* child : box.findChildren<QWidget*>("", Qt::FindDirectChildrenOnly))
                 EXPECT_TRUE(box.rect().contains(child->geometry())) << child->metaObject()->className();
             dynamic_cast<QDialog&>(box).reject();
         });
         QTest::mouseClick(ToolButton("Preferences"), Qt::LeftButton);
+    });
+}
+
+TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
+    Setting::WindowWidth.Set(700);
+    Setting::WindowHeight.Set(80); // too small
+    RunProgram([] {
+        EXPECT_TRUE(Wait([] { return Main()->frameGeometry().width() == 700; }));
+        EXPECT_GE(Main()->frameGeometry().height(), 100);
+        Main()->resize(1000, 480);
+        auto* list = Control<QTreeWidget>(ControlList);
+        const QRect content = list->parentWidget()->rect(),
+                    bar = Control<QToolBar>(ControlSmallToolBar)->geometry();
+        EXPECT_EQ(bar, QRect(0, 0, content.width(), bar.height()));
+        EXPECT_EQ(list->geometry(), content.adjusted(0, bar.height(), 0, 0));
+        EXPECT_GT(Control<QLabel>(ControlStatusText)->width(), Control<QLabel>(ControlPosition)->width())
+            << "the text takes what the others leave";
+        EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although it is empty";
+
+        EXPECT_EQ(list->headerItem()->text(0) + list->headerItem()->text(1), "Tone DataValues");
+        EXPECT_EQ(list->currentIndex().row(), 0);
+        QTest::keyClick(list, Qt::Key_PageUp);
+        EXPECT_EQ(list->topLevelItem(0)->text(1), "2000.00Hz");
+        EXPECT_EQ(list->toolTip(), "Tone details (double click to modify)");
+        EXPECT_EQ(list->accessibleName(), list->toolTip());
+    });
+}
+
+TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
+    Setting::OutDevice.Set("Studio");
+    Setting::PlayVolume.Set(-6);
+    const QColor calm(0x2e, 0xa0, 0x43), loud(0xe0, 0x8a, 0x1e);
+    RunProgram([&] {
+        auto* chooser = Control<QComboBox>(ControlDevice);
+        EXPECT_EQ(chooser->currentText(), "Studio") << "before it is known to be there";
+        EXPECT_TRUE(Wait([&] { return chooser->count() == 3; }));
+        EXPECT_EQ(chooser->currentText(), "Studio");
+        EXPECT_EQ(chooser->toolTip(), "Output device");
+
+        auto* volume = Control<QSlider>(ControlVolume);
+        EXPECT_EQ(volume->minimum(), -36);
+        EXPECT_EQ(volume->maximum(), 13);
+        EXPECT_EQ(volume->value(), -6);
+        EXPECT_EQ(volume->toolTip(), "Volume: -6 dB");
+        for (QWidget* control : {static_cast<QWidget*>(volume), static_cast<QWidget*>(chooser)})
+            EXPECT_EQ(control->focusPolicy(), Qt::TabFocus) << "a click leaves the keyboard in the list";
+        volume->setSliderDown(true);
+        volume->setValue(-20);
+        EXPECT_EQ(volume->toolTip(), "Volume: -20 dB");
+        EXPECT_EQ(Setting::PlayVolume.Get(), -6) << "kept once it is let go";
+        volume->setSliderDown(false);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -20);
+
+        auto* meter = Control<QWidget>(ControlLevels);
+        EXPECT_EQ(CountLit(meter, calm), 0);
+        for (const char* button : {"Finite duration", "Play"})
+            QTest::mouseClick(ToolButton(button), Qt::LeftButton);
+        EXPECT_TRUE(Wait([&] { return output.queuedFrames >= 8820; }));
+        output.Take(8820);
+        EXPECT_TRUE(Wait([&] { return CountLit(meter, loud) > 0; }));
+        EXPECT_EQ(CountLit(meter, calm), 9 * CountLit(meter, loud)) << "up to -6 of 60 dB";
+        EXPECT_EQ(meter->grab().toImage().pixelColor(1, meter->height() / 2), calm) << "one bar";
+        EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
+        QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
+        EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "");
+        EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
+    });
+}
+
+TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
+    static constexpr LStatusItem status[] = {{ControlDevice, LStatusKind::Chooser, "Device", "device"}};
+    TestWindow window{toolkit};
+    window.init = [&] {
+        window.MakeList(3);
+        window.SetKeys(window, GetMainKeys());
+        window.SetStatusBar(status);
+        window.SetChoices(ControlDevice, {"one", "two"});
+        window.list->SetCurrent(0);
+        window.list->SetFocus();
+    };
+    Run(window, [&] {
+        struct {
+            Qt::Key key;
+            Qt::KeyboardModifiers held;
+            Ints commands;
+        } const cases[] = {
+            {Qt::Key_F1, {}, {-LCommandHelp}},
+            {Qt::Key_Space, {}, {CommandPlay}},
+            {Qt::Key_Escape, {}, {CommandStop}},
+            {Qt::Key_S, Qt::ControlModifier, {CommandSave}},
+            {Qt::Key_W, Qt::ControlModifier, {CommandCloseWindow}},
+            {Qt::Key_Plus, Qt::KeypadModifier, {CommandIncrease}},
+            {Qt::Key_Plus, {}, {}},
+            {Qt::Key_Minus, {}, {CommandDecrease}},
+            {Qt::Key_PageUp, {}, {CommandIncreaseLarge}},
+            {Qt::Key_PageDown, {}, {CommandDecreaseLarge}},
+            {Qt::Key_Return, {}, {CommandEditValue}},
+            {Qt::Key_Enter, Qt::KeypadModifier, {CommandEditValue}},
+            {Qt::Key_S, {}, {}},
+            {Qt::Key_Space, Qt::AltModifier, {}},
+            {Qt::Key_Down, {}, {Selection}}, // what is no key of ours is the list's
+        };
+        auto* list = Control<QTreeWidget>(List);
+        EXPECT_EQ(QApplication::focusWidget(), list);
+        for (const auto& each : cases) {
+            window.commands.clear();
+            QTest::keyClick(QApplication::focusWidget(), each.key, each.held);
+            EXPECT_EQ(window.commands, each.commands) << each.key;
+        }
+        EXPECT_EQ(window.list->GetSelection(), Ints{1});
+
+        window.commands.clear();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
+        QApplication::sendEvent(list, &held);
+        EXPECT_TRUE(window.commands.empty());
+        EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+
+        auto* chooser = Control<QComboBox>(ControlDevice);
+        chooser->setFocus();
+        QTest::keyClick(chooser, Qt::Key_Escape);
+        QTest::keyClick(chooser, Qt::Key_Down);
+        QTest::keyClick(chooser, Qt::Key_PageDown);
+        EXPECT_EQ(window.commands, (Ints{CommandStop, ControlDevice}))
+            << "keys that step a chooser stay with it";
+        EXPECT_EQ(window.GetValue(ControlDevice), 1);
     });
 }
 

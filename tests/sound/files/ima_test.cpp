@@ -20,6 +20,9 @@ TEST(ImaAdpcm, DecodesByTheStandardSteps) {
     EXPECT_EQ(decoder.stepIndex, 8);
     EXPECT_EQ(decoder.DecodeSample(9), 5 * 16);
     EXPECT_EQ(decoder.stepIndex, 7);
+    decoder = {};
+    EXPECT_EQ(decoder.DecodeSample(0), 0);
+    EXPECT_EQ(decoder.stepIndex, 0);
     decoder = {.predictor = 32000, .stepIndex = 88};
     EXPECT_EQ(decoder.DecodeSample(7), 524272);
     EXPECT_EQ(decoder.predictor, 32767);

@@ -103,6 +103,9 @@ TEST(WaveFile, WritingGoesOnBehindTheFramesThatAreKept) {
         EXPECT_EQ(source->GetEndSample(), static_cast<int>(each.expected.size())) << each.name;
         EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), each.expected) << each.name;
     }
+    const std::size_t size = ReadBytes(path).size();
+    EXPECT_EQ(LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 99)->status, 0);
+    EXPECT_EQ(ReadBytes(path).size(), size) << "what it does not have is not made up";
     const std::vector<int> many = ReferenceNoise(40000, 32767); // more than is written or read in one go
     std::vector<int> stereo;
     for (const int sample : many)

@@ -38,6 +38,9 @@ TEST(Concatenation, PlaysItsItemsOneAfterAnother) {
     EXPECT_EQ(ReadFrames(*source, 13), expected);
     EXPECT_EQ(source->GetPositionSample(), 10) << "it does not move past the end";
     EXPECT_EQ(ReadInPieces(*Mixed().OpenSource(), 13), expected);
+    LSoundSourceCat silence;
+    silence.AddSilence(LSoundTime(1));
+    EXPECT_EQ(ReadFrames(*silence.OpenSource(), 9), std::vector<int>(9)) << "one of them past its end";
 }
 
 TEST(Concatenation, ItsLengthIsThatOfItsItems) {
@@ -150,25 +153,29 @@ TEST(Concatenation, WaitsForItsItemAndTheNextAndUnloadsThoseThatAreDone) {
     const LSoundSource items[] = {Constant(1, 100), Constant(2, 100), Constant(3, 100)};
     LSoundSourceCat list;
     for (const LSoundSource& item : items) {
-        list.AddSource(item);
         list.AddSilence(LSoundTime(10));
+        list.AddSource(item);
     }
-    const auto heard = [&items](int ArraySource::*count) {
+    const auto counts = [&items](int ArraySource::*count) {
         return std::vector<int>{Array(items[0]).*count, Array(items[1]).*count, Array(items[2]).*count};
     };
-    const LSoundSource source = list.OpenSource(2000, 1); // each behind a converter
-    source->WaitForStreamingData(5);
-    EXPECT_EQ(heard(&ArraySource::waited), (std::vector<int>{5, 5, 0}));
-    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{0, 0, 0}));
-    ReadFrames(*source, 210); // into the first silence
-    source->WaitForStreamingData(5);
-    EXPECT_EQ(heard(&ArraySource::waited), (std::vector<int>{5, 10, 0}));
-    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{1, 0, 0}));
-    source->Seek(230);
+    const LSoundSource source = list.OpenSource(2000, 1); // 20 frames of silence, 200 behind a converter
+    struct {
+        int frames; // read before it waits
+        std::vector<int> waited, unloads;
+    } const cases[] = {
+        {0, {5, 0, 0}, {0, 0, 0}}, {100, {10, 5, 0}, {0, 0, 0}}, {130, {10, 10, 0}, {1, 0, 0}}};
+    for (const auto& each : cases) {
+        ReadFrames(*source, each.frames);
+        source->WaitForStreamingData(5);
+        EXPECT_EQ(counts(&ArraySource::waited), each.waited) << each.frames;
+        EXPECT_EQ(counts(&ArraySource::unloads), each.unloads) << each.frames;
+    }
+    source->Seek(250);
     source->Unload();
-    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{2, 1, 0}));
+    EXPECT_EQ(counts(&ArraySource::unloads), (std::vector<int>{2, 1, 0}));
     source->Seek(5000);
-    EXPECT_EQ(heard(&ArraySource::unloads), (std::vector<int>{3, 3, 1}));
+    EXPECT_EQ(counts(&ArraySource::unloads), (std::vector<int>{3, 3, 1}));
 }
 
 } // namespace

@@ -1,4 +1,6 @@
-#include "app/window/main_dialog.h"
+#include "app/window/tone_files.h"
+
+#include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/file_chooser.h"
@@ -6,7 +8,6 @@
 #include "jobs/file_notices.h"
 #include "jobs/render_file.h"
 #include "sys/desktop/message_box.h"
-#include "sys/desktop/settings.h"
 #include "sys/path.h"
 
 #include <ranges>
@@ -21,10 +22,14 @@ constexpr std::size_t MostProblemsShown = 8;
 
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
+void RememberFile(const std::string& path) {
+    Setting::File.Set(path);
+    Setting::FileFolder.Set(GetFolder(path));
+}
+
 /// Where the last tone file was.
 LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, LUserSettingGetText("settings", "file"), LUserSettingGetText("settings", "filedir"),
-            filters, "tdf"};
+    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf"};
 }
 
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
@@ -47,30 +52,51 @@ LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
 
 } // namespace
 
-void MainDialog::CmLoadTDF() {
-    LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
-    if (const std::string path = LChooseFileToRead(*this, chooser); !path.empty())
-        CmLoadFile(path.c_str());
+void ToneFiles::LoadDocument(const std::string& path) {
+    RememberFile(path);
+    if (GetExtension(path) == ".tdf")
+        Read(path);
+    else
+        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
 }
 
-void MainDialog::CmSaveAsTDF() {
-    if (IsList(tone)) {
+void ToneFiles::LoadNamed(const std::string& path, const std::string& fullPath) {
+    if (Read(path))
+        RememberFile(fullPath);
+}
+
+bool ToneFiles::Read(const std::string& path) {
+    SonvireData read;
+    if (const LFailure failure = read.ReadFromFile(path.c_str())) {
+        ShowNotice(DescribeUnreadable(path, failure));
+        return false;
+    }
+    tone = read;
+    return true;
+}
+
+bool ToneFiles::CmLoadTDF() {
+    LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
+    const std::string path = LChooseFileToRead(window, chooser);
+    if (!path.empty())
+        LoadDocument(path);
+    return !path.empty();
+}
+
+void ToneFiles::CmSaveAsTDF() {
+    if (tone.IsList()) {
         LShowMessageBox("Error", "Tone of list type should not be save as a tone file. Instead, save it as a "
                                  "tone list file by selecting \"Save List\" on the menu");
         return;
     }
     LFileChooser chooser = MakeToneChooser("Save As Tone", SaveToneFilters);
-    if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
+    if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveTDF(path);
 }
 
-void MainDialog::CmSave() {
-    if (IsList(tone)) {
-        CmSaveList();
-        return;
-    }
+void ToneFiles::CmSave() {
     LFileChooser chooser = MakeToneChooser("Save tone as", SaveFilters);
-    const std::string path = LChooseFileToSave(*this, chooser);
+    const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return;
     if (GetExtension(path) == ".tdf")
@@ -79,24 +105,23 @@ void MainDialog::CmSave() {
         CmSaveWave(path);
 }
 
-void MainDialog::CmSaveAsWav() {
+void ToneFiles::CmSaveAsWav() {
     if (!tone.IsFinite()) {
         CmSaveWave({}); // which says why not
         return;
     }
-    LFileChooser chooser{"Save As Wav File", "", LUserSettingGetText("settings", "filedir"), WaveFilters,
-                         "wav"};
-    if (const std::string path = LChooseFileToSave(*this, chooser); !path.empty())
+    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav"};
+    if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveWave(path);
 }
 
-void MainDialog::CmSaveTDF(const std::string& path) {
+void ToneFiles::CmSaveTDF(const std::string& path) {
     RememberFile(path);
     if (const LFailure failure = tone.WriteToFile(path.c_str()))
         ShowNotice(DescribeUnwritten(path, failure));
 }
 
-void MainDialog::CmSaveWave(const std::string& path) {
+void ToneFiles::CmSaveWave(const std::string& path) {
     if (!tone.IsFinite()) {
         LShowMessageBox(
             "No Duration Specified",
@@ -105,10 +130,10 @@ void MainDialog::CmSaveWave(const std::string& path) {
             "menu.");
         return;
     }
-    LUserSettingSetString("settings", "filedir", GetFolder(path));
+    Setting::FileFolder.Set(GetFolder(path));
     const RenderOutcome outcome =
         RenderToFile(OpenToneInput(tone, SoundLength::Finite), {.path = path},
-                     {.confirm = ConfirmProblems, .run = [this](auto& job) { return RunJob(*this, job); }});
+                     {.confirm = ConfirmProblems, .run = [this](auto& job) { return RunJob(window, job); }});
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)

@@ -1,21 +1,51 @@
+#include "app/window/tone_rows.h"
+
+#include "app/setting_names.h"
 #include "app/window/command_ids.h"
-#include "app/window/frequency_setting.h"
-#include "app/window/main_dialog.h"
-#include "app/window/menu_table.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/numeric_edit.h"
-#include "gui/toolkit.h"
+#include "gui/window.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
+#include "tone/frequency_step.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
 
-static constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+#include <cstdlib>
 
-void MainDialog::SetupListViewData() {
+namespace {
+
+constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
+
+FrequencyStep ReadFrequencyStep() {
+    return {.bySemitones = Setting::StepsBySemitone.Get(),
+            .semitones = Setting::StepSemitones.Get(),
+            .hz = std::strtof(Setting::StepHz.Get().c_str(), nullptr)};
+}
+
+} // namespace
+
+void ToneRows::Create() {
+    window.GetControls().Add({ControlList, LControlKind::List, "", {}});
+    list = std::make_unique<LListView>(window, ControlList);
+}
+
+void ToneRows::Begin() {
+    list->SetColumns(Columns);
+    SetupListViewData();
+    list->SetFocus();
+    list->SetCurrent(0);
+    list->BindCommands({.selection = CommandSelection,
+                        .doubleClick = CommandListDoubleClick,
+                        .rightClick = CommandListRightClick});
+    window.SetToolTip(ControlList, "Tone details (double click to modify)");
+}
+
+void ToneRows::SetupListViewData() {
     {
         const LListRebuild rebuild(*list);
         for (const unsigned int item : GetShownItems(tone))
@@ -25,8 +55,8 @@ void MainDialog::SetupListViewData() {
         list->SetCurrent(0); // so that a key has something to step
 }
 
-void MainDialog::InsertListViewItem(unsigned int item) {
-    if (IsList(tone)) {
+void ToneRows::InsertListViewItem(unsigned int item) {
+    if (tone.IsList()) {
         InsertListRows(item);
         return;
     }
@@ -36,7 +66,7 @@ void MainDialog::InsertListViewItem(unsigned int item) {
 
 /// One row for each line of the list file. The last one shows the list's own name instead of its entry; that
 /// is meant.
-void MainDialog::InsertListRows(unsigned int item) {
+void ToneRows::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
     if (ReadToneListLines(lines, path.c_str()))
@@ -57,35 +87,35 @@ void MainDialog::InsertListRows(unsigned int item) {
         list->SetText(list->GetCount() - 1, 0, GetExtension(path) == ".tdl" ? path : "Unsaved list");
 }
 
-void MainDialog::UpdateListViewItem(unsigned int item, int row) {
-    if (!IsList(tone))
+void ToneRows::UpdateListViewItem(unsigned int item, int row) {
+    if (!tone.IsList())
         list->SetText(row, 1, tone.GetItemValue(item));
 }
 
-bool MainDialog::IncreaseListViewData(int count) {
+bool ToneRows::IncreaseListViewData(int count) {
     return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
         for (int i = 0; i < count; ++i)
             tone.IncreaseItem(item, step);
     });
 }
 
-bool MainDialog::DecreaseListViewData(int count) {
+bool ToneRows::DecreaseListViewData(int count) {
     return StepSelectedItems([this, count, step = ReadFrequencyStep()](unsigned int item) {
         for (int i = 0; i < count; ++i)
             tone.DecreaseItem(item, step);
     });
 }
 
-bool MainDialog::IncreaseListViewDataLarge() {
+bool ToneRows::IncreaseListViewDataLarge() {
     return StepSelectedItems([this](unsigned int item) { tone.IncreaseItemLarge(item); });
 }
 
-bool MainDialog::DecreaseListViewDataLarge() {
+bool ToneRows::DecreaseListViewDataLarge() {
     return StepSelectedItems([this](unsigned int item) { tone.DecreaseItemLarge(item); });
 }
 
-bool MainDialog::StepSelectedItems(const std::function<void(unsigned int)>& step) {
-    if (IsList(tone))
+bool ToneRows::StepSelectedItems(const std::function<void(unsigned int)>& step) {
+    if (tone.IsList())
         return false; // its length follows from the list
     for (const int row : list->GetSelection()) {
         const unsigned int item = list->GetData(row);
@@ -95,9 +125,7 @@ bool MainDialog::StepSelectedItems(const std::function<void(unsigned int)>& step
     return !list->GetSelection().empty();
 }
 
-/// Asks for the value of one selected row after the other until the user cancels; true where at least one was
-/// set.
-bool MainDialog::ChangeListViewData() {
+bool ToneRows::ChangeListViewData() {
     bool changed = false;
     const std::vector<int> rows = list->GetSelection();
     for (const int row : rows) {
@@ -105,28 +133,14 @@ bool MainDialog::ChangeListViewData() {
         if (tone.GetItemValue(item).empty())
             continue; // a row that only names the waveform
         LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
-        if (!box.Open(*this))
+        if (!box.RunModal(window))
             break;
-        if (IsList(tone) || list->GetData(row) != item)
+        if (tone.IsList() || list->GetData(row) != item)
             break; // meanwhile a document has arrived
-        if (const auto notice = tone.SetItemValue(item, box.GetText().c_str()))
+        if (const auto notice = tone.SetItemValue(item, box.GetEntry().c_str()))
             ShowNotice(*notice);
         UpdateListViewItem(item, row);
         changed = true;
     }
     return changed;
-}
-
-void MainDialog::CmToneEditValue() {
-    if (IsList(tone))
-        CmEditList(tone.GetListPath());
-    else if (ChangeListViewData())
-        Restart();
-}
-
-void MainDialog::CmListViewRightClickMenu() {
-    LMenu menu(GetToolkit().CreatePopupMenu(), GetListMenu());
-    EnableMenuItems(menu, GetState());
-    if (const int chosen = menu.Choose(); chosen != 0)
-        Command(chosen);
 }

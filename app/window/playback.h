@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/window/device_list.h"
+#include "play/sound_player.h"
+#include "tone/tone_data.h"
+
+class LToolkit;
+
+/// What shows how the playback is going.
+class PlaybackView {
+public:
+    virtual ~PlaybackView() = default;
+
+    /// Of what is about to play; 0 for a tone without an end.
+    virtual void SetLength(LSoundTime length) = 0;
+    virtual void ShowPosition(LSoundTime position) = 0;
+    virtual void ShowLevels(const LDBMC& levels) = 0;
+    virtual void ShowStopped() = 0;
+};
+
+/// From the settings, in -127..127 dB.
+LDB ReadPlayVolume();
+
+/// Plays the current tone through the output and at the volume that the settings name. UI thread only.
+class Playback : private LSoundPlayerNotify {
+public:
+    /// `open` makes the channel of every playback. All else must outlive this.
+    Playback(LToolkit& windowToolkit, const SonvireData& currentTone, PlaybackView& playbackView,
+             DeviceList& deviceList, LSoundChannelOpener open);
+
+    /// From here on `changed` is called each time the playback has started or stopped.
+    void Begin(std::function<void()> changed);
+    /// Stops; nothing is told any more.
+    void End();
+
+    void CmPlay();
+    void Stop() { player.Stop(); }
+    /// Plays the tone as it is now, where it was playing.
+    void Restart();
+    bool IsPlaying() const { return player.IsPlaying(); }
+    /// Of what plays, too.
+    void SetVolume(LDB volume) { player.SetPlayVolume(volume); }
+
+private:
+    LSoundPlayDevice FindDevice();
+    void spntfPlay(long id) override;
+    void spntfStop(long id) override;
+    void spntfTime(LSoundTime time, long id) override;
+    void spntfLevel(const LDBMC& levels, long id) override;
+
+    LToolkit& toolkit;
+    const SonvireData& tone;
+    PlaybackView& view;
+    DeviceList& devices;
+    std::function<void()> tellChange;
+    LSoundPlayer player;
+    std::string deviceName; ///< what `device` was looked up for
+    LSoundPlayDevice device;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tone/tone_data.h"
+
+#include <string>
+
+class LWindow;
+
+/// Opens, saves and renders the current tone, and remembers for the next chooser where its files are. What
+/// fails is told in a message box, and leaves the tone as it was.
+class ToneFiles {
+public:
+    /// Both must outlive this.
+    ToneFiles(LWindow& owner, SonvireData& currentTone) : window(owner), tone(currentTone) {}
+
+    /// A document of the desktop's, which has to be a tone file and is remembered in any case.
+    void LoadDocument(const std::string& path);
+    /// A tone file that the user has named; it is remembered, by its full path, where it can be read.
+    void LoadNamed(const std::string& path, const std::string& fullPath);
+    /// False where the user cancels.
+    bool CmLoadTDF();
+
+    void CmSaveAsTDF();
+    void CmSave();
+    void CmSaveAsWav();
+    /// Renders the tone into this file.
+    void CmSaveWave(const std::string& path);
+
+private:
+    bool Read(const std::string& path);
+    void CmSaveTDF(const std::string& path);
+
+    LWindow& window;
+    SonvireData& tone;
+};

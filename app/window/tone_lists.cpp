@@ -1,0 +1,85 @@
+#include "app/window/tone_lists.h"
+
+#include "app/list_editor/list_dlg.h"
+#include "app/setting_names.h"
+#include "app/window/notices.h"
+#include "app/window/tone_commands.h"
+#include "app/window/tone_files.h"
+#include "gui/file_chooser.h"
+#include "jobs/file_notices.h"
+#include "jobs/tone_lists.h"
+#include "sys/desktop/message_box.h"
+#include "sys/file.h"
+#include "sys/path.h"
+#include "tone/tone_list_report.h"
+
+namespace {
+
+constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
+constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
+
+} // namespace
+
+bool ToneLists::CmEditList(const std::string& path) {
+    if (const LFailure refusal = CheckListEntry(path)) {
+        ShowNotice(DescribeUnreadable(path, refusal));
+        return false;
+    }
+    edited.Begin(path);
+    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty())
+        return false;
+    SetListPath(tone, edited.GetPath());
+    tone.waveform = ToneFromList;
+    tone.flags |= ToneFlagDuration; // a list ends
+    return true;
+}
+
+bool ToneLists::CmLoadList() {
+    LFileChooser chooser{"Select Tone List to Open", edited.GetPath(), Setting::ListReadFolder.Get(),
+                         LoadListFilters, "tdl"};
+    const std::string path = LChooseFileToRead(window, chooser);
+    if (path.empty())
+        return false;
+    Setting::ListReadFolder.Set(chooser.folder);
+    if (GetExtension(path) != ".tdl")
+        LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
+    else if (!CmEditList(path))
+        TakeLength(tone);
+    return true;
+}
+
+bool ToneLists::CmSaveList() {
+    const std::string list = tone.GetListPath();
+    LFileChooser chooser{"Save Tone List to File", IsTemporaryList(list) ? "" : list,
+                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
+    const std::string path = LChooseFileToSave(window, chooser);
+    if (path.empty())
+        return false;
+    Setting::ListSaveFolder.Set(chooser.folder);
+    const bool renders = GetExtension(path) == ".wav";
+    if (renders)
+        files.CmSaveWave(path);
+    if (renders || !CopyList(list, path))
+        return false;
+    SetListPath(tone, path);
+    return true;
+}
+
+bool ToneLists::CopyList(const std::string& list, const std::string& path) {
+    if (!tone.IsList()) {
+        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
+        return false;
+    }
+    if (const LFailure unreadable = CheckReadable(list)) {
+        ShowNotice(DescribeUnreadable(list, unreadable));
+        return false;
+    }
+    LFailure failure = CheckListName(path);
+    if (!IsSameFile(list, path) && IsReadByList(path, ExamineToneList(list)))
+        failure = "the list plays it";
+    else if (!failure)
+        failure = CopyListFile(list, path);
+    if (failure)
+        ShowNotice(DescribeUnwritten(path, failure));
+    return !failure;
+}
