@@ -2,14 +2,14 @@
 
 #include <string>
 
-/// What every command answers: the job's result, which is also the program's exit status.
+/// What every command returns: the job's result, which is also the program's exit status.
 enum ExitStatus : int {
     ExitCompleted = 0,
     ExitStopped = 1, ///< by the user
     ExitFailed = 2,  ///< failed, refused or misused
 };
 
-/// Prints one line on standard error that names the file and the reason; answers `ExitFailed`.
+/// Prints one line on standard error that names the file and the reason; returns `ExitFailed`.
 int Refuse(const std::string& file, const std::string& reason);
 
 /// The same for a command line that makes no sense.

@@ -23,7 +23,7 @@ struct LFileChooser {
     std::string defaultExtension; ///< without a dot; added to a name to save that has no extension
 };
 
-/// What a toolkit's chooser answers.
+/// What a toolkit's chooser returns.
 struct LChosenFile {
     std::string path;
     int filter = 0; ///< the index of the filter that was in use

@@ -85,7 +85,7 @@ void LListView::DeleteAll() {
     DeleteRows(std::move(all));
 }
 
-/// Takes rows out of the list as it is shown, and answers them; the selection is left to the caller.
+/// Takes rows out of the list as it is shown, and returns them; the selection is left to the caller.
 std::vector<LListView::Row> LListView::TakeRows(const std::vector<int>& ascending) {
     std::vector<Row> taken, left;
     for (int row = 0; row < GetCount(); ++row)

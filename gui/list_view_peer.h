@@ -34,7 +34,7 @@ public:
     virtual void SetSelection(const std::vector<int>& rows, int current) = 0;
     /// Lets the user drag rows to another place, and drop files between them.
     virtual void EnableDragging() = 0;
-    /// For an `LMenu` that answers a right click, at the pointer or, where the keyboard asked for it, below
+    /// For an `LMenu` that returns a right click, at the pointer or, where the keyboard asked for it, below
     /// the current row; made, shown once, and gone.
     virtual std::unique_ptr<LMenuPeer> CreatePopupMenu() = 0;
 };

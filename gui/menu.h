@@ -36,13 +36,13 @@ public:
     /// Shows which key does the same.
     virtual void SetKeyText(int id, const std::string& key) = 0;
 
-    /// Shows a pop-up menu until the user has chosen; answers the item's id, 0 for none. A menu bar answers
+    /// Shows a pop-up menu until the user has chosen; returns the item's id, 0 for none. A menu bar returns
     /// 0.
     virtual int Choose() = 0;
 };
 
 /// A menu bar or a pop-up menu: entries with ids, each enabled or not and marked or not. What the user
-/// chooses comes as a command of the window (menu bar) or as the answer of `Choose`, which shows the pop-up
+/// chooses comes as a command of the window (menu bar) or as the result of `Choose`, which shows the pop-up
 /// menu at the pointer.
 class LMenu {
 public:

@@ -10,7 +10,7 @@ public:
     /// The title is the caption and, until the job sets it, the text of control 101. Not owned.
     explicit LProgressDialog(const char* jobTitle);
 
-    /// Runs `MainFunction` under the dialog and answers its result.
+    /// Runs `MainFunction` under the dialog and returns its result.
     int Open(LWindow& parent);
     /// Lets the user interface run for as long as something waits for it, then tells whether to stop. A job
     /// asks this regularly: nothing else moves while it runs.

@@ -55,7 +55,7 @@ protected:
     virtual bool CmOk() { return true; }
     virtual void CmCancel() {}
     virtual void CmHelp() {}
-    /// Closes the window; OK or not is its answer.
+    /// Closes the window; OK or not is its result.
     virtual void Close(int ok) = 0;
     virtual LWindowPeer* GetPeer() const = 0;
 

@@ -30,7 +30,7 @@ public:
 /// The toolkit's side of a dialog, modal to the whole application.
 class LDialogPeer : public LWindowPeer {
 public:
-    /// Shows the dialog until `End`; answers what that was given.
+    /// Shows the dialog until `End`; returns what that was given.
     virtual bool RunModal() = 0;
     virtual void End(bool ok) = 0;
     /// Shows the dialog and returns; it goes with the peer.

@@ -69,7 +69,7 @@ LProcessResult ProcessConnect(ProgressDialog& dialog, LIPSocketTCP& socket, cons
     return result;
 }
 
-/// Connects to the first address that answers, each with the time-out to itself.
+/// Connects to the first address that returns, each with the time-out to itself.
 template <class ProgressDialog>
 LProcessResult ProcessConnect(ProgressDialog& dialog, LIPSocketTCP& socket,
                               const LIPAddressMultiHomedWithPort& address, int timeoutMs) {

@@ -16,7 +16,7 @@ struct LSoundPlayDeviceListItem {
 inline constexpr int MaxPlayDevices = 32;
 using LSoundPlayDeviceList = std::array<LSoundPlayDeviceListItem, MaxPlayDevices>;
 
-/// Clears the list and fills it with the outputs there are, at most 32, in the server's order; answers how
+/// Clears the list and fills it with the outputs there are, at most 32, in the server's order; returns how
 /// many. 0 where there is no server or card, or where it doesn't answer within two seconds, for which it
 /// waits.
 int GetSoundPlayDeviceList(LSoundPlayDeviceList& list);

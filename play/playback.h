@@ -40,7 +40,7 @@ public:
     /// they are. Thread: owner. Blocks: no. Allocates: yes.
     void Begin(const LSoundPlayDevice& device, const std::string& title,
                const LSoundPlayerRing::Silence& after, std::optional<std::uint32_t> volumeWord);
-    /// Ends it; what is cut off fades out. Answers why it had ended by itself, if it had. Thread: owner.
+    /// Ends it; what is cut off fades out. Returns why it had ended by itself, if it had. Thread: owner.
     /// Blocks: no, but for a block that is being read. Allocates: yes.
     LPlayStatus Finish();
     /// Thread: owner. Blocks: no. Allocates: no.

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// What went wrong, or that nothing did: the answer of whatever can fail. True where something went wrong:
+/// What went wrong, or that nothing did: the result of whatever can fail. True where something went wrong:
 ///
 ///     if (const LFailure failure = file.Write(data, bytes))
 ///         Refuse(path, failure.GetReason());

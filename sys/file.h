@@ -21,7 +21,7 @@ public:
     /// Fails where what was written could not be kept after all, as on a network disk.
     LFailure Close();
 
-    /// Reads up to `bytes` bytes from the current offset, as many as the file has; answers the count read.
+    /// Reads up to `bytes` bytes from the current offset, as many as the file has; returns the count read.
     [[nodiscard]] std::size_t Read(void* data, std::size_t bytes);
     /// Writes all of `bytes`; fails when even one byte did not make it (a full disk, a closed pipe, a signal
     /// while it waited for a pipe).
@@ -42,7 +42,7 @@ protected:
         int descriptor;
         int error;
     };
-    /// Of a system call that answers a descriptor.
+    /// Of a system call that returns a descriptor.
     static Opened Note(int descriptor);
     /// Opens without waiting for a pipe's other end; writes wait as usual from then on.
     static Opened OpenAtOnce(const char* path, int flags);
@@ -141,7 +141,7 @@ public:
     /// another program holds is left alone. Where not all of it could be written, the file is as it was, but
     /// for one in a folder that takes no new files or keeps others' in their places (such as /var/tmp).
     static LFailure SaveFile(const char* path, const void* data, unsigned int size);
-    /// Saves what is in one file, of up to 4 GiB, as another; the same answer.
+    /// Saves what is in one file, of up to 4 GiB, as another; fails as `SaveFile` does.
     static LFailure CopyFile(const char* from, const char* to);
 };
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// Something that the user should be told, answered as a value: the window shows it in a box, the command
+/// Something that the user should be told, returned as a value: the window shows it in a box, the command
 /// line on standard error.
 struct LNotice {
     std::string title;

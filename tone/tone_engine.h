@@ -6,7 +6,7 @@
 struct ToneListReport;
 
 /// Turns a tone into the source of its samples: the one way in for playing and rendering. Never fails as
-/// such; a source that can't be used is answered with its status set. It runs at the tone's own rate and
+/// such; a source that can't be used is returned with its status set. It runs at the tone's own rate and
 /// channel count, unlimited: consumers convert and limit as they need. `report`: what `OpenToneList` says of
 /// a tone that plays a list.
 LSoundSource OpenToneEngine(const SonvireData& tone, ToneListReport* report = nullptr);

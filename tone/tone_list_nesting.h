@@ -15,7 +15,7 @@ inline constexpr int MaxListDepth = 32;
 class ToneListNesting {
 public:
     /// Goes into a list, until `Leave`. Where it must be left out, because it lies within itself or too deep,
-    /// stays outside and answers why.
+    /// stays outside and returns why.
     LFailure Enter(const std::string& path);
     void Leave() { open.pop_back(); }
     /// Counts an entry, whichever list it stands in; false where it must be left out, and all that follow.
@@ -28,7 +28,7 @@ public:
     /// What to tell of something that is left out of a list; nothing but the first time.
     std::optional<LNotice> Tell(const std::string& path, const std::string& why);
 
-    /// Why `CountEntry` answers false.
+    /// Why `CountEntry` returns false.
     static const std::string TooManyEntries;
 
 private:

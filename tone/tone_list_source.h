@@ -9,7 +9,7 @@
 
 /// What goes along while a list and the lists in it are opened.
 struct ToneListOpening {
-    /// Counts an entry; where there are too many, that is reported, and the answer is false.
+    /// Counts an entry; where there are too many, that is reported, and the result is false.
     bool MayAddEntry();
     /// Opens a list, with its entries in the report. One that is left out is a source with nothing behind it;
     /// `problem` then says why.

@@ -19,7 +19,7 @@ std::uint32_t ToIncrement(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
 }
 
-/// Puts shape(old phase, new phase) to every frame, or adds it; answers the last phase.
+/// Puts shape(old phase, new phase) to every frame, or adds it; returns the last phase.
 template <bool Add, class Shape>
 std::uint32_t PutFrames(int* out, int stride, int frames, std::uint32_t phase, std::uint32_t increment,
                         Shape shape) {

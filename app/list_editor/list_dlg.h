@@ -59,6 +59,6 @@ private:
     bool accepted = false;           ///< closed with OK
 };
 
-/// Lets the user edit the list, a new one where it has no file, and answers in which file it is then. True
+/// Lets the user edit the list, a new one where it has no file, and returns in which file it is then. True
 /// where the editor was closed with OK.
 bool OpenToneListDialog(LWindow& parent, EditedList& list);

@@ -25,7 +25,7 @@ public:
     void ShowLevels(const LDBMC& levels) override;
     void ShowStopped() override;
 
-    /// Keep what the user has just chosen; a volume that is still being chosen is answered only.
+    /// Keep what the user has just chosen; a volume that is still being chosen is returned only.
     void StoreDevice();
     LDB StoreVolume();
 

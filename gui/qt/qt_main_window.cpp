@@ -69,7 +69,7 @@ void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
     const QRect frame(geometry.x, geometry.y, geometry.width, geometry.height);
     const QScreen* screen = FindScreen(frame);
     if (screen)
-        move(frame.topLeft()); // of the frame, other than the size
+        move(frame.topLeft()); // of the frame, unlike the size
     // What was stored on a larger screen would put its edges out of reach.
     frameToFit = frame.size()
                      .expandedTo(SmallestFrame)

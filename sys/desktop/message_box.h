@@ -6,7 +6,7 @@ enum class LMessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class LMessageAnswer { Ok, Cancel, Yes, No };
 
 /// Where message boxes go: a window shows them modally, the command line prints them, a test records them and
-/// answers by script. The port that was made last is in use until it is destroyed, then the one before it.
+/// returns by script. The port that was made last is in use until it is destroyed, then the one before it.
 /// One thread only.
 class LMessageBoxPort {
 public:
@@ -23,7 +23,7 @@ private:
     LMessageBoxPort* previous;
 };
 
-/// Shows a message box by the port in use. Without one nothing is shown, and the answer is Ok, or No where Ok
+/// Shows a message box by the port in use. Without one nothing is shown, and the result is Ok, or No where Ok
 /// is not offered.
 LMessageAnswer LShowMessageBox(const std::string& title, const std::string& text,
                                LMessageButtons buttons = LMessageButtons::Ok);

@@ -43,7 +43,7 @@ protected:
 
 class MemoryMenu : public LMenuPeer, public MemoryItems {
 public:
-    std::function<int(const MemoryMenu&)> choose; ///< answers for a pop-up menu
+    std::function<int(const MemoryMenu&)> choose; ///< returns for a pop-up menu
 
     void OpenSubmenu(const std::string& text) override { open.push_back(PathOf(text)); }
     void CloseSubmenu() override { open.pop_back(); }

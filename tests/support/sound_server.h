@@ -25,7 +25,7 @@ public:
     /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME".
     bool AddOutput(const std::string& name, int rate, int channels);
     void RemoveOutput(const std::string& name);
-    /// Runs a command of the server's own control program; answers what it prints.
+    /// Runs a command of the server's own control program; returns what it prints.
     std::string Control(const std::string& command);
 
     std::string Path(const std::string& file) const { return folder / file; }
@@ -47,7 +47,7 @@ public:
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
 
-    /// Waits until all that has been played so far is recorded; answers every sample that is not 0: a server
+    /// Waits until all that has been played so far is recorded; returns every sample that is not 0: a server
     /// under load is late at times and plays silence then, but nothing may be lost for it.
     std::vector<int> Finish();
 
