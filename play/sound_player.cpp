@@ -6,7 +6,7 @@
 namespace {
 
 std::uint32_t ToVolumeWord(int decibels) {
-    const int level = 5 * decibels + 180; // 12 dB is 240: the jump to 256 is meant
+    const int level = 5 * decibels + 180; // Kept quirk: from 12 to 13 dB it jumps from 240 to 256
     return 0x10001 * static_cast<std::uint32_t>(decibels < -36 ? 0 : decibels > 12 ? 256 : level);
 }
 

@@ -14,7 +14,7 @@
 
 namespace {
 
-// The wording of the first one is meant.
+// Kept quirk: the wording of the first one.
 constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
 constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};

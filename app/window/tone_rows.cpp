@@ -64,8 +64,8 @@ void ToneRows::InsertListViewItem(unsigned int item) {
     UpdateListViewItem(item, list->GetCount() - 1);
 }
 
-/// One row for each line of the list file. The last one shows the list's own name instead of its entry; that
-/// is meant.
+/// One row for each line of the list file.
+/// Kept quirk: the last one shows the list's own name instead of its entry.
 void ToneRows::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
