@@ -205,8 +205,11 @@ TEST(UpdateCheck, AllIsSentOrItHasAnEnd) {
     EXPECT_TRUE(received == data);
 
     EXPECT_EQ(send({5}, unread, 5000), Stopped);
-    while (send({}, unread, OneSlice) == Completed) {
-    } // until the system holds no more
+    int sent = 1;
+    while (sent > 0) // until the system holds no more
+        sent = unread.Send(data.data(), 1024);
+    EXPECT_EQ(sent, 0) << "full, but not broken";
+    EXPECT_EQ(send({}, unread, OneSlice), Failed);
     EXPECT_EQ(send({2}, unread, 5000), Stopped) << "while it waits";
     close(idler);
     EXPECT_EQ(send({}, unread, 5000), Failed);
