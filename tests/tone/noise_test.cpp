@@ -2,7 +2,6 @@
 #include "support/reference.h"
 #include "sys/random.h"
 #include "tone/pink_noise.h"
-#include "tone/tone_engine.h"
 #include "tone/white_noise.h"
 
 #include <gtest/gtest.h>
@@ -48,15 +47,6 @@ TYPED_TEST(EveryNoise, HasTheLengthOfItsDurationOrAMinute) {
     endless.status = SoundInvalidFormat;
     EXPECT_EQ(ReadFrames(endless, 2), (std::vector<int>{0x5EED, 0x5EED}))
         << "with a status it writes nothing";
-}
-
-TEST(Noise, IsMonoWhateverTheToneSays) {
-    SonvireData tone;
-    tone.flags = ToneFlagStereo;
-    for (const int waveform : {ToneWhiteNoise, TonePinkNoise}) {
-        tone.waveform = static_cast<std::uint8_t>(waveform);
-        EXPECT_EQ(OpenToneEngine(tone)->channels, 1);
-    }
 }
 
 } // namespace

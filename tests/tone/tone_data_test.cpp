@@ -15,18 +15,6 @@ bool IsDefault(const SonvireData& tone) {
     return std::memcmp(&tone, &fresh, SonvireData::FileBytes) == 0;
 }
 
-TEST(ToneData, OnlyADurationWithoutALoopIsFinite) {
-    SonvireData tone;
-    EXPECT_FALSE(tone.IsFinite());
-    EXPECT_EQ(tone.GetDurationFrames(), 0);
-    tone.repeat = 1;
-    tone.SetDuration(1500);
-    EXPECT_TRUE(tone.IsFinite());
-    EXPECT_EQ(tone.GetDurationFrames(), 66150);
-    tone.repeat = 2;
-    EXPECT_FALSE(tone.IsFinite());
-}
-
 TEST(ToneFile, IsTheRecordByteForByte) {
     const TempDir dir;
     const std::string path = dir / "tone.tdf";

@@ -172,11 +172,4 @@ TEST(ToneItems, AreShownInOrder) {
     EXPECT_THAT(GetShownItems(Flagged(0, ToneSine, 0)), IsEmpty());
 }
 
-TEST(ToneItems, TheModeIsNamedByTheFlags) {
-    EXPECT_STREQ(Flagged(ToneFlagSweep).GetModeName(), "Constant (Continuous)");
-    EXPECT_STREQ(Flagged(ToneFlagDuration | ToneFlagLogSweep).GetModeName(), "Constant (Specified Duration)");
-    EXPECT_STREQ(Flagged(ToneFlagDuration | ToneFlagSweep).GetModeName(), "Sweep (Linear)");
-    EXPECT_STREQ(Flagged(0x0B).GetModeName(), "Sweep (Log)");
-}
-
 } // namespace
