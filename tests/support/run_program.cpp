@@ -1,6 +1,7 @@
 #include "support/run_program.h"
 
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@ pid_t Spawn(const std::string& command, const std::string& out, const std::strin
     const std::string line = "exec >" + out + " 2>" + errors + "\n" + command;
     const pid_t child = fork();
     if (child == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is killed leaves nothing running
         execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
         _exit(127);
     }
