@@ -39,24 +39,19 @@ TEST_F(Gui, AWindowStartsAndEndsInOrder) {
                                  "load b.tdf", "drop dropped.tdf", "geometry 555", "destroy"}));
 }
 
-/// A window that shows the rows a, b, c, d, e.
-class GuiList {
-public:
-    void Run(const std::function<void(TestWindow&, LListView&, MemoryList&)>& use) {
-        toolkit.running = [this, &use] {
-            window.MakeList(5);
-            use(window, *window.list, *toolkit.mainWindow->controls[List].list);
-        };
-        window.Run();
-    }
-
-private:
+/// On a window that shows the rows a, b, c, d, e.
+void OnList(const std::function<void(TestWindow&, LListView&, MemoryList&)>& use) {
     MemoryToolkit toolkit;
     TestWindow window{toolkit};
-};
+    toolkit.running = [&] {
+        window.MakeList(5);
+        use(window, *window.list, *toolkit.mainWindow->controls[List].list);
+    };
+    window.Run();
+}
 
 TEST(GuiList, KeepsTheOrderOfSelection) {
-    GuiList().Run([](TestWindow& window, LListView& list, MemoryList& seen) {
+    OnList([](TestWindow& window, LListView& list, MemoryList& seen) {
         struct {
             Ints userSelects, expected;
         } const steps[] = {{{3}, {3}},       {{3, 1}, {3, 1}}, {{0, 1, 3, 4}, {3, 1, 0, 4}},
@@ -102,7 +97,7 @@ TEST(GuiList, KeepsTheRowsThatAreStillThereWhenItIsRebuilt) {
         {"rows that share their data count from the top", {0}, {9, 0, 0}, {1}, 1},
     };
     for (const auto& each : cases)
-        GuiList().Run([&](TestWindow& window, LListView& list, MemoryList& seen) {
+        OnList([&](TestWindow& window, LListView& list, MemoryList& seen) {
             list.SelectRows(each.selected);
             seen.Select(each.selected);
             window.commands.clear();
@@ -126,7 +121,7 @@ TEST(GuiList, StandsDraggedRowsTogetherWhereTheyAreDropped) {
                        {{1, 3}, 5, "acebd"}, {{0, 2, 4}, 2, "baced"}, {{0, 1}, 1, "abcde"},
                        {{2}, 2, "abcde"}};
     for (const auto& each : cases)
-        GuiList().Run([&](TestWindow& window, LListView& list, MemoryList& seen) {
+        OnList([&](TestWindow& window, LListView& list, MemoryList& seen) {
             list.SelectRows(each.dragged);
             window.commands.clear();
             seen.events.RowsDragged(each.before);
@@ -150,6 +145,7 @@ TEST_F(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
         {"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf", 1, 0},
         {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav", 1, 0},
         {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x", 1, 0},
+        {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf", 1, 0},
         {"cancelled", {{"", 0}}, {}, "", 1, 0},
         {"replaced", {{dir / "old", 0}}, {LMessageAnswer::Yes}, dir / "old.tdf", 1, 1},
         {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {LMessageAnswer::No}, dir / "b.tdf", 2, 1},

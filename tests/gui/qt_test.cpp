@@ -348,17 +348,6 @@ TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
     });
 }
 
-TEST_F(QtGui, TheGeometryIsTheFrames) {
-    int frameWidth = 0;
-    Run([&] {
-        const QRect expected(10, 20, 300, 400);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return Main()->frameGeometry() == expected; }));
-        Main()->resize(420, 300);
-        frameWidth = Main()->frameGeometry().width() - 420;
-    });
-    EXPECT_EQ(window.log.at(window.log.size() - 2), "geometry " + std::to_string(420 + frameWidth));
-}
-
 TEST_F(QtGui, TheEndOfTheSessionCancelsWhatIsOpenAndClosesTheWindow) {
     bool ok = true;
     LMessageAnswer answer = LMessageAnswer::Yes;

@@ -199,7 +199,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
 }
 
-TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
+TEST_F(App, TheVolumeIsTakenFromTheSettings) {
     constexpr std::uint32_t Both = 0x10001;
     struct {
         const char* stored;
@@ -214,49 +214,6 @@ TEST_F(App, VolumeAndOutputAreTakenFromTheSettings) {
             EXPECT_TRUE(Wait([&] { return output.volume == each.word; })) << each.stored;
             window.Choose(CommandStop);
         }
-        window.Choose(CommandPlay);
-        Control(ControlVolume).held = true;
-        window.Set(ControlVolume, -6);
-        EXPECT_TRUE(Wait([&] { return output.volume == 150 * Both; })) << "heard at once";
-        EXPECT_EQ(Setting::PlayVolume.Get(), -500) << "kept once the slider is let go";
-        Control(ControlVolume).held = false;
-        window.Set(ControlVolume, -6);
-        EXPECT_EQ(Setting::PlayVolume.Get(), -6);
-    });
-    EXPECT_EQ(output.opened, std::ssize(cases) + 1) << "the volume changes without a restart";
-}
-
-TEST_F(App, TheOutputIsChosenInTheStatusBar) {
-    Setting::OutDevice.Set("unplugged");
-    Run([&](MemoryMainWindow& window) {
-        MemoryControl& chooser = Control(ControlDevice);
-        EXPECT_TRUE(Wait([&] { return chooser.choices.size() == 4; }));
-        EXPECT_EQ(chooser.choices, (Texts{"[Default Sound Out]", "Left Hall", "Studio", "unplugged"}));
-        EXPECT_EQ(chooser.value, 3);
-        window.Choose(CommandPlay);
-        EXPECT_TRUE(WaitForPlayback(1));
-        window.Set(ControlDevice, 2);
-        EXPECT_TRUE(WaitForPlayback(2)) << "heard at once";
-        EXPECT_EQ(Stored(Setting::OutDevice), "Studio");
-    });
-}
-
-TEST_F(App, TheStatusBarFollowsPlayback) {
-    Run([&](MemoryMainWindow& window) {
-        Send({CommandSpecifiedDuration});
-        EXPECT_EQ(Control(ControlPosition).text, "");
-        window.Choose(CommandPlay);
-        EXPECT_TRUE(Wait([&] { return output.queuedFrames == 44100; }));
-        EXPECT_EQ(Control(ControlPosition).text, "00:00.0 / 00:01.0");
-        output.Take(22050);
-        EXPECT_TRUE(Wait([&] { return Control(ControlPosition).text == "00:00.5 / 00:01.0"; }));
-        EXPECT_EQ(Control(ControlLevels).levels, Ints{0});
-        output.Take(22050);
-        EXPECT_TRUE(Wait([&] { return (*window.menu)[CommandPlay].enabled; })) << "at the end of the tone";
-        EXPECT_EQ(Control(ControlPosition).text, "");
-        EXPECT_EQ(Control(ControlLevels).levels, Ints{LDB::Silence}) << "of one channel";
-        Send({CommandContinuous, CommandPlay});
-        EXPECT_EQ(Control(ControlPosition).text, "00:00.0") << "an endless tone has no length";
     });
 }
 

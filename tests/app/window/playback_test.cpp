@@ -43,7 +43,10 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     EXPECT_TRUE(Wait([&] { return !playback.IsPlaying(); }));
     EXPECT_EQ(changes, 4) << "two starts and two stops";
     EXPECT_THAT(view.seen, ::testing::IsSupersetOf({"length 1000", "length 500", "at 500", "stopped"}));
+    tone.repeat = 1;
     playback.CmPlay();
+    EXPECT_EQ(view.seen.back(), "at 0");
+    EXPECT_EQ(view.seen[view.seen.size() - 2], "length 0") << "it has no end";
     playback.End();
     EXPECT_FALSE(playback.IsPlaying());
     EXPECT_EQ(changes, 6);

@@ -121,13 +121,6 @@ TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
     });
 }
 
-TEST_F(Saving, ADotInANameEndsItOnlyBeforeLetters) {
-    files = {{folder / "sine 1.5kHz"}, {folder / "plain"}, {folder / "sound.wav"}};
-    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSave, CommandSave, CommandSave}); });
-    for (const char* name : {"sine 1.5kHz.tdf", "plain.tdf", "sound.wav"})
-        EXPECT_TRUE(std::filesystem::exists(folder / name)) << name;
-}
-
 TEST_F(Saving, NoiseIsNoListToSave) {
     files = {{folder / "noise.tdl"}};
     Run([&](MemoryMainWindow& window) {
@@ -187,6 +180,7 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         {CommandSaveAsWav, sound, ""},
         {CommandSaveList, "", ""},
         {CommandSaveList, tone, error + tone + "\" can't be written: the list plays it."},
+        {CommandSaveAsWav, tone, error + tone + "\" is read by the input."},
         {CommandSaveList, gone, error + gone + "\" can't be written: No such file or directory."},
         {CommandSaveList, list, ""},
         {CommandSave, copy, ""},
@@ -213,25 +207,6 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         EXPECT_TRUE(each.chosen != sound || std::filesystem::file_size(sound) == 46 + 55125 * 2U);
         EXPECT_TRUE(each.chosen != copy || ReadBytes(copy) == content);
     }
-}
-
-TEST_F(Saving, AListIsNotRenderedOverAFileThatItPlays) {
-    const std::string piece = folder / "piece.wav";
-    files = {{piece}, {piece}};
-    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSaveAsWav}); }); // a second of tone
-    const std::string sound = ReadBytes(piece);
-    EXPECT_EQ(sound.size(), 46 + 44100 * 2U);
-    WriteBytes(list, piece + "\n500ms silence.\n");
-    dialogs = {PressOk};
-    files = {{piece}};
-    Run(
-        [&](MemoryMainWindow&) {
-            toolkit->answers = {LMessageAnswer::Yes};
-            Send({CommandSaveAsWav});
-            EXPECT_EQ(toolkit->boxes.back(), "Error|The file \"" + piece + "\" is read by the input.");
-        },
-        {list});
-    EXPECT_EQ(ReadBytes(piece), sound);
 }
 
 } // namespace

@@ -1,15 +1,7 @@
+#include "app/window/set_dlg_layout.h"
 #include "support/app_window.h"
 
 namespace {
-
-enum : int {
-    Autoplay = 102,
-    ByFrequency = 104,
-    Frequency = 105,
-    BySemitone = 107,
-    Semitones = 108,
-    SemitoneText = 109
-};
 
 TEST_F(App, PlaySettingsAreCheckedAndKept) {
     const std::string badSemitones =
@@ -20,31 +12,32 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
         const char *semitones, *frequency;
         std::string box, step, bySemitone, semitoneVal, frequencyVal;
     } const cases[] = {
-        {BySemitone, "12", "1.0", "", "12", "1", "12", "1.0"},
-        {BySemitone, " 3 ", "none", "", "3", "1", "3", "none"},
-        {BySemitone, "13", "1.0", badSemitones, "-", "-", "-", "-"},
-        {BySemitone, "0", "1.0", badSemitones, "-", "-", "-", "-"},
-        {ByFrequency, "99", " 2.5 ", "", "2.5", "0", "99", "2.5"},
-        {ByFrequency, "1", "0", badFrequency, "-", "-", "-", "-"},
-        {ByFrequency, "1", "abc", badFrequency, "-", "-", "-", "-"},
+        {SetBySemitone, "12", "1.0", "", "12", "1", "12", "1.0"},
+        {SetBySemitone, " 3 ", "none", "", "3", "1", "3", "none"},
+        {SetBySemitone, "13", "1.0", badSemitones, "-", "-", "-", "-"},
+        {SetBySemitone, "0", "1.0", badSemitones, "-", "-", "-", "-"},
+        {SetByFrequency, "99", " 2.5 ", "", "2.5", "0", "99", "2.5"},
+        {SetByFrequency, "1", "0", badFrequency, "-", "-", "-", "-"},
+        {SetByFrequency, "1", "abc", badFrequency, "-", "-", "-", "-"},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.semitones) + ", " + each.frequency);
         Forget();
         dialogs = {[&](MemoryDialog& box) {
             EXPECT_EQ(box.caption, "Play Settings");
-            EXPECT_EQ(box.controls.GetValue(BySemitone), 1);
-            EXPECT_EQ(box.controls[Semitones].least, 1);
-            EXPECT_EQ(box.controls[Semitones].most, 12);
-            EXPECT_EQ(box.controls[Frequency].toolTip + box.controls[Semitones].toolTip, "FrequencySemiTone");
-            box.Set(Autoplay, 1);
-            for (const int radio : Ints{ByFrequency, BySemitone, each.radio}) {
+            EXPECT_EQ(box.controls.GetValue(SetBySemitone), 1);
+            EXPECT_EQ(box.controls[SetSemitones].least, 1);
+            EXPECT_EQ(box.controls[SetSemitones].most, 12);
+            EXPECT_EQ(box.controls[SetFrequency].toolTip + box.controls[SetSemitones].toolTip,
+                      "FrequencySemiTone");
+            box.Set(SetAutoplay, 1);
+            for (const int radio : Ints{SetByFrequency, SetBySemitone, each.radio}) {
                 box.Set(radio, 1);
-                EXPECT_EQ(box.controls[Frequency].enabled, radio == ByFrequency);
-                EXPECT_EQ(box.controls[Semitones].enabled, radio == BySemitone);
+                EXPECT_EQ(box.controls[SetFrequency].enabled, radio == SetByFrequency);
+                EXPECT_EQ(box.controls[SetSemitones].enabled, radio == SetBySemitone);
             }
-            box.controls.SetText(SemitoneText, each.semitones);
-            box.controls.SetText(Frequency, each.frequency);
+            box.controls.SetText(SetSemitoneText, each.semitones);
+            box.controls.SetText(SetFrequency, each.frequency);
             box.Press(LCommandOk);
             EXPECT_EQ(box.ended, each.box.empty());
         }};
@@ -66,9 +59,9 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
     Setting::ShownSemitones.Set(7);
     for (const int button : {LCommandCancel, LCommandOk})
         dialogs.emplace_back([button](MemoryDialog& box) {
-            EXPECT_EQ(box.controls.GetText(Frequency), "25");
-            EXPECT_EQ(box.controls.GetText(SemitoneText), "7");
-            EXPECT_EQ(box.controls.GetValue(ByFrequency), 1);
+            EXPECT_EQ(box.controls.GetText(SetFrequency), "25");
+            EXPECT_EQ(box.controls.GetText(SetSemitoneText), "7");
+            EXPECT_EQ(box.controls.GetValue(SetByFrequency), 1);
             box.Press(button);
         });
     Run([&](MemoryMainWindow& window) {

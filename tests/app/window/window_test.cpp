@@ -72,8 +72,10 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
 TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
     Setting::WindowWidth.Set(700);
     Setting::WindowHeight.Set(80); // too small
-    RunProgram([] {
+    int frame = 0;
+    RunProgram([&frame] {
         EXPECT_TRUE(Wait([] { return Main()->frameGeometry().width() == 700; }));
+        frame = Main()->frameGeometry().width() - Main()->width();
         EXPECT_GE(Main()->frameGeometry().height(), 100);
         Main()->resize(1000, 480);
         auto* list = Control<QTreeWidget>(ControlList);
@@ -92,17 +94,19 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         EXPECT_EQ(list->toolTip(), "Tone details (double click to modify)");
         EXPECT_EQ(list->accessibleName(), list->toolTip());
     });
+    EXPECT_EQ(Setting::WindowWidth.Get(), 1000 + frame) << "kept of the whole frame";
 }
 
 TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
-    Setting::OutDevice.Set("Studio");
+    constexpr std::uint32_t Both = 0x10001;
+    Setting::OutDevice.Set("unplugged");
     Setting::PlayVolume.Set(-6);
     const QColor calm(0x2e, 0xa0, 0x43), loud(0xe0, 0x8a, 0x1e);
     RunProgram([&] {
         auto* chooser = Control<QComboBox>(ControlDevice);
-        EXPECT_EQ(chooser->currentText(), "Studio") << "before it is known to be there";
-        EXPECT_TRUE(Wait([&] { return chooser->count() == 3; }));
-        EXPECT_EQ(chooser->currentText(), "Studio");
+        EXPECT_EQ(chooser->currentText(), "unplugged") << "before it is known what there is";
+        EXPECT_TRUE(Wait([&] { return chooser->count() == 4; }));
+        EXPECT_EQ(chooser->currentText(), "unplugged") << "behind the default, Hall and Studio";
         EXPECT_EQ(chooser->toolTip(), "Output device");
 
         auto* volume = Control<QSlider>(ControlVolume);
@@ -112,13 +116,6 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_EQ(volume->toolTip(), "Volume: -6 dB");
         for (QWidget* control : {static_cast<QWidget*>(volume), static_cast<QWidget*>(chooser)})
             EXPECT_EQ(control->focusPolicy(), Qt::TabFocus) << "a click leaves the keyboard in the list";
-        volume->setSliderDown(true);
-        volume->setValue(-20);
-        EXPECT_EQ(volume->toolTip(), "Volume: -20 dB");
-        EXPECT_EQ(Setting::PlayVolume.Get(), -6) << "kept once it is let go";
-        volume->setSliderDown(false);
-        EXPECT_EQ(Setting::PlayVolume.Get(), -20);
-
         auto* meter = Control<QWidget>(ControlLevels);
         EXPECT_EQ(CountLit(meter, calm), 0);
         for (const char* button : {"Finite duration", "Play"})
@@ -129,6 +126,17 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_EQ(CountLit(meter, calm), 9 * CountLit(meter, loud)) << "up to -6 of 60 dB";
         EXPECT_EQ(meter->grab().toImage().pixelColor(1, meter->height() / 2), calm) << "one bar";
         EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
+        volume->setSliderDown(true);
+        volume->setValue(0);
+        EXPECT_TRUE(Wait([&] { return output.volume == 180 * Both; })) << "heard at once";
+        EXPECT_EQ(volume->toolTip(), "Volume: 0 dB");
+        EXPECT_EQ(Setting::PlayVolume.Get(), -6) << "kept once it is let go";
+        volume->setSliderDown(false);
+        EXPECT_EQ(Setting::PlayVolume.Get(), 0);
+        EXPECT_EQ(output.opened, 1) << "the volume changes without a restart";
+        QTest::keyClick(chooser, Qt::Key_Up);
+        EXPECT_TRUE(Wait([&] { return output.opened == 2; })) << "another output is heard at once";
+        EXPECT_EQ(Setting::OutDevice.Get(), "Studio");
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
         EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "");
         EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
