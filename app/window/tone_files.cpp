@@ -10,7 +10,8 @@
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 
-#include <ranges>
+#include <algorithm>
+#include <span>
 
 namespace {
 
@@ -35,7 +36,8 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
 bool ConfirmProblems(const std::vector<InputWarning>& warnings) {
     std::string told;
-    for (const InputWarning& warning : warnings | std::views::take(MostProblemsShown))
+    for (const InputWarning& warning :
+         std::span(warnings).first(std::min(warnings.size(), MostProblemsShown)))
         told += "\n\n\"" + warning.file + "\" " + warning.reason;
     if (warnings.size() > MostProblemsShown)
         told += "\n\nand " + std::to_string(warnings.size() - MostProblemsShown) + " more";

@@ -229,8 +229,8 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
                 EXPECT_TRUE(row.id == 109 || control->height() >= control->minimumSizeHint().height())
                     << row.id;
             }
-            const QRect check = Control<QWidget>(102, &dialog)->geometry();
-            EXPECT_NEAR(check.center().y(), 58 * unit, 1) << "around the middle of its place";
+            const QRect spin = Control<QWidget>(108, &dialog)->geometry();
+            EXPECT_NEAR(spin.center().y(), 132 * unit, 1) << "around the middle of its place";
             form.SetText(101, "Frame");
             EXPECT_EQ(Control<QGroupBox>(101, &dialog)->title(), "Frame");
             dialog.resize(dialog.width() + 100, dialog.height() + 50);

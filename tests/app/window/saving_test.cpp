@@ -135,18 +135,17 @@ TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
     const std::string text = folder / "a.txt";
     struct {
         int command;
-        std::string chosen;
         bool ok;
-        std::string lastRow;
+        std::string chosen, lastRow;
         std::uint32_t duration;
-        std::string box;
+        const char* box;
     } const cases[] = {
-        {CommandLoadList, list, true, list + "=", 1250, ""},
-        {CommandLoadList, list, false, "Sine 1 Frequency=1000.00Hz", 60'000, ""},
-        {CommandLoadList, "", true, "Sine 1 Frequency=1000.00Hz", 1000, ""},
-        {CommandLoadList, text, true, "Sine 1 Frequency=1000.00Hz", 1000,
+        {CommandLoadList, true, list, list + "=", 1250, ""},
+        {CommandLoadList, false, list, "Sine 1 Frequency=1000.00Hz", 60'000, ""},
+        {CommandLoadList, true, "", "Sine 1 Frequency=1000.00Hz", 1000, ""},
+        {CommandLoadList, true, text, "Sine 1 Frequency=1000.00Hz", 1000,
          "Unrecognized File Type|Not a tone list file"},
-        {1114, list, true, "Sine 1 Frequency=1000.00Hz", 1000, ""},
+        {CommandLoadListMenu, true, list, "Sine 1 Frequency=1000.00Hz", 1000, ""},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.chosen + std::to_string(each.ok));

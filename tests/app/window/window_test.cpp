@@ -46,7 +46,13 @@ protected:
 };
 
 TEST_F(ShownWindow, ShowsEveryItemWhole) {
-    RunProgram([] {
+    const std::function<void(QWidget&)> checkBox = [](QWidget& box) {
+        EXPECT_EQ(box.maximumSize(), box.minimumSize()) << "nothing in it can grow";
+        for (const QWidget* child : box.findChildren<QWidget*>("", Qt::FindDirectChildrenOnly))
+            EXPECT_TRUE(box.rect().contains(child->geometry())) << child->metaObject()->className();
+        dynamic_cast<QDialog&>(box).reject();
+    };
+    RunProgram([&checkBox] {
         EXPECT_EQ(Main()->windowTitle(), "Sonvire");
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
@@ -59,12 +65,7 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
             EXPECT_FALSE(button->icon().pixmap(16, 16).toImage().isNull());
         }
         EXPECT_EQ(pictures, 4 + 16);
-        Then([](QWidget& box) {
-            EXPECT_EQ(box.maximumSize(), box.minimumSize()) << "nothing in it can grow";
-            for (const QWidget* child : box.findChildren<QWidget*>("", Qt::FindDirectChildrenOnly))
-                EXPECT_TRUE(box.rect().contains(child->geometry())) << child->metaObject()->className();
-            dynamic_cast<QDialog&>(box).reject();
-        });
+        Then(checkBox);
         QTest::mouseClick(ToolButton("Preferences"), Qt::LeftButton);
     });
 }
@@ -127,12 +128,12 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_EQ(meter->grab().toImage().pixelColor(1, meter->height() / 2), calm) << "one bar";
         EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
         volume->setSliderDown(true);
-        volume->setValue(0);
-        EXPECT_TRUE(Wait([&] { return output.volume == 180 * Both; })) << "heard at once";
-        EXPECT_EQ(volume->toolTip(), "Volume: 0 dB");
+        volume->setValue(-20);
+        EXPECT_TRUE(Wait([&] { return output.volume == 80 * Both; })) << "heard at once";
+        EXPECT_EQ(volume->toolTip(), "Volume: -20 dB");
         EXPECT_EQ(Setting::PlayVolume.Get(), -6) << "kept once it is let go";
         volume->setSliderDown(false);
-        EXPECT_EQ(Setting::PlayVolume.Get(), 0);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -20);
         EXPECT_EQ(output.opened, 1) << "the volume changes without a restart";
         QTest::keyClick(chooser, Qt::Key_Up);
         EXPECT_TRUE(Wait([&] { return output.opened == 2; })) << "another output is heard at once";
