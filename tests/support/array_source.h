@@ -2,6 +2,8 @@
 
 #include "sound/sound_source.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -66,4 +68,15 @@ inline std::vector<int> ReadInPieces(LSoundSourceBase& source, int frames) {
         all.insert(all.end(), piece.begin(), piece.end());
     }
     return all;
+}
+
+/// Expects these samples of a mono source, and silence behind them, wherever it is sought.
+inline void ExpectSeeks(LSoundSourceBase& source, std::vector<int> all, const std::vector<int>& targets) {
+    all.resize(all.size() + 5);
+    for (const int target : targets) {
+        source.Seek(target);
+        EXPECT_EQ(source.GetPositionSample(), target);
+        const auto expected = all.begin() + target;
+        EXPECT_EQ(ReadFrames(source, 3), std::vector<int>(expected, expected + 3)) << target;
+    }
 }
