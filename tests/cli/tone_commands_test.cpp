@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 namespace {
 
 using ::testing::HasSubstr;
