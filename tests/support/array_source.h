@@ -40,9 +40,9 @@ public:
 
 /// 16-bit samples, none of them 0, that tell where they belong.
 inline std::vector<int> Numbered(int count, int first = 1) {
-    std::vector<int> samples;
-    for (int i = 0; i < count; ++i)
-        samples.push_back((first + i) % 32749 + 1);
+    std::vector<int> samples(static_cast<std::size_t>(count));
+    for (int& sample : samples)
+        sample = first++ % 32749 + 1;
     return samples;
 }
 
