@@ -23,17 +23,17 @@ std::uint32_t Ip(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_
 }
 
 TEST(UpdateCheck, AUrlIsSplitIntoHostPortAndPath) {
+    const std::string maker = "www.maker.example", path = "/versions/a.txt", longHost(259, 'h');
     struct {
         std::string url, host, path, name;
         int port;
     } const cases[] = {
-        {"http://www.maker.example/versions/a.txt", "www.maker.example", "/versions/a.txt",
-         "www.maker.example", 81},
+        {"http://" + maker + path, maker, path, maker, 81},
         {"http://some-host:8080/p//q?a/b", "some-host:8080", "/p//q?a/b", "some-host", 8080},
         {"host:", "host:", "", "host", 0},
         {"/path", "", "/path", "", 81},
         {"a//b//c:65537:2/d", "c:65537:2", "/d", "c", 1},
-        {"http://" + std::string(300, 'h') + "/p", std::string(259, 'h'), "/p", std::string(259, 'h'), 81},
+        {"http://" + longHost + "hhh/p", longHost, "/p", longHost, 81},
     };
     for (const auto& each : cases) {
         std::string host = "old", path = "old", name = "old";
@@ -72,8 +72,7 @@ TEST(UpdateCheck, TheReplyIsTakenAsItComes) {
         std::string reply;
         std::string info = "";
     } const cases[] = {
-        {"address up to &", 2.15, "HTTP/1.1 200 OK\r\nA: b\r\n\r\nversion=2.15&info=http://a/b&x=1",
-         "http://a/b"},
+        {"address up to &", 2.15, "HTTP/1.1 200 OK\r\n\r\nversion=2.15&info=http://a/b&x=1", "http://a/b"},
         {"in another order, to the end", 3, "info=P\r\nversion=3\n", "P\r\nversion=3\n"},
         {"the first of several", 2.2, "version=2.2 version=9 info=P&info=Q", "P"},
         {"a long address", 3, "version=3&info=" + std::string(300, 'p'), std::string(259, 'p')},

@@ -2,7 +2,6 @@
 #include "play/sound_player.h"
 #include "support/array_source.h"
 #include "support/owner.h"
-#include "support/process.h"
 #include "support/sound_server.h"
 #include "sys/background.h"
 #include "tone/tone_data.h"
@@ -16,7 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::StartsWith;
 
 /// One server for all tests.
 class Playback : public ::testing::Test {
@@ -33,11 +31,12 @@ protected:
     }
 
     bool Wait(const std::function<bool()>& holds) { return WaitUntil(loop, holds); }
-    bool WaitForEnd() {
-        return Wait([this] { return owner.stops > 0; });
-    }
+    /// More than its start.
     bool WaitForSound() {
-        return Wait([this] { return owner.events.size() > 2; }); // more than its start
+        return Wait([this] { return owner.events.size() > 2; });
+    }
+    bool WaitForStops(int count) {
+        return Wait([this, count] { return owner.stops == count; });
     }
     static LSoundPlayDevice Device(const std::string& name) {
         return LSoundPlayDevice(LSoundPlayDevice::GetListDeviceIndex(name.c_str()));
@@ -109,7 +108,7 @@ TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
         player.Stop();
         if (restart) {
             player.Start(SourceOf({22000, 22000, 22000}, 44100, 1));
-            EXPECT_TRUE(Wait([this] { return owner.stops == 2; }));
+            EXPECT_TRUE(WaitForStops(2));
         }
         const std::vector<int> heard = recording.Finish();
         const auto fade =
@@ -128,21 +127,25 @@ TEST_F(Playback, AStopAndARestartFadeWhatTheyCutOff) {
 TEST_F(Playback, ManyPlaybacksLeaveNothingBehind) {
     LSoundPlayer player{OpenCubebChannel};
     player.SetNotify(&owner, 0);
+    const LSoundSource source = SourceOf(std::vector<int>(44100, 1), 44100, 1);
     const auto play = [&](int milliseconds) {
-        player.Start(SourceOf(std::vector<int>(44100, 1), 44100, 1));
+        source->Seek(0);
+        player.Start(source);
+        player.SetTitle("of the next one"); // while the thread of this one begins
         loop.Run(static_cast<unsigned int>(milliseconds), [&] { loop.Quit(); });
         player.Stop();
     };
     play(50);
     ASSERT_TRUE(WaitForBackground(10000));
-    ASSERT_TRUE(Wait([] { return CountThreads() <= 2; })); // the sanitizer may have one
-    const std::size_t threads = CountThreads(), descriptors = CountDescriptors();
+    ASSERT_TRUE(Wait([] { return CountEntries("/proc/self/task") <= 2; })); // the sanitizer may have one
+    const std::size_t threads = CountEntries("/proc/self/task"), descriptors = CountEntries("/proc/self/fd");
     for (int i = 0; i < 40; ++i)
         play(i % 8 * 5 + 1); // opening, open, playing
     EXPECT_EQ(owner.stops, 41);
+    EXPECT_EQ(source->refCount, 1u);
     ASSERT_TRUE(WaitForBackground(10000));
-    EXPECT_TRUE(Wait([&] { return CountThreads() <= threads; }));
-    EXPECT_LE(CountDescriptors(), descriptors);
+    EXPECT_TRUE(Wait([&] { return CountEntries("/proc/self/task") <= threads; }));
+    EXPECT_LE(CountEntries("/proc/self/fd"), descriptors);
 }
 
 TEST_F(Playback, TheServersOutputsAreListed) {
@@ -156,17 +159,13 @@ TEST_F(Playback, TheServersOutputsAreListed) {
     EXPECT_EQ(list[2].id, 0xFFFFFFFF);
     EXPECT_EQ(LSoundPlayDevice::GetDeviceIndexById(list[1].id), 2);
     EXPECT_EQ(LSoundPlayDevice::GetDeviceIndexById(5), 0);
-    struct {
-        const char* name;
-        int index;
-    } const names[] = {{"[Default Sound Out]", 0},
-                       {"[default sound out]", 0},
-                       {"Output spare", 2},
-                       {"OUTPUT MAIN", 1},
-                       {"Output", 0},
-                       {"", 0}};
-    for (const auto& each : names)
-        EXPECT_EQ(LSoundPlayDevice::GetListDeviceIndex(each.name), each.index) << each.name;
+    for (const auto& [name, index] : {std::pair{"[Default Sound Out]", 0},
+                                      {"[default sound out]", 0},
+                                      {"Output spare", 2},
+                                      {"OUTPUT MAIN", 1},
+                                      {"Output", 0},
+                                      {"", 0}})
+        EXPECT_EQ(LSoundPlayDevice::GetListDeviceIndex(name), index) << name;
     EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(0), "[Default Sound Out]");
     EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(2), "Output spare");
     EXPECT_EQ(LSoundPlayDevice::GetListDeviceName(3), "");
@@ -186,11 +185,11 @@ TEST_F(Playback, AnOutputThatGoesAwayEndsThePlaybackAndNoOtherTakesOver) {
         player.Start(SourceOf(std::vector<int>(441000, 1000), 44100, 1));
         ASSERT_TRUE(WaitForSound());
         server->RemoveOutput("gone");
-        ASSERT_TRUE(WaitForEnd());
+        ASSERT_TRUE(WaitForStops(1));
         EXPECT_EQ(player.GetStatus(), PlayLost);
         if (chosen) { // and it is not played on another one either
             player.Start(SourceOf(std::vector<int>(441000, 1000), 44100, 1));
-            EXPECT_TRUE(Wait([this] { return owner.stops == 2; }));
+            EXPECT_TRUE(WaitForStops(2));
             EXPECT_EQ(player.GetStatus(), PlayNoDevice);
         }
         EXPECT_THAT(onMain.Finish(), ElementsAre());
@@ -229,9 +228,7 @@ TEST_F(Playback, TheCommandLinePlays) {
     const ProgramResult shown = RunProgram("script -qec '" SONVIRE_CLI " play " + brief + "' /dev/null");
     EXPECT_THAT(shown.output, HasSubstr("0:00.2 / 0:00.2 [###############.....]   0 dB"));
 
-    const ProgramResult refused = RunCli("play --device nowhere " + brief);
-    EXPECT_EQ(refused.status, 2);
-    EXPECT_THAT(refused.errors, StartsWith("sonvire-cli: nowhere: there is no such sound output"));
+    ExpectRefused(RunCli("play --device nowhere " + brief), {": nowhere: there is no such sound output"});
 }
 
 // The last one: it leaves another server behind.
@@ -241,26 +238,22 @@ TEST_F(Playback, AServerThatDiesEndsThePlaybackAndItsSuccessorPlays) {
     player.Start(SourceOf(std::vector<int>(441000, 1), 44100, 1));
     ASSERT_TRUE(WaitForSound());
     server->Kill();
-    ASSERT_TRUE(WaitForEnd());
+    ASSERT_TRUE(WaitForStops(1));
     EXPECT_EQ(player.GetStatus(), PlayLost);
 
     player.Start(SourceOf({1}, 44100, 1));
-    ASSERT_TRUE(Wait([this] { return owner.stops == 2; }));
+    ASSERT_TRUE(WaitForStops(2));
     EXPECT_EQ(player.GetStatus(), PlayNoOutput);
     EXPECT_FALSE(SonvireData().WriteToFile(server->Path("endless.tdf").c_str()));
-    for (const std::string command : {"devices", "play ", "play --device x "}) {
-        const ProgramResult refused =
-            RunCli(command == "devices" ? command : command + server->Path("endless.tdf"));
-        EXPECT_EQ(refused.status, 2) << command;
-        EXPECT_THAT(refused.errors, HasSubstr("no s")) << command;
-        EXPECT_EQ(std::count(refused.errors.begin(), refused.errors.end(), '\n'), 1) << refused.errors;
-    }
+    const std::string tone = server->Path("endless.tdf");
+    for (const std::string& command : {std::string("devices"), "play " + tone, "play --device x " + tone})
+        ExpectRefused(RunCli(command), {"no s"});
 
     ASSERT_TRUE(server->Start());
     ASSERT_TRUE(server->AddOutput("main", 44100, 1));
     Recording recording(*server, "main", 44100, 1);
     player.Start(SourceOf(Numbered(100), 44100, 1));
-    ASSERT_TRUE(Wait([this] { return owner.stops == 3; }));
+    ASSERT_TRUE(WaitForStops(3));
     EXPECT_EQ(recording.Finish(), Numbered(100));
 }
 

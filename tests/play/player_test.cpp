@@ -2,14 +2,11 @@
 #include "sound/files/wave_file.h"
 #include "support/array_source.h"
 #include "support/owner.h"
-#include "support/process.h"
-#include "support/reference.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
 
 #include <gmock/gmock.h>
 
-#include <thread>
 #include <utility>
 
 namespace {
@@ -131,20 +128,6 @@ TEST_F(Player, TheVolumeCurve) {
     ASSERT_TRUE(WaitForQueue(8000));
     ASSERT_TRUE(Wait([&] { return output.volume == 0x00B400B4; })) << "while it plays, and at once";
     EXPECT_THAT(output.Take(10), Each(-7031));
-}
-
-TEST(Feed, LeftAndRightHaveLevelsOfTheirOwn) {
-    const auto ring = std::make_shared<LSoundPlayerRing>(3, std::uint8_t{2});
-    LChannelFeed feed(8000, 2, ring, 0);
-    std::fill_n(ring->buffers[0].samples, 6, std::int16_t{1000});
-    ring->buffers[0].frames = 3;
-    feed.SetVolume(0x00800040);
-    feed.Queue(ring->buffers[0]);
-    std::int16_t out[6] = {};
-    feed.Fill(out, 2);
-    feed.SetVolume(LSoundChannel::UnityVolume);
-    feed.Fill(out + 4, 1);
-    EXPECT_EQ(std::vector<int>(out, out + 6), (std::vector<int>{250, 500, 250, 500, 1000, 1000}));
 }
 
 TEST_F(Player, AStopFadesOutOver5Ms) {
@@ -278,132 +261,34 @@ TEST_F(Player, TheOwnerMayStopOrStartFromWithinAReport) {
     player.SetNotify(nullptr, 0);
 }
 
-TEST_F(Player, AnOutputThatFailsEndsThePlaybackWithAReason) {
-    struct {
-        LSoundChannelState state;
-        LPlayStatus status;
-    } const cases[] = {{LSoundChannelState::NoOutput, PlayNoOutput},
-                       {LSoundChannelState::NoDevice, PlayNoDevice},
-                       {LSoundChannelState::Lost, PlayLost}};
-    for (const auto& each : cases) {
-        owner = {};
-        ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
-        output.Fail(each.state);
-        ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
-        EXPECT_EQ(owner.events, (Texts{"play 7", "time 0", "stop 7"}));
-        EXPECT_EQ(player.GetStatus(), each.status);
-    }
-}
-
 TEST_F(Player, WhatIsTooLoudIsLimited) {
     const auto loud = std::vector<int>(8000, 2 * FullScale16);
     ASSERT_TRUE(Play(LSoundSource::Make<ArraySource>(loud, 8000, std::uint8_t{1}, SynthesisPeakMax), 8000));
     EXPECT_THAT(output.Take(8000), Each(AllOf(Ge(32700), Le(32767)))) << "not wrapped around";
 }
 
-#ifndef NDEBUG
-TEST_F(Player, EveryThreadKeepsToItsPart) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    ASSERT_TRUE(Play(Frames(8000, 1, 8000), 8000));
-    output.Take(1);
-    const std::function<void()> calls[] = {
-        [this] { player.SetTitle("of another thread's"); }, [this] { player.Stop(); },
-        [this] { static_cast<void>(player.GetStatus()); }, [this] { output.Take(1); }};
-    for (const auto& call : calls)
-        EXPECT_DEATH(std::thread(call).join(), "another thread");
-    EXPECT_DEATH(output.GetFeed()->FadeOut(), "another thread") << "which is the playback's";
-}
-#endif
-
-class GrowingSource : public LSoundSourceBase {
-public:
-    GrowingSource() : LSoundSourceBase(1000, 1, FullScale16) {}
-    void Read(int* buffer, int frames) override {
-        std::fill_n(buffer, frames, 16);
-        position += frames;
-    }
-    int GetPositionSample() const override { return position; }
-    int GetEndSample() const override { return end; }
-    bool IsStreaming() const override { return streaming; }
-    void WaitForStreamingData(int milliseconds) override {
-        EXPECT_EQ(milliseconds, 20);
-        ++waits;
-        LSoundSourceBase::WaitForStreamingData(milliseconds);
-    }
-
-    std::atomic<int> end = 0, waits = 0;
-    std::atomic<bool> streaming = true;
-    int position = 0;
-};
-
-TEST_F(Player, AStreamingSourceIsWaitedForAndReportedMeanwhile) {
-    auto* growing = new GrowingSource;
-    const LSoundSource source(growing);
-    player.Start(source);
-    growing->end = 50;
-    ASSERT_TRUE(WaitForQueue(50));
-    output.Take(50);
-    ASSERT_TRUE(WaitForEvents(4));
-    EXPECT_EQ(owner.events.back(), "time 50");
-    growing->end = 80;
-    ASSERT_TRUE(WaitForQueue(80));
-    EXPECT_THAT(output.Take(30), Each(1));
-    EXPECT_TRUE(player.IsPlaying());
-    EXPECT_GT(growing->waits, 0);
-    growing->streaming = false;
-    ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
-    EXPECT_EQ(*(owner.events.end() - 2), "time 80");
-}
-
-TEST_F(Player, AFileThatIsStillBeingWrittenIsPlayedToItsEnd) {
+TEST_F(Player, AFileThatIsStillBeingWrittenIsPlayedToItsEndAndReportedMeanwhile) {
     const TempDir folder;
     const std::string path = folder / "growing.wav";
-    const std::vector<int> samples = Numbered(30000);
-    const std::vector<std::int16_t> stored(samples.begin(), samples.end());
-    const std::string data(reinterpret_cast<const char*>(stored.data()), 2 * stored.size());
-    WriteBytes(path,
-               std::string("RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0"
-                           "data\xFF\xFF\xFF\xFF",
-                           44));
-    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out | std::ios::ate);
-    file << data.substr(0, 2000) << std::flush;
+    LSoundSink file = LWaveFile::OpenSinkPCM(path.c_str(), 44100, 1, 16, 0);
+    std::vector<int> samples = Numbered(30000), played;
+    for (int& sample : samples)
+        sample *= 16;
+    file->Write(samples.data(), 1000);
     ASSERT_TRUE(player.Start(LWaveFile::OpenSource(path.c_str())));
-    std::vector<int> played;
-    for (std::size_t at = 2000; at <= data.size(); at += 14500) {
-        const int frames = static_cast<int>(at / 2 - played.size());
-        ASSERT_TRUE(WaitForQueue(static_cast<int>(at / 2)));
-        const std::vector<int> piece = output.Take(frames);
+    for (int at = 1000; at <= 30000; at += 7250) {
+        ASSERT_TRUE(WaitForQueue(at));
+        const std::vector<int> piece = output.Take(at - static_cast<int>(played.size()));
         played.insert(played.end(), piece.begin(), piece.end());
-        file << data.substr(at, 14500) << std::flush;
+        ASSERT_TRUE(Wait([&] { return owner.events.back() == "time " + std::to_string(at * 10 / 441); }));
+        if (at < 30000)
+            file->Write(&samples[static_cast<std::size_t>(at)], 7250);
     }
-    EXPECT_EQ(played, samples);
+    EXPECT_EQ(played, Numbered(30000));
     EXPECT_TRUE(player.IsPlaying());
-    file.seekp(40) << std::string("\x60\xEA\0\0", 4) << std::flush; // 60000 bytes
+    file.Close(); // which writes its length
     ASSERT_TRUE(Wait([&] { return owner.stops == 1; }));
     EXPECT_EQ(*(owner.events.end() - 2), "time 680");
-}
-
-TEST_F(Player, AThousandPlaybacksLeaveNothingBehind) {
-    player.Start(Frames(10));
-    player.Stop();
-    const std::size_t threads = CountThreads(), descriptors = CountDescriptors();
-    const LSoundSource source = Frames(6400, 2, 1000);
-    for (int i = 0; i < 1000; ++i) {
-        source->Seek(0);
-        if (i % 100 == 0) {
-            ASSERT_TRUE(Play(source, 6400));
-        } else {
-            player.Start(source);
-        }
-        player.SetTitle("of the next one"); // while the thread of this one begins
-        player.Stop();
-    }
-    EXPECT_EQ(owner.stops, 1001);
-    EXPECT_EQ(source->refCount, 1u);
-    EXPECT_EQ(output.opened, output.closed);
-    EXPECT_LE(CountThreads(), threads);
-    // The output keeps the last ring with its signal.
-    EXPECT_LE(CountDescriptors(), descriptors);
 }
 
 } // namespace

@@ -67,34 +67,23 @@ TEST(RenderJob, CopiesInBlocksAndShowsThemOneBehind) {
     EXPECT_EQ(Rendering(Frames(8192), 44100, 1).Sunk().writes, std::vector<int>{8192});
 }
 
-TEST(RenderJob, StopsBeforeTheNextBlock) {
+TEST(RenderJob, StartsWhereTheSourceStandsAndStopsBeforeTheNextBlock) {
+    const LSoundSource source = Frames(50000);
+    source->Seek(49990);
+    EXPECT_EQ(Rendering(source, 44100, 1).Sunk().writes, std::vector<int>{10});
     const Rendering run(Frames(50000), 44100, 1, 2);
     EXPECT_EQ(run.result, LProcessResult::Stopped);
     EXPECT_EQ(run.Sunk().writes, (std::vector<int>{8192, 8192}));
 }
 
-TEST(RenderJob, StartsWhereTheSourceStands) {
-    const LSoundSource source = Frames(1000);
-    source->Seek(990);
-    EXPECT_EQ(Rendering(source, 44100, 1).Sunk().writes, std::vector<int>{10});
-}
-
 TEST(RenderJob, NothingIsWrittenForAnEmptyOrFailedSource) {
-    struct {
-        const char* name;
-        LSoundSource source;
-        LProcessResult result;
-    } const cases[] = {{"empty", Frames(0), LProcessResult::Completed},
-                       {"failed", LSoundSource(), LProcessResult::Failed}};
-    for (const auto& each : cases) {
-        const Rendering run(each.source, 44100, 1);
-        EXPECT_EQ(run.result, each.result) << each.name;
-        EXPECT_TRUE(run.Sunk().writes.empty()) << each.name;
-    }
+    const Rendering empty(Frames(0), 44100, 1), failed(LSoundSource(), 44100, 1), mute(Frames(5), 44100, 0);
+    EXPECT_EQ(empty.result, LProcessResult::Completed);
+    EXPECT_EQ(failed.result, LProcessResult::Failed);
+    EXPECT_TRUE(empty.Sunk().writes.empty() && failed.Sunk().writes.empty());
     Recorder dialog;
     LPRSourceToSink toNowhere("x", Frames(5), LSoundSink());
     EXPECT_EQ(Process(dialog, toNowhere), LProcessResult::Failed);
-    const Rendering mute(Frames(5), 44100, 0);
     EXPECT_EQ(mute.result, LProcessResult::Failed);
     EXPECT_EQ(mute.Sunk().channels, 1);
 }

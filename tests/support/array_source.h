@@ -2,6 +2,8 @@
 
 #include "sound/sound_source.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -38,9 +40,9 @@ public:
 
 /// 16-bit samples, none of them 0, that tell where they belong.
 inline std::vector<int> Numbered(int count, int first = 1) {
-    std::vector<int> samples;
-    for (int i = 0; i < count; ++i)
-        samples.push_back((first + i) % 32749 + 1);
+    std::vector<int> samples(static_cast<std::size_t>(count));
+    for (int& sample : samples)
+        sample = first++ % 32749 + 1;
     return samples;
 }
 
@@ -66,4 +68,15 @@ inline std::vector<int> ReadInPieces(LSoundSourceBase& source, int frames) {
         all.insert(all.end(), piece.begin(), piece.end());
     }
     return all;
+}
+
+/// Expects these samples of a mono source, and silence behind them, wherever it is sought.
+inline void ExpectSeeks(LSoundSourceBase& source, std::vector<int> all, const std::vector<int>& targets) {
+    all.resize(all.size() + 5);
+    for (const int target : targets) {
+        source.Seek(target);
+        EXPECT_EQ(source.GetPositionSample(), target);
+        const auto expected = all.begin() + target;
+        EXPECT_EQ(ReadFrames(source, 3), std::vector<int>(expected, expected + 3)) << target;
+    }
 }

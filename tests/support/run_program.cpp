@@ -35,3 +35,11 @@ ProgramResult RunProgram(const std::string& command, const std::function<void(pi
 ProgramResult RunCli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile) {
     return RunProgram("exec " SONVIRE_CLI " " + arguments, meanwhile);
 }
+
+void ExpectRefused(const ProgramResult& result, const std::vector<std::string>& parts) {
+    EXPECT_EQ(result.status, 2) << result.errors;
+    EXPECT_TRUE(result.errors.starts_with("sonvire-cli: ")) << result.errors;
+    EXPECT_EQ(result.errors.find('\n'), result.errors.size() - 1) << result.errors;
+    for (const std::string& part : parts)
+        EXPECT_NE(result.errors.find(part), std::string::npos) << result.errors;
+}

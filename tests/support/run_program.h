@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 struct ProgramResult {
     int status;         ///< exit status; 128 + the signal where one ended it
@@ -23,3 +24,6 @@ ProgramResult RunProgram(const std::string& command, const std::function<void(pi
 
 /// The same for sonvire-cli with these arguments.
 ProgramResult RunCli(const std::string& arguments, const std::function<void(pid_t)>& meanwhile = {});
+
+/// Expects that sonvire-cli has refused, in one line with these parts.
+void ExpectRefused(const ProgramResult& result, const std::vector<std::string>& parts);

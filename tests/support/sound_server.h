@@ -14,8 +14,6 @@ class SoundServer {
 public:
     SoundServer();
     ~SoundServer();
-    SoundServer(const SoundServer&) = delete;
-    SoundServer& operator=(const SoundServer&) = delete;
 
     /// False where the machine has no server to start, or it doesn't come up.
     bool Start();

@@ -13,14 +13,12 @@ namespace {
 TEST(Path, IsTakenApart) {
     struct {
         const char *path, *folder, *name, *extension;
-    } const cases[] = {
-        {"a.tdf", ".", "a.tdf", ".tdf"},
-        {"a.b/c.TDL", "a.b", "c.TDL", ".TDL"},
-        {"a.b/c", "a.b", "c", ""},
-        {"/plain", "/", "plain", ""},
-        {"/x/y/1.5.wav", "/x/y", "1.5.wav", ".wav"},
-        {"dot.", ".", "dot.", "."},
-    };
+    } const cases[] = {{"a.tdf", ".", "a.tdf", ".tdf"},
+                       {"a.b/c.TDL", "a.b", "c.TDL", ".TDL"},
+                       {"a.b/c", "a.b", "c", ""},
+                       {"/plain", "/", "plain", ""},
+                       {"/x/y/1.5.wav", "/x/y", "1.5.wav", ".wav"},
+                       {"dot.", ".", "dot.", "."}};
     for (const auto& each : cases) {
         EXPECT_EQ(GetFolder(each.path), each.folder);
         EXPECT_EQ(GetFileName(each.path), each.name);

@@ -10,11 +10,6 @@
 
 namespace {
 
-bool IsDefault(const SonvireData& tone) {
-    const SonvireData fresh;
-    return std::memcmp(&tone, &fresh, SonvireData::FileBytes) == 0;
-}
-
 TEST(ToneFile, IsTheRecordByteForByte) {
     const TempDir dir;
     const std::string path = dir / "tone.tdf";
@@ -57,12 +52,13 @@ TEST(ToneFile, IsTheRecordByteForByte) {
 TEST(ToneFile, WhatIsNotAWholeRecordReadsAsTheDefault) {
     const TempDir dir;
     const std::string path = dir / "tone.tdf";
+    const SonvireData fresh;
     SonvireData tone;
     for (const std::size_t size : {0u, 1u, 796u}) {
         WriteBytes(path, std::string(size, 'x'));
         tone.waveform = 3;
         EXPECT_TRUE(tone.ReadFromFile(path.c_str())) << size;
-        EXPECT_TRUE(IsDefault(tone)) << size;
+        EXPECT_EQ(std::memcmp(&tone, &fresh, SonvireData::FileBytes), 0) << size;
     }
     EXPECT_TRUE(tone.ReadFromFile((dir / "missing").c_str()));
     EXPECT_TRUE(tone.ReadFromFile((dir / "").c_str()));

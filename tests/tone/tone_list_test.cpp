@@ -87,7 +87,6 @@ TEST_F(ToneList, ItsLastLinePlaysFirst) {
         std::string bytes;
         std::vector<std::string> items;
     } const cases[] = {
-        {"as written", "a.tdf\n250ms silence.\nb.wav\n", {"[b.wav]", "250", "[a.tdf]"}},
         {"CR LF and LF CR are single line ends", "a\r\nb\n\rc\rd", {"[d]", "[c]", "[b]", "[a]"}},
         {"an empty line between is an empty silence", "a\n\nb\r\rc", {"[c]", "0", "[b]", "0", "[a]"}},
         {"LF LF at the end is one more", "a\n\n", {"0", "[a]"}},
@@ -103,7 +102,6 @@ TEST_F(ToneList, ItsLastLinePlaysFirst) {
         {"the first unit counts", "1ms silence.2ms silence.", {"1"}},
         {"a long line", longLine, {"[" + longLine.substr(0, 259) + "]"}},
         {"a zero byte ends a line's text", std::string("a.tdf\0x\nb", 9), {"[b]", "[a.tdf]"}},
-        {"nothing", "", {}},
     };
     for (const auto& each : cases) {
         WriteBytes(Path("list.tdl"), each.bytes);
@@ -127,7 +125,7 @@ TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
     std::vector<int> start = {16, 16, 16, 32, 32};
     start.resize(49, 0);
     start.insert(start.end(), {131070, 0, -131070, 0});
-    EXPECT_TRUE(std::equal(start.begin(), start.end(), out.begin()));
+    EXPECT_EQ(std::vector<int>(out.begin(), out.begin() + 53), start);
     EXPECT_TRUE(told.empty());
 
     SonvireData tone;
@@ -188,17 +186,15 @@ TEST_F(ToneList, AWaveFileOfUnknownLengthPlaysWholeWhereverItStands) {
     const std::string a = Wave("a.wav", 2, 16), s = Wave("s.wav", 3, 32), b = Wave("b.wav", 1, 48);
     WriteBytes(s, ReadBytes(s).replace(42, 4, "\xFF\xFF\xFF\xFF"));
     const std::string inner = List("as.tdl", {a, s});
-    struct {
-        std::vector<std::string> entries;
-        std::vector<int> samples;
-    } const cases[] = {{{a, s}, {16, 16, 32, 32, 32}},
-                       {{a, s, b}, {16, 16, 32, 32, 32, 48}},
-                       {{inner, b}, {16, 16, 32, 32, 32, 48}},
-                       {{s, s}, {32, 32, 32, 32, 32, 32}}};
-    for (const auto& each : cases) {
-        const LSoundSource source = Open(List("list.tdl", each.entries));
-        EXPECT_EQ(source->GetEndSample(), static_cast<int>(each.samples.size()));
-        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), each.samples);
+    const std::pair<std::vector<std::string>, std::vector<int>> cases[] = {
+        {{a, s}, {16, 16, 32, 32, 32}},
+        {{a, s, b}, {16, 16, 32, 32, 32, 48}},
+        {{inner, b}, {16, 16, 32, 32, 32, 48}},
+        {{s, s}, {32, 32, 32, 32, 32, 32}}};
+    for (const auto& [entries, samples] : cases) {
+        const LSoundSource source = Open(List("list.tdl", entries));
+        ASSERT_EQ(source->GetEndSample(), static_cast<int>(samples.size()));
+        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), samples);
     }
 }
 

@@ -13,22 +13,17 @@ LSoundSource Open(const std::string& path, std::uint32_t dataBytes, unsigned int
 }
 
 TEST(ImaAdpcm, DecodesByTheStandardSteps) {
-    LIMAADPCM decoder;
+    const auto decode = [](LIMAADPCM decoder, std::uint8_t code, int sample, int stepIndex) {
+        EXPECT_EQ(decoder.DecodeSample(code), sample);
+        EXPECT_EQ(decoder.stepIndex, stepIndex);
+        return decoder;
+    };
     // Step 7: 7/8 + 7 + 7/2 + 7/4 = 0 + 7 + 3 + 1; the index goes to 8 (step 16): -(2 + 4) brings 5, the
     // index 7.
-    EXPECT_EQ(decoder.DecodeSample(7), 11 * 16);
-    EXPECT_EQ(decoder.stepIndex, 8);
-    EXPECT_EQ(decoder.DecodeSample(9), 5 * 16);
-    EXPECT_EQ(decoder.stepIndex, 7);
-    decoder = {};
-    EXPECT_EQ(decoder.DecodeSample(0), 0);
-    EXPECT_EQ(decoder.stepIndex, 0);
-    decoder = {.predictor = 32000, .stepIndex = 88};
-    EXPECT_EQ(decoder.DecodeSample(7), 524272);
-    EXPECT_EQ(decoder.predictor, 32767);
-    EXPECT_EQ(decoder.stepIndex, 88);
-    decoder = {.predictor = -32000, .stepIndex = 88};
-    EXPECT_EQ(decoder.DecodeSample(15), -524288);
+    decode(decode({}, 7, 11 * 16, 8), 9, 5 * 16, 7);
+    decode({}, 0, 0, 0);
+    EXPECT_EQ(decode({.predictor = 32000, .stepIndex = 88}, 7, 524272, 88).predictor, 32767);
+    decode({.predictor = -32000, .stepIndex = 88}, 15, -524288, 88);
 }
 
 TEST(ImaSource, DecodesFromEveryStepAsSoxDoes) {
@@ -53,14 +48,9 @@ TEST(ImaSource, CountsTheSamplesOfWholeAndPartialBlocks) {
         std::uint32_t bytes;
         unsigned int align;
         int samples;
-    } const cases[] = {{1000, 256, 1972},
-                       {768, 256, 1515},
-                       {771, 256, 1515},
-                       {772, 256, 1516},
-                       {8, 0, 2},
-                       {0xFFFFFFFF, 256, 1972},
-                       {0xFFFFFFD9, 256, 1972},
-                       {40000, 40000, 65529 + 2 * (7232 - 4) + 1}};
+    } const cases[] = {
+        {1000, 256, 1972},       {768, 256, 1515},        {771, 256, 1515},     {772, 256, 1516}, {8, 0, 2},
+        {0xFFFFFFFF, 256, 1972}, {0xFFFFFFD9, 256, 1972}, {40000, 40000, 79986}}; // 65529 + 2 * 7228 + 1
     for (const auto& each : cases)
         EXPECT_EQ(Open(dir / "data", each.bytes, each.align)->GetEndSample(), each.samples) << each.bytes;
     LSharedReadFile file((dir / "data").c_str());
@@ -90,12 +80,7 @@ TEST_F(ImaBlocks, EachBlockStartsWithItsHeadersSample) {
     EXPECT_EQ(all[37], 0) << "behind the end";
     source->Seek(0);
     EXPECT_EQ(ReadInPieces(*source, 40), all) << "an odd count leaves half a byte pending";
-    for (const int target : {1, 16, 17, 18, 20, 34, 36, 37}) {
-        source->Seek(target);
-        EXPECT_EQ(source->GetPositionSample(), target);
-        EXPECT_EQ(ReadFrames(*source, 3), std::vector<int>(all.begin() + target, all.begin() + target + 3))
-            << target;
-    }
+    ExpectSeeks(*source, all, {1, 16, 17, 18, 20, 34, 36, 37});
     source->Seek(-2);
     EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{0, 0, 16000}));
     source->Seek(38);

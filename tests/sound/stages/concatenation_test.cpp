@@ -103,13 +103,8 @@ TEST(Concatenation, SeeksToAnyFrame) {
     list.AddSilence(LSoundTime(2));
     list.AddSource(LSoundSource::Make<ArraySource>(std::vector<int>{4, 5}, 1000));
     const LSoundSource source = list.OpenSource();
-    const std::vector<int> all = {1, 2, 3, 0, 0, 4, 5, 0, 0, 0, 0, 0};
-    for (const int target : {6, 0, 2, 3, 4, 5, 7, 8, 1}) { // 3 is the first item's end: still its own
-        source->Seek(target);
-        EXPECT_EQ(source->GetPositionSample(), target);
-        EXPECT_EQ(ReadFrames(*source, 3), std::vector<int>(all.begin() + target, all.begin() + target + 3))
-            << target;
-    }
+    // 3 is the first item's end: still its own.
+    ExpectSeeks(*source, {1, 2, 3, 0, 0, 4, 5}, {6, 0, 2, 3, 4, 5, 7, 8, 1});
     source->Seek(-2); // and so is its first item
     EXPECT_EQ(ReadFrames(*source, 5), (std::vector<int>{0, 0, 0, 0, 1}));
     const LSoundSource stereo = list.OpenSource(1000, 2);
@@ -117,8 +112,7 @@ TEST(Concatenation, SeeksToAnyFrame) {
     EXPECT_EQ(ReadFrames(*stereo, 3), (std::vector<int>{0, 0, 0, 0, 1, 1}));
     const LSoundSource empty = LSoundSourceCat().OpenSource(44100, 1);
     empty->Seek(5);
-    EXPECT_EQ(empty->GetEndSample(), 44105)
-        << "the second of silence that an empty list plays once it was sought";
+    EXPECT_EQ(empty->GetEndSample(), 44105) << "the second of silence it plays once it was sought";
 }
 
 TEST(Concatenation, ListsNestedDeepAreSoughtInNoTime) {

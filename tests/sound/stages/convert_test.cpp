@@ -31,12 +31,10 @@ TEST(ConvertChannels, SumsDownAndSpreadsOut) {
 }
 
 TEST(ConvertChannels, OnlyMonoAndStereoConvert) {
-    struct {
-        std::uint8_t from, to;
-    } const cases[] = {{2, 2}, {1, 1}, {3, 1}, {3, 2}, {1, 3}, {2, 0}};
-    for (const auto& each : cases) {
-        const LSoundSource source = Make({}, 44100, each.from);
-        EXPECT_EQ(&*LSPConvChannels(each.to).OpenSource(source), &*source) << int{each.from} << int{each.to};
+    for (const auto& [from, to] : {std::pair{2, 2}, {1, 1}, {3, 1}, {3, 2}, {1, 3}, {2, 0}}) {
+        const LSoundSource source = Make({}, 44100, static_cast<std::uint8_t>(from));
+        EXPECT_EQ(&*LSPConvChannels(static_cast<std::uint8_t>(to)).OpenSource(source), &*source)
+            << from << to;
     }
     const LSoundSource failed;
     EXPECT_EQ(&*LSPConvChannels(2).OpenSource(failed), &*failed);
@@ -98,39 +96,26 @@ TEST(ConvertRate, EveryInstructionSetGivesTheSameBits) {
     const LPolyphaseRun run{rows.data(), cut.data(), 3, 1, 2, 1 << 10, 11};
     const std::vector<int> loud = ReferenceNoise(5003, 2000000);
 
-    struct Results {
-        int peak;
-        std::vector<int> mono, stereo, convolved;
-        bool operator==(const Results&) const = default;
-    };
-    std::vector<Results> results;
+    std::vector<std::vector<std::vector<int>>> results;
     for (const LKernels* kernels : GetUsableKernels()) {
-        Results all{.peak = kernels->getPeak(loud.data(), 5003),
-                    .mono = std::vector<int>(5003),
-                    .stereo = std::vector<int>(5002),
-                    .convolved = std::vector<int>(2000)};
-        kernels->applyGainLine(all.mono.data(), loud.data(), 5003, 1, 9000000, -321);
-        kernels->applyGainLine(all.stereo.data(), loud.data(), 2501, 2, 0x1000000, -4321);
-        kernels->convolve(run, 2, samples.data(), all.convolved.data(), 1, 2000);
-        results.push_back(all);
+        std::vector<int> mono(5003), stereo(5002), convolved(2000);
+        kernels->applyGainLine(mono.data(), loud.data(), 5003, 1, 9000000, -321);
+        kernels->applyGainLine(stereo.data(), loud.data(), 2501, 2, 0x1000000, -4321);
+        kernels->convolve(run, 2, samples.data(), convolved.data(), 1, 2000);
+        results.push_back({mono, stereo, convolved, {kernels->getPeak(loud.data(), 5003)}});
     }
-    for (const Results& each : results)
+    for (const auto& each : results)
         EXPECT_EQ(each, results.front());
 }
 
 TEST(ConvertRate, AConstantComesOutAsItself) {
-    struct {
-        int sample, expected;
-    } const cases[] = {
-        {65535, 65535},     // halved to 32768 by rounding: one more than 16 bits hold
-        {1 << 29, 1 << 29}, // the largest that needs no shift on the way out
-        {1 << 30, 0},       // would need a shift to the left
-    };
-    for (const auto& each : cases) {
-        LSRCConvertRate converter(Make(std::vector<int>(4000, each.sample), 44100), 48000, false);
+    // 65535 is halved to one more than 16 bits hold by rounding, 1 << 29 is the largest that needs no shift
+    // on the way out, and 1 << 30 would need one to the left.
+    for (const auto& [sample, expected] : {std::pair{65535, 65535}, {1 << 29, 1 << 29}, {1 << 30, 0}}) {
+        LSRCConvertRate converter(Make(std::vector<int>(4000, sample), 44100), 48000, false);
         const std::vector<int> out = ReadFrames(converter, 4000);
         for (int i = 500; i < 3000; ++i)
-            ASSERT_NEAR(out[static_cast<std::size_t>(i)], each.expected, each.expected / 256.0) << i;
+            ASSERT_NEAR(out[static_cast<std::size_t>(i)], expected, expected / 256.0) << i;
     }
 }
 
