@@ -262,6 +262,37 @@ TEST_F(ListEditor, CancelLeavesNothingBehind) {
     EXPECT_FALSE(std::filesystem::exists(temporary));
 }
 
+TEST_F(ListEditor, ATemporaryFileStaysAsLongAsTheListIsInIt) {
+    std::string first, second;
+    OnEditor([&](MemoryDialog& dialog) {
+        first = EditedList();
+        dialog.Press(LCommandOk);
+    });
+    OnEditor([](MemoryDialog& dialog) { dialog.Press(LCommandCancel); });
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_TRUE(std::filesystem::exists(first)) << "it was not made by the editor that was cancelled";
+        toolkit->dialogScripts.push_front(Typed("1"));
+        dialog.Press(ListAddSilence);
+        dialog.Press(LCommandOk); // without saving
+        second = EditedList();
+    });
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_FALSE(std::filesystem::exists(first));
+        EXPECT_TRUE(std::filesystem::exists(second));
+        toolkit->chosenFiles = {{folder / "named.tdl"}};
+        dialog.Press(ListSave);
+        dialog.Press(LCommandOk);
+    });
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_FALSE(std::filesystem::exists(second));
+        dialog.Press(ListSave);
+        EXPECT_EQ(toolkit->choosers.size(), 2U) << "a new list has no name, whatever the last one had";
+    });
+    Run([&](MemoryMainWindow&) {
+        Send({CommandNewList, CommandEditValue, CommandEditValue, CommandEditValue, CommandNewList});
+    });
+}
+
 TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
     const std::string tone = WriteTone("tone.tdf", Tone440(true));
     const std::string inner = WriteList("inner.tdl", "tone.tdf\n2ms silence.\n");

@@ -52,8 +52,10 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
             EXPECT_TRUE(box.rect().contains(child->geometry())) << child->metaObject()->className();
         dynamic_cast<QDialog&>(box).reject();
     };
+    Setting::WindowMaximized.Set(true);
     RunProgram([&checkBox] {
         EXPECT_EQ(Main()->windowTitle(), "Sonvire");
+        EXPECT_TRUE(Main()->isMaximized());
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
         for (const QToolButton* button : Main()->findChildren<QToolButton*>()) {
