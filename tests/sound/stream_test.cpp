@@ -1,13 +1,45 @@
 #include "sound/sample_format.h"
 #include "sound/sound_sink.h"
 #include "sound/sound_source.h"
+#include "sound/stages/concatenation.h"
 #include "support/array_source.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <climits>
+#include <cstdlib>
+#include <new>
+
+static std::atomic<int> allocations = 0;
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which bring allocators of their own
+void* operator new(std::size_t size) {
+    ++allocations;
+    return std::malloc(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+#endif
 
 namespace {
+
+TEST(SoundSource, ASilenceOfAListCostsNoAllocation) {
+    LSoundSourceCat list;
+    const int before = allocations;
+    for (int i = 0; i < 1000; ++i)
+        list.AddSilence(LSoundTime(1));
+    EXPECT_LE(allocations - before, 11) << "of the list, which doubles 1, 2, 4 ... 1024";
+    const LSoundSource source = list.OpenSource();
+    int buffer[8000];
+    const int opened = allocations;
+    source->Read(buffer, 8000);
+    EXPECT_EQ(allocations, opened);
+}
 
 TEST(SoundSource, EmptyHandlesShareASilenceAndSwallow) {
     const LSoundSource source;
