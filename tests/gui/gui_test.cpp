@@ -52,14 +52,12 @@ void OnList(const std::function<void(TestWindow&, LListView&, MemoryList&)>& use
 
 TEST(GuiList, KeepsTheOrderOfSelection) {
     OnList([](TestWindow& window, LListView& list, MemoryList& seen) {
-        struct {
-            Ints userSelects, expected;
-        } const steps[] = {{{3}, {3}},       {{3, 1}, {3, 1}}, {{0, 1, 3, 4}, {3, 1, 0, 4}},
-                           {{0, 1}, {1, 0}}, {{}, {}},         {{4}, {4}},
-                           {{4, 2}, {4, 2}}};
-        for (const auto& step : steps) {
-            seen.Select(step.userSelects);
-            EXPECT_EQ(list.GetSelection(), step.expected);
+        const std::pair<Ints, Ints> steps[] = {
+            {{3}, {3}}, {{3, 1}, {3, 1}}, {{0, 1, 3, 4}, {3, 1, 0, 4}}, {{0, 1}, {1, 0}}, {{}, {}},
+            {{4}, {4}}, {{4, 2}, {4, 2}}};
+        for (const auto& [userSelects, expected] : steps) {
+            seen.Select(userSelects);
+            EXPECT_EQ(list.GetSelection(), expected);
         }
         window.commands.clear();
         list.MoveRow(4, 0); // e a b c d
@@ -84,50 +82,41 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
 }
 
 TEST(GuiList, KeepsTheRowsThatAreStillThereWhenItIsRebuilt) {
-    struct {
-        const char* name;
-        Ints selected;
-        std::vector<std::uint32_t> rows;
-        Ints expected;
-        int current;
-    } const cases[] = {
+    const std::tuple<const char*, Ints, std::vector<std::uint32_t>, Ints, int> cases[] = {
         {"a row went", {4, 1}, {0, 1, 3, 4}, {3, 1}, 1},
         {"the rows changed places", {1}, {1, 0}, {0}, 0},
         {"the selected row went", {2}, {0, 1}, {}, -1},
         {"rows that share their data count from the top", {0}, {9, 0, 0}, {1}, 1},
     };
     for (const auto& each : cases)
-        OnList([&](TestWindow& window, LListView& list, MemoryList& seen) {
-            list.SelectRows(each.selected);
-            seen.Select(each.selected);
+        OnList([&each](TestWindow& window, LListView& list, MemoryList& seen) {
+            const auto& [name, selected, rows, expected, current] = each;
+            list.SelectRows(selected);
+            seen.Select(selected);
             window.commands.clear();
             {
                 const LListRebuild rebuild(list);
-                for (const std::uint32_t data : each.rows)
+                for (const std::uint32_t data : rows)
                     list.AppendRow("row", data);
             }
-            EXPECT_EQ(list.GetSelection(), each.expected) << each.name;
-            EXPECT_EQ(list.GetCurrent(), each.current) << each.name;
-            EXPECT_EQ(window.commands, Ints{Selection}) << each.name;
+            EXPECT_EQ(list.GetSelection(), expected) << name;
+            EXPECT_EQ(list.GetCurrent(), current) << name;
+            EXPECT_EQ(window.commands, Ints{Selection}) << name;
         });
 }
 
 TEST(GuiList, StandsDraggedRowsTogetherWhereTheyAreDropped) {
-    struct {
-        Ints dragged;
-        int before;
-        const char* expected;
-    } const cases[] = {{{0}, 3, "bcade"},    {{4}, 0, "eabcd"},       {{1, 3}, 0, "bdace"},
-                       {{1, 3}, 5, "acebd"}, {{0, 2, 4}, 2, "baced"}, {{0, 1}, 1, "abcde"},
-                       {{2}, 2, "abcde"}};
+    const std::tuple<Ints, int, const char*> cases[] = {
+        {{0}, 3, "bcade"},       {{4}, 0, "eabcd"},    {{1, 3}, 0, "bdace"}, {{1, 3}, 5, "acebd"},
+        {{0, 2, 4}, 2, "baced"}, {{0, 1}, 1, "abcde"}, {{2}, 2, "abcde"}};
     for (const auto& each : cases)
-        OnList([&](TestWindow& window, LListView& list, MemoryList& seen) {
-            list.SelectRows(each.dragged);
+        OnList([&each](TestWindow& window, LListView& list, MemoryList& seen) {
+            const auto& [dragged, before, expected] = each;
+            list.SelectRows(dragged);
             window.commands.clear();
-            seen.events.RowsDragged(each.before);
-            EXPECT_EQ(window.ListTexts(), each.expected);
-            const bool moved = window.ListTexts() != "abcde";
-            EXPECT_EQ(window.commands, moved ? Ints{RowsMoved} : Ints{}) << each.expected;
+            seen.events.RowsDragged(before);
+            EXPECT_EQ(window.ListTexts(), expected);
+            EXPECT_EQ(window.commands, window.ListTexts() != "abcde" ? Ints{RowsMoved} : Ints{}) << expected;
         });
 }
 
@@ -135,53 +124,48 @@ TEST_F(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     const TempDir dir;
     WriteBytes(dir / "old.tdf", "old");
     static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    using enum LMessageAnswer;
     struct {
         const char* name;
-        std::vector<LChosenFile> chosen;
-        std::vector<LMessageAnswer> answers;
+        std::deque<LChosenFile> chosen;
+        std::deque<LMessageAnswer> answers;
         std::string expected;
-        std::size_t choosers, boxes;
-    } const cases[] = {
-        {"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf", 1, 0},
-        {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav", 1, 0},
-        {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x", 1, 0},
-        {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf", 1, 0},
-        {"cancelled", {{"", 0}}, {}, "", 1, 0},
-        {"replaced", {{dir / "old", 0}}, {LMessageAnswer::Yes}, dir / "old.tdf", 1, 1},
-        {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {LMessageAnswer::No}, dir / "b.tdf", 2, 1},
-    };
+    } const cases[] = {{"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf"},
+                       {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav"},
+                       {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x"},
+                       {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf"},
+                       {"cancelled", {{"", 0}}, {}, ""},
+                       {"replaced", {{dir / "old", 0}}, {Yes}, dir / "old.tdf"},
+                       {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {No}, dir / "b.tdf"}};
     Run([&](MemoryMainWindow&) {
         for (const auto& each : cases) {
+            SCOPED_TRACE(each.name);
             toolkit.choosers.clear();
             toolkit.boxes.clear();
-            toolkit.chosenFiles = {each.chosen.begin(), each.chosen.end()};
-            toolkit.answers = {each.answers.begin(), each.answers.end()};
+            toolkit.chosenFiles = each.chosen;
+            toolkit.answers = each.answers;
             LFileChooser chooser{"Save", "/some/where/first.tdf", "/start", filters, "tdf"};
-            EXPECT_EQ(LChooseFileToSave(window, chooser), each.expected) << each.name;
-            EXPECT_EQ(toolkit.choosers.size(), each.choosers) << each.name;
-            EXPECT_EQ(toolkit.choosers[0].name, "first.tdf") << each.name;
-            EXPECT_EQ(toolkit.boxes.size(), each.boxes) << each.name;
-            const bool cancelled = each.expected.empty();
-            EXPECT_EQ(chooser.folder, cancelled ? "/start" : (dir / "").substr(0, (dir / "").size() - 1));
+            EXPECT_EQ(LChooseFileToSave(window, chooser), each.expected);
+            EXPECT_EQ(toolkit.choosers.size(), each.chosen.size());
+            EXPECT_EQ(toolkit.choosers[0].name, "first.tdf");
+            EXPECT_EQ(toolkit.boxes.size(), each.answers.size());
+            EXPECT_EQ(chooser.folder + "/", each.expected.empty() ? "/start/" : dir / "");
         }
     });
 }
 
 TEST(LevelFall, RisesAtOnceAndFallsFortyDecibelsASecond) {
     LLevelFall bar;
+    bar.Take(5);
+    EXPECT_DOUBLE_EQ(bar.GetFraction(), 1) << "full scale is the end of the bar";
     bar.Take(-6);
-    EXPECT_DOUBLE_EQ(bar.GetFraction(), 0.9);
+    bar.Advance(1000);
+    EXPECT_DOUBLE_EQ(bar.GetFraction(), 0.9) << "not below the level itself";
     bar.Take(-127);
     bar.Advance(100);
     EXPECT_DOUBLE_EQ(bar.GetDecibels(), -10);
     bar.Take(-8);
     EXPECT_DOUBLE_EQ(bar.GetDecibels(), -8);
-    EXPECT_FALSE(bar.IsFalling());
-    bar.Take(-9);
-    bar.Advance(100);
-    EXPECT_DOUBLE_EQ(bar.GetDecibels(), -9) << "not below the level itself";
-    bar.Take(5);
-    EXPECT_DOUBLE_EQ(bar.GetFraction(), 1) << "full scale is the end of the bar";
 }
 
 } // namespace

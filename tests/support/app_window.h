@@ -18,18 +18,18 @@ constexpr int Tones(int count) {
     return int{CommandNumberOfTones} + count;
 }
 
+/// As if the program had never run, nor crashed.
+struct Forgotten {
+    Forgotten() {
+        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            std::filesystem::remove_all(std::getenv(kept));
+    }
+};
+
 /// The program without a display and with an output of the test's own: each run is one start of it, and what
 /// it keeps from one to the next is gone with the test.
 class App : public ::testing::Test {
 protected:
-    App() { Forget(); }
-
-    /// As if the program had never run.
-    static void Forget() {
-        for (const char* kept : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
-            std::filesystem::remove_all(std::getenv(kept));
-    }
-
     /// Starts the program with these arguments; `user` is all that happens to it, then the window is closed.
     void Run(const std::function<void(MemoryMainWindow&)>& user, const Texts& given = {},
              const std::function<void(MainDialog&)>& before = {}) {
@@ -41,9 +41,7 @@ protected:
         toolkit->chosenFiles = std::move(files);
         toolkit->popupChoices = std::move(popupChoices);
         MainDialog window(*toolkit, static_cast<int>(arguments.size()), arguments.data(),
-                          {.open = output.Opener(), .listNames = [] {
-                               return Texts{"Left Hall", "Studio"};
-                           }});
+                          {.open = output.Opener(), .listNames = [] { return Texts{}; }});
         dialog = &window;
         if (before)
             before(window);
@@ -131,6 +129,7 @@ protected:
     std::deque<LChosenFile> files;
     std::deque<int> popupChoices;
 
+    const Forgotten forgotten;
     const TempDir folder;
     LEventLoop loop;
     TestOutput output;

@@ -53,20 +53,17 @@ private:
 /// A control as the user sees it.
 struct MemoryControl {
     MemoryControl() = default;
-    explicit MemoryControl(const LControlLayout& row) : kind(row.kind), text(row.text), place(row.rect) {}
+    explicit MemoryControl(const LControlLayout& row) : kind(row.kind), text(row.text) {}
 
     LControlKind kind{};
     std::string text, toolTip;
-    LRect place;
     bool enabled = true;
     int value = 0, least = 0, most = 0;
-    bool held = false; ///< a slider, by the user
-    std::vector<std::string> choices;
-    std::vector<int> levels;
     MemoryList* list = nullptr; ///< while its owner has it
 };
 
-/// Controls by their ids: those that were added, and no others.
+/// Controls by their ids: those that were added, and no others. Where they stand, and what meters and
+/// choosers show, is tested in real windows.
 class MemoryControls : public LControlsPeer {
 public:
     int focus = 0;
@@ -89,8 +86,8 @@ public:
             controls.insert_or_assign(control.id, MemoryControl{control});
         lastAdded = control.id;
     }
-    void Place(int id, const LRect& rect) override { (*this)[id].place = rect; }
-    LRect GetPlace(int id) const override { return (*this)[id].place; }
+    void Place(int id, const LRect& /*rect*/) override { (*this)[id]; }
+    LRect GetPlace(int id) const override { return (*this)[id], LRect{}; }
     void SetText(int id, const std::string& text) override { (*this)[id].text = text; }
     std::string GetText(int id) const override { return (*this)[id].text; }
     void Enable(int id, bool enabled) override { (*this)[id].enabled = enabled; }
@@ -110,19 +107,14 @@ public:
         if ((*this)[id].kind == LControlKind::NumberEdit)
             (*this)[id].text = std::to_string(value);
         (*this)[id].value = value;
-        if (const auto& choices = (*this)[id].choices; !choices.empty())
-            (*this)[id].text = choices.at(static_cast<std::size_t>(value));
     }
-    bool IsHeld(int id) const override { return (*this)[id].held; }
+    bool IsHeld(int id) const override { return (*this)[id], false; }
     int GetValue(int id) const override {
         const MemoryControl& control = (*this)[id];
         return control.kind == LControlKind::NumberEdit ? std::atoi(control.text.c_str()) : control.value;
     }
-    void SetChoices(int id, const std::vector<std::string>& choices) override {
-        (*this)[id].choices = choices;
-        (*this)[id].value = 0;
-    }
-    void SetLevels(int id, const std::vector<int>& decibels) override { (*this)[id].levels = decibels; }
+    void SetChoices(int id, const std::vector<std::string>& /*choices*/) override { (*this)[id].value = 0; }
+    void SetLevels(int id, const std::vector<int>& /*decibels*/) override { (*this)[id]; }
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override {
         auto list = std::make_unique<MemoryList>(events, makeMenu);
         (*this)[id].list = list.get();

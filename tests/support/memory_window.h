@@ -110,11 +110,9 @@ public:
         if (controls[id].enabled)
             controls.SetText(id, text);
     }
-    bool Key(unsigned virtualKey, char32_t character = 0, bool repeated = false) {
-        return events.KeyPressed({.virtualKey = virtualKey, .character = character, .repeated = repeated});
+    bool Key(unsigned virtualKey, char32_t character = 0) {
+        return events.KeyPressed({.virtualKey = virtualKey, .character = character});
     }
-    /// The user makes the window this large.
-    void Resize(int width, int height) { events.Resized(width, height); }
     void Drop(const std::vector<std::string>& paths) { events.FilesDropped(paths); }
     void CloseWindow() { events.CloseAsked(); }
 
@@ -174,7 +172,7 @@ public:
         return Make(toolBar, barEvents);
     }
     std::unique_ptr<LToolBarPeer> CreateSmallToolBar(int control, LToolBarEvents& barEvents) override {
-        controls.Add({control, {}, "", {.height = 30}});
+        controls.Add({control, {}, "", {}});
         return Make(smallToolBar, barEvents);
     }
     void AddStatusItem(const LStatusItem& item) override {

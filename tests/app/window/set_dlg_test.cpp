@@ -4,25 +4,23 @@
 namespace {
 
 TEST_F(App, PlaySettingsAreCheckedAndKept) {
-    const std::string badSemitones =
+    const std::string semitones =
         "Play Settings|Please enter valid SemiTone value. It must be between 1 and 12.";
-    const std::string badFrequency = "Play Settings|Please enter Frequency value";
+    const std::string frequency = "Play Settings|Please enter Frequency value";
     struct {
         int radio;
         const char *semitones, *frequency;
-        std::string box, step, bySemitone, semitoneVal, frequencyVal;
-    } const cases[] = {
-        {SetBySemitone, "12", "1.0", "", "12", "1", "12", "1.0"},
-        {SetBySemitone, " 3 ", "none", "", "3", "1", "3", "none"},
-        {SetBySemitone, "13", "1.0", badSemitones, "-", "-", "-", "-"},
-        {SetBySemitone, "0", "1.0", badSemitones, "-", "-", "-", "-"},
-        {SetByFrequency, "99", " 2.5 ", "", "2.5", "0", "99", "2.5"},
-        {SetByFrequency, "1", "0", badFrequency, "-", "-", "-", "-"},
-        {SetByFrequency, "1", "abc", badFrequency, "-", "-", "-", "-"},
-    };
+        std::string box, kept; ///< the step, whether it is semitones, and what is shown next time
+    } const cases[] = {{SetBySemitone, "12", "1.0", "", "12 1 12 1.0"},
+                       {SetBySemitone, " 3 ", "none", "", "3 1 3 none"},
+                       {SetBySemitone, "13", "1.0", semitones, "- - - -"},
+                       {SetBySemitone, "0", "1.0", semitones, "- - - -"},
+                       {SetByFrequency, "99", " 2.5 ", "", "2.5 0 99 2.5"},
+                       {SetByFrequency, "1", "0", frequency, "- - - -"},
+                       {SetByFrequency, "1", "abc", frequency, "- - - -"}};
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.semitones) + ", " + each.frequency);
-        Forget();
+        const Forgotten again;
         dialogs = {[&](MemoryDialog& box) {
             EXPECT_EQ(box.caption, "Play Settings");
             EXPECT_EQ(box.controls.GetValue(SetBySemitone), 1);
@@ -46,10 +44,9 @@ TEST_F(App, PlaySettingsAreCheckedAndKept) {
             EXPECT_EQ(Boxes(), each.box);
         });
         EXPECT_EQ(Stored(Setting::Autoplay), "1") << "also where the rest is refused";
-        EXPECT_EQ(Stored(Setting::StepHz), each.step);
-        EXPECT_EQ(Stored(Setting::StepsBySemitone), each.bySemitone);
-        EXPECT_EQ(Stored(Setting::ShownSemitones), each.semitoneVal);
-        EXPECT_EQ(Stored(Setting::ShownHz), each.frequencyVal);
+        EXPECT_EQ(Stored(Setting::StepHz) + " " + Stored(Setting::StepsBySemitone) + " " +
+                      Stored(Setting::ShownSemitones) + " " + Stored(Setting::ShownHz),
+                  each.kept);
     }
 }
 
