@@ -103,7 +103,7 @@ private:
         std::uint32_t data;
         int occurrence; ///< how many rows with the same data stand above it
 
-        auto operator<=>(const Key&) const = default;
+        auto operator<=>(const Key&) const = default; // NOLINT(modernize-use-nullptr): it sees a 0
     };
 
     std::vector<Key> KeysOfAllRows() const;

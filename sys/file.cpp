@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
+#include <sys/file.h> // NOLINT(readability-duplicate-include): the system's
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>

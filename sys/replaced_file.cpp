@@ -41,7 +41,7 @@ LReplacedFile::LReplacedFile(const std::string& path) : finalPath(FollowLinks(pa
     struct stat old {};
     const bool exists = stat(finalPath.c_str(), &old) == 0;
     if (!exists && errno != ENOENT)
-        failure = LFailure::OfLastCall();
+        failure = LFailure::OfLastCall(); // NOLINT(bugprone-branch-clone): each is of a call of its own
     else if (finalPath.empty())
         failure = LFailure::OfSystem(ENOENT);
     else if (exists && S_ISDIR(old.st_mode))

@@ -70,7 +70,7 @@ TEST(UpdateCheck, TheReplyIsTakenAsItComes) {
         const char* name;
         double version; // 0 where the reply is none
         std::string reply;
-        std::string info = "";
+        std::string info{};
     } const cases[] = {
         {"address up to &", 2.15, "HTTP/1.1 200 OK\r\n\r\nversion=2.15&info=http://a/b&x=1", "http://a/b"},
         {"in another order, to the end", 3, "info=P\r\nversion=3\n", "P\r\nversion=3\n"},

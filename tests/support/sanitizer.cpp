@@ -1,3 +1,5 @@
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizers' names
+
 // The thread sanitizer doesn't see the atomics of libraries that are not built with it. Races are still told
 // wherever our own code, called back by them, takes part.
 extern "C" const char* __tsan_default_suppressions();
@@ -11,3 +13,5 @@ extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libpulse*.so\n";
 }
+
+// NOLINTEND(bugprone-reserved-identifier)
