@@ -131,7 +131,12 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
             all += row[0];
         return all;
     };
-    const std::tuple<int, Ints, const char*, bool> cases[] = {
+    struct {
+        int button;
+        Ints selected;
+        const char* rows;
+        bool asks;
+    } const cases[] = {
         {ListMoveUp, {1}, "213", true},    {ListMoveUp, {0}, "123", true},
         {ListMoveDown, {0}, "213", true},  {ListMoveDown, {2}, "123", true},
         {ListMoveUp, {}, "123", false},    {ListMoveDown, {0, 1}, "123", false},
@@ -139,19 +144,18 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         {ListRemove, {0, 1, 2}, "", true}, {ListAddTone, {0}, "123", false},
     };
     for (const auto& each : cases) {
-        const auto& [button, selected, rows, asks] = each;
-        SCOPED_TRACE(std::to_string(button) + " with " + std::to_string(selected.size()));
+        SCOPED_TRACE(std::to_string(each.button) + " with " + std::to_string(each.selected.size()));
         dialogs.clear();
         OnEditor([&](MemoryDialog& dialog) {
-            EditedRows().Select(selected);
+            EditedRows().Select(each.selected);
             for (const int move : {ListMoveUp, ListMoveDown})
-                EXPECT_EQ(dialog.controls[move].enabled, selected.size() == 1);
-            dialog.Press(button);
-            EXPECT_EQ(digits(RowsOf(dialog)), rows);
+                EXPECT_EQ(dialog.controls[move].enabled, each.selected.size() == 1);
+            dialog.Press(each.button);
+            EXPECT_EQ(digits(RowsOf(dialog)), each.rows);
             dialog.Press(LCommandOk);
             EXPECT_TRUE(dialog.ok);
         });
-        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), asks ? AskToSave : ""); }, {path});
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), each.asks ? AskToSave : ""); }, {path});
         RemoveTemporary();
     }
     OnEditor([&](MemoryDialog& dialog) {

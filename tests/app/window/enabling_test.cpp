@@ -55,7 +55,10 @@ TEST_F(Enabling, FollowsTheTone) {
                noiseNoRow = Ints{CommandStop} + noRow + noComponents;
     const Ints all = {Log, Stereo, Amplitudes, Square, Tones(3)};
     constexpr int FiniteKey = CommandFiniteToggle, StereoKey = CommandStereoToggle;
-    const std::tuple<const char*, Ints, Ints, Ints> cases[] = {
+    struct {
+        const char* name;
+        Ints commands, disabled, marked;
+    } const cases[] = {
         {"a continuous sine", {}, stopped, sine},
         {"no row selected", {Deselect}, stopped + noRow, sine},
         {"everything on", all, stopped, all},
@@ -72,18 +75,18 @@ TEST_F(Enabling, FollowsTheTone) {
         {"a toggle of a loop", {Loop, FiniteKey}, stopped, sine},
         {"playing", {CommandPlay}, {CommandPlay, CommandSaveList}, sine},
         {"ids that nothing has", {CommandLoadListMenu, 3017, 3000, 2119, 9999}, stopped, sine}};
-    for (const auto& [name, commands, disabled, marked] : cases) {
-        SCOPED_TRACE(name);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
         const Forgotten again;
         Run([&](MemoryMainWindow& window) {
-            for (const int command : commands)
+            for (const int command : each.commands)
                 if (command < 0)
                     List().Select(command == Deselect ? Ints{} : Ints{0});
                 else if (window.smallToolBar->items.contains(command))
                     window.smallToolBar->Press(command);
                 else
                     Send({command});
-            ExpectMenu(disabled, marked);
+            ExpectMenu(each.disabled, each.marked);
             ExpectToolBarsAsTheMenu();
         });
     }

@@ -204,14 +204,16 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
 
 TEST_F(App, TheVolumeIsTakenFromTheSettings) {
     constexpr std::uint32_t Both = 0x10001;
-    const std::pair<const char*, std::uint32_t> cases[] = {{"", 180},    {"0", 180}, {"12", 240},
-                                                           {"300", 256}, {"-35", 5}, {"-500", 0}};
+    struct {
+        const char* stored;
+        std::uint32_t volume;
+    } const cases[] = {{"", 180}, {"0", 180}, {"12", 240}, {"300", 256}, {"-35", 5}, {"-500", 0}};
     Run([&](MemoryMainWindow& window) {
-        for (const auto& [stored, volume] : cases) {
-            Setting::PlayVolume.SetText(stored);
+        for (const auto& each : cases) {
+            Setting::PlayVolume.SetText(each.stored);
             output.volume = 1;
             window.Choose(CommandPlay);
-            EXPECT_TRUE(Wait([&] { return output.volume == volume * Both; })) << stored;
+            EXPECT_TRUE(Wait([&] { return output.volume == each.volume * Both; })) << each.stored;
             window.Choose(CommandStop);
         }
         toolkit->DispatchPending();

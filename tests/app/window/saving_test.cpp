@@ -79,15 +79,16 @@ TEST_F(Saving, WhatNoWaveFileHoldsIsRefused) {
     const std::string hours = WriteTone("hours.tdf", Lasting(8 * 3600 * 1000));
     const std::string large = "is too long for a WAVE file, which holds 4 GiB.";
     const std::string ages = "lasts longer than the 13 and a half hours that a tone can be counted for.";
-    const std::pair<std::string, std::string> cases[] = {
-        {WriteTone("wide.tdf", Lasting(30'000'000, true)), large},
-        {WriteTone("ages.tdf", Lasting(50'000'000)), ages},
-        {WriteList("twice.tdl", hours + "\n" + hours + "\n"), large}};
-    for (const auto& [opened, reason] : cases) {
+    struct {
+        std::string opened, reason;
+    } const cases[] = {{WriteTone("wide.tdf", Lasting(30'000'000, true)), large},
+                       {WriteTone("ages.tdf", Lasting(50'000'000)), ages},
+                       {WriteList("twice.tdl", hours + "\n" + hours + "\n"), large}};
+    for (const auto& each : cases) {
         files = {{folder / "out.wav"}};
-        RunList(opened, [&] {
+        RunList(each.opened, [&] {
             Send({CommandSaveAsWav});
-            EXPECT_EQ(toolkit->boxes, Texts{"Error|The tone can't be saved: it " + reason});
+            EXPECT_EQ(toolkit->boxes, Texts{"Error|The tone can't be saved: it " + each.reason});
         });
         EXPECT_FALSE(std::filesystem::exists(folder / "out.wav"));
     }
