@@ -5,7 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     LProcessCheckForVersionUpdates job;
-    ReadVersionReply(std::string(reinterpret_cast<const char*>(data), size), job);
+    (void)ReadVersionReply(std::string(reinterpret_cast<const char*>(data), size), job);
     (void)GetWebAddress(job.info);
     return 0;
 }
