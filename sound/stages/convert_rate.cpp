@@ -4,7 +4,7 @@
 #include "sound/stages/convert_channels.h"
 
 #include <algorithm>
-#include <limits>
+#include <cstdlib>
 
 namespace {
 
@@ -15,9 +15,8 @@ bool Fits16(int value) {
     return value == static_cast<std::int16_t>(value);
 }
 
-/// frames * to / from, in the order of operations that rounds it as the positions are defined.
-int MapFrames(int frames, int from, int to) {
-    return WrapToInt(std::int64_t{frames / from} * to + std::int64_t{to} * (frames % from) / from);
+int RaisePeak(int peak) {
+    return peak <= MaxPeakToDouble ? peak * 2 : peak;
 }
 
 } // namespace
@@ -26,51 +25,50 @@ LSRCConvertRate::LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool 
     : LSoundProcessBase(wrapped),
       filter(sampleRate, std::max(outRate, 1), Taps, wide),
       work(std::size_t{channels} * (BufferFrames + Taps)),
-      narrow(std::size_t{channels} * NarrowFrames) {
+      negated(std::size_t{channels} * NarrowFrames) {
     sampleRate = outRate;
     if (sampleRate < 1) {
         sampleRate = 44100;
         status = SoundInvalidFormat;
     }
-    if (peakMax <= MaxPeakToDouble)
-        peakMax *= 2;
+    peakMax = RaisePeak(peakMax);
     PackCoefficients();
 }
 
 void LSRCConvertRate::PackCoefficients() {
     for (int p = 0; p < filter.GetPhases(); ++p) {
         const int* row = filter.GetRow(p);
+        int magnitudes[2] = {0, 0}; // of each half
         for (int t = 0; t < Taps; ++t) {
-            const auto low = static_cast<std::int16_t>(row[t]);
-            rows.push_back(low);
-            if (t == HalfTaps || t == HalfTaps + 1)
-                cut.push_back(static_cast<std::int16_t>((row[t] - low) >> 16));
+            const bool apart = t == HalfTaps || t == HalfTaps + 1;
+            rows.push_back(apart ? std::int16_t{0} : static_cast<std::int16_t>(row[t]));
+            if (apart)
+                middle.push_back(row[t]);
             else
-                rowsFit = rowsFit && low == row[t];
+                magnitudes[t > HalfTaps ? 1 : 0] += std::abs(row[t]);
+            rowsFit = rowsFit && (apart || Fits16(row[t]));
         }
         rows.push_back(0);
+        rowsFit = rowsFit && std::max(magnitudes[0], magnitudes[1]) <= LPolyphaseRun::MaxHalfRow;
     }
 }
 
-int LSRCConvertRate::ToOutputFrames(int inputFrames) const {
-    return MapFrames(inputFrames, filter.GetStep(), filter.GetPhases());
-}
-
-int LSRCConvertRate::ToInputFrames(int outputFrames) const {
-    return MapFrames(outputFrames, filter.GetPhases(), filter.GetStep());
-}
-
 int LSRCConvertRate::GetPositionSample() const {
-    return ToOutputFrames(WrapAdd(input->GetPositionSample(), spanStart - fill - (HalfTaps + 1)));
+    return filter.GetFraction().ToOutputFrames(
+        WrapAdd(input->GetPositionSample(), spanStart - fill - (HalfTaps + 1)));
 }
 
 int LSRCConvertRate::GetEndSample() const {
-    const int end = input->GetEndSample();
-    return IsStreaming() ? ToOutputFrames(WrapSubtract(end, HalfTaps + 2)) - 1 : ToOutputFrames(end);
+    return ConvertEnd(filter.GetFraction(), input->GetEndSample(), IsStreaming());
+}
+
+int LSRCConvertRate::ConvertEnd(const LRateFraction& fraction, int inputEnd, bool streaming) {
+    return streaming ? fraction.ToOutputFrames(WrapSubtract(inputEnd, HalfTaps + 2)) - 1
+                     : fraction.ToOutputFrames(inputEnd);
 }
 
 void LSRCConvertRate::Seek(int target) {
-    input->Seek(WrapSubtract(ToInputFrames(target), HalfTaps));
+    input->Seek(WrapSubtract(filter.GetFraction().ToInputFrames(target), HalfTaps));
     spanStart = HalfTaps + 1;
     fill = 0;
     const int phases = filter.GetPhases();
@@ -128,12 +126,12 @@ void LSRCConvertRate::SetInputShift(int peak) {
 
 void LSRCConvertRate::PackSamples(int frames) {
     const int* reach = WorkFrame(fill);
-    narrowStart = fill;
+    negatedStart = fill;
     samplesFit = true;
     for (int c = 0; c < channels; ++c) {
-        std::int16_t* out = &narrow[static_cast<std::size_t>(c) * NarrowFrames];
+        std::int16_t* out = &negated[static_cast<std::size_t>(c) * NarrowFrames];
         for (int i = 0; i < frames; ++i) {
-            const int sample = reach[i * channels + c];
+            const int sample = WrapSubtract(0, reach[i * channels + c]);
             samplesFit &= Fits16(sample);
             out[i] = static_cast<std::int16_t>(sample);
         }
@@ -179,7 +177,7 @@ void LSRCConvertRate::MoveOn(int frames) {
 void LSRCConvertRate::Produce(int* buffer, int frames) const {
     const LPolyphaseRun run = {
         .rows = rows.data(),
-        .cut = cut.data(),
+        .middle = middle.data(),
         .phases = filter.GetPhases(),
         .stepWhole = filter.GetStep() / filter.GetPhases(),
         .stepPart = filter.GetStep() % filter.GetPhases(),
@@ -189,13 +187,13 @@ void LSRCConvertRate::Produce(int* buffer, int frames) const {
     for (int c = 0; c < channels; ++c) {
         const std::size_t first = static_cast<std::size_t>(c) * NarrowFrames;
         Kernels().convolve(run, phaseAccumulator,
-                           &narrow[first + static_cast<std::size_t>(spanStart - narrowStart)], buffer + c,
+                           &negated[first + static_cast<std::size_t>(spanStart - negatedStart)], buffer + c,
                            channels, frames);
     }
 }
 
-/// The same from the work buffer, for the rare block that rounding lifted to 32768, and for filters that
-/// don't fit.
+/// The same from the work buffer: for the smallest of all samples, whose magnitude no 32 bits hold, and what
+/// stands beside it.
 void LSRCConvertRate::ProduceWide(int* buffer, int frames) const {
     for (int i = 0; i < frames; ++i) {
         const std::int64_t at = phaseAccumulator + std::int64_t{i} * filter.GetStep();
@@ -204,23 +202,47 @@ void LSRCConvertRate::ProduceWide(int* buffer, int frames) const {
         for (int c = 0; c < channels; ++c) {
             const int* samples =
                 &work[static_cast<std::size_t>(frame) * channels + static_cast<std::size_t>(c)];
-            int sums[2] = {0, 0};
-            for (int t = 0; t < Taps; ++t) {
-                int& sum = sums[t > HalfTaps ? 1 : 0];
-                sum = WrapAdd(sum, WrapMultiply(row[t], samples[t * channels]));
-            }
-            buffer[i * channels + c] = WrapAdd(WrapAdd(sums[0] >> 1, sums[1] >> 1), rounding) >> outputShift;
+            std::int64_t sums[2] = {0, 0};
+            for (int t = 0; t < Taps; ++t)
+                sums[t > HalfTaps ? 1 : 0] += std::int64_t{row[t]} * samples[t * channels];
+            buffer[i * channels + c] = WrapToInt(((sums[0] >> 1) + (sums[1] >> 1) + rounding) >> outputShift);
         }
     }
 }
 
+LRateConversion::LRateConversion(int inRate, int outRate) {
+    const auto add = [&](int rate) {
+        stages[count++] = {rate, LRateFraction(inRate, std::max(rate, 1))};
+        inRate = rate;
+    };
+    const bool farBelow = (inRate >> 2) > outRate;
+    if (farBelow)
+        add(WrapMultiply(2, outRate));
+    if (inRate != outRate)
+        add(outRate);
+}
+
+LSoundSource LRateConversion::OpenSource(const LSoundSource& input) const {
+    LSoundSource source = input;
+    for (const Stage& stage : GetStages())
+        source = LSoundSource::Make<LSRCConvertRate>(source, stage.rate, &stage != &GetStages().back());
+    return source;
+}
+
+int LRateConversion::ConvertEnd(int end, bool streaming) const {
+    for (const Stage& stage : GetStages())
+        end = LSRCConvertRate::ConvertEnd(stage.fraction, end, streaming);
+    return end;
+}
+
+int LRateConversion::ConvertPeak(int peak) const {
+    for (std::size_t i = 0; i < count; ++i)
+        peak = RaisePeak(peak);
+    return peak;
+}
+
 LSoundSource LSPConvertRate::OpenSource(const LSoundSource& input) const {
-    if (input->status != SoundUsable || rate == input->sampleRate)
-        return input;
-    const bool farBelow = (input->sampleRate >> 2) > rate;
-    const LSoundSource near =
-        farBelow ? LSoundSource::Make<LSRCConvertRate>(input, WrapMultiply(2, rate), true) : input;
-    return LSoundSource::Make<LSRCConvertRate>(near, rate, false);
+    return input->status == SoundUsable ? LRateConversion(input->sampleRate, rate).OpenSource(input) : input;
 }
 
 void LSPConvertSourceRateChannels(int rate, std::uint8_t channels, LSoundSource& source) {

@@ -4,15 +4,17 @@
 #include "sound/stages/kernels.h"
 #include "sound/stages/resample_filter.h"
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// Resamples its input: for every output frame it moves M/N input frames forward and convolves 63 input
-/// frames with the coefficients of the sub-phase it stands at, in 32-bit integers. Mono and stereo; any other
-/// layout reads as silence.
+/// frames with the coefficients of the sub-phase it stands at, in integers. Mono and stereo; any other layout
+/// reads as silence.
 ///
 /// Input frames wait in a work buffer as block floating point: each refill scales what the filter can still
-/// reach to 16 bits, so that the sum of 32 products with 16.16 coefficients, halved, stays within 32 bits.
+/// reach to 16 bits. Sums of products with 16.16 coefficients are as wide as they need to be.
 class LSRCConvertRate : public LSoundProcessBase {
 public:
     /// Doubles `peakMax` where it is at most 0x100000, for the filter's overshoot. `wide`: see
@@ -28,6 +30,9 @@ public:
     /// counts; and the position after a seek can be one less, as it is truncated twice.
     void Seek(int target) override;
 
+    /// The end that a converter states for an input with this end.
+    static int ConvertEnd(const LRateFraction& fraction, int inputEnd, bool streaming);
+
 private:
     static constexpr int Taps = 63;
     static constexpr int HalfTaps = Taps >> 1;
@@ -36,8 +41,6 @@ private:
         MaxBlockFrames + Taps + 1; ///< the reach of a refill, and what a row overhangs
     static_assert(LPolyphaseRun::RowLength == Taps + 1);
 
-    int ToOutputFrames(int inputFrames) const;
-    int ToInputFrames(int outputFrames) const;
     void PackCoefficients();
 
     void ReadBuffer();
@@ -62,15 +65,38 @@ private:
     int outputShift = 15;
     int rounding = 1 << 14;
 
-    std::vector<std::int16_t> rows, cut; ///< the coefficients as `LPolyphaseRun` takes them
-    std::vector<std::int16_t>
-        narrow;          ///< per channel, the frames that the last refill made readable, in 16 bits
-    int narrowStart = 0; ///< the work buffer's frame that stands first in it
+    std::vector<std::int16_t> rows; ///< the coefficients as `LPolyphaseRun` takes them
+    std::vector<int> middle;
+    /// Per channel, the frames that the last refill made readable, in 16 bits. Negated: rounding can lift a
+    /// sample to 32768, but none goes below -32767.
+    std::vector<std::int16_t> negated;
+    int negatedStart = 0;                   ///< the work buffer's frame that stands first in it
     bool rowsFit = true, samplesFit = true; ///< whether 16 bits hold them; if not, the work buffer is used
 };
 
-/// Brings a source to a sample rate. A reduction by more than four goes through twice the target rate. A
-/// source with a status, and one that has the rate, passes unchanged.
+/// The stages from one rate to another, none where they are the same. A reduction by more than four goes
+/// through twice the target rate.
+class LRateConversion {
+public:
+    LRateConversion(int inRate, int outRate);
+
+    LSoundSource OpenSource(const LSoundSource& input) const;
+    /// What a source of this end and `peakMax` states once it is converted.
+    int ConvertEnd(int end, bool streaming) const;
+    int ConvertPeak(int peak) const;
+
+private:
+    struct Stage {
+        int rate;
+        LRateFraction fraction;
+    };
+    std::span<const Stage> GetStages() const { return {stages.data(), count}; }
+
+    std::array<Stage, 2> stages{};
+    std::size_t count = 0;
+};
+
+/// Brings a source to a sample rate. A source with a status, and one that has the rate, passes unchanged.
 class LSPConvertRate : public LSoundProcessor {
 public:
     explicit LSPConvertRate(int targetRate) : rate(targetRate) {}

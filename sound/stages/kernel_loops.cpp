@@ -37,29 +37,29 @@ void ApplyGainLine(int* out, const int* in, int frames, int channels, int gain, 
                 out[i * channels + c] = SplitProduct(in[i * channels + c], gain + i * step);
 }
 
-/// The sum of 32 products, modulo 2^32. 16-bit factors, so that two products fit one multiply-add
-/// instruction.
+/// The sum of 32 products. 16-bit factors, so that two products fit one multiply-add instruction.
 [[gnu::always_inline]] inline int Dot32(const std::int16_t* a, const std::int16_t* b) {
-    unsigned sum = 0;
+    int sum = 0;
     for (int t = 0; t < 32; ++t)
-        sum += static_cast<unsigned>(a[t] * b[t]);
-    return static_cast<int>(sum);
+        sum += a[t] * b[t];
+    return sum;
 }
 
-void Convolve(const LPolyphaseRun& run, int phase, const std::int16_t* samples, int* out, int stride,
+void Convolve(const LPolyphaseRun& run, int phase, const std::int16_t* negated, int* out, int stride,
               int frames) {
     for (int i = 0; i < frames; ++i) {
         const std::int16_t* row = run.rows + phase * LPolyphaseRun::RowLength;
-        const std::int16_t* cut = run.cut + phase * 2;
-        const int a = WrapAdd(Dot32(row, samples), WrapShiftLeft(cut[0] * samples[31], 16));
-        const int b = WrapAdd(Dot32(row + 32, samples + 32), WrapShiftLeft(cut[1] * samples[32], 16));
-        // Each half is halved before they are added, which keeps the sum within 32 bits.
-        out[i * stride] = WrapAdd(WrapAdd(a >> 1, b >> 1), run.rounding) >> run.shift;
-        samples += run.stepWhole;
+        const int* middle = run.middle + phase * 2;
+        // Near full scale, 32 bits don't hold these.
+        const std::int64_t a = -(Dot32(row, negated) + std::int64_t{middle[0]} * negated[31]);
+        const std::int64_t b = -(Dot32(row + 32, negated + 32) + std::int64_t{middle[1]} * negated[32]);
+        // Kept quirk: each half is halved before they are added, which drops a bit of each.
+        out[i * stride] = WrapToInt(((a >> 1) + (b >> 1) + run.rounding) >> run.shift);
+        negated += run.stepWhole;
         phase += run.stepPart;
         if (phase >= run.phases) {
             phase -= run.phases;
-            ++samples;
+            ++negated;
         }
     }
 }

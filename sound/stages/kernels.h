@@ -7,12 +7,13 @@
 /// samples.
 struct LPolyphaseRun {
     static constexpr int RowLength = 64;
+    /// What the magnitudes of half a row may add up to, so that 32 bits hold its sum of products.
+    static constexpr int MaxHalfRow = 65535;
 
-    /// A row of 64 coefficients per sub-phase: taps 0..31, taps 32..62 and a zero, each cut to its low 16
-    /// bits.
+    /// A row of 64 coefficients per sub-phase: taps 0..30 and a zero; a zero, taps 33..62 and a zero.
     const std::int16_t* rows;
-    /// Per sub-phase, what was cut from taps 31 and 32, the two that can be too large, in units of 65536.
-    const std::int16_t* cut;
+    /// Per sub-phase, taps 31 and 32, the two that can be too large for a row.
+    const int* middle;
     int phases;    ///< N, the number of rows
     int stepWhole; ///< M / N, the input frames that every output frame moves on
     int stepPart;  ///< M mod N, and the sub-phases
@@ -33,8 +34,8 @@ struct LKernels {
     void (*applyGainLine)(int* out, const int* in, int frames, int channels, int gain, int step);
 
     /// Writes `frames` output samples to out[0], out[stride], ... The first uses row `phase` over
-    /// samples[0..62]; samples[63] past the last span must be readable.
-    void (*convolve)(const LPolyphaseRun& run, int phase, const std::int16_t* samples, int* out, int stride,
+    /// negated[0..62], the samples with their signs turned; negated[63] past the last span must be readable.
+    void (*convolve)(const LPolyphaseRun& run, int phase, const std::int16_t* negated, int* out, int stride,
                      int frames);
 };
 

@@ -1,5 +1,7 @@
 #include "sound/stages/resample_filter.h"
 
+#include "sound/fixed_point.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -7,6 +9,11 @@ namespace {
 
 long double Sinc(long double angle) {
     return angle == 0 ? 1 : std::sin(angle) / angle; // a cutoff of 0 leaves no other angle
+}
+
+/// frames * to / from, in the order of operations that rounds it as the positions are defined.
+int MapFrames(int frames, int from, int to) {
+    return WrapToInt(std::int64_t{frames / from} * to + std::int64_t{to} * (frames % from) / from);
 }
 
 int RoundHalfAwayFromZero(long double value) {
@@ -24,12 +31,7 @@ long double Izero(long double x) {
     return sum;
 }
 
-LConvertRateBase::LConvertRateBase(int inRate, int outRate, int tapCount, bool wide) : taps(tapCount) {
-    FindFraction(inRate, outRate);
-    DesignFilter(inRate, outRate, wide);
-}
-
-void LConvertRateBase::FindFraction(int inRate, int outRate) {
+LRateFraction::LRateFraction(int inRate, int outRate) {
     const long double ratio = static_cast<long double>(inRate) / outRate;
     const auto nearestStep = [ratio](int n) { return static_cast<int>(ratio * n + 0.5L); };
     long double best = ratio;
@@ -45,6 +47,20 @@ void LConvertRateBase::FindFraction(int inRate, int outRate) {
     step = nearestStep(phases) > 0 ? nearestStep(phases) : 1;
 }
 
+int LRateFraction::ToOutputFrames(int inputFrames) const {
+    return MapFrames(inputFrames, step, phases);
+}
+
+int LRateFraction::ToInputFrames(int outputFrames) const {
+    return MapFrames(outputFrames, phases, step);
+}
+
+LConvertRateBase::LConvertRateBase(int inRate, int outRate, int tapCount, bool wide)
+    : fraction(inRate, outRate),
+      taps(tapCount) {
+    DesignFilter(inRate, outRate, wide);
+}
+
 void LConvertRateBase::DesignFilter(int inRate, int outRate, bool wide) {
     const bool raising = inRate < outRate;
     const long double lowered = static_cast<long double>(outRate) / inRate - (wide ? 0.09375L : 0.046875L);
@@ -54,6 +70,7 @@ void LConvertRateBase::DesignFilter(int inRate, int outRate, bool wide) {
     const int half = taps >> 1;
     const long double width = half + 1;
 
+    const int phases = GetPhases();
     table.reserve(static_cast<std::size_t>(phases) * static_cast<std::size_t>(taps));
     for (int p = 0; p < phases; ++p) {
         for (int t = 0; t < taps; ++t) {

@@ -229,8 +229,8 @@ def converted(feed, inrate, outrate, frames, wide=False, start=None):
             fill += count
         row = rows[acc]
         for ch in range(c):
-            a = i32(sum(row[t] * buffer[span + t][ch] for t in range(32)))
-            b = i32(sum(row[t] * buffer[span + t][ch] for t in range(32, 63)))
+            a = sum(row[t] * buffer[span + t][ch] for t in range(32))
+            b = sum(row[t] * buffer[span + t][ch] for t in range(32, 63))
             s = 15 - shift
             out.append(((a >> 1) + (b >> 1) + ((1 << s) >> 1)) >> s)
         acc += m
@@ -324,6 +324,7 @@ def cases():
     for inrate, outrate in (8000, 44100), (44100, 48000), (48000, 44100), (22050, 44100), (96000, 44100):
         yield "mono %d to %d" % (inrate, outrate), converted(Feed(noise(60000, 524272), 1), inrate, outrate, 60000)
     yield "stereo 48000 to 44100", converted(Feed(noise(60000, 2000000), 2), 48000, 44100, 20000)
+    yield "sine 18000 from 44100 to 48000", converted(Feed(tone(30000, 0, [18000.0]), 1), 44100, 48000, 30000)
     stereo = noise(60000, 524272)
     mixed = [a + b for a, b in zip(stereo[::2], stereo[1::2])]
     yield "mixed 48000 to 44100", converted(Feed(mixed, 1), 48000, 44100, 20000)

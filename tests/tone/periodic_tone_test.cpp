@@ -2,6 +2,7 @@
 #include "support/reference.h"
 #include "tone/tone_engine.h"
 
+#include "sound/stages/convert_rate.h"
 #include "sound/stages/peak_limit.h"
 
 #include <gtest/gtest.h>
@@ -88,6 +89,9 @@ TEST(PeriodicTone, MatchesTheReference) {
     EXPECT_EQ(HashSamples(ReadFrames(*OpenToneEngine(tooMany), 40000)), ReferenceHash("16 components"));
     const LSoundSource limited = LSPPeakLimit(FullScale16).OpenSource(Tone{.left = Steps()}.Open());
     EXPECT_EQ(HashSamples(ReadFrames(*limited, 30000)), ReferenceHash("limited"));
+    // The converter's sums don't fit 32 bits here.
+    const LSoundSource converted = LSPConvertRate(48000).OpenSource(Tone{.left = {18000}}.Open());
+    EXPECT_EQ(HashSamples(ReadFrames(*converted, 30000)), ReferenceHash("sine 18000 from 44100 to 48000"));
 }
 
 TEST(PeriodicTone, ItsLengthIsTheDurationsOrAMinute) {

@@ -87,13 +87,14 @@ TEST(ConvertRate, MatchesTheReference) {
 }
 
 TEST(ConvertRate, EveryInstructionSetGivesTheSameBits) {
-    std::vector<std::int16_t> rows, cut, samples;
+    std::vector<std::int16_t> rows, samples;
     for (const int value : ReferenceNoise(4096, 60000))
         samples.push_back(static_cast<std::int16_t>(value));
-    rows.assign(samples.begin() + 100, samples.begin() + 100 + 3 * 64);
-    cut = {1, 0, 0, -1, 1, 1};
-    samples[40] = samples[41] = rows[40] = rows[41] = -32768; // the one pair of products that overflows
-    const LPolyphaseRun run{rows.data(), cut.data(), 3, 1, 2, 1 << 10, 11};
+    for (int i = 100; i < 100 + 3 * 64; ++i)
+        rows.push_back(samples[static_cast<std::size_t>(i)] / 17); // halves of a magnitude of 65535 at most
+    samples[40] = samples[41] = -32768;
+    const int middle[] = {65536, -20, 63000, 41700, -65536, 7};
+    const LPolyphaseRun run{rows.data(), middle, 3, 1, 2, 1 << 10, 11};
     const std::vector<int> loud = ReferenceNoise(5003, 2000000);
 
     std::vector<std::vector<std::vector<int>>> results;
