@@ -12,6 +12,14 @@ bool IsPlayable(const LSoundSource& source) {
     return source->status == SoundUsable;
 }
 
+bool Streams(const LSoundSource& source) {
+    return IsPlayable(source) && source->IsStreaming();
+}
+
+bool AnyStreams(std::span<const LSoundSourceCat::Item> items) {
+    return std::ranges::any_of(items, [](const LSoundSourceCat::Item& item) { return Streams(item.source); });
+}
+
 int FramesLeft(const LSoundSource& source) {
     return WrapSubtract(source->GetEndSample(), source->GetPositionSample());
 }
@@ -30,7 +38,8 @@ LSoundSource LSoundSourceCat::OpenSource(int rate, std::uint8_t channels) const 
     int peak = FullScale16;
     for (const Item& item : items)
         if (IsPlayable(item.source))
-            peak = std::max(peak, item.source->peakMax);
+            peak = std::max(peak,
+                            LRateConversion(item.source->sampleRate, rate).ConvertPeak(item.source->peakMax));
     return LSoundSource::Make<LSSRCCat>(*this, rate, channels, peak);
 }
 
@@ -49,6 +58,7 @@ LSoundSource LSoundSourceCat::OpenSource() const {
 LSSRCCat::LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCount, int peak)
     : LSoundSourceBase(rate, channelCount, peak),
       items(list.GetItems()) {
+    Recount();
     Open(true);
 }
 
@@ -59,7 +69,11 @@ void LSSRCCat::Open(bool fromStart) {
     silenceLeft = 0;
     if (IsAllOpened())
         return;
-    const LSoundSourceCat::Item& item = items[cursor++];
+    const LSoundSourceCat::Item& item = items[cursor];
+    rest = WrapSubtract(rest, CountFrames(item));
+    ++cursor;
+    if (restStreams)
+        Recount();
     if (!IsPlayable(item.source)) {
         silenceLeft = item.silence.GetSamples(sampleRate);
         return;
@@ -116,6 +130,7 @@ int LSSRCCat::ReadCurrent(int* buffer, int frames) {
 void LSSRCCat::Seek(int target) {
     position = 0;
     cursor = 0;
+    Recount();
     while (!IsAllOpened()) {
         const std::int64_t rest = std::int64_t{target} - position;
         // An item is sought once: to its start, to be measured there, or where that is behind the target, to
@@ -143,31 +158,45 @@ void LSSRCCat::Seek(int target) {
 }
 
 int LSSRCCat::GetEndSample() const {
-    int end = WrapAdd(position, IsPlayable(current) ? FramesLeft(current) : silenceLeft);
-    for (std::size_t i = cursor; i < items.size(); ++i) {
-        const LSoundSourceCat::Item& item = items[i];
-        end = WrapAdd(end, IsPlayable(item.source) ? FramesLeft(item.source)
-                                                   : item.silence.GetSamples(sampleRate));
-    }
-    return end;
+    const int end = WrapAdd(position, IsPlayable(current) ? FramesLeft(current) : silenceLeft);
+    return WrapAdd(end, restStreams ? CountRest() : rest);
 }
 
 bool LSSRCCat::IsStreaming() const {
-    const auto streams = [](const LSoundSource& source) {
-        return IsPlayable(source) && source->IsStreaming();
-    };
-    return streams(current) ||
-           std::any_of(items.begin() + static_cast<std::ptrdiff_t>(cursor), items.end(),
-                       [&](const LSoundSourceCat::Item& item) { return streams(item.source); });
+    return Streams(current) || (restStreams && AnyStreams(GetRest()));
+}
+
+std::span<const LSoundSourceCat::Item> LSSRCCat::GetRest() const {
+    return std::span(items).subspan(cursor);
+}
+
+int LSSRCCat::CountFrames(const LSoundSourceCat::Item& item) const {
+    const LSoundSource& source = item.source;
+    if (!IsPlayable(source))
+        return item.silence.GetSamples(sampleRate);
+    return LRateConversion(source->sampleRate, sampleRate)
+        .ConvertEnd(source->GetEndSample(), source->IsStreaming());
+}
+
+int LSSRCCat::CountRest() const {
+    int frames = 0;
+    for (const LSoundSourceCat::Item& item : GetRest())
+        frames = WrapAdd(frames, CountFrames(item));
+    return frames;
+}
+
+// Once for all items, so that lists that are nested in each other don't count each other's anew with every
+// read.
+void LSSRCCat::Recount() {
+    rest = CountRest();
+    restStreams = AnyStreams(GetRest());
 }
 
 void LSSRCCat::WaitForStreamingData(int milliseconds) {
     if (IsPlayable(current))
         current->WaitForStreamingData(milliseconds);
-    for (std::size_t i = cursor; i < items.size(); ++i) {
-        if (IsPlayable(items[i].source)) {
-            items[i].source->WaitForStreamingData(milliseconds);
-            return;
-        }
-    }
+    const auto next = std::ranges::find_if(
+        GetRest(), [](const LSoundSourceCat::Item& item) { return IsPlayable(item.source); });
+    if (next != GetRest().end())
+        next->source->WaitForStreamingData(milliseconds);
 }

@@ -3,6 +3,7 @@
 #include "sound/sound_source.h"
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 /// A list of sources and silences that play one after another. An item whose source has a status plays as
@@ -23,8 +24,7 @@ public:
     void Clear() { items.clear(); }
 
     /// The list as one source; it keeps the items, so the list may be cleared. Every item is converted to
-    /// this format as it is reached; `peakMax` is the largest of the items' own, without what a conversion
-    /// may add.
+    /// this format as it is reached; `peakMax` is the largest that they have then.
     /// Thread: builder. Blocks: no. Allocates: yes.
     LSoundSource OpenSource(int rate, std::uint8_t channels) const;
     /// At the largest rate and channel count of the items, 8000 Hz and mono where there are none.
@@ -46,8 +46,8 @@ public:
     /// Thread: reader. Blocks: no. Allocates: yes, for the conversion of an item that it opens.
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override { return position; }
-    /// What has been played and what is left. Items not opened yet count in their own rates, unconverted;
-    /// that is how the length is defined, and exact where all have the list's rate.
+    /// What has been played and what is left. Items not opened yet count whole, by the end that they state
+    /// once they are converted.
     int GetEndSample() const override;
     /// Opens every item anew from the first one on. Beyond the end lies silence.
     /// Kept quirk: before the beginning it lasts twice as long, as the first item is sought there, too.
@@ -63,10 +63,16 @@ private:
     void Open(bool fromStart);
     int ReadCurrent(int* buffer, int frames);
     bool IsAllOpened() const { return cursor == items.size(); }
+    std::span<const LSoundSourceCat::Item> GetRest() const;
+    int CountFrames(const LSoundSourceCat::Item& item) const;
+    int CountRest() const;
+    void Recount();
 
     std::vector<LSoundSourceCat::Item> items;
     std::size_t cursor = 0; ///< next item to open
-    int position = 0;       ///< may be negative: silence before the beginning
-    int silenceLeft = 0;    ///< of the current silence
-    LSoundSource current;   ///< after conversion; nothing behind it while a silence plays
+    int rest = 0;           ///< frames of the items to come, where none of them streams
+    bool restStreams = false;
+    int position = 0;     ///< may be negative: silence before the beginning
+    int silenceLeft = 0;  ///< of the current silence
+    LSoundSource current; ///< after conversion; nothing behind it while a silence plays
 };

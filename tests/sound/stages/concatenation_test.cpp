@@ -1,5 +1,6 @@
 #include "sound/stages/concatenation.h"
 #include "sound/stages/convert_rate.h"
+#include "sound/stages/repeat.h"
 #include "support/array_source.h"
 #include "support/reference.h"
 
@@ -47,14 +48,34 @@ TEST(Concatenation, ItsLengthIsThatOfItsItems) {
     const LSoundSource source = Mixed().OpenSource();
     EXPECT_EQ(source->GetEndSample(), 10 - 1000) << "a negative silence plays nothing and counts as it is";
     EXPECT_EQ(LSoundSourceCat().OpenSource()->GetEndSample(), 0);
-    const auto lengthOf = [](int first, int second) { // a second at each rate
+    const auto lengthOf = [](int rate, int first, int second, bool streaming = false) { // a second each
         LSoundSourceCat list;
-        list.AddSource(Constant(1, first, first));
-        list.AddSource(Constant(1, second, second));
-        return list.OpenSource()->GetEndSample();
+        for (const int each : {first, second}) {
+            list.AddSource(Constant(1, each, each));
+            Array(list.GetItems().back().source).streaming = streaming;
+        }
+        return list.OpenSource(rate, 1)->GetEndSample();
     };
-    EXPECT_EQ(lengthOf(8000, 44100), 44000 + 44100) << "the first as converted, by 11/2";
-    EXPECT_EQ(lengthOf(44100, 8000), 44100 + 8000) << "what is not open yet counts in its own rate";
+    EXPECT_EQ(lengthOf(44100, 8000, 44100), 44000 + 44100) << "as converted, by 11/2";
+    EXPECT_EQ(lengthOf(44100, 44100, 8000), 44100 + 44000) << "also where it is not open yet";
+    // By way of 44100, by 17/74: 2594 * 17 and what 44 frames make; half of these 44108.
+    EXPECT_EQ(lengthOf(22050, 22050, 192000), 22050 + 22054);
+    EXPECT_EQ(lengthOf(48000, 48000, 44100, true), 48000 + 47954) << "(44100 - 33) * 37 / 34, less one";
+}
+
+TEST(Concatenation, PlaysEveryPassWholeWhereItIsLooped) {
+    LSoundSourceCat inner, outer;
+    inner.AddSource(Constant(1, 300));
+    inner.AddSource(Constant(2, 300));
+    outer.AddSource(inner.OpenSource());
+    outer.AddSource(Constant(3, 300));
+    const LSoundSource list = outer.OpenSource();
+    EXPECT_EQ(list->GetEndSample(), 900);
+    const std::vector<int> once = ReadFrames(*list, 900);
+    LSRCRepeat loop(list, 0, 900);
+    loop.Seek(0);
+    for (const int pass : {2, 3, 4})
+        EXPECT_EQ(ReadFrames(loop, 900), once) << pass;
 }
 
 TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {
@@ -64,6 +85,8 @@ TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {
     list.AddSource(LSoundSource()); // which has a large peak
     EXPECT_EQ(list.OpenSource()->peakMax, 524272);
     list.AddSource(Constant(3, 4, 22050));
+    list.AddSource(Constant(3, 4, 44100));
+    EXPECT_EQ(list.OpenSource()->peakMax, 1048544) << "what its converter may add included";
     list.AddSource(Constant(4, 4, 44100, 2, 2097151));
     const LSoundSource source = list.OpenSource();
     EXPECT_EQ(source->sampleRate, 44100);
