@@ -1,14 +1,16 @@
 #include "jobs/render_file.h"
 
 #include "sound/files/wave_file.h"
+#include "sound/sample_format.h"
 #include "sys/path.h"
 
 #include <algorithm>
 
 namespace {
 
-/// The largest sample that doesn't wrap around in 8 bits.
-constexpr int FullScale8 = 127 * 4096 + 2047;
+int GetPeakLimit(const OutputFormat& format) {
+    return format.bits == 8 ? LSFU8::peak : LSF16::peak;
+}
 
 OutputFormat ChooseFormat(const RenderTarget& target, const LSoundSource& source) {
     return {.rate = target.rate.value_or(source->sampleRate),
@@ -41,11 +43,11 @@ LFailure CheckOutput(const std::string& output, const SoundInput& input) {
     return named ? "is no name for a WAVE file" : LFailure();
 }
 
-/// A sum of two channels may be too loud, so it is always limited: to what the output's bits can hold.
+/// A sum of two channels may be too loud, so it is always limited.
 LSoundSource MixDown(const LSoundSource& source, const OutputFormat& format) {
     LSoundSource mixed = source;
     LSPConvertSourceRateChannels(format.rate, format.channels, mixed);
-    return LSoundSource::Make<LSRCPeakLimit>(mixed, format.bits == 8 ? FullScale8 : FullScale16);
+    return LSoundSource::Make<LSRCPeakLimit>(mixed, GetPeakLimit(format));
 }
 
 /// The source as the job takes it: only what is mixed down is not left to the job.
@@ -54,7 +56,8 @@ LSoundSource Prepare(const LSoundSource& source, const OutputFormat& format) {
 }
 
 int CountFrames(const LSoundSource& source, const OutputFormat& format) {
-    const LSoundSource converted = OpenSourceForSink(source, format.rate, format.channels);
+    const LSoundSource converted =
+        OpenSourceForSink(source, format.rate, format.channels, GetPeakLimit(format));
     return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
 }
 

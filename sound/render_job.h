@@ -22,11 +22,10 @@ struct LPRSourceToSink {
     LSoundSink sink;
 };
 
-/// The source as a sink of this rate and channel count takes it: converted, then limited to 16-bit full
-/// scale.
-inline LSoundSource OpenSourceForSink(LSoundSource source, int rate, std::uint8_t channels) {
+/// The source as a sink of this rate, channel count and peak takes it: converted, then limited.
+inline LSoundSource OpenSourceForSink(LSoundSource source, int rate, std::uint8_t channels, int peakLimit) {
     LSPConvertSourceRateChannels(rate, channels, source);
-    return LSPPeakLimit(FullScale16).OpenSource(source);
+    return LSPPeakLimit(peakLimit).OpenSource(source);
 }
 
 /// A write that the user's own stop broke off is a stop.
@@ -51,7 +50,8 @@ LProcessResult Process(ProgressDialog& dialog, LPRSourceToSink& job) {
     if (job.source->status != SoundUsable || (sink->status & SinkUnusable) != 0)
         return LProcessResult::Failed;
 
-    const LSoundSource source = OpenSourceForSink(job.source, sink->sampleRate, sink->channels);
+    const LSoundSource source =
+        OpenSourceForSink(job.source, sink->sampleRate, sink->channels, sink->peakLimit);
     int remaining = WrapSubtract(source->GetEndSample(), source->GetPositionSample());
     const double step = remaining > 0 ? static_cast<double>(MaxBlockFrames) / remaining : 0;
     // A layout that nothing converts is written as silence.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sound/sound_source.h"
+
 #include <bit>
 #include <cstdint>
 
@@ -12,6 +14,7 @@
 struct LSFU8 {
     using Stored = std::uint8_t;
     static constexpr int bytesPerSample = 1;
+    static constexpr int peak = 127 * 4096 + 2047; ///< the largest magnitude that doesn't wrap
 
     static constexpr int In(Stored stored) { return (stored - 128) * 4096; }
     static constexpr Stored Out(int sample) { return static_cast<Stored>(((sample + 2048u) >> 12) - 128u); }
@@ -21,6 +24,7 @@ struct LSFU8 {
 struct LSF16 {
     using Stored = std::int16_t;
     static constexpr int bytesPerSample = 2;
+    static constexpr int peak = FullScale16;
 
     static constexpr int In(Stored stored) { return stored * 16; }
     static constexpr Stored Out(int sample) {
@@ -33,6 +37,7 @@ struct LSF16 {
 struct LSFLE16 {
     using Stored = std::int16_t;
     static constexpr int bytesPerSample = 2;
+    static constexpr int peak = FullScale16;
 
     static constexpr int In(Stored stored) { return LSF16::In(SwapOnBigEndian(stored)); }
     static constexpr Stored Out(int sample) { return SwapOnBigEndian(LSF16::Out(sample)); }

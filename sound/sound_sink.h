@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sound/shared_handle.h"
+#include "sound/sound_source.h"
 #include "sys/failure.h"
 
 #include <algorithm>
@@ -32,8 +33,9 @@ public:
     /// Thread: reader. Blocks: no. Allocates: no.
     virtual void Finish() {}
 
-    int lengthHint = 0; ///< expected total length in frames
-    int sampleRate;     ///< frames per second, not checked
+    int lengthHint = 0;          ///< expected total length in frames
+    int sampleRate;              ///< frames per second, not checked
+    int peakLimit = FullScale16; ///< the largest magnitude that what it writes can hold
     std::uint8_t channels;
     std::uint8_t status;
     std::uint16_t refCount = 0;

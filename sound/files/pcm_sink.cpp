@@ -86,13 +86,17 @@ void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {
 template <class Format>
 LSNKPCMFile<Format>::LSNKPCMFile(const char* path, int rate, std::uint8_t channelCount, int startSample)
     : LSNKPCMFileBase(path, rate, channelCount, Format::bytesPerSample, startSample),
-      stored(std::size_t{channels} * MaxBlockFrames) {}
+      stored(std::size_t{channels} * MaxBlockFrames) {
+    peakLimit = Format::peak;
+}
 
 template <class Format>
 LSNKPCMFile<Format>::LSNKPCMFile(LReadWriteFile&& opened, int rate, std::uint8_t channelCount,
                                  int totalFrames)
     : LSNKPCMFileBase(std::move(opened), rate, channelCount, Format::bytesPerSample, totalFrames),
-      stored(std::size_t{channels} * MaxBlockFrames) {}
+      stored(std::size_t{channels} * MaxBlockFrames) {
+    peakLimit = Format::peak;
+}
 
 template <class Format>
 void LSNKPCMFile<Format>::Write(const int* buffer, int frames) {

@@ -90,15 +90,20 @@ TEST_F(Render, ConvertsAsAsked) {
     }
 }
 
-TEST_F(Render, ALoudMixDownIsLimitedNotWrapped) {
+TEST_F(Render, WhatIsTooLoudIsLimitedNotWrapped) {
     RunProgram("sox -n -r 44100 -c 2 -b 16 -D loud.wav synth 1 square 100 square 100 gain 0");
-    for (const std::string bits : {"16", "8"}) {
-        EXPECT_EQ(Cli("render --channels 1 --bits " + bits + " loud.wav m.wav").status, 0);
+    RunProgram("sox loud.wav -D mono.wav remix 1");
+    RunProgram("sox mono.wav -D -r 48000 48.wav trim 0 0.5");
+    Write("rates.tdl", Path("48.wav") + "\n" + Path("mono.wav") + "\n"); // the last line plays first
+    for (const std::string input :
+         {"--channels 1 --bits 16 loud.wav", "--channels 1 --bits 8 loud.wav", "--bits 8 mono.wav",
+          "--bits 8 --waveform square --tones 6 --frequency 100 --duration 1000", "rates.tdl"}) {
+        EXPECT_EQ(Cli("render --quiet " + input + " m.wav").status, 0);
         RunProgram("sox m.wav -D -e signed -b 16 -t raw m.raw");
         // A wrapped sample would stand out among its neighbours.
         const std::vector<double> samples = SamplesOf(std::string(46, ' ') + Read("m.raw"));
-        EXPECT_EQ(CountSignChanges(samples), 199) << bits;
-        EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 0.97) << bits;
+        EXPECT_EQ(CountSignChanges(samples), input == "rates.tdl" ? 299 : 199) << input;
+        EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 0.97) << input;
     }
 }
 
