@@ -69,9 +69,10 @@ void Lengthen(std::uint32_t& ms, const DurationStep& step) {
     ms += ms < step.border ? step.below : step.above;
 }
 
+/// Not to 0, which would make a tone endless that is there to end.
 void Shorten(std::uint32_t& ms, const DurationStep& step) {
     if (ms >= step.least)
-        ms -= ms < step.border ? step.below : step.above;
+        ms = std::max(ms - (ms < step.border ? step.below : step.above), 1u);
 }
 
 void Louder(std::int8_t& db) {

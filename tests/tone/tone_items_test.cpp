@@ -124,7 +124,7 @@ TEST(Stepping, StepsAreUnevenAndKeepToTheirRange) {
         {1536, semitone, "500", "600ms", "400ms", "1000ms", "500ms"},
         {1536, semitone, "501", "601ms", "401ms", "1001ms", "1ms"},
         {1536, semitone, "2000", "3000ms", "1000ms", "7000ms", "1500ms"},
-        {1536, semitone, "5000", "6000ms", "4000ms", "10000ms", "0ms"},
+        {1536, semitone, "5000", "6000ms", "4000ms", "10000ms", "1ms"},
         {1536, semitone, "4999", "5999ms", "3999ms", "9999ms", "4499ms"},
         {1280, semitone, "0", "0dB", "-1dB", "0dB", "-1dB"},
         {1280, semitone, "-90", "-89dB", "-90dB", "-89dB", "-90dB"},
