@@ -88,10 +88,11 @@ FileReport ReportList(const std::string& path) {
 }
 
 FileReport ReportWave(const std::string& path) {
-    const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+    const LWaveFile wave = LWaveFile::Open(path.c_str());
+    const LSoundSource& source = wave.source;
     if (source->status != SoundUsable)
         return Refused(LWaveFile::ExplainStatus(source->status));
-    const bool cutShort = LWaveFile::IsCutShort(path.c_str());
+    const bool cutShort = wave.header.IsCutShort();
     FileReport report;
     report.title = std::string("WAVE file") + (source->IsStreaming() ? ", still being written" : "") +
                    (cutShort ? ", cut short" : "");

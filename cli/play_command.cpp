@@ -41,6 +41,11 @@ std::string ExplainPlayStatus(LPlayStatus status, const LSoundSource& source) {
     }
 }
 
+void WarnOfSilence(LSourceNews& news) {
+    for (const LFileWarning& warning : news.Take())
+        Warn(warning.file, warning.reason + "; silence plays in its place");
+}
+
 int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input,
                 const LSoundPlayDevice& device) {
     CatchInterrupts();
@@ -55,10 +60,12 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
         return Refuse(name, "can't be played");
     bool interrupted = false;
     loop.Run(InterruptPollMs, [&] {
+        WarnOfSilence(*input.news);
         interrupted = IsInterrupted();
         if (interrupted)
             player.Stop();
     });
+    WarnOfSilence(*input.news);
     if (player.GetStatus() != PlayUsable)
         return Refuse(name, ExplainPlayStatus(player.GetStatus(), input.source));
     return interrupted ? ExitStopped : ExitCompleted;
@@ -73,7 +80,7 @@ int PlayInput(const PlayOptions& options, const std::string& name, const SoundIn
         if (device.IsDefault())
             return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
     }
-    for (const InputWarning& warning : input.warnings)
+    for (const LFileWarning& warning : input.warnings)
         Warn(warning.file, warning.reason);
     return PlayThrough(options, name, input, device);
 }

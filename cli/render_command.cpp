@@ -38,8 +38,8 @@ LProcessResult RunJob(LPRSourceToSink& job, bool quiet) {
 }
 
 /// False where what is told is reason enough to fail.
-bool Confirm(const std::vector<InputWarning>& warnings, bool strict) {
-    for (const InputWarning& warning : warnings) {
+bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
+    for (const LFileWarning& warning : warnings) {
         if (strict) {
             Refuse(warning.file, warning.reason);
             return false;

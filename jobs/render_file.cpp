@@ -61,13 +61,24 @@ int CountFrames(const LSoundSource& source, const OutputFormat& format) {
     return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
 }
 
-RenderOutcome Render(const LSoundSource& source, const std::string& path, const OutputFormat& format,
-                     int frames, const RenderUser& user) {
+/// Whether all was read that the input consists of.
+LFailure CheckRead(LSourceNews& news) {
+    const std::vector<LFileWarning> lost = news.Take();
+    return lost.empty() ? LFailure()
+                        : "was lost while it was read: " + lost.front().file + " " + lost.front().reason;
+}
+
+RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::string& path,
+                     const OutputFormat& format, int frames, const RenderUser& user) {
     WaveOutput output(path, format, frames);
     if (output.GetFailure())
         return {.failure = output.GetFailure(), .ofTheOutput = true};
     LPRSourceToSink job("Saving Wave File", source, output.GetSink());
     const LProcessResult result = user.run(job);
+    if (LFailure lost = CheckRead(news)) {
+        static_cast<void>(output.Finish(LProcessResult::Failed));
+        return {.failure = std::move(lost)};
+    }
     const LFailure failure = output.Finish(result);
     return {.result = failure ? LProcessResult::Failed : result, .failure = failure, .ofTheOutput = true};
 }
@@ -86,5 +97,5 @@ RenderOutcome RenderToFile(const SoundInput& input, const RenderTarget& target, 
     const int frames = CountFrames(source, format);
     if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
         return {.failure = "is too long to be converted"};
-    return Render(source, target.path, format, frames, user);
+    return Render(source, *input.news, target.path, format, frames, user);
 }

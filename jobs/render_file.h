@@ -17,7 +17,7 @@ struct RenderTarget {
 /// What rendering asks of the program that it is a part of.
 struct RenderUser {
     /// Tells what the user should know first; false where it is not to go on.
-    std::function<bool(const std::vector<InputWarning>&)> confirm;
+    std::function<bool(const std::vector<LFileWarning>&)> confirm;
     /// Runs the job under a progress display.
     std::function<LProcessResult(LPRSourceToSink&)> run;
 };

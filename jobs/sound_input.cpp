@@ -20,8 +20,8 @@ SoundInput Refused(LFailure failure) {
 }
 
 /// A file that several entries name is told once.
-std::vector<InputWarning> CollectWarnings(const ToneListReport& report) {
-    std::vector<InputWarning> warnings;
+std::vector<LFileWarning> CollectWarnings(const ToneListReport& report) {
+    std::vector<LFileWarning> warnings;
     std::set<std::pair<std::string, std::string>> told;
     for (const ToneListEntry& entry : report.entries)
         if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
@@ -41,6 +41,7 @@ SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport 
     input.failure = CheckPlayable(input, length);
     input.notices = std::move(report.notices);
     input.files = std::move(report.files);
+    input.news = std::move(report.news);
     return input;
 }
 
@@ -71,13 +72,14 @@ SoundInput OpenTone(const std::string& path, std::optional<unsigned int> duratio
 }
 
 SoundInput OpenWave(const std::string& path) {
-    const LSoundSource source = LWaveFile::OpenSource(path.c_str());
-    if (source->status != SoundUsable)
-        return Refused(LWaveFile::ExplainStatus(source->status));
-    if (source->GetEndSample() < 0)
+    const LWaveFile wave = LWaveFile::Open(path.c_str());
+    if (wave.source->status != SoundUsable)
+        return Refused(LWaveFile::ExplainStatus(wave.source->status));
+    const int end = wave.source->GetEndSample();
+    if (end < 0)
         return Refused(TooManyFrames);
-    SoundInput input{.source = source, .frames = static_cast<double>(source->GetEndSample())};
-    if (LWaveFile::IsCutShort(path.c_str()))
+    SoundInput input{.source = wave.source, .frames = static_cast<double>(end)};
+    if (wave.header.IsCutShort())
         input.warnings.push_back({path, LWaveFile::CutShortText});
     return input;
 }
@@ -100,10 +102,10 @@ SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
         refused.endless = true;
         return refused;
     }
-    if (tone.IsList())
-        return OpenListTone(tone, length);
     if (LFailure failure = tone.CheckCountable())
         return Refused(std::move(failure));
+    if (tone.IsList())
+        return OpenListTone(tone, length);
     const LSoundSource source = OpenToneEngine(tone);
     return {
         .source = source, .endless = !tone.IsFinite(), .frames = static_cast<double>(source->GetEndSample())};

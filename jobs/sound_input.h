@@ -1,17 +1,13 @@
 #pragma once
 
 #include "sound/sound_source.h"
+#include "sound/source_news.h"
 #include "tone/tone_data.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
-
-/// Something about a file that the user should know, although it can be gone on with.
-struct InputWarning {
-    std::string file;
-    std::string reason;
-};
 
 /// Whether the sound has to end, or may go on for ever.
 enum class SoundLength { Finite, Any };
@@ -22,8 +18,9 @@ struct SoundInput {
     LFailure failure{};   ///< why it can't be used
     bool endless = false; ///< the reason is, or would be, that it has no end
     double frames = 0;    ///< how long it is at its own rate, also where that is more than can be counted
-    std::vector<InputWarning> warnings{};
-    std::vector<LNotice> notices{};   ///< what whoever plays it is told
+    std::vector<LFileWarning> warnings{};
+    std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read
+    std::vector<LNotice> notices{};                                      ///< what whoever plays it is told
     std::vector<std::string> files{}; ///< all that is read, the input itself and a list's entries included
 };
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/file.h> // NOLINT(readability-duplicate-include): the system's
 #include <sys/stat.h>
@@ -12,6 +13,8 @@
 #include <utility>
 
 namespace {
+
+constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
 
 int OpenDescriptor(const char* path, int flags) {
     const int descriptor = open(path, flags | O_NONBLOCK | O_CLOEXEC, 0666);
@@ -119,6 +122,22 @@ std::int64_t LOpenFile::GetSize() const {
     return fstat(descriptor, &info) == 0 ? info.st_size : 0;
 }
 
+LFileState LOpenFile::GetState() const {
+    struct stat info {};
+    if (fstat(descriptor, &info) != 0)
+        return {};
+    return {.identity = {info.st_dev, info.st_ino},
+            .size = info.st_size,
+            .changed = info.st_mtim.tv_sec * NanosecondsPerSecond + info.st_mtim.tv_nsec};
+}
+
+double LFileState::GetSecondsUnchanged() const {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const std::int64_t passed = now.tv_sec * NanosecondsPerSecond + now.tv_nsec - changed;
+    return static_cast<double>(passed) / NanosecondsPerSecond;
+}
+
 bool LOpenFile::IsRegular() const {
     struct stat info {};
     return fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode);
@@ -145,26 +164,8 @@ LReadWriteFile LReadWriteFile::Duplicate(int opened) {
     return LReadWriteFile(Note(fcntl(opened, F_DUPFD_CLOEXEC, 0)));
 }
 
-LReadFile::LReadFile(const char* pathToOpen, bool locked)
-    : LOpenFile(locked ? OpenLocked(pathToOpen, O_RDONLY, LOCK_SH) : OpenAtOnce(pathToOpen, O_RDONLY)),
-      path(pathToOpen),
-      identity(GetIdentity()) {}
-
-bool LReadFile::Resume() {
-    if (IsOpen())
-        return true;
-    if (path.empty())
-        return false;
-    descriptor = OpenDescriptor(path.c_str(), O_RDONLY);
-    if (IsOpen() && GetIdentity() != identity)
-        Suspend();
-    return IsOpen();
-}
-
-LFileIdentity LReadFile::GetIdentity() const {
-    struct stat info {};
-    return fstat(descriptor, &info) == 0 ? LFileIdentity{info.st_dev, info.st_ino} : LFileIdentity{};
-}
+LReadFile::LReadFile(const char* path, bool locked)
+    : LOpenFile(locked ? OpenLocked(path, O_RDONLY, LOCK_SH) : OpenAtOnce(path, O_RDONLY)) {}
 
 LFileIdentity GetFileIdentity(const char* path) {
     struct stat info {};

@@ -6,6 +6,26 @@
 #include <cstdint>
 #include <string>
 
+/// Tells an existing file from all others, whatever path leads to it; zeros where there is none.
+struct LFileIdentity {
+    std::uint64_t device = 0, inode = 0;
+
+    bool Exists() const { return inode != 0; }
+    bool operator==(const LFileIdentity&) const = default;
+};
+
+/// Which file it is and what is in it, as far as that shows without reading it.
+struct LFileState {
+    LFileIdentity identity;
+    std::int64_t size = 0;
+    std::int64_t changed = 0; ///< in nanoseconds since 1970, by the clock of the file system
+
+    /// Since the last change, by the clock of this computer; negative where that is behind.
+    double GetSecondsUnchanged() const;
+
+    bool operator==(const LFileState&) const = default;
+};
+
 /// Owns one open file descriptor, -1 when there is none. Every operation on a closed file fails. Ownership
 /// passes by moving, which leaves -1 behind. Not for use from two threads at once.
 class LOpenFile {
@@ -29,6 +49,7 @@ public:
 
     std::int64_t GetOffset() const; ///< -1 where there is none, as in a pipe
     std::int64_t GetSize() const;   ///< 0 where it cannot be told
+    LFileState GetState() const;    ///< zeros where it cannot be told
     bool IsRegular() const;         ///< neither a device nor a pipe nor a folder
     /// False in a pipe and before the beginning; the file stays where it is then.
     bool SeekTo(std::int64_t offset);
@@ -54,35 +75,17 @@ protected:
     int openError = 0;
 };
 
-/// Tells an existing file from all others, whatever path leads to it; zeros where there is none.
-struct LFileIdentity {
-    std::uint64_t device = 0, inode = 0;
-
-    bool Exists() const { return inode != 0; }
-    bool operator==(const LFileIdentity&) const = default;
-};
 LFileIdentity GetFileIdentity(const char* path);
 
-/// A file that is only read. It can be closed for a while, so that thousands can wait their turn.
+/// A file that is only read.
 class LReadFile : public LOpenFile {
 public:
     LReadFile() = default;
 
-    void Suspend() { static_cast<void>(Close()); } // nothing was written that could be lost
-    /// Opens the file again, at its beginning, where it was suspended; false where it is gone or another one
-    /// has taken its place.
-    [[nodiscard]] bool Resume();
-
 protected:
     /// Never waits: a named pipe without a writer opens and reads as empty; under a lock, a file that
     /// somebody else holds exclusively does not open.
-    explicit LReadFile(const char* pathToOpen, bool locked = false);
-
-private:
-    LFileIdentity GetIdentity() const;
-
-    std::string path;
-    LFileIdentity identity;
+    explicit LReadFile(const char* path, bool locked = false);
 };
 
 /// A file that is read and written.

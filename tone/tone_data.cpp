@@ -53,7 +53,8 @@ void SonvireData::SetDuration(std::uint32_t ms) {
 }
 
 LFailure SonvireData::CheckCountable() const {
-    const bool counts = !HasFlag(ToneFlagDuration) || durationMs <= MaxToneDurationMs;
+    const bool isOfTheList = IsList() && repeat == 0;
+    const bool counts = isOfTheList || !HasFlag(ToneFlagDuration) || durationMs <= MaxToneDurationMs;
     return counts ? LFailure() : "lasts longer than the 13 and a half hours that a tone can be counted for";
 }
 

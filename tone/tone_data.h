@@ -80,7 +80,7 @@ public:
     bool IsFinite() const { return HasFlag(ToneFlagDuration) && repeat == 0; }
     /// Makes the tone that long, and finite.
     void SetDuration(std::uint32_t ms);
-    /// Whether the frames of its duration can be counted.
+    /// Whether the frames of its duration can be counted, where it is the duration that it plays for.
     LFailure CheckCountable() const;
     /// The length in frames at 44100 Hz; 0 without a duration.
     int GetDurationFrames() const;

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "sound/sound_time.h"
-
+#include "sound/source_news.h"
 #include "sys/notice.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ struct ToneListReport {
     std::vector<ToneListEntry> entries;
     std::vector<std::string> files; ///< every file that is read, lists and the list itself included
     std::vector<LNotice> notices;   ///< what whoever plays the list is told
+    /// What happens to its files while it plays.
+    std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>();
 };
 
 /// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.

@@ -1,6 +1,6 @@
 #include "tone/tone_list_source.h"
 
-#include "sound/files/wave_file.h"
+#include "sound/files/waiting_wave.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_engine.h"
@@ -9,18 +9,7 @@
 
 namespace {
 
-LSoundSource OpenWave(ToneListEntry& entry) {
-    const char* path = entry.file.c_str();
-    LSoundSource source = LWaveFile::OpenSource(path);
-    const bool usable = source->status == SoundUsable;
-    if (usable)
-        entry.length = source.GetEnd();
-    if (LWaveFile::IsCutShort(path))
-        entry.problem = LWaveFile::CutShortText;
-    else if (!usable && entry.problem.empty())
-        entry.problem = LWaveFile::ExplainStatus(source->status);
-    return source;
-}
+constexpr int MaxEntryChannels = 2; // what a list can bring to one layout
 
 /// Kept quirk: from the last "." of the whole path on, also where that stands in a folder's name.
 std::string GetEntryExtension(const std::string& path) {
@@ -58,6 +47,26 @@ LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& pro
     LSoundSource source = SSFromList(list, GetFolder(path), *this).OpenSource();
     nesting.Leave();
     return source;
+}
+
+LSoundSource ToneListOpening::OpenWave(ToneListEntry& entry) {
+    LWaveHeader& known = waves[entry.file];
+    const LWaveFile wave = LWaveFile::Open(entry.file.c_str(), known);
+    known = wave.header;
+    if (wave.source->status != SoundUsable) {
+        if (entry.problem.empty())
+            entry.problem = LWaveFile::ExplainStatus(wave.source->status);
+        return {};
+    }
+    if (wave.source->channels > MaxEntryChannels) {
+        entry.problem = "has " + std::to_string(wave.source->channels) +
+                        " channels and is left out: lists play mono and stereo";
+        return {};
+    }
+    if (wave.header.IsCutShort())
+        entry.problem = LWaveFile::CutShortText;
+    entry.length = wave.source.GetEnd();
+    return LSoundSource::Make<LWaitingWave>(entry.file, wave, report.news);
 }
 
 void ToneListOpening::Tell(const std::string& path, const std::string& why) {
@@ -100,7 +109,7 @@ void SSFromList::AddFile(const std::string& written) {
 
 LSoundSource SSFromList::OpenFile(const std::string& extension, ToneListEntry& entry) {
     if (extension == ".wav")
-        return OpenWave(entry);
+        return opening.OpenWave(entry);
     if (extension == ".tdf")
         return OpenTone(entry);
     if (extension == ".tdl")
@@ -119,6 +128,8 @@ LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
     if (tone.ReadFromFile(entry.file.c_str()))
         entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
                         "; an endless sine plays, and nothing behind it";
+    else if (const LFailure uncountable = tone.CheckCountable())
+        entry.problem = uncountable.GetReason() + "; nothing behind it plays";
     else if (!IsEverLeft(tone))
         entry.problem = "is endless; nothing behind it plays";
     if (!tone.IsList()) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "sound/files/wave_header.h"
 #include "sound/stages/concatenation.h"
 #include "tone/tone_list_file.h"
 #include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"
 
+#include <map>
 #include <string>
 
 /// What goes along while a list and the lists in it are opened.
@@ -14,17 +16,21 @@ struct ToneListOpening {
     /// Opens a list, with its entries in the report. One that is left out is a source with nothing behind it;
     /// `problem` then says why.
     LSoundSource OpenList(const std::string& path, std::string& problem);
+    /// Opens the WAVE file of an entry, which waits unloaded. One that is left out is a source with nothing
+    /// behind it, and a problem of the entry's.
+    LSoundSource OpenWave(ToneListEntry& entry);
     /// Notes that something of a list is left out.
     void Tell(const std::string& path, const std::string& why);
 
     ToneListReport report{};
     ToneListNesting nesting{};
+    std::map<std::string, LWaveHeader> waves{}; ///< by path, as one file can be many entries
     bool full = false;
 };
 
 /// A concatenation whose items are the entries of a tone list, opened by their extensions (compared with
 /// regard to case): .wav by the WAVE reader, .tdf by the engine, .tdl as a list of its own. One of any other
-/// extension is noticed and skipped. A WAVE file that can't be used plays
+/// extension is noticed and skipped. A WAVE file that can't be used, or has more than two channels, plays
 /// nothing; a .tdf that can't be read plays as the default tone, which is endless, so that what follows is
 /// never reached.
 ///

@@ -3,9 +3,9 @@
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "gui/toolkit.h"
+#include "jobs/file_notices.h"
+#include "jobs/sound_input.h"
 #include "sys/desktop/message_box.h"
-#include "tone/tone_engine.h"
-#include "tone/tone_list_report.h"
 
 #include <algorithm>
 
@@ -48,11 +48,16 @@ void Playback::CmPlay() {
     player.SetDevice(FindDevice());
     player.SetTitle(tone.GetToneName());
     player.SetPlayVolume(ReadPlayVolume());
-    ToneListReport report;
-    const LSoundSource source = OpenToneEngine(tone, &report);
-    ShowNotices(report.notices);
-    view.SetLength(tone.IsFinite() ? source.GetEnd() : LSoundTime());
-    if (!player.Start(source))
+    const SoundInput input = OpenToneInput(tone, SoundLength::Any);
+    if (input.failure) {
+        player.Stop();
+        ShowNotice({"Error", "The tone can't be played: it " + input.failure.GetReason() + "."});
+        return;
+    }
+    ShowNotices(input.notices);
+    news = input.news;
+    view.SetLength(tone.IsFinite() ? input.source.GetEnd() : LSoundTime());
+    if (!player.Start(input.source))
         ReportLostOutput();
 }
 
@@ -78,6 +83,7 @@ void Playback::spntfPlay(long /*id*/) {
 }
 
 void Playback::spntfStop(long /*id*/) {
+    TellNews();
     view.ShowStopped();
     tellChange();
     if (player.GetStatus() != PlayUsable) {
@@ -86,7 +92,15 @@ void Playback::spntfStop(long /*id*/) {
     }
 }
 
+void Playback::TellNews() {
+    for (const LFileWarning& warning : news->Take())
+        toolkit.Post([warning] {
+            ShowNotice(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
+        });
+}
+
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
+    TellNews();
     if (player.IsPlaying())
         view.ShowPosition(time);
 }

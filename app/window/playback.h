@@ -2,6 +2,7 @@
 
 #include "app/window/device_list.h"
 #include "play/sound_player.h"
+#include "sound/source_news.h"
 #include "tone/tone_data.h"
 
 class LToolkit;
@@ -43,6 +44,7 @@ public:
 
 private:
     LSoundPlayDevice FindDevice();
+    void TellNews();
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
     void spntfTime(LSoundTime time, long id) override;
@@ -54,6 +56,7 @@ private:
     DeviceList& devices;
     std::function<void()> tellChange;
     LSoundPlayer player;
-    std::string deviceName; ///< what `device` was looked up for
+    std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
+    std::string deviceName;                                              ///< what `device` was looked up for
     LSoundPlayDevice device;
 };

@@ -34,9 +34,9 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
 }
 
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
-bool ConfirmProblems(const std::vector<InputWarning>& warnings) {
+bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
     std::string told;
-    for (const InputWarning& warning :
+    for (const LFileWarning& warning :
          std::span(warnings).first(std::min(warnings.size(), MostProblemsShown)))
         told += "\n\n\"" + warning.file + "\" " + warning.reason;
     if (warnings.size() > MostProblemsShown)

@@ -93,7 +93,6 @@ int LIMASoundSource::DecodeInBlock(int* buffer, int wanted) {
 }
 
 void LIMASoundSource::Seek(int sample) {
-    static_cast<void>(file.Resume()); // without it the file reads as silence
     nibblePending = false;
     samplesLeft = 0;
     if (sample <= 0 || sample > endSample) {

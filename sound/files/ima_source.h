@@ -21,8 +21,6 @@ public:
     /// Kept quirk: at most 8192 samples are decoded to get from the block's start to the place, so that in
     /// blocks of more than 4100 bytes a seek can land short of it.
     void Seek(int sample) override;
-    /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
-    void Unload() override { file.Suspend(); }
 
 private:
     int Decode(int* buffer, int wanted);

@@ -4,27 +4,49 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+
+namespace {
+
+/// Who writes a file of unknown length does it at least as often.
+constexpr int WriterSeconds = 5;
+
+} // namespace
 
 LSRCPCMFileBase::LSRCPCMFileBase(LReadFile&& opened, int rate, std::uint8_t channelCount, int limit,
                                  std::uint32_t bytesPerSample, std::uint32_t dataBytes)
     : LSoundSourceBase(rate, channelCount, limit),
       file(std::move(opened)),
       bytesPerFrame(channelCount * bytesPerSample),
-      dataStart(file.GetOffset()) {
+      dataStart(file.GetOffset()),
+      lastSize(file.GetSize()) {
     if (bytesPerFrame == 0) {
         status = SoundInvalidFormat;
         bytesPerFrame = 2;
     }
     if (!file.IsOpen())
         status = SoundCannotOpen;
-    endSample = IsDataLengthKnown(dataBytes) ? static_cast<int>(dataBytes / bytesPerFrame) : EndUnknown;
+    if (IsDataLengthKnown(dataBytes))
+        endSample = static_cast<int>(dataBytes / bytesPerFrame);
+    else
+        endSample = file.GetState().GetSecondsUnchanged() < WriterSeconds ? EndUnknown : CountFramesInFile();
+}
+
+int LSRCPCMFileBase::CountFramesInFile() const {
+    return WrapToInt((file.GetSize() - dataStart) / bytesPerFrame);
+}
+
+bool LSRCPCMFileBase::HasStoppedGrowing() const {
+    const std::int64_t size = file.GetSize();
+    const Clock::time_point now = Clock::now();
+    if (std::exchange(lastSize, size) != size)
+        lastGrowth = now;
+    return now - lastGrowth >= std::chrono::seconds(WriterSeconds);
 }
 
 int LSRCPCMFileBase::GetEndSample() const {
     if (endSample != EndUnknown)
         return endSample;
-    if (!file.IsOpen())
-        return endWhenUnloaded;
     // The length stands right before the data.
     // Kept quirk: it is read in the host's byte order, as a writer on the same machine leaves it.
     const std::int64_t offset = file.GetOffset();
@@ -33,17 +55,13 @@ int LSRCPCMFileBase::GetEndSample() const {
     if (file.Read(&dataBytes, sizeof dataBytes) == sizeof dataBytes && IsDataLengthKnown(dataBytes))
         endSample = static_cast<int>(dataBytes / bytesPerFrame);
     file.SeekTo(offset);
-    return endSample != EndUnknown ? endSample : WrapToInt((file.GetSize() - dataStart) / bytesPerFrame);
-}
-
-void LSRCPCMFileBase::Unload() {
-    endWhenUnloaded = GetEndSample();
-    file.Suspend();
+    if (endSample == EndUnknown && HasStoppedGrowing())
+        endSample = CountFramesInFile();
+    return endSample != EndUnknown ? endSample : CountFramesInFile();
 }
 
 void LSRCPCMFileBase::Seek(int sample) {
     position = sample;
-    static_cast<void>(file.Resume()); // without it the file reads as silence
     const int inFile = sample > 0 ? std::min(GetEndSample(), sample) : 0;
     file.SeekTo(dataStart + std::int64_t{inFile} * bytesPerFrame);
 }

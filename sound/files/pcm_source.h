@@ -4,21 +4,21 @@
 #include "sound/sound_source.h"
 #include "sys/file.h"
 
+#include <chrono>
 #include <cstdint>
 
 /// Reads the data chunk of a PCM WAVE file. The position counts the frames that were asked for: it may be
 /// negative or beyond the end, and what lies there is silence, as is what the file is cut short of. A file
 /// whose length is not known yet streams: its end is looked up anew, so that it can be read while another
-/// program still writes it.
+/// program still writes it. Nobody does where it was not changed for 5 seconds before it was opened, or has
+/// not grown for as long since; it then has the length that it has.
 class LSRCPCMFileBase : public LSoundSourceBase {
 public:
     int GetPositionSample() const override { return position; }
-    /// From the header; while that is not final, from the file's size, as it was last where it is unloaded.
+    /// From the header; while that is not final, from the file's size.
     int GetEndSample() const override;
     void Seek(int sample) override;
     bool IsStreaming() const override { return endSample == EndUnknown; }
-    /// Closes the file until the next `Seek`; where it is gone by then, it reads as silence.
-    void Unload() override;
 
 protected:
     /// Takes over `opened`, which stands at the first byte of the data chunk's body. No bytes per frame make
@@ -38,12 +38,17 @@ protected:
     std::uint32_t bytesPerFrame;
 
 private:
+    using Clock = std::chrono::steady_clock;
     static constexpr int EndUnknown = -1;
+
+    int CountFramesInFile() const;
+    bool HasStoppedGrowing() const;
 
     std::int64_t dataStart;
     int position = 0;
     mutable int endSample;
-    int endWhenUnloaded = 0;
+    mutable std::int64_t lastSize;
+    mutable Clock::time_point lastGrowth = Clock::now();
 };
 
 /// The same for one sample format.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sound/files/wave_header.h"
 #include "sound/sound_sink.h"
 #include "sound/sound_source.h"
 #include "sys/file.h"
@@ -11,9 +12,14 @@
 /// Written: PCM of 8 or 16 bits.
 class LWaveFile {
 public:
-    static constexpr int MaxRate = 196000;
+    static constexpr int MaxRate = LWaveFileFormat::MaxRate;
 
-    /// Never fails as such: a file that can't be used gives a source whose status says why (`LSoundStatus`).
+    LWaveHeader header;
+    LSoundSource source; ///< of a file that can't be used, one whose status says why (`LSoundStatus`)
+
+    /// A header that was read before is not read again while the file is as it was then.
+    static LWaveFile Open(const char* path, const LWaveHeader& known = {});
+    /// The source alone.
     static LSoundSource OpenSource(const char* path);
 
     /// What such a status means, in words for the user.
@@ -23,8 +29,6 @@ public:
     static LFailure CheckLength(double frames, int channels, int bits);
 
     static constexpr const char* CutShortText = "is cut short; silence stands for the rest";
-    /// True where the header promises more data than the file holds; what is missing reads as silence.
-    static bool IsCutShort(const char* path);
 
     /// Creates the file, or goes on writing an existing one behind its first `startSample` frames. Up to 8
     /// bits are stored as 8, up to 16 as 16; for more the sink has nothing behind it.

@@ -24,6 +24,7 @@ struct LWaveFileFormat {
     static constexpr std::uint16_t TagPCM = 1;
     static constexpr std::uint16_t TagIMAADPCM = 0x0011;
     static constexpr int HeaderBytes = 46;
+    static constexpr int MaxRate = 196000;
 
     std::uint16_t tag = TagPCM;
     std::uint16_t channels = 1;

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <optional>
 #include <sys/resource.h>
 
@@ -217,12 +218,50 @@ TEST_F(ToneList, ThousandsOfFilesNeedFewHandles) {
     setrlimit(RLIMIT_NOFILE, &old);
 }
 
-TEST_F(ToneList, AFileThatIsReplacedBeforeItsTurnIsSilent) {
-    const std::string list = List("list.tdl", {Wave("a.wav", 2, 16), Wave("b.wav", 2, 32)});
+TEST_F(ToneList, AFileThatIsReplacedBeforeItsTurnPlaysIfItCan) {
+    const auto setGone = [&] { std::filesystem::remove(Path("b.wav")); };
+    const auto replace = [&](int frames, int rate) {
+        std::filesystem::rename(Wave("new.wav", frames, 48, rate), Path("b.wav"));
+    };
+    const std::string silence = Path("b.wav") + " ";
+    struct {
+        std::function<void()> change;
+        std::vector<int> played;
+        std::string told;
+    } const cases[] = {
+        {[&] { replace(2, 44100); }, {16, 16, 48, 48, 16}, ""},
+        {[&] { replace(1, 44100); }, {16, 16, 48, 16, 0}, ""},     // the file's own length
+        {[&] { Wave("b.wav", 2, 64); }, {16, 16, 64, 64, 16}, ""}, // written over
+        {[&] { replace(2, 22050); },
+         {16, 16, 0, 0, 16},
+         silence + "has been replaced by a file of another format"},
+        {setGone, {16, 16, 0, 0, 16}, silence + "can't be opened"},
+    };
+    for (const auto& each : cases) {
+        const std::string a = Wave("a.wav", 2, 16), c = Wave("c.wav", 1, 16);
+        ToneListReport report;
+        const LSoundSource source = OpenToneList(List("list.tdl", {a, Wave("b.wav", 2, 32), c}), &report);
+        each.change();
+        for (const int pass : {1, 2}) {
+            EXPECT_EQ(ReadFrames(*source, 5), each.played) << each.told;
+            const std::vector<LFileWarning> news = report.news->Take();
+            EXPECT_EQ(news.empty() ? "" : news[0].file + " " + news[0].reason, pass == 1 ? each.told : "");
+            source->Seek(0);
+        }
+    }
+}
+
+TEST_F(ToneList, AnEntryOfMoreThanTwoChannelsIsLeftOut) {
+    const std::vector<int> six(6 * 9, 99);
+    LWaveFile::OpenSinkPCM(Path("six.wav").c_str(), 96000, 6, 16, 0)->Write(six.data(), 9);
+    const std::string list = List("list.tdl", {Wave("a.wav", 2, 16), Path("six.wav"), Wave("b.wav", 1, 32)});
     const LSoundSource source = Open(list);
-    Wave("new.wav", 2, 48);
-    std::filesystem::rename(Path("new.wav"), Path("b.wav"));
-    EXPECT_EQ(ReadFrames(*source, 4), (std::vector<int>{16, 16, 0, 0}));
+    EXPECT_EQ(source->sampleRate, 44100) << "nor does its rate count";
+    EXPECT_EQ(source->channels, 1);
+    EXPECT_EQ(source->GetEndSample(), 3);
+    EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{16, 16, 32}));
+    EXPECT_EQ(DescribeReport(list)[1],
+              "0 six.wav 0 has 6 channels and is left out: lists play mono and stereo");
 }
 
 TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
@@ -235,7 +274,8 @@ TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
                             "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
                             "0 looped.tdf 8500 is endless; nothing behind it plays",
                             "0 none.tdf 60000 is endless; nothing behind it plays",
-                            "0 wraps.tdf 60000 is endless; nothing behind it plays",
+                            "0 wraps.tdf 60000 lasts longer than the 13 and a half hours that a tone can be "
+                            "counted for; nothing behind it plays",
                             "0 odd.xyz 0 is of an unknown type and left out"));
 }
 

@@ -1,4 +1,5 @@
 #include "app/window/playback.h"
+#include "sound/files/wave_file.h"
 #include "support/app_window.h"
 
 #include <gmock/gmock.h>
@@ -47,9 +48,45 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     playback.CmPlay();
     EXPECT_EQ(view.seen.back(), "at 0");
     EXPECT_EQ(view.seen[view.seen.size() - 2], "length 0") << "it has no end";
+    tone.SetDuration(24 * 3600 * 1000);
+    for (const int waveform : {ToneSine, ToneWhiteNoise}) {
+        tone.waveform = static_cast<std::uint8_t>(waveform);
+        playback.CmPlay();
+        EXPECT_FALSE(playback.IsPlaying());
+        EXPECT_THAT(toolkit->boxes.back(), ::testing::HasSubstr("can't be played: it lasts longer than"));
+    }
     playback.End();
-    EXPECT_FALSE(playback.IsPlaying());
     EXPECT_EQ(changes, 6);
+}
+
+TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
+    toolkit.emplace();
+    const auto write = [&](const char* name, int rate) {
+        const std::vector<int> samples(100, 16);
+        LWaveFile::OpenSinkPCM((folder / name).c_str(), rate, 1, 16, 0)->Write(samples.data(), 100);
+    };
+    write("a.wav", 44100);
+    SonvireData tone;
+    tone.waveform = ToneFromList;
+    tone.SetDuration(10);
+    tone.repeat = 1;
+    WriteList("list.tdl", "1000ms silence.\na.wav\n").copy(tone.listPath, sizeof tone.listPath - 1);
+    SeenPlayback view;
+    DeviceList devices(
+        *toolkit, [] { return Texts{}; }, [](const Texts&) {});
+    Playback playback(*toolkit, tone, view, devices, output.Opener());
+    playback.Begin([] {});
+    playback.CmPlay();
+    write("new.wav", 8000);
+    std::filesystem::rename(folder / "new.wav", folder / "a.wav");
+    EXPECT_TRUE(WaitForPlayback(1));
+    EXPECT_TRUE(Wait([&] {
+        output.Take(4410);
+        return !toolkit->boxes.empty();
+    }));
+    playback.End();
+    EXPECT_THAT(Boxes(),
+                ::testing::HasSubstr("a.wav\" has been replaced by a file of another format; silence"));
 }
 
 } // namespace

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sys/stat.h>
+#include <thread>
 
 namespace {
 
@@ -185,12 +187,12 @@ TEST(WaveFile, AFrameThatTheFileCutsShortIsSilentFromTheCutOn) {
     const TempDir dir;
     const std::string stereo = Format(1, 2, 8000, 16);
     WriteBytes(dir / "cut.wav", Wave(stereo + "data" + Le(12, 4) + ThreeSamples + "\x7F"));
-    EXPECT_TRUE(LWaveFile::IsCutShort((dir / "cut.wav").c_str()));
-    const LSoundSource source = LWaveFile::OpenSource((dir / "cut.wav").c_str());
+    const auto [header, source] = LWaveFile::Open((dir / "cut.wav").c_str());
+    EXPECT_TRUE(header.IsCutShort());
     EXPECT_EQ(source->GetEndSample(), 3);
     EXPECT_EQ(ReadFrames(*source, 3), (std::vector<int>{16, 32, -16, 0, 0, 0}));
     WriteBytes(dir / "whole.wav", Wave(stereo + Chunk("data", ThreeSamples + "\x7F\x7F")));
-    EXPECT_FALSE(LWaveFile::IsCutShort((dir / "whole.wav").c_str()));
+    EXPECT_FALSE(LWaveFile::Open((dir / "whole.wav").c_str()).header.IsCutShort());
 }
 
 TEST(WaveFile, AFileOfUnknownLengthStreamsUntilItsLengthIsWritten) {
@@ -199,20 +201,38 @@ TEST(WaveFile, AFileOfUnknownLengthStreamsUntilItsLengthIsWritten) {
     for (const std::uint32_t unknown : {0xFFFFFFFFu, 0xFFFFFFD9u}) {
         const std::string head = Wave(Pcm16 + "data");
         WriteBytes(path, head + Le(unknown, 4) + ThreeSamples);
-        const LSoundSource source = LWaveFile::OpenSource(path.c_str());
+        const auto [header, source] = LWaveFile::Open(path.c_str());
         EXPECT_TRUE(source->IsStreaming());
-        EXPECT_FALSE(LWaveFile::IsCutShort(path.c_str()));
+        EXPECT_FALSE(header.IsCutShort());
         EXPECT_EQ(source->GetEndSample(), 3);
-        EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{16, 32}));
-        source->Unload();
         WriteBytes(path, head + Le(unknown, 4) + ThreeSamples + ThreeSamples);
-        EXPECT_EQ(source->GetEndSample(), 3) << "as it was last";
         source->Seek(2);
         EXPECT_EQ(source->GetEndSample(), 6);
         EXPECT_EQ(ReadFrames(*source, 2), (std::vector<int>{-16, 16})) << "looking must not move the file";
         WriteBytes(path, head + Le(10, 4) + ThreeSamples + ThreeSamples);
         EXPECT_EQ(source->GetEndSample(), 5);
         EXPECT_FALSE(source->IsStreaming());
+    }
+}
+
+TEST(WaveFile, AFileOfUnknownLengthThatNobodyWritesHasTheLengthThatItHas) {
+    const TempDir dir;
+    const std::string path = dir / "left.wav";
+    WriteBytes(path, Wave(Pcm16 + "data") + Le(0xFFFFFFFF, 4) + ThreeSamples);
+    const LSoundSource playing = LWaveFile::OpenSource(path.c_str());
+    for (const auto& [seconds, streams] : {std::pair{3, true}, {6, false}}) {
+        std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() -
+                                                   std::chrono::seconds(seconds));
+        const LSoundSource opened = LWaveFile::OpenSource(path.c_str());
+        EXPECT_EQ(opened->IsStreaming(), streams) << seconds;
+        EXPECT_EQ(opened->GetEndSample(), 3);
+    }
+    WriteBytes(path, Wave(Pcm16 + "data") + Le(0xFFFFFFFF, 4) + ThreeSamples + ThreeSamples);
+    EXPECT_EQ(playing->GetEndSample(), 6);
+    EXPECT_TRUE(playing->IsStreaming());
+    while (playing->IsStreaming()) { // for five seconds
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        EXPECT_EQ(playing->GetEndSample(), 6);
     }
 }
 
