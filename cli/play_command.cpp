@@ -114,6 +114,7 @@ void AddPlayCommand(CLI::App& program, int& status) {
         ->check(DecimalIn(-127, 127))
         ->type_name("DB")
         ->capture_default_str();
+    AddSeedOption(*command);
     AddToneOptions(*command, options->tone);
     command->callback([options, &status] { status = Play(*options); });
 }

@@ -113,6 +113,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
         ->capture_default_str();
     command->add_flag("--strict", options->strict, "Fail where an entry of a list can't be used");
     command->add_flag("--quiet", options->quiet, "Show no progress");
+    AddSeedOption(*command);
     AddToneOptions(*command, options->tone);
     command->callback([options, &status] { status = Render(*options); });
 }

@@ -1,6 +1,7 @@
 #include "cli/tone_options.h"
 
 #include "cli/text.h"
+#include "sys/random.h"
 #include "tone/waveforms.h"
 
 #include <CLI/App.hpp>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -180,6 +182,15 @@ void AddToneOptions(CLI::App& command, ToneOptions& options) {
     add("--duration", options.durationMs, "How long the tone lasts, in milliseconds", "MS")
         ->check(DecimalIn(1, MaxToneDurationMs));
     command.add_flag("--loop", options.loop, "Play the tone over and over")->group("Tone");
+}
+
+void AddSeedOption(CLI::App& command) {
+    command
+        .add_option_function<int>(
+            "--seed", [](int seed) { FixRandomSeed(static_cast<std::uint32_t>(seed)); },
+            "Makes white and pink noise the same every time; without it, they always differ")
+        ->check(DecimalIn(0, std::numeric_limits<int>::max()))
+        ->type_name("N");
 }
 
 DescribedTone MakeTone(const ToneOptions& options) {

@@ -27,6 +27,9 @@ struct ToneOptions {
 /// Adds the options to a command. `options` must outlive it.
 void AddToneOptions(CLI::App& command, ToneOptions& options);
 
+/// Adds `--seed`, which makes the noises that are opened from then on the same every time.
+void AddSeedOption(CLI::App& command);
+
 /// The tone that the options describe, or why they describe none.
 struct DescribedTone {
     SonvireData tone;

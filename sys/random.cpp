@@ -1,6 +1,6 @@
 #include "sys/random.h"
 
-#include <ctime>
+#include <chrono>
 #include <mutex>
 #include <optional>
 
@@ -16,8 +16,10 @@ std::uint32_t Randomize() {
     const std::lock_guard lock(mutex);
     if (fixedSeed)
         return (*fixedSeed)++;
-    lastSeed =
-        static_cast<std::uint32_t>(std::time(nullptr)) ^ static_cast<std::uint32_t>(LRandom(lastSeed).Draw());
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    const std::int64_t nanoseconds = std::chrono::nanoseconds(now).count();
+    lastSeed = static_cast<std::uint32_t>(nanoseconds ^ nanoseconds >> 32) ^
+               static_cast<std::uint32_t>(LRandom(lastSeed).Draw());
     return lastSeed;
 }
 

@@ -14,7 +14,7 @@ private:
     std::mt19937 generator;
 };
 
-/// A new seed on every call: the time in seconds, XORed with a number drawn from the seed before.
+/// A new seed on every call: the time in nanoseconds, XORed with a number drawn from the seed before.
 /// Thread-safe.
 std::uint32_t Randomize();
 

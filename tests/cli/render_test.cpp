@@ -107,6 +107,17 @@ TEST_F(Render, WhatIsTooLoudIsLimitedNotWrapped) {
     }
 }
 
+TEST_F(Render, NoiseIsTheSameForASeedOnly) {
+    for (const std::string noise : {"white", "pink"}) {
+        const auto render = [&](const std::string& seed) {
+            EXPECT_EQ(Cli("render " + seed + " --waveform " + noise + " --duration 100 n.wav").status, 0);
+            return Read("n.wav");
+        };
+        EXPECT_EQ(render("--seed 5"), render("--seed 5"));
+        EXPECT_NE(render("--seed 5"), render("--seed 6"));
+    }
+}
+
 TEST_F(Render, EndlessTonesNeedADuration) {
     for (const std::string name : {"endless.tdf", "loop.tdf"}) {
         ExpectRefused(Cli("render " + name + " e.wav"),
