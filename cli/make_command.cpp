@@ -27,6 +27,7 @@ int Make(const MakeOptions& options) {
         return Refuse(options.output, "is no name for a tone file, which ends in .tdf");
     if (const LFailure failure = described.tone.WriteToFile(options.output.c_str()))
         return Refuse(options.output, "can't be written: " + failure.GetReason());
+    HintAtShortDuration(options.tone);
     return ExitCompleted;
 }
 

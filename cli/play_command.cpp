@@ -80,6 +80,7 @@ int PlayInput(const PlayOptions& options, const std::string& name, const SoundIn
         if (device.IsDefault())
             return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
     }
+    HintAtShortDuration(options.tone);
     for (const LFileWarning& warning : input.warnings)
         Warn(warning.file, warning.reason);
     return PlayThrough(options, name, input, device);
@@ -111,7 +112,7 @@ void AddPlayCommand(CLI::App& program, int& status) {
     command
         ->add_option("--volume", options->volumeDb,
                      "Volume in dB: -36 and less is silence, 13 and more plays at full level")
-        ->check(DecimalIn(-127, 127))
+        ->transform(WholeIn(Levels, -127, 127))
         ->type_name("DB")
         ->capture_default_str();
     AddSeedOption(*command);

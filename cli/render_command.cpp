@@ -57,8 +57,10 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
         RenderToFile(input, target,
                      {.confirm = [&](const auto& warnings) { return Confirm(warnings, options.strict); },
                       .run = [&](LPRSourceToSink& job) { return RunJob(job, options.quiet); }});
-    if (!outcome.failure)
+    if (!outcome.failure) {
+        HintAtShortDuration(options.tone);
         return static_cast<int>(outcome.result);
+    }
     const bool standardOutput = target.path == WaveOutput::StandardOutput;
     if (outcome.ofTheOutput)
         return Refuse(standardOutput ? "standard output" : target.path, outcome.failure.GetReason());
@@ -101,7 +103,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
         ->expected(1, 2)
         ->type_name("[INPUT] OUTPUT");
     command->add_option("--rate", options->rate, "Sample rate; without it, the input's own")
-        ->check(DecimalIn(1, LWaveFile::MaxRate))
+        ->transform(WholeIn(Rates, 1, LWaveFile::MaxRate))
         ->type_name("HZ");
     command
         ->add_option("--channels", options->channels, "1 (mono) or 2 (stereo); without it, the input's own")

@@ -4,7 +4,6 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <sstream>
 
 std::string ToLower(std::string text) {
@@ -38,10 +37,23 @@ CLI::Validator DecimalIn(int lowest, int highest) {
         range);
 }
 
-std::optional<double> ParseNumber(const std::string& text) {
-    char* end = nullptr;
-    const double value = std::strtod(text.c_str(), &end);
-    if (text.empty() || *end != '\0' || !std::isfinite(value))
+std::string ExplainNone(const TypedKind& kind, const std::string& text) {
+    return "\"" + text + "\" is not understood; " + kind.examples + " are";
+}
+
+CLI::Validator WholeIn(const TypedKind& kind, int lowest, int highest) {
+    const std::string range = std::to_string(lowest) + " to " + std::to_string(highest);
+    const auto take = [=](std::string& text) -> std::string {
+        const std::optional<double> value = kind.parse(text);
+        if (!value)
+            return ExplainNone(kind, text);
+        const double whole = std::round(*value);
+        if (std::fabs(*value - whole) > 1e-6) // of 44.1k, which is not exact
+            return "\"" + text + "\" is not a whole number of " + kind.unit;
+        if (whole < lowest || whole > highest)
+            return "\"" + text + "\" is not in the range " + range + " " + kind.unit;
+        text = std::to_string(static_cast<int>(whole));
         return {};
-    return value;
+    };
+    return CLI::Validator(take, range);
 }

@@ -1,5 +1,6 @@
 #include "cli/tone_options.h"
 
+#include "cli/refusal.h"
 #include "cli/text.h"
 #include "sys/random.h"
 #include "tone/waveforms.h"
@@ -14,6 +15,8 @@
 #include <vector>
 
 namespace {
+
+constexpr unsigned int ShortMs = 50;
 
 /// The waveforms that options can describe, by their usual names: "sine, square, ...".
 std::string ListWaveforms() {
@@ -75,10 +78,10 @@ private:
 
     void SetComponents() {
         made.tone.numTones = static_cast<std::uint8_t>(options.tones.value_or(CountComponents()));
-        SetValues("--frequency", options.frequency, made.tone.startLeftHz);
+        SetValues("--frequency", Frequencies, options.frequency, made.tone.startLeftHz);
         if (!options.right.empty()) {
             SetFlag(ToneFlagStereo);
-            SetValues("--right", options.right, made.tone.startRightHz);
+            SetValues("--right", Frequencies, options.right, made.tone.startRightHz);
         }
         SetSweep();
         if (!options.amplitude.empty())
@@ -107,14 +110,14 @@ private:
         SetFlag(ToneFlagDuration);
         if (options.sweep == "log")
             SetFlag(ToneFlagLogSweep);
-        SetValues("--end", options.end, made.tone.endLeftHz);
+        SetValues("--end", Frequencies, options.end, made.tone.endLeftHz);
         if (!options.endRight.empty())
-            SetValues("--end-right", options.endRight, made.tone.endRightHz);
+            SetValues("--end-right", Frequencies, options.endRight, made.tone.endRightHz);
     }
 
     void SetAmplitudes() {
         double decibels[MaxTones];
-        SetValues("--amplitude", options.amplitude, decibels);
+        SetValues("--amplitude", Levels, options.amplitude, decibels);
         if (!made.problem.empty())
             return;
         SetFlag(ToneFlagVariableAmplitude);
@@ -127,7 +130,8 @@ private:
     }
 
     /// One value per component, or one for all.
-    void SetValues(const std::string& option, const std::string& text, double (&values)[MaxTones]) {
+    void SetValues(const std::string& option, const TypedKind& kind, const std::string& text,
+                   double (&values)[MaxTones]) {
         const std::vector<std::string> parts = SplitAtCommas(text);
         const std::size_t count = made.tone.numTones;
         if (count < 1 || count > MaxTones)
@@ -138,9 +142,10 @@ private:
             return Fail(option + ": " + std::to_string(parts.size()) + " values don't fit " +
                         std::to_string(count) + (count == 1 ? " component" : " components"));
         for (std::size_t i = 0; i < count; ++i) {
-            const std::optional<double> value = ParseNumber(parts[parts.size() == 1 ? 0 : i]);
+            const std::string& part = parts[parts.size() == 1 ? 0 : i];
+            const std::optional<double> value = kind.parse(part);
             if (!value)
-                return Fail(option + ": \"" + parts[parts.size() == 1 ? 0 : i] + "\" is not a number");
+                return Fail(option + ": " + ExplainNone(kind, part));
             values[i] = *value;
         }
     }
@@ -172,16 +177,29 @@ void AddToneOptions(CLI::App& command, ToneOptions& options) {
         "NAME");
     add("--tones", options.tones, "How many components sound; without it, as many as values are given", "N")
         ->check(DecimalIn(1, MaxTones));
-    add("--frequency", options.frequency, "Frequency of each component, or one for all: 440,550,660", "HZ");
+    add("--frequency", options.frequency, "Frequency of each component, or one for all: 440,1.5k,A4", "HZ");
     add("--right", options.right, "The right channel's frequencies; makes the tone stereo", "HZ");
     add("--end", options.end, "Where a sweep ends", "HZ");
     add("--end-right", options.endRight, "Where the right channel's sweep ends", "HZ");
     add("--sweep", options.sweep, "linear (without this option) or log", "KIND")
         ->check(CLI::IsMember({"linear", "log"}));
     add("--amplitude", options.amplitude, "Level of each component, -127 (silence) to 0: 0,-6,-12", "DB");
-    add("--duration", options.durationMs, "How long the tone lasts, in milliseconds", "MS")
-        ->check(DecimalIn(1, MaxToneDurationMs));
+    add("--duration", options.durationMs, "How long the tone lasts: 500ms, 5s, 1:30", "MS")
+        ->transform(WholeIn(Durations, 1, MaxToneDurationMs))
+        ->transform(CLI::Validator(
+            [&options](const std::string& text) {
+                options.durationIsBare = text.find_first_not_of("0123456789") == std::string::npos;
+                return std::string();
+            },
+            ""));
     command.add_flag("--loop", options.loop, "Play the tone over and over")->group("Tone");
+}
+
+void HintAtShortDuration(const ToneOptions& options) {
+    if (!options.durationIsBare || options.durationMs.value_or(ShortMs) >= ShortMs)
+        return;
+    const std::string number = std::to_string(*options.durationMs);
+    Warn("--duration " + number, "these are milliseconds; " + number + "s would be seconds");
 }
 
 void AddSeedOption(CLI::App& command) {

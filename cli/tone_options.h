@@ -18,6 +18,7 @@ struct ToneOptions {
     std::string sweep;
     std::optional<int> tones;
     std::optional<unsigned int> durationMs;
+    bool durationIsBare = false; ///< typed without a unit
     bool loop = false;
 
     /// True where any option but the duration was given, which may as well belong to an input file.
@@ -26,6 +27,9 @@ struct ToneOptions {
 
 /// Adds the options to a command. `options` must outlive it.
 void AddToneOptions(CLI::App& command, ToneOptions& options);
+
+/// Warns of a duration so short that its bare number may have been meant as seconds.
+void HintAtShortDuration(const ToneOptions& options);
 
 /// Adds `--seed`, which makes the noises that are opened from then on the same every time.
 void AddSeedOption(CLI::App& command);

@@ -32,6 +32,8 @@ TEST_F(ToneCommands, MakeDescribesAnyTone) {
         {"--waveform SAW --frequency 440,550 --duration 250",
          "Saw Tooth" + timed + "; 256 440.00Hz; 257 550.00Hz; 1536 250ms"},
         {"--waveform 'Pink Noise' --duration 5", "Pink Noise" + timed + "; 1536 5ms"},
+        {"--frequency 1.5k,A4 --amplitude '-3 dB,-6' --duration 1:30",
+         "Sine" + timed + "; 256 1500.00Hz; 1280 -3dB; 257 440.00Hz; 1281 -6dB; 1536 90000ms"},
         {"--waveform white --loop", "White Noise" + timed + " loop; 1536 1000ms"},
         {"--tones 2 --frequency 60 --amplitude 0,-12",
          endless + "; 256 60.00Hz; 1280 0dB; 257 60.00Hz; 1281 -12dB"},
@@ -49,9 +51,9 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
         {"--waveform blue", "--waveform: \"blue\" is none of sine"},
         {"--tones 3 --frequency 1,2", "--frequency: 2 values don't fit 3 components"},
         {"--frequency 1,2 --amplitude 0,-1,-2", "--frequency: 2 values don't fit 3 components"},
-        {"--frequency 1,x", "--frequency: \"x\" is not a number"},
-        {"--frequency nan", "\"nan\" is not a number"},
-        {"--frequency 1,", "\"\" is not a number"},
+        {"--frequency 1,x", "--frequency: \"x\" is not understood; 440, 1.5k"},
+        {"--frequency nan", "\"nan\" is not understood"},
+        {"--frequency 1,", "\"\" is not understood"},
         {"--frequency 1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17", "1 to 16 components"},
         {"--amplitude 1", "between -127 and 0"},
         {"--amplitude -128", "between -127 and 0"},
@@ -62,7 +64,9 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
         {"--right 5 --end 5", "needs --end-right"},
         {"--end 5 --end-right 5", "needs --right"},
         {"--waveform pink --frequency 5", "Pink Noise has no components"},
-        {"--duration 0", "--duration"},
+        {"--duration 0", "\"0\" is not in the range 1 to 48695774 milliseconds"},
+        {"--duration 1.5", "\"1.5\" is not a whole number of milliseconds"},
+        {"--duration 5kHz", "\"5kHz\" is not understood; 500, 500ms, 5s and 1:30 are"},
     };
     for (const auto& [options, reason] : cases)
         ExpectRefused(Cli(std::string("make ") + options + " t.tdf"), {reason});
