@@ -10,6 +10,8 @@ class App;
 void AddRenderCommand(CLI::App& program, int& status);
 /// `make` writes a tone described by options into a tone file.
 void AddMakeCommand(CLI::App& program, int& status);
+/// `list` writes a tone list.
+void AddListCommand(CLI::App& program, int& status);
 /// `show` prints what a tone, a list or a WAVE file holds.
 void AddShowCommand(CLI::App& program, int& status);
 /// `play` plays a tone, a list or a WAVE file to its end or until it is interrupted.

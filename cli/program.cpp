@@ -14,6 +14,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     int status = ExitCompleted;
     AddRenderCommand(program, status);
     AddMakeCommand(program, status);
+    AddListCommand(program, status);
     AddShowCommand(program, status);
 #ifdef SONVIRE_PLAYS
     AddPlayCommand(program, status);

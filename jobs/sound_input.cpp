@@ -19,15 +19,23 @@ SoundInput Refused(LFailure failure) {
     return {.source = {}, .failure = std::move(failure)};
 }
 
-/// A file that several entries name is told once.
-std::vector<LFileWarning> CollectWarnings(const ToneListReport& report) {
-    std::vector<LFileWarning> warnings;
-    std::set<std::pair<std::string, std::string>> told;
-    for (const ToneListEntry& entry : report.entries)
-        if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
-            warnings.push_back({entry.file, entry.problem});
-    return warnings;
-}
+/// Numbers the entries of a list and of the lists in it.
+class EntryNumber {
+public:
+    void MoveTo(const ToneListEntry& entry) {
+        places.resize(static_cast<std::size_t>(entry.depth) + 1);
+        ++places.back();
+    }
+    std::string ToText() const {
+        std::string text;
+        for (const int place : places)
+            text += (text.empty() ? "" : ".") + std::to_string(place);
+        return text;
+    }
+
+private:
+    std::vector<int> places; ///< by depth
+};
 
 /// What can be counted of a list is less than it may last.
 LFailure CheckPlayable(const SoundInput& input, SoundLength length) {
@@ -95,6 +103,18 @@ SoundInput OpenByKind(const std::string& path, std::optional<unsigned int> durat
 }
 
 } // namespace
+
+std::vector<LFileWarning> CollectWarnings(const ToneListReport& report) {
+    std::vector<LFileWarning> warnings;
+    std::set<std::pair<std::string, std::string>> told;
+    EntryNumber number;
+    for (const ToneListEntry& entry : report.entries) {
+        number.MoveTo(entry);
+        if (!entry.problem.empty() && told.emplace(entry.file, entry.problem).second)
+            warnings.push_back({entry.file, entry.problem + " (entry " + number.ToText() + ")"});
+    }
+    return warnings;
+}
 
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
     if (length == SoundLength::Finite && !tone.IsFinite()) {

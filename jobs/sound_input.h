@@ -9,6 +9,12 @@
 #include <string>
 #include <vector>
 
+struct ToneListReport;
+
+/// What of a list will not sound as its user may expect, each file once, with its entry's number in the list:
+/// 2.3 is the third entry of the list that is the second.
+std::vector<LFileWarning> CollectWarnings(const ToneListReport& report);
+
 /// Whether the sound has to end, or may go on for ever.
 enum class SoundLength { Finite, Any };
 

@@ -107,6 +107,28 @@ TEST_F(ToneCommands, ShowAndRenderTakeLists) {
     EXPECT_EQ(Cli("render outer.tdl w.wav").status, 2) << "however deep";
 }
 
+TEST_F(ToneCommands, ListWritesEntriesInPlayingOrder) {
+    Made("--frequency 440 --duration 500");
+    std::filesystem::create_directory(Path("sub"));
+    std::filesystem::create_directory(Path("5s")); // a name, not a silence
+    Write("5s/a.wav", "no sound");
+    EXPECT_EQ(Cli("list sub/inner.tdl t.tdf 0:01").errors, "");
+    EXPECT_EQ(Read("sub/inner.tdl"), "1000ms silence.\n../t.tdf\n");
+    const ProgramResult outer = Cli("list o.tdl sub/../5s/a.wav 20 sub/inner.tdl " + Path("t.tdf"));
+    EXPECT_EQ(outer.errors, "sonvire-cli: warning: 5s/a.wav: is damaged or no WAVE file (entry 1)\n");
+    EXPECT_EQ(Read("o.tdl"), Path("t.tdf") + "\nsub/inner.tdl\n20ms silence.\n5s/a.wav\n");
+    EXPECT_THAT(Cli("show o.tdl").output, HasSubstr("\n  sub/../t.tdf "));
+    const std::pair<const char*, const char*> refused[] = {
+        {"list o.tdl gone.tdf", "gone.tdf: No such file"},
+        {"list o.tdl 5s", "5s: Is a directory"},
+        {"list o.tdl o.tdl t.tdx", "t.tdx: No such file"},
+        {"list o.wav t.tdf", "o.wav: is no name for a tone list"},
+        {"list o.tdl", "ENTRY is required"}};
+    for (const auto& [command, reason] : refused)
+        ExpectRefused(Cli(command), {reason});
+    EXPECT_THAT(Read("o.tdl"), HasSubstr("20ms")) << "as it was";
+}
+
 TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
     SonvireData tone;
     tone.waveform = ToneFromList;
@@ -126,7 +148,7 @@ TEST_F(ToneCommands, AnEntryThatCanNotBeUsedIsNamed) {
     EXPECT_FALSE(WriteToneListFile(Path("list.tdl").c_str(), {"gone.wav", "100ms silence."}));
     const ProgramResult lenient = Cli("render list.tdl o.wav");
     EXPECT_EQ(lenient.status, 0);
-    EXPECT_EQ(lenient.errors, "sonvire-cli: warning: gone.wav: No such file or directory\n");
+    EXPECT_EQ(lenient.errors, "sonvire-cli: warning: gone.wav: No such file or directory (entry 1)\n");
     EXPECT_EQ(Read("o.wav").size(), 46u + 2 * 800);
     Write("o.wav", "kept");
     ExpectRefused(Cli("render --strict list.tdl o.wav"),

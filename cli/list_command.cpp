@@ -1,0 +1,90 @@
+#include "cli/commands.h"
+
+#include "cli/refusal.h"
+#include "jobs/sound_input.h"
+#include "jobs/tone_lists.h"
+#include "sys/file.h"
+#include "sys/path.h"
+#include "tone/tone_list_file.h"
+#include "tone/tone_list_report.h"
+#include "tone/typed_value.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <cmath>
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+struct ListOptions {
+    std::string output;
+    std::vector<std::string> entries;
+};
+
+/// A file's path as the list has it: from the list's folder on, unless it was given in full.
+std::string PlaceBeside(const std::string& list, const std::string& file) {
+    if (file.front() == '/')
+        return file;
+    std::error_code ignored;
+    const auto folder = std::filesystem::absolute(GetFolder(list), ignored).lexically_normal();
+    return std::filesystem::absolute(file, ignored).lexically_normal().lexically_proximate(folder).string();
+}
+
+bool IsForLists(const std::string& file) {
+    const std::string extension = GetExtension(file);
+    return extension == ".tdf" || extension == ".wav" || extension == ".tdl";
+}
+
+LFailure CheckEntry(const std::string& list, const std::string& file) {
+    if (LFailure unreadable = CheckReadable(file))
+        return unreadable;
+    if (!IsForLists(file))
+        return "is of an unknown type: lists play .tdf, .wav and .tdl files, and silences such as 500ms";
+    return CheckListEntry(PlaceBeside(list, file));
+}
+
+/// The length of an entry that is a silence: one that is typed like a duration and is no file's name.
+std::optional<int> ParseSilence(const std::string& entry) {
+    const std::optional<double> ms = FileExists(entry) ? std::nullopt : ParseDuration(entry);
+    const bool fits = ms && *ms >= 0 && *ms <= MaxToneDurationMs;
+    return fits ? std::optional(static_cast<int>(std::lround(*ms))) : std::nullopt;
+}
+
+int MakeList(const ListOptions& options) {
+    if (!HasExtension(options.output, ".tdl"))
+        return Refuse(options.output, "is no name for a tone list, which ends in .tdl");
+    std::vector<std::string> rows;
+    for (const std::string& entry : options.entries) {
+        if (const std::optional<int> silence = ParseSilence(entry)) {
+            rows.push_back(std::to_string(*silence) + SilenceSuffix);
+            continue;
+        }
+        if (const LFailure failure = CheckEntry(options.output, entry))
+            return Refuse(entry, failure.GetReason());
+        rows.push_back(PlaceBeside(options.output, entry));
+    }
+    if (const LFailure failure = WriteToneListFile(options.output.c_str(), rows))
+        return Refuse(options.output, "can't be written: " + failure.GetReason());
+    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(options.output)))
+        Warn(warning.file, warning.reason);
+    return ExitCompleted;
+}
+
+} // namespace
+
+void AddListCommand(CLI::App& program, int& status) {
+    const auto options = std::make_shared<ListOptions>();
+    CLI::App* command = program.add_subcommand("list", "Write a tone list of files and silences");
+    command->add_option("OUTPUT", options->output, "The tone list (.tdl) to write")->required();
+    command
+        ->add_option(
+            "ENTRY", options->entries,
+            "What plays, in this order: tones (.tdf), WAVE files (.wav), lists (.tdl), and silences by "
+            "their length, such as 500ms")
+        ->required()
+        ->type_name("");
+    command->callback([options, &status] { status = MakeList(*options); });
+}
