@@ -7,6 +7,7 @@
 #include "cli/tone_options.h"
 #include "jobs/render_file.h"
 #include "sound/files/wave_file.h"
+#include "sys/path.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -81,11 +82,17 @@ int RenderTone(const RenderOptions& options) {
 }
 
 int Render(const RenderOptions& options) {
-    if (!options.tone.DescribeTone())
-        return options.files.size() == 2 ? RenderFile(options) : Misuse("INPUT and OUTPUT are required");
-    return options.files.size() == 1
-               ? RenderTone(options)
-               : Misuse("the tone options stand in place of INPUT: OUTPUT alone is required");
+    const std::vector<std::string>& files = options.files;
+    if (files.empty() ||
+        (files.size() == 1 && (HasExtension(files[0], ".tdf") || HasExtension(files[0], ".tdl"))))
+        return Misuse("OUTPUT, the WAVE file to write, is required");
+    if (files.size() > 2)
+        return Misuse(files[2] + ": not expected: there is one INPUT and one OUTPUT");
+    if (files.size() == 1)
+        return RenderTone(options);
+    return options.tone.DescribeTone()
+               ? Misuse("the tone options stand in place of INPUT: OUTPUT alone is required")
+               : RenderFile(options);
 }
 
 } // namespace
@@ -99,8 +106,6 @@ void AddRenderCommand(CLI::App& program, int& status) {
             "FILES", options->files,
             "INPUT, a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), which the tone options stand "
             "for where it is left out; then OUTPUT, the WAVE file to write, or - for standard output")
-        ->required()
-        ->expected(1, 2)
         ->type_name("[INPUT] OUTPUT");
     command->add_option("--rate", options->rate, "Sample rate; without it, the input's own")
         ->transform(WholeIn(Rates, 1, LWaveFile::MaxRate))

@@ -74,6 +74,22 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
     EXPECT_EQ(dir.CountFiles(), 0u);
 }
 
+TEST_F(ToneCommands, WhatIsNotUnderstoodIsNamedWithTheNearest) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ": a command is required: render, make, list, show"},
+        {"rendr t.tdf o.wav", ": rendr: no such command; did you mean render?"},
+        {"xyz", ": xyz: no such command (see"},
+        {"make --freq 5 t.tdf", ": --freq: no such option; did you mean --frequency?"},
+        {"make -x t.tdf", ": -x: no such option (see"},
+        {"--versoin", ": --versoin: no such option; did you mean --version?"},
+        {"show first second third", ": second: not expected (see"},
+        {"render a.tdf b.wav c.wav", ": c.wav: not expected: there is one INPUT"},
+        {"render", ": OUTPUT, the WAVE file to write, is required"},
+    };
+    for (const auto& [command, reason] : cases)
+        ExpectRefused(Cli(command), {reason});
+}
+
 TEST_F(ToneCommands, ShowPrintsATone) {
     Made("--frequency 440 --right 550 --loop");
     EXPECT_EQ(Cli("show t.tdf").output, "Constant (Specified Duration), Stereo, Loop Play\n"
@@ -161,7 +177,8 @@ TEST_F(ToneCommands, RenderNeedsNoFile) {
     EXPECT_EQ(Read("o.wav").substr(46, 4), std::string("\0\x20\0\0", 4)) << "131070 and 0";
     ExpectRefused(Cli("render --frequency 440 e.wav"), {"has no end"});
     EXPECT_EQ(Cli("render --frequency 440 t.tdf e.wav").status, 2);
-    EXPECT_EQ(Cli("render --duration 5 e.wav").status, 2);
+    EXPECT_EQ(Cli("render --duration 1s e.wav").status, 0) << "the usual tone";
+    EXPECT_EQ(Read("e.wav").size(), 46u + 2 * 44100);
 }
 
 TEST_F(ToneCommands, StandardOutputGetsAHeaderThatIsRightFromTheStart) {
