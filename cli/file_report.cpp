@@ -1,15 +1,20 @@
 #include "cli/file_report.h"
 
+#include "cli/refusal.h"
 #include "sound/files/wave_file.h"
+#include "sound/level.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
 #include "tone/tone_list_source.h"
+#include "tone/waveforms.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace {
 
@@ -21,15 +26,73 @@ std::string Write(const Json& object) {
 }
 
 /// mm:ss.mmm
-std::string FormatLength(LSoundTime time) {
-    const int ms = std::max(0, time.GetMilliseconds());
-    char text[32];
-    std::snprintf(text, sizeof text, "%02d:%02d.%03d", ms / 60000, ms / 1000 % 60, ms % 1000);
+std::string FormatLength(std::int64_t duration) {
+    const long long ms = std::max<std::int64_t>(0, duration);
+    char text[64];
+    std::snprintf(text, sizeof text, "%02lld:%02lld.%03lld", ms / 60000, ms / 1000 % 60, ms % 1000);
     return text;
 }
 
 FileReport Refused(LFailure failure) {
     return {.failure = std::move(failure), .title = {}, .rows = {}, .json = {}};
+}
+
+/// What every object begins with. The version grows where something is taken out or changes its meaning.
+Json Describe(const char* type) {
+    return {{"type", type}, {"version", 1}};
+}
+
+/// The level of a component at so many dB of its own, as its peak below a full-scale sample.
+double GetPeakDbfs(const SonvireData& tone, std::int8_t db) {
+    const bool hasLevel = tone.waveform != ToneImpulse;
+    return 20 * std::log10(GetWaveformPeak(tone.waveform)) + (hasLevel ? db : 0);
+}
+
+std::string FormatDbfs(double dbfs) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f dBFS", dbfs);
+    return text;
+}
+
+std::int8_t GetLevel(const SonvireData& tone, std::size_t component) {
+    return tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[component] : std::int8_t{0};
+}
+
+Json DescribeComponents(const SonvireData& tone) {
+    const bool stereo = tone.HasFlag(ToneFlagStereo), sweep = tone.HasFlag(ToneFlagSweep);
+    Json components = Json::array();
+    for (std::size_t i = 0; i < tone.GetToneCount() && tone.HasComponents(); ++i) {
+        const std::int8_t db = GetLevel(tone, i);
+        Json component = {{"frequencyHz", tone.startLeftHz[i]}};
+        if (sweep)
+            component["endFrequencyHz"] = tone.endLeftHz[i];
+        if (stereo)
+            component["rightFrequencyHz"] = tone.startRightHz[i];
+        if (stereo && sweep)
+            component["endRightFrequencyHz"] = tone.endRightHz[i];
+        component["levelDb"] = db;
+        if (db > LDB::Silence && GetWaveformPeak(tone.waveform) > 0)
+            component["peakDbfs"] = GetPeakDbfs(tone, db);
+        components.push_back(component);
+    }
+    return components;
+}
+
+/// The values as the window shows them, with levels as other programs measure them.
+std::vector<FileReport::Row> ListValues(const SonvireData& tone) {
+    std::vector<FileReport::Row> rows;
+    for (const unsigned int item : GetShownItems(tone)) {
+        FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
+        const std::int8_t db = GetLevel(tone, item % 256 % MaxTones);
+        if (item >= ItemAmplitude && item < ItemDuration && db > LDB::Silence)
+            row.value += ", a peak of " + FormatDbfs(GetPeakDbfs(tone, db));
+        rows.push_back(row);
+    }
+    if (tone.HasComponents() && !tone.HasFlag(ToneFlagVariableAmplitude))
+        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(GetPeakDbfs(tone, 0))});
+    if (tone.IsList())
+        rows.push_back({"List", tone.GetListPath()});
+    return rows;
 }
 
 FileReport ReportTone(const std::string& path) {
@@ -40,24 +103,27 @@ FileReport ReportTone(const std::string& path) {
     FileReport report;
     report.title =
         std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
-    Json items = Json::array();
-    for (const unsigned int item : GetShownItems(tone)) {
-        const FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
-        report.rows.push_back(row);
-        items.push_back(Json{{"item", static_cast<int>(item)}, {"label", row.label}, {"value", row.value}});
-    }
-    Json object = {{"type", "tone"},
-                   {"waveform", tone.GetToneName()},
-                   {"mode", tone.GetModeName()},
-                   {"stereo", stereo},
-                   {"loop", looped},
-                   {"items", items}};
-    if (tone.IsList()) {
-        report.rows.push_back({"List", tone.GetListPath()});
+    report.rows = ListValues(tone);
+    Json object = Describe("tone");
+    object["waveform"] = tone.GetToneName();
+    object["mode"] = tone.GetModeName();
+    object["channels"] = stereo ? 2 : 1;
+    object["loop"] = looped;
+    if (tone.HasFlag(ToneFlagDuration))
+        object["durationMs"] = tone.durationMs;
+    if (tone.IsList())
         object["list"] = tone.GetListPath();
-    }
+    else
+        object["components"] = DescribeComponents(tone);
     report.json = Write(object);
     return report;
+}
+
+/// As it will play; where its frames can't be counted, as its entries say.
+std::int64_t CountMilliseconds(const LSoundSource& source, const ToneListReport& list) {
+    const std::int64_t sum = list.CountMilliseconds();
+    const bool counts = sum < std::int64_t{1000} * std::numeric_limits<int>::max() / source->sampleRate;
+    return counts ? source.GetEnd().GetMilliseconds() : sum;
 }
 
 FileReport ReportList(const std::string& path) {
@@ -69,21 +135,22 @@ FileReport ReportList(const std::string& path) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
-                               FormatLength(entry.length)});
+                               FormatLength(entry.length.GetMilliseconds())});
         entries.push_back(Json{{"file", entry.file},
                                {"depth", entry.depth},
-                               {"milliseconds", entry.length.GetMilliseconds()},
+                               {"durationMs", entry.length.GetMilliseconds()},
                                {"problem", entry.problem}});
     }
-    const LSoundTime total = source.GetEnd();
+    const std::int64_t total = CountMilliseconds(source, list);
     report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
                    (source->channels == 1 ? "mono" : "stereo");
     report.rows.push_back({"Total", FormatLength(total)});
-    report.json = Write({{"type", "list"},
-                         {"rate", source->sampleRate},
-                         {"channels", source->channels},
-                         {"milliseconds", total.GetMilliseconds()},
-                         {"entries", entries}});
+    Json object = Describe("list");
+    object["rateHz"] = source->sampleRate;
+    object["channels"] = source->channels;
+    object["durationMs"] = total;
+    object["entries"] = entries;
+    report.json = Write(object);
     return report;
 }
 
@@ -93,20 +160,22 @@ FileReport ReportWave(const std::string& path) {
     if (source->status != SoundUsable)
         return Refused(LWaveFile::ExplainStatus(source->status));
     const bool cutShort = wave.header.IsCutShort();
+    const std::int64_t ms = source.GetEnd().GetMilliseconds();
     FileReport report;
     report.title = std::string("WAVE file") + (source->IsStreaming() ? ", still being written" : "") +
                    (cutShort ? ", cut short" : "");
     report.rows = {{"Sample rate", std::to_string(source->sampleRate) + "Hz"},
                    {"Channels", std::to_string(source->channels)},
                    {"Frames", std::to_string(source->GetEndSample())},
-                   {"Length", FormatLength(source.GetEnd())}};
-    report.json = Write({{"type", "wave"},
-                         {"rate", source->sampleRate},
-                         {"channels", source->channels},
-                         {"frames", source->GetEndSample()},
-                         {"milliseconds", source.GetEnd().GetMilliseconds()},
-                         {"streaming", source->IsStreaming()},
-                         {"cutShort", cutShort}});
+                   {"Length", FormatLength(ms)}};
+    Json object = Describe("wave");
+    object["rateHz"] = source->sampleRate;
+    object["channels"] = source->channels;
+    object["frames"] = source->GetEndSample();
+    object["durationMs"] = ms;
+    object["streaming"] = source->IsStreaming();
+    object["cutShort"] = cutShort;
+    report.json = Write(object);
     return report;
 }
 
@@ -118,8 +187,10 @@ std::string FileReport::ToText() const {
         width = std::max(width, row.label.size());
     std::string text = title + "\n";
     for (const Row& row : rows)
-        text += row.label +
-                (row.value.empty() ? "" : std::string(width + 2 - row.label.size(), ' ') + row.value) + "\n";
+        text +=
+            Printable(row.label) +
+            (row.value.empty() ? "" : std::string(width + 2 - row.label.size(), ' ') + Printable(row.value)) +
+            "\n";
     return text;
 }
 

@@ -3,16 +3,11 @@
 #include <algorithm>
 #include <cstdio>
 
-namespace {
-
-/// A file's name may hold anything; a message is one line.
 std::string Printable(std::string name) {
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return c < ' ' || c == 127; }, '?');
     return name;
 }
-
-} // namespace
 
 int Refuse(const std::string& file, const std::string& reason) {
     std::fprintf(stderr, "sonvire-cli: %s: %s\n", Printable(file).c_str(), reason.c_str());

@@ -9,6 +9,9 @@ enum ExitStatus : int {
     ExitFailed = 2,  ///< failed, refused or misused
 };
 
+/// A file's name may hold anything; what goes to a terminal is one line without control characters.
+std::string Printable(std::string name);
+
 /// Prints one line on standard error that names the file and the reason; returns `ExitFailed`.
 int Refuse(const std::string& file, const std::string& reason);
 

@@ -2,7 +2,10 @@
 
 #include "tone/pink_noise.h"
 #include "tone/tone_list_source.h"
+#include "tone/tone_oscillator.h"
 #include "tone/white_noise.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -37,6 +40,14 @@ constexpr ToneWaveformRow Waveforms[] = {
 
 std::span<const ToneWaveformRow> GetWaveforms() {
     return Waveforms;
+}
+
+double GetWaveformPeak(unsigned int code) {
+    const ToneWaveformRow* waveform = FindWaveform(code);
+    int peak = code == ToneImpulse ? SSTonePole::ImpulseLevel : 0;
+    if (waveform && waveform->getTable)
+        peak = *std::max_element(waveform->getTable().begin(), waveform->getTable().end());
+    return static_cast<double>(peak) / (16 * 32768);
 }
 
 const ToneWaveformRow* FindWaveform(unsigned int code) {

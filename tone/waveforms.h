@@ -22,5 +22,9 @@ struct ToneWaveformRow {
 
 /// One row for each `ToneWaveform`, in the order of their codes.
 std::span<const ToneWaveformRow> GetWaveforms();
+/// The largest sample of a component at 0 dB, 1 being full scale; 0 for noise and lists. A sine's is 0.25,
+/// which is -12.04 dBFS.
+double GetWaveformPeak(unsigned int code);
+
 /// Null for an unknown code.
 const ToneWaveformRow* FindWaveform(unsigned int code);

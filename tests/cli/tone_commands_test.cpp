@@ -95,14 +95,30 @@ TEST_F(ToneCommands, ShowPrintsATone) {
     EXPECT_EQ(Cli("show t.tdf").output, "Constant (Specified Duration), Stereo, Loop Play\n"
                                         "Sine 1 Left Frequency   440.00Hz\n"
                                         "Sine 1 Right Frequency  550.00Hz\n"
-                                        "Sine Duration           1000ms\n");
-    const std::string json = Cli("show --json t.tdf").output;
-    EXPECT_EQ(RunProgram(
-                  "printf '%s' '" + json +
-                  "' | python3 -c 'import json, sys; t = json.load(sys.stdin); "
-                  "print(t[\"mode\"], t[\"stereo\"], t[\"items\"][1][\"item\"], t[\"items\"][1][\"value\"])'")
-                  .output,
-              "Constant (Specified Duration) True 512 550.00Hz\n");
+                                        "Sine Duration           1000ms\n"
+                                        "Peak                    -12.04 dBFS\n");
+    Made("--waveform square --frequency 440 --amplitude -6 --duration 1s");
+    EXPECT_THAT(Cli("show t.tdf").output, HasSubstr("-6dB, a peak of -21.05 dBFS\n")) << "92682 / 524288";
+}
+
+TEST_F(ToneCommands, ShowAsJsonKeepsToItsSchema) {
+    Made("--frequency 0.1,440 --right 550 --end 1k --end-right 2k --amplitude -3,-127 --duration 2s");
+    std::filesystem::copy_file(Path("t.tdf"), Path("sweep.tdf"));
+    Made("--waveform pink --loop");
+    WriteBytes(Path("nan.tdf"), std::string(797, '\xFF'));
+    EXPECT_EQ(Cli("render --duration 10 w.wav").status, 0);
+    EXPECT_EQ(Cli("list l.tdl t.tdf w.wav 5ms nan.tdf").status, 0);
+    Write("ages.tdl", "2147483647ms silence.\n2147483647ms silence.\na\tb.wav\n");
+    for (const std::string file : {"sweep.tdf", "t.tdf", "nan.tdf", "w.wav", "l.tdl", "ages.tdl"}) {
+        Write("shown.json", Cli("show --json " + file).output);
+        const std::string check = "/usr/bin/python3 -m jsonschema -i shown.json " SONVIRE_SHOW_SCHEMA;
+        EXPECT_EQ(RunProgram(check).status, 0) << Read("shown.json");
+        if (file == "sweep.tdf") {
+            EXPECT_THAT(Read("shown.json"), HasSubstr("\"frequencyHz\": 0.1,")) << "in full";
+        }
+    }
+    EXPECT_THAT(Read("shown.json"), HasSubstr("\"durationMs\": 4294967294,"));
+    EXPECT_THAT(Cli("show ages.tdl").output, HasSubstr("a?b.wav"));
 }
 
 TEST_F(ToneCommands, ShowAndRenderTakeLists) {
