@@ -1,6 +1,7 @@
 #include "cli/program.h"
 
 #include "cli/commands.h"
+#include "cli/help_format.h"
 #include "cli/nearest.h"
 #include "cli/refusal.h"
 
@@ -59,6 +60,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     AddPlayCommand(program, status);
     AddDevicesCommand(program, status);
 #endif
+    FormatHelp(program);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

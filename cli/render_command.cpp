@@ -19,8 +19,8 @@
 namespace {
 
 struct RenderOptions {
-    std::vector<std::string>
-        files; ///< INPUT and OUTPUT, or OUTPUT alone where the tone options stand for the input
+    std::string input; ///< the output where that is left out: the tone options stand for the input then
+    std::string output;
     ToneOptions tone;
     std::optional<int> rate;
     std::optional<int> channels;
@@ -51,7 +51,9 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
 }
 
 int RenderInput(const RenderOptions& options, const std::string& inputName, const SoundInput& input) {
-    RenderTarget target{.path = options.files.back(), .rate = options.rate, .bits = options.bits};
+    RenderTarget target{.path = options.output.empty() ? options.input : options.output,
+                        .rate = options.rate,
+                        .bits = options.bits};
     if (options.channels)
         target.channels = static_cast<std::uint8_t>(*options.channels);
     const RenderOutcome outcome =
@@ -70,8 +72,8 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
 }
 
 int RenderFile(const RenderOptions& options) {
-    const std::string& path = options.files.front();
-    return RenderInput(options, path, OpenSoundInput(path, options.tone.durationMs, SoundLength::Finite));
+    return RenderInput(options, options.input,
+                       OpenSoundInput(options.input, options.tone.durationMs, SoundLength::Finite));
 }
 
 int RenderTone(const RenderOptions& options) {
@@ -82,14 +84,11 @@ int RenderTone(const RenderOptions& options) {
 }
 
 int Render(const RenderOptions& options) {
-    const std::vector<std::string>& files = options.files;
-    if (files.empty() ||
-        (files.size() == 1 && (HasExtension(files[0], ".tdf") || HasExtension(files[0], ".tdl"))))
-        return Misuse("OUTPUT, the WAVE file to write, is required");
-    if (files.size() > 2)
-        return Misuse(files[2] + ": not expected: there is one INPUT and one OUTPUT");
-    if (files.size() == 1)
-        return RenderTone(options);
+    const std::string& first = options.input;
+    const bool isInput = HasExtension(first, ".tdf") || HasExtension(first, ".tdl");
+    if (options.output.empty())
+        return first.empty() || isInput ? Misuse("OUTPUT, the WAVE file to write, is required")
+                                        : RenderTone(options);
     return options.tone.DescribeTone()
                ? Misuse("the tone options stand in place of INPUT: OUTPUT alone is required")
                : RenderFile(options);
@@ -101,13 +100,11 @@ void AddRenderCommand(CLI::App& program, int& status) {
     const auto options = std::make_shared<RenderOptions>();
     CLI::App* command =
         program.add_subcommand("render", "Write a tone, a tone list or a WAVE file into a WAVE file");
-    command
-        ->add_option(
-            "FILES", options->files,
-            "INPUT, a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), which the tone options stand "
-            "for where it is left out; then OUTPUT, the WAVE file to write, or - for standard output")
-        ->type_name("[INPUT] OUTPUT");
-    command->add_option("--rate", options->rate, "Sample rate; without it, the input's own")
+    command->add_option("INPUT", options->input,
+                        "A tone (.tdf), a tone list (.tdl) or a WAVE file (.wav); left out where the tone "
+                        "options stand for it");
+    command->add_option("OUTPUT", options->output, "The WAVE file to write, or - for standard output");
+    command->add_option("--rate", options->rate, "Sample rate, 1 to 196000; without it, the input's own")
         ->transform(WholeIn(Rates, 1, LWaveFile::MaxRate))
         ->type_name("HZ");
     command

@@ -55,5 +55,5 @@ CLI::Validator WholeIn(const TypedKind& kind, int lowest, int highest) {
         text = std::to_string(static_cast<int>(whole));
         return {};
     };
-    return CLI::Validator(take, range);
+    return CLI::Validator(take, "");
 }

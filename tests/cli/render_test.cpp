@@ -166,7 +166,7 @@ TEST_F(Render, ARefusalIsOneLineThatNamesTheFileAndTheReason) {
         {"second.tdf ./", "./", "can't be created: Is a directory"},
         {"second.tdf /dev/full", "/dev/full", "written in full: No space left on device"},
         {"second.tdf new.tdl", "new.tdl", "no name for a WAVE file"},
-        {"second.tdf ''", ": ", "can't be created: No such file"},
+        {"second.tdf ''", ": ", "OUTPUT, the WAVE file to write, is required"},
         {"second.tdf " + std::string(300, 'n'), "nnn", "can't be created: File name too long"},
         {"second.tdf 'two\nlines/x.wav'", "two?lines", "No such file"},
         {"--rate 1.5 second.tdf kept.wav", "--rate", "not a whole number of hertz"},
@@ -238,7 +238,14 @@ TEST_F(Render, AProgressBarStandsOnTheTerminal) {
 TEST_F(Render, HelpAndVersionArePlain) {
     EXPECT_EQ(RunCli("--version").output, "sonvire-cli 2.14\n");
     EXPECT_THAT(Cli("--help").output, HasSubstr("render"));
-    EXPECT_THAT(Cli("render --help").output, HasSubstr("--duration"));
+    for (const std::string command : {"", "render", "make", "list", "show", "play", "devices"}) {
+        const std::string help = Cli(command + " --help").output;
+        EXPECT_THAT(help, HasSubstr("--help"));
+        EXPECT_EQ(Cli(command + " -h").output, help);
+        std::istringstream lines(help);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80u) << line;
+    }
     EXPECT_THAT(Cli("").errors, StartsWith("sonvire-cli: "));
     EXPECT_EQ(Cli("sing").status, 2);
 }

@@ -83,7 +83,7 @@ TEST_F(ToneCommands, WhatIsNotUnderstoodIsNamedWithTheNearest) {
         {"make -x t.tdf", ": -x: no such option (see"},
         {"--versoin", ": --versoin: no such option; did you mean --version?"},
         {"show first second third", ": second: not expected (see"},
-        {"render a.tdf b.wav c.wav", ": c.wav: not expected: there is one INPUT"},
+        {"render a.tdf b.wav c.wav", ": c.wav: not expected"},
         {"render", ": OUTPUT, the WAVE file to write, is required"},
     };
     for (const auto& [command, reason] : cases)
