@@ -5,6 +5,7 @@
 #include "sys/path.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -32,6 +33,12 @@ LFailure CheckInput(const SoundInput& input, const OutputFormat& format) {
                                   format.bits);
 }
 
+/// True for devices and pipes, which have names of their own, and for folders.
+bool IsNoFile(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::is_other(path, ignored) || std::filesystem::is_directory(path, ignored);
+}
+
 /// Whether the output may be written for this input.
 LFailure CheckOutput(const std::string& output, const SoundInput& input) {
     const std::string written = output == WaveOutput::StandardOutput ? "/dev/stdout" : output;
@@ -39,8 +46,9 @@ LFailure CheckOutput(const std::string& output, const SoundInput& input) {
                                     [&](const std::string& file) { return IsSameFile(file, written); });
     if (isRead)
         return "is read by the input";
-    const bool named = HasExtension(output, ".tdf") || HasExtension(output, ".tdl");
-    return named ? "is no name for a WAVE file" : LFailure();
+    const bool fits =
+        output == WaveOutput::StandardOutput || HasExtension(output, ".wav") || IsNoFile(output);
+    return fits ? LFailure() : "is no name for a WAVE file, which ends in .wav";
 }
 
 /// A sum of two channels may be too loud, so it is always limited.
@@ -66,6 +74,12 @@ LFailure CheckRead(LSourceNews& news) {
     const std::vector<LFileWarning> lost = news.Take();
     return lost.empty() ? LFailure()
                         : "was lost while it was read: " + lost.front().file + " " + lost.front().reason;
+}
+
+/// Why nothing is left of what is converted: a count that has wrapped around, or a rate that is too low.
+const char* ExplainNoFrames(const SoundInput& input, const OutputFormat& format) {
+    const double expected = input.frames * format.rate / input.source->sampleRate;
+    return expected > 1000 ? "is too long to be converted" : "is too short for a frame at that rate";
 }
 
 RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::string& path,
@@ -96,6 +110,6 @@ RenderOutcome RenderToFile(const SoundInput& input, const RenderTarget& target, 
     const LSoundSource source = Prepare(input.source, format);
     const int frames = CountFrames(source, format);
     if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
-        return {.failure = "is too long to be converted"};
+        return {.failure = ExplainNoFrames(input, format)};
     return Render(source, *input.news, target.path, format, frames, user);
 }
