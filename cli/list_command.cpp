@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/output_option.h"
 #include "cli/refusal.h"
 #include "jobs/sound_input.h"
 #include "jobs/tone_lists.h"
@@ -20,7 +21,7 @@
 namespace {
 
 struct ListOptions {
-    std::string output;
+    OutputOption output;
     std::vector<std::string> entries;
 };
 
@@ -54,21 +55,24 @@ std::optional<int> ParseSilence(const std::string& entry) {
 }
 
 int MakeList(const ListOptions& options) {
-    if (!HasExtension(options.output, ".tdl"))
-        return Refuse(options.output, "is no name for a tone list, which ends in .tdl");
+    const std::string& output = options.output.path;
+    if (!HasExtension(output, ".tdl"))
+        return Refuse(output, "is no name for a tone list, which ends in .tdl");
+    if (const LFailure taken = options.output.CheckFree())
+        return Refuse(output, taken.GetReason());
     std::vector<std::string> rows;
     for (const std::string& entry : options.entries) {
         if (const std::optional<int> silence = ParseSilence(entry)) {
             rows.push_back(std::to_string(*silence) + SilenceSuffix);
             continue;
         }
-        if (const LFailure failure = CheckEntry(options.output, entry))
+        if (const LFailure failure = CheckEntry(output, entry))
             return Refuse(entry, failure.GetReason());
-        rows.push_back(PlaceBeside(options.output, entry));
+        rows.push_back(PlaceBeside(output, entry));
     }
-    if (const LFailure failure = WriteToneListFile(options.output.c_str(), rows))
-        return Refuse(options.output, "can't be written: " + failure.GetReason());
-    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(options.output)))
+    if (const LFailure failure = WriteToneListFile(output.c_str(), rows))
+        return Refuse(output, "can't be written: " + failure.GetReason());
+    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(output)))
         Warn(warning.file, warning.reason);
     return ExitCompleted;
 }
@@ -78,7 +82,7 @@ int MakeList(const ListOptions& options) {
 void AddListCommand(CLI::App& program, int& status) {
     const auto options = std::make_shared<ListOptions>();
     CLI::App* command = program.add_subcommand("list", "Write a tone list of files and silences");
-    command->add_option("OUTPUT", options->output, "The tone list (.tdl) to write")->required();
+    AddOutputOption(*command, options->output, "The tone list (.tdl) to write")->required();
     command
         ->add_option(
             "ENTRY", options->entries,

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/output_option.h"
 #include "cli/refusal.h"
 #include "cli/text.h"
 #include "cli/tone_options.h"
@@ -16,17 +17,20 @@ namespace {
 
 struct MakeOptions {
     ToneOptions tone;
-    std::string output;
+    OutputOption output;
 };
 
 int Make(const MakeOptions& options) {
     const DescribedTone described = MakeTone(options.tone);
     if (!described.problem.empty())
         return Misuse(described.problem);
-    if (!HasExtension(options.output, ".tdf"))
-        return Refuse(options.output, "is no name for a tone file, which ends in .tdf");
-    if (const LFailure failure = described.tone.WriteToFile(options.output.c_str()))
-        return Refuse(options.output, "can't be written: " + failure.GetReason());
+    const std::string& output = options.output.path;
+    if (!HasExtension(output, ".tdf"))
+        return Refuse(output, "is no name for a tone file, which ends in .tdf");
+    if (const LFailure taken = options.output.CheckFree())
+        return Refuse(output, taken.GetReason());
+    if (const LFailure failure = described.tone.WriteToFile(output.c_str()))
+        return Refuse(output, "can't be written: " + failure.GetReason());
     HintAtShortDuration(options.tone);
     return ExitCompleted;
 }
@@ -37,6 +41,6 @@ void AddMakeCommand(CLI::App& program, int& status) {
     const auto options = std::make_shared<MakeOptions>();
     CLI::App* command = program.add_subcommand("make", "Write a tone described by options into a tone file");
     AddToneOptions(*command, options->tone);
-    command->add_option("OUTPUT", options->output, "The tone file (.tdf) to write")->required();
+    AddOutputOption(*command, options->output, "The tone file (.tdf) to write")->required();
     command->callback([options, &status] { status = Make(*options); });
 }

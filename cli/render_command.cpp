@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/interrupt.h"
+#include "cli/output_option.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
 #include "cli/text.h"
@@ -15,12 +16,13 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
 struct RenderOptions {
-    std::string input; ///< the output where that is left out: the tone options stand for the input then
-    std::string output;
+    std::string input; ///< empty where the tone options stand for it
+    OutputOption output;
     ToneOptions tone;
     std::optional<int> rate;
     std::optional<int> channels;
@@ -51,9 +53,7 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
 }
 
 int RenderInput(const RenderOptions& options, const std::string& inputName, const SoundInput& input) {
-    RenderTarget target{.path = options.output.empty() ? options.input : options.output,
-                        .rate = options.rate,
-                        .bits = options.bits};
+    RenderTarget target{.path = options.output.path, .rate = options.rate, .bits = options.bits};
     if (options.channels)
         target.channels = static_cast<std::uint8_t>(*options.channels);
     const RenderOutcome outcome =
@@ -84,14 +84,23 @@ int RenderTone(const RenderOptions& options) {
 }
 
 int Render(const RenderOptions& options) {
-    const std::string& first = options.input;
-    const bool isInput = HasExtension(first, ".tdf") || HasExtension(first, ".tdl");
-    if (options.output.empty())
-        return first.empty() || isInput ? Misuse("OUTPUT, the WAVE file to write, is required")
-                                        : RenderTone(options);
+    if (options.output.path.empty())
+        return Misuse("OUTPUT, the WAVE file to write, is required");
+    if (const LFailure taken = options.output.CheckFree())
+        return Refuse(options.output.path, taken.GetReason());
+    if (options.input.empty())
+        return RenderTone(options);
     return options.tone.DescribeTone()
                ? Misuse("the tone options stand in place of INPUT: OUTPUT alone is required")
                : RenderFile(options);
+}
+
+/// A single name that is no tone's or list's is the output: the tone options stand for the input.
+RenderOptions TellApart(RenderOptions options) {
+    const bool isInput = HasExtension(options.input, ".tdf") || HasExtension(options.input, ".tdl");
+    if (options.output.path.empty() && !isInput)
+        std::swap(options.input, options.output.path);
+    return options;
 }
 
 } // namespace
@@ -103,7 +112,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
     command->add_option("INPUT", options->input,
                         "A tone (.tdf), a tone list (.tdl) or a WAVE file (.wav); left out where the tone "
                         "options stand for it");
-    command->add_option("OUTPUT", options->output, "The WAVE file to write, or - for standard output");
+    AddOutputOption(*command, options->output, "The WAVE file to write, or - for standard output");
     command->add_option("--rate", options->rate, "Sample rate, 1 to 196000; without it, the input's own")
         ->transform(WholeIn(Rates, 1, LWaveFile::MaxRate))
         ->type_name("HZ");
@@ -119,5 +128,5 @@ void AddRenderCommand(CLI::App& program, int& status) {
     command->add_flag("--quiet", options->quiet, "Show no progress");
     AddSeedOption(*command);
     AddToneOptions(*command, options->tone);
-    command->callback([options, &status] { status = Render(*options); });
+    command->callback([options, &status] { status = Render(TellApart(*options)); });
 }

@@ -74,6 +74,17 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
     EXPECT_EQ(dir.CountFiles(), 0u);
 }
 
+TEST_F(ToneCommands, NoClobberLeavesWhatIsThere) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"t.tdf", "make t.tdf"}, {"o.wav", "render --duration 9 o.wav"}, {"l.tdl", "list l.tdl 5ms"}};
+    for (const auto& [file, command] : cases) {
+        EXPECT_EQ(Cli(command + " --no-clobber").status, 0);
+        Write(file, "kept");
+        ExpectRefused(Cli(command + " --no-clobber"), {"is there already, and stays"});
+        EXPECT_EQ(Read(file), "kept");
+    }
+}
+
 TEST_F(ToneCommands, WhatIsNotUnderstoodIsNamedWithTheNearest) {
     const std::pair<const char*, const char*> cases[] = {
         {"", ": a command is required: render, make, list, show"},
