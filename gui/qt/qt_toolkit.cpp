@@ -9,6 +9,10 @@
 #include <QIcon>
 #include <QUrl>
 
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
 /// What the desktop knows the program, and its icon, by.
 static constexpr const char* ProgramName = "com.quenbysoftware.Sonvire";
 
@@ -18,7 +22,28 @@ static void BringPictures() {
     Q_INIT_RESOURCE(program_icon);
 }
 
+/// Qt would go on to abort.
+static void ExplainNoDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtFatalMsg) {
+        std::fputs("sonvire: there is no display to open a window on; sonvire-cli does without one\n",
+                   stderr);
+        std::_Exit(LQtToolkit::NoDisplayStatus);
+    }
+    const bool leadsUpToIt = context.category && std::string_view(context.category).starts_with("qt.qpa");
+    if (!leadsUpToIt)
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+LQtToolkit::DisplayCheck::DisplayCheck() {
+    qInstallMessageHandler(ExplainNoDisplay);
+}
+
+void LQtToolkit::DisplayCheck::End() const {
+    qInstallMessageHandler(nullptr);
+}
+
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
+    displayCheck.End();
     BringPictures();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);

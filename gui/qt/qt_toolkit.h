@@ -10,7 +10,10 @@
 /// `main`.
 class LQtToolkit : public LToolkit {
 public:
-    /// Takes Qt's own options out of the arguments, which must outlive it.
+    static constexpr int NoDisplayStatus = 2;
+
+    /// Takes Qt's own options out of the arguments, which must outlive it. Where there is no display, says so
+    /// and ends the process with `NoDisplayStatus`.
     LQtToolkit(int& argc, char** argv);
 
     std::unique_ptr<LMainWindowPeer> CreateMainWindow(LWindowEvents& events) override;
@@ -24,6 +27,13 @@ public:
     void Post(std::function<void()> call) override;
 
 private:
+    /// Has Qt's way of failing without a display replaced while the application is made.
+    struct DisplayCheck {
+        DisplayCheck();
+        void End() const;
+    };
+
+    DisplayCheck displayCheck;
     QApplication application;
     LQtSessionEnd sessionEnd;
     LQtMessageBoxes messageBoxes{sessionEnd};

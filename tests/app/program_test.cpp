@@ -94,6 +94,15 @@ std::vector<int> Rendered(const std::string& path) {
     return samples;
 }
 
+TEST_F(Program, SaysInOneSentenceThatThereIsNoDisplay) {
+    for (const std::string display : {"-u DISPLAY", "DISPLAY=:9999"}) {
+        const ProgramResult result = RunProgram("env " + display + " " SONVIRE);
+        EXPECT_EQ(result.status, 2) << display;
+        EXPECT_EQ(result.errors,
+                  "sonvire: there is no display to open a window on; sonvire-cli does without one\n");
+    }
+}
+
 TEST_F(Program, KeysAreHeardAndTheToneIsKept) {
     ASSERT_TRUE(server.Start());
     ASSERT_TRUE(server.AddOutput("main", 44100, 1));
