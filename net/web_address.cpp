@@ -25,3 +25,9 @@ std::string GetWebAddress(const std::string& text) {
             return address;
     return {};
 }
+
+bool IsReservedAddress(const std::string& address) {
+    const std::size_t scheme = address.find("://");
+    const std::string rest = scheme == std::string::npos ? address : address.substr(scheme + 3);
+    return rest.substr(0, rest.find_first_of(":/")).ends_with(".example");
+}

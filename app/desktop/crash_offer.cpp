@@ -19,20 +19,18 @@ std::string ReportPath() {
 } // namespace
 
 void InstallCrashReport() {
-    LInstallCrashReport(ReportPath(), std::string(ProductAndVersion) +
-                                          " ended unexpectedly.\nPlease send this report to us: " +
-                                          GetWebLink(CommandReportProblem) + "\n");
+    const std::string address = GetWebLink(CommandReportProblem);
+    const std::string request = address.empty() ? "" : "Please send this report to us: " + address + "\n";
+    LInstallCrashReport(ReportPath(), std::string(ProductAndVersion) + " ended unexpectedly.\n" + request);
 }
 
 void OfferCrashReport(LWindow& parent) {
     const std::string offered = GetUserDataFolder() + "/last-crash-report.txt";
     if (std::rename(ReportPath().c_str(), offered.c_str()) != 0)
         return;
-    const LMessageAnswer answer =
-        LShowMessageBox("Sonvire",
-                        "Sonvire ended unexpectedly the last time.\n\nDo you want to see the report, so that "
-                        "you can send it to us?",
-                        LMessageButtons::YesNo);
+    const LMessageAnswer answer = LShowMessageBox(
+        "Sonvire", "Sonvire ended unexpectedly the last time.\n\nDo you want to see the report?",
+        LMessageButtons::YesNo);
     if (answer == LMessageAnswer::Yes && !parent.GetToolkit().OpenUrl(MakeFileUrl(offered)))
         LShowMessageBox("Sonvire", "No program was found that shows the report. It is \"" + offered + "\".");
 }

@@ -19,6 +19,11 @@ void OpenPage(LWindow& parent, const std::string& info) {
 } // namespace
 
 void LAboutCheckForVersionUpdate(LWindow& parent) {
+    if (IsReservedAddress(VersionFileUrl)) {
+        LShowMessageBox("Checking for Updates",
+                        "This build of the program has no server that it could ask for updates.");
+        return;
+    }
     LProcessCheckForVersionUpdates found;
     if (ProcessDialogRun(parent, "Checking for Updates", found))
         TellAboutVersion(parent, found);

@@ -3,14 +3,13 @@
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "gui/toolkit.h"
+#include "net/web_address.h"
 #include "sys/desktop/message_box.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace {
-
-constexpr const char* WebSite = SONVIRE_WEB_SITE; // ends in "/"
 
 struct WebLink {
     int command;
@@ -24,9 +23,14 @@ constexpr WebLink WebLinks[] = {
 } // namespace
 
 std::string GetWebLink(int command) {
+    return GetWebLink(command, SONVIRE_WEB_SITE);
+}
+
+std::string GetWebLink(int command, const std::string& site) {
     const auto* link = std::find_if(std::begin(WebLinks), std::end(WebLinks),
                                     [command](const WebLink& each) { return each.command == command; });
-    return link == std::end(WebLinks) ? std::string() : std::string(WebSite) + link->page;
+    const bool leadsNowhere = link == std::end(WebLinks) || IsReservedAddress(site);
+    return leadsNowhere ? std::string() : site + link->page;
 }
 
 bool OpenWebLink(LWindow& parent, int command) {
@@ -42,8 +46,9 @@ void OpenWebPage(LWindow& parent, const std::string& address) {
 }
 
 void OpenThankYouPageOnce(LToolkit& toolkit) {
-    if (toolkit.IsSessionEnding() || Setting::Thanks.Get())
+    const std::string site = GetWebLink(CommandWebSite);
+    if (site.empty() || toolkit.IsSessionEnding() || Setting::Thanks.Get())
         return;
     Setting::Thanks.Set(true);
-    toolkit.OpenUrl(std::string(WebSite) + "thanks.html");
+    toolkit.OpenUrl(site + "thanks.html");
 }

@@ -1,5 +1,6 @@
 #include "app/window/enabling_rules.h"
 
+#include "app/desktop/web_links.h"
 #include "app/window/command_ids.h"
 #include "app/window/tone_commands.h"
 #include "tone/waveforms.h"
@@ -54,6 +55,8 @@ void EnableMenuItems(LMenu& menu, const MainState& state) {
         EnableForNoiseOrList(menu, state);
     menu.Enable(CommandPlay, !state.playing);
     menu.Enable(CommandStop, state.playing);
+    for (const int command : {CommandWebSite, CommandReportProblem})
+        menu.Enable(command, !GetWebLink(command).empty());
     MarkMenuItems(menu, state.tone);
 }
 

@@ -1,4 +1,5 @@
 #include "app/desktop/help_pages.h"
+#include "app/desktop/web_links.h"
 #include "support/app_window.h"
 #include "sys/desktop/folders.h"
 
@@ -62,36 +63,38 @@ TEST_F(App, HelpOpensItsPages) {
     });
 }
 
-TEST_F(App, LinksAndTheAboutBoxLeadToTheWebSite) {
-    const std::string site = "https://www.quenbysoftware.example/sonvire/";
+TEST_F(App, NothingLeadsToAWebSiteThatIsNotSet) {
+    const std::tuple<int, const char*, const char*> links[] = {
+        {CommandWebSite, "https://a.org/s/", "https://a.org/s/"},
+        {CommandReportProblem, "http://example.org/", "http://example.org/problem.html"},
+        {CommandAbout, "https://a.org/", ""},
+        {CommandWebSite, "https://www.quenbysoftware.example/sonvire/", ""},
+        {CommandWebSite, "https://a.example:80/", ""}};
+    for (const auto& [command, site, address] : links)
+        EXPECT_EQ(GetWebLink(command, site), address) << site;
     dialogs = {[](MemoryDialog& about) {
         EXPECT_EQ(about.controls.focus, LCommandOk);
         EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
-        about.Press(CommandWebSite);
+        EXPECT_FALSE(about.controls[CommandWebSite].enabled);
         about.Press(LCommandHelp);
         EXPECT_FALSE(about.ended);
     }};
     Run([&](MemoryMainWindow& window) {
         window.Choose(CommandAbout);
-        window.Choose(CommandWebSite);
-        toolkit->hasBrowser = false;
-        window.Choose(CommandReportProblem);
-        EXPECT_THAT(toolkit->urls, ElementsAre(site, HasSubstr("/index.html"), site, site + "problem.html"));
-        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr(site + "problem.html")));
+        EXPECT_EQ(window.menu->Pick(CommandWebSite), 0);
+        EXPECT_EQ(window.menu->Pick(CommandReportProblem), 0);
+        window.Choose(CommandCheckForUpdates);
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("no server that it could ask")));
     });
+    EXPECT_THAT(toolkit->urls, ElementsAre(HasSubstr("/index.html"))) << "nor are thanks said at the end";
 }
 
-TEST_F(App, ThanksAreSaidAtTheFirstEndByTheUser) {
-    enum { SessionEnding, NoBrowser, Browser };
-    for (const int run : {SessionEnding, NoBrowser, Browser}) {
-        Run([&](MemoryMainWindow&) {
-            toolkit->sessionEnding = run == SessionEnding;
-            toolkit->hasBrowser = run != NoBrowser;
-        });
-        EXPECT_EQ(toolkit->urls,
-                  Texts(run == NoBrowser ? 1 : 0, "https://www.quenbysoftware.example/sonvire/thanks.html"));
-        EXPECT_EQ(toolkit->boxes, Texts{}) << "also without a browser";
-    }
+TEST_F(App, AWebPageIsNamedWhereThereIsNoBrowser) {
+    Run([&](MemoryMainWindow&) {
+        toolkit->hasBrowser = false;
+        OpenWebPage(*dialog, "https://a.org/");
+        EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("The address is https://a.org/")));
+    });
 }
 
 TEST(FileUrl, EncodesWhatAnAddressCannotHold) {

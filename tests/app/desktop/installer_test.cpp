@@ -91,8 +91,8 @@ TEST_F(Installer, RegistersTheProgramWhereverItLies) {
 TEST_F(Installer, IsAskedForByTheFirstArgumentAlone) {
     for (const char* arguments : {"tone -installer", "-installer2", "--installer", ""}) {
         const ProgramResult result = Install(arguments);
-        EXPECT_EQ(result.status, 128 + SIGABRT) << arguments; // without a display there is no window
-        EXPECT_THAT(result.errors, HasSubstr("platform plugin")) << arguments;
+        EXPECT_EQ(result.status, 2) << arguments; // without a display there is no window
+        EXPECT_THAT(result.errors, HasSubstr("there is no display")) << arguments;
         EXPECT_FALSE(std::filesystem::exists(dir / "data")) << arguments;
     }
 }

@@ -51,7 +51,7 @@ TEST_F(App, TheUserLearnsWhetherThereIsANewerVersion) {
 }
 
 TEST_F(App, ACancelledUpdateCheckEndsWithoutAWord) {
-    Run([this](MemoryMainWindow& window) {
+    Run([this](MemoryMainWindow&) {
         Texts captions;
         toolkit->onDialog = [&](MemoryDialog& opened) {
             toolkit->whileDispatched = [&] {
@@ -59,9 +59,11 @@ TEST_F(App, ACancelledUpdateCheckEndsWithoutAWord) {
                 opened.Press(LCommandCancel); // before anything is asked of the network
             };
         };
-        window.Choose(CommandCheckForUpdates);
+        LocalCheck check;
+        check.url = "http://localhost:1/";
+        EXPECT_FALSE(ProcessDialogRun(*dialog, "Checking", check));
         toolkit->whileDispatched = {};
-        EXPECT_EQ(captions, Texts(2, "Checking for Updates"));
+        EXPECT_EQ(captions, Texts(2, "Checking"));
         EXPECT_EQ(toolkit->boxes, Texts{});
     });
 }
