@@ -34,10 +34,14 @@ LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t
 }
 
 void LSNKPCMFileBase::Finish() {
-    if (start >= 0 && file.SeekTo(start)) // a pipe keeps the header that it was given
+    if (!file.IsOpen())
+        return;
+    const bool isPipe = start < 0; // which keeps the header that it was given
+    if (!isPipe && file.SeekTo(start))
         WriteRIFF(true);
-    if (file.IsOpen())
-        Note(file.Close());
+    else if (!isPipe)
+        Note(LFailure::OfLastCall());
+    Note(file.Close());
 }
 
 std::int64_t LSNKPCMFileBase::GetOffsetOf(int frame) const {
