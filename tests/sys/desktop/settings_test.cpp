@@ -94,11 +94,8 @@ TEST(Settings, AreThoseOfQt) {
                                  "@x)",
                                  "@String(x)",
                                  "?'\"\\\a\r\n\t",
-                                 "\x01"
-                                 "a\x01g",
-                                 std::string("\0"
-                                             "1z",
-                                             3),
+                                 "\1a\1g",
+                                 std::string("\0001z", 3),
                                  "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x8E\xB5"};
     for (const std::string& text : texts) {
         usleep(20000); // Qt takes a file of the same size and time for the same
