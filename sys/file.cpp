@@ -159,6 +159,11 @@ LFailure LOpenFile::Sync() {
                    errno == EROFS); // a device has nothing to bring there
 }
 
+void LOpenFile::WriteBack(std::int64_t offset, std::int64_t bytes, bool waits) const {
+    constexpr unsigned int Waiting = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WAIT_AFTER;
+    sync_file_range(descriptor, offset, bytes, SYNC_FILE_RANGE_WRITE | (waits ? Waiting : 0));
+}
+
 LFailure LOpenFile::Truncate(std::int64_t size) {
     return Explain(ftruncate(descriptor, size) == 0);
 }

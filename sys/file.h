@@ -56,6 +56,9 @@ public:
     [[nodiscard]] bool SkipForward(std::int64_t bytes);
     LFailure Truncate(std::int64_t size);
     LFailure Sync(); ///< waits until what was written has reached the disk
+    /// Has a part of the file brought to the disk, and waits for it where that is wanted. Unlike `Sync` it
+    /// promises nothing; where there is no disk, nothing happens.
+    void WriteBack(std::int64_t offset, std::int64_t bytes, bool waits) const;
 
 protected:
     /// What opening a file has given: a descriptor, or -1 and the system's error number.
