@@ -80,13 +80,14 @@ bool GiveName(int descriptor, const char* name) {
 /// -1 where there are no such files, or they could not be given a name.
 int CreateUnnamed(const std::string& folder) {
     const int descriptor = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
-    if (descriptor < 0 || FileExists(LinkTo(descriptor)))
+    if (descriptor < 0 || (FileExists(LinkTo(descriptor)) && flock(descriptor, LOCK_SH) == 0))
         return descriptor;
     close(descriptor);
     return -1;
 }
 
-/// Under its lock at once: whoever looks for stale files may come between, and then it is another's turn.
+/// Under its lock at once: whoever looks for stale files may come between, and then another name's turn
+/// comes.
 int CreateNamed(const char* name) {
     const int descriptor = open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     struct stat created {};
@@ -151,7 +152,6 @@ void LReplacedFile::CreateTemporary(unsigned int mode) {
         failure = LFailure::OfLastCall();
         return;
     }
-    flock(descriptor, LOCK_SH);
     // A file system without permissions refuses the mode; the file is as good there.
     [[maybe_unused]] const int ignored = fchmod(descriptor, mode);
 }

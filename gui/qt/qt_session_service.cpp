@@ -103,12 +103,13 @@ public:
 </interface>)";
     }
 
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& /*connection*/) override {
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         if (message.interface() != Interface && !message.interface().isEmpty())
             return false;
         std::optional<Request> request = ReadRequest(message);
         if (!request)
-            return false;
+            return message.interface() == Interface &&
+                   connection.send(message.createErrorReply(QDBusError::InvalidArgs, "is not understood"));
         waiting.push_back(std::move(*request));
         timer.start(0);
         return true;
