@@ -5,6 +5,7 @@
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
 #include "play/cubeb_output.h"
+#include "sys/file.h"
 
 #include <clocale>
 #include <cstdio>
@@ -35,6 +36,7 @@ bool RunWithoutWindow(std::string_view argument, int& status) {
 int main(int argc, char** argv) {
     if (int status = 0; argc > 1 && RunWithoutWindow(argv[1], status))
         return status;
+    IgnoreWriteSignals();
     LQtToolkit toolkit(argc, argv);
     std::setlocale(LC_NUMERIC,
                    "C"); // numbers are read and written with a point, whatever the user's language

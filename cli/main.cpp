@@ -1,9 +1,8 @@
 #include "cli/program.h"
-
-#include <csignal>
+#include "sys/file.h"
 
 // NOLINTNEXTLINE(bugprone-exception-escape): only options that are defined wrongly throw out of it
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write that falls short
+    IgnoreWriteSignals();
     return RunCommandLine(argc, argv);
 }

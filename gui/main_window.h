@@ -23,6 +23,8 @@ public:
     void OpenArgument(const std::string& path);
     /// Brings the window to the front.
     void Activate();
+    /// Between the end of its creation and its end; outside, it opens nothing.
+    bool IsStanding() const { return standing; }
 
 protected:
     virtual void CmLoadFile(const char* /*path*/) {}
@@ -62,5 +64,5 @@ private:
     LToolBar mainToolBar;
     LKeyHandler* keys = nullptr;
     std::vector<std::string> waitingDocuments;
-    bool standing = false; ///< between the end of its creation and its end
+    bool standing = false;
 };

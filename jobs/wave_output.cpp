@@ -36,11 +36,8 @@ LFailure WaveOutput::OpenSink(const std::string& path, const OutputFormat& forma
     file.emplace(path);
     if (file->GetFailure())
         return Because("can't be created", file->GetFailure());
-    if (file->IsWrittenDirectly())
-        sink = OpenStream(LSharedReadWriteFile(path.c_str()), format, frames);
-    else
-        sink = LWaveFile::OpenSinkPCM(file->GetPathToWrite().c_str(), format.rate, format.channels,
-                                      static_cast<std::uint16_t>(format.bits), 0);
+    sink = OpenStream(file->IsWrittenDirectly() ? LSharedReadWriteFile(path.c_str()) : file->OpenToWrite(),
+                      format, frames);
     return {};
 }
 

@@ -1,5 +1,7 @@
 #include "sys/background.h"
 
+#include "sys/alternate_stack.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -35,6 +37,7 @@ Pending& GetPending() {
 }
 
 void* RunWork(void* owned) {
+    const LAlternateStack forSignals;
     std::unique_ptr<std::function<void()>> work(static_cast<std::function<void()>*>(owned));
     (*work)();
     work.reset();

@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/file.h> // NOLINT(readability-duplicate-include): the system's
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -156,6 +159,11 @@ LFailure LOpenFile::Sync() {
                    errno == EROFS); // a device has nothing to bring there
 }
 
+void LOpenFile::WriteBack(std::int64_t offset, std::int64_t bytes, bool waits) const {
+    constexpr unsigned int Waiting = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WAIT_AFTER;
+    sync_file_range(descriptor, offset, bytes, SYNC_FILE_RANGE_WRITE | (waits ? Waiting : 0));
+}
+
 LFailure LOpenFile::Truncate(std::int64_t size) {
     return Explain(ftruncate(descriptor, size) == 0);
 }
@@ -180,12 +188,19 @@ LReadWriteFile LReadWriteFile::OpenUnlocked(const char* path) {
 }
 
 bool LReadWriteFile::LockExclusively() {
-    return flock(descriptor, LOCK_EX) == 0;
+    return flock(descriptor, LOCK_EX | LOCK_NB) == 0;
 }
 
-LExclusiveLock::LExclusiveLock(const char* path) : file(LReadWriteFile::OpenUnlocked(path)) {
-    if (!file.LockExclusively())
-        file = {};
+/// By trying: the system can't be told to wait for a while only.
+LExclusiveLock::LExclusiveLock(const char* path, unsigned int milliseconds)
+    : file(LReadWriteFile::OpenUnlocked(path)) {
+    const auto latest = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (file.IsOpen() && !file.LockExclusively()) {
+        if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= latest)
+            file = {};
+        else
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }
 
 LFailure LFile::LoadFile(const char* path, void* data, unsigned int size) {
@@ -203,7 +218,7 @@ LFailure LFile::SaveFile(const char* path, const void* data, unsigned int size) 
     LReplacedFile file(path);
     LFailure failure = file.GetFailure();
     if (!failure && !file.IsWrittenDirectly()) {
-        failure = WriteAll(LockedFile(file.GetPathToWrite().c_str(), O_WRONLY, LOCK_EX), data, size);
+        failure = file.OpenToWrite().Write(data, size);
         if (failure)
             return failure;
         failure = file.Commit();
@@ -228,6 +243,11 @@ LFailure LFile::CopyFile(const char* from, const char* to) {
     if (file.Read(content.data(), content.size()) != content.size())
         return "could not be read to its end";
     return SaveFile(to, content.data(), static_cast<unsigned int>(content.size()));
+}
+
+void IgnoreWriteSignals() {
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        std::signal(signal, SIG_IGN);
 }
 
 LFailure CheckReadable(const std::string& path) {

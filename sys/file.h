@@ -56,6 +56,9 @@ public:
     [[nodiscard]] bool SkipForward(std::int64_t bytes);
     LFailure Truncate(std::int64_t size);
     LFailure Sync(); ///< waits until what was written has reached the disk
+    /// Has a part of the file brought to the disk, and waits for it where that is wanted. Unlike `Sync` it
+    /// promises nothing; where there is no disk, nothing happens.
+    void WriteBack(std::int64_t offset, std::int64_t bytes, bool waits) const;
 
 protected:
     /// What opening a file has given: a descriptor, or -1 and the system's error number.
@@ -96,7 +99,8 @@ public:
     static LReadWriteFile Duplicate(int opened);
     /// Creates the file where it is missing.
     static LReadWriteFile OpenUnlocked(const char* path);
-    /// Waits until nobody else holds an advisory lock on it.
+    /// Takes an advisory lock that is not waited for; false where somebody else holds one, or it can't be
+    /// had.
     [[nodiscard]] bool LockExclusively();
 
 protected:
@@ -123,11 +127,11 @@ public:
     explicit LSharedReadWriteFile(const char* path);
 };
 
-/// Holds a file, which is created where it is missing, against every other holder; waits for it. The lock
-/// goes with its process, however that ends.
+/// Holds a file, which is created where it is missing, against every other holder; waits for it, but no
+/// longer than it is told to. The lock goes with its process, however that ends.
 class LExclusiveLock {
 public:
-    explicit LExclusiveLock(const char* path);
+    LExclusiveLock(const char* path, unsigned int milliseconds);
     bool IsHeld() const { return file.IsOpen(); }
 
 private:
@@ -147,6 +151,10 @@ public:
     /// Saves what is in one file, of up to 4 GiB, as another; fails as `SaveFile` does.
     static LFailure CopyFile(const char* from, const char* to);
 };
+
+/// For the start of a program: from here on a write into a closed pipe, or beyond the largest file that the
+/// user may have, fails instead of ending the program.
+void IgnoreWriteSignals();
 
 /// Whether `path` can be read as a file.
 LFailure CheckReadable(const std::string& path);

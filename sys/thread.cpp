@@ -1,5 +1,7 @@
 #include "sys/thread.h"
 
+#include "sys/alternate_stack.h"
+
 #include <algorithm>
 #include <sched.h>
 
@@ -25,6 +27,7 @@ bool LThread::Start(int value) {
 }
 
 void* LThread::ThreadCallback(void* thread) {
+    const LAlternateStack forSignals;
     auto& self = *static_cast<LThread*>(thread);
     self.SetPriority(self.priority);
     self.ThreadFunction();

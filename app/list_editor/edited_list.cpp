@@ -2,11 +2,54 @@
 
 #include "app/setting_names.h"
 #include "jobs/tone_lists.h"
+#include "sys/desktop/folders.h"
+#include "sys/file.h"
 #include "sys/path.h"
+#include "tone/tone_list_file.h"
 
+#include <cstdio>
 #include <unistd.h>
 
-EditedList::EditedList() : path(Setting::EditList.Get()) {}
+namespace {
+
+std::string DraftPath() {
+    return GetUserDataFolder() + "/edited-list.tdl";
+}
+
+std::string LostDraftPath() {
+    return GetUserDataFolder() + "/lost-list.tdl";
+}
+
+} // namespace
+
+EditedList::EditedList() : path(Setting::EditList.Get()) {
+    std::rename(DraftPath().c_str(), LostDraftPath().c_str());
+}
+
+void EditedList::KeepDraft(const std::vector<std::string>& rows) {
+    static_cast<void>(WriteToneListFile(DraftPath().c_str(), rows));
+}
+
+void EditedList::DropDraft() {
+    unlink(DraftPath().c_str());
+}
+
+bool EditedList::HasLostDraft() {
+    return FileExists(LostDraftPath());
+}
+
+LFailure EditedList::RecoverDraft(std::string& file) {
+    LFailure failure = CreateTemporaryList(file);
+    if (!failure)
+        failure = LFile::CopyFile(LostDraftPath().c_str(), file.c_str());
+    if (!failure)
+        std::rename(LostDraftPath().c_str(), DraftPath().c_str());
+    return failure;
+}
+
+void EditedList::DropLostDraft() {
+    unlink(LostDraftPath().c_str());
+}
 
 void EditedList::Begin(const std::string& file) {
     untitled = true;

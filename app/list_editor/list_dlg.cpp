@@ -7,6 +7,7 @@
 #include "app/window/time_text.h"
 #include "gui/file_chooser.h"
 #include "gui/numeric_edit.h"
+#include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
@@ -88,6 +89,9 @@ void ListDlg::OpenList() {
 void ListDlg::DestroyDialog() {
     list.reset();
     accepted ? edited.Keep() : edited.Drop();
+    const bool unasked = modified && !accepted && GetToolkit().IsSessionEnding();
+    if (!unasked)
+        EditedList::DropDraft();
 }
 
 void ListDlg::EnableControls() {
@@ -201,6 +205,7 @@ std::vector<std::string> ListDlg::GetEntries() const {
 
 void ListDlg::Modify() {
     modified = true;
+    EditedList::KeepDraft(GetEntries());
     ShowTotal();
     EnableControls();
 }

@@ -47,6 +47,7 @@ bool ListDlg::SaveTo(const std::string& path) {
         return false;
     }
     edited.MoveTo(path);
+    EditedList::DropDraft();
     modified = false;
     return true;
 }

@@ -4,8 +4,10 @@
 #include "app/desktop/web_links.h"
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
+#include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "app/window/window_tables.h"
+#include "gui/toolkit.h"
 #include "sys/desktop/folders.h"
 
 namespace {
@@ -51,11 +53,17 @@ void MainDialog::DestroyDialog() {
     devices.Leave();
     static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
+    LWatchSettings(nullptr);
     rows.Destroy();
     OpenThankYouPageOnce(GetToolkit());
 }
 
 void MainDialog::EvStarted() {
+    LWatchSettings([this](const LFailure& failure) {
+        GetToolkit().Post([failure] {
+            ShowNotice({"Settings", "Your settings can't be kept: " + failure.GetReason() + "."});
+        });
+    });
     Setting::FirstRun.Set(true);
 }
 

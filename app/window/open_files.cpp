@@ -26,7 +26,10 @@ void MainDialog::CmLoadFile(const char* path) {
 void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     if (count > 1)
         OpenFromUser(arguments[1]);
-    GetToolkit().Post([this] { OfferCrashReport(*this); });
+    GetToolkit().Post([this] {
+        OfferCrashReport(*this);
+        Relist(lists.OfferLostList());
+    });
 }
 
 /// Unlike a document from the desktop, a file named by its user may be a list, and its extension in capitals.

@@ -6,6 +6,7 @@
 #include "app/window/tone_commands.h"
 #include "app/window/tone_files.h"
 #include "gui/file_chooser.h"
+#include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
@@ -32,6 +33,28 @@ bool ToneLists::CmEditList(const std::string& path) {
     tone.waveform = ToneFromList;
     tone.flags |= ToneFlagDuration; // a list ends
     return true;
+}
+
+bool ToneLists::OfferLostList() {
+    if (!EditedList::HasLostDraft())
+        return false;
+    const LMessageAnswer answer = LShowMessageBox(
+        "Tone List",
+        "Sonvire ended while a tone list was edited. What was not saved is still there.\n\nDo "
+        "you want to go on with it?",
+        LMessageButtons::YesNo);
+    if (window.GetToolkit().IsSessionEnding())
+        return false;
+    if (answer != LMessageAnswer::Yes) {
+        EditedList::DropLostDraft();
+        return false;
+    }
+    std::string path;
+    if (const LFailure failure = EditedList::RecoverDraft(path)) {
+        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+        return false;
+    }
+    return CmEditList(path);
 }
 
 bool ToneLists::CmLoadList() {

@@ -23,6 +23,9 @@ public:
     /// True where the current tone plays the copy afterwards.
     bool CmSaveList();
 
+    /// Where an earlier run has ended while a list was edited: asks whether to go on with it.
+    bool OfferLostList();
+
 private:
     bool CopyList(const std::string& list, const std::string& path);
 

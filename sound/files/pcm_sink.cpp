@@ -28,16 +28,21 @@ LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t
       bytesPerSample(sampleBytes),
       bytesPerFrame(sampleBytes * channels),
       file(std::move(opened)),
-      start(file.GetOffset()) {
+      start(file.GetOffset()),
+      pacedTo(start) {
     NoteOpened();
     WriteHeader(static_cast<std::uint32_t>(totalFrames) * bytesPerFrame);
 }
 
 void LSNKPCMFileBase::Finish() {
-    if (start >= 0 && file.SeekTo(start)) // a pipe keeps the header that it was given
+    if (!file.IsOpen())
+        return;
+    const bool isPipe = start < 0; // which keeps the header that it was given
+    if (!isPipe && file.SeekTo(start))
         WriteRIFF(true);
-    if (file.IsOpen())
-        Note(file.Close());
+    else if (!isPipe)
+        Note(LFailure::OfLastCall());
+    Note(file.Close());
 }
 
 std::int64_t LSNKPCMFileBase::GetOffsetOf(int frame) const {
@@ -81,6 +86,20 @@ void LSNKPCMFileBase::Seek(int sample) {
 void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {
     lengthHint = WrapAdd(lengthHint, frames);
     Note(file.Write(data, static_cast<std::size_t>(frames) * bytesPerFrame));
+    PaceWriting();
+}
+
+/// Memory takes the file much faster than a disk does: without this, the job would seem to be done while most
+/// of it is still to be written, and could not be stopped any more.
+void LSNKPCMFileBase::PaceWriting() {
+    constexpr std::int64_t StepBytes = 16 << 20;
+    const std::int64_t end = GetOffsetOf(lengthHint);
+    if (start < 0 || end - pacedTo < StepBytes)
+        return;
+    file.WriteBack(pacedTo, end - pacedTo, false);
+    if (pacedTo > start)
+        file.WriteBack(start, pacedTo - start, true);
+    pacedTo = end;
 }
 
 template <class Format>

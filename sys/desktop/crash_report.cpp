@@ -1,5 +1,6 @@
 #include "sys/desktop/crash_report.h"
 
+#include "sys/alternate_stack.h"
 #include "sys/desktop/crash_lines.h"
 
 #include <QString>
@@ -29,8 +30,7 @@ constexpr int MaxFrames = 64;
 struct Prepared {
     LFixedText path;
     LFixedText head;
-    LFixedText report;                                         ///< what the handler writes in
-    alignas(std::max_align_t) std::array<char, 65536> stack{}; ///< also for a crash by a full stack
+    LFixedText report; ///< what the handler writes in
     std::array<void*, MaxFrames> frames{};
 };
 Prepared prepared;
@@ -140,10 +140,7 @@ void LInstallCrashReport(const std::string& path, const std::string& head) {
     prepared.path.Add(path);
     PrepareHead(head);
     PrepareBackTrace();
-    stack_t stack{};
-    stack.ss_sp = prepared.stack.data();
-    stack.ss_size = prepared.stack.size();
-    sigaltstack(&stack, nullptr);
+    static const LAlternateStack forSignals;
     for (const CrashSignal& each : CrashSignals)
         Handle(each.number);
 }

@@ -19,7 +19,9 @@ protected:
 
 /// From here on a crash (SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT) has its witness save, then writes a report
 /// that begins with `head` to `path`, then ends the process as it would have without this. A signal that
-/// something else handles already, such as a sanitizer, is left to it. Once in a process, on its main thread.
+/// something else handles already, such as a sanitizer, is left to it. A full stack is reported of threads
+/// that have an `LAlternateStack`, as the main thread has from here on. Once in a process, on its main
+/// thread.
 void LInstallCrashReport(const std::string& path, const std::string& head);
 
 /// Who is asked at a crash, null for nobody.

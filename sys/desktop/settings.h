@@ -1,13 +1,19 @@
 #pragma once
 
+#include "sys/failure.h"
+
+#include <functional>
 #include <string>
 
 /// The user's remembered choices, each a text addressed by a section and a key ("settings", "autoplay").
 /// Section names are case-sensitive, and one that ends in "/" is the same as one that doesn't.
 ///
 /// Nothing is cached: every read goes to the store, and every write is on disk when the call returns, whole
-/// or not at all, without losing what another program wrote under other keys. A failed write is not reported.
-/// One thread only.
+/// or not at all, without losing what another program wrote under other keys. One thread only.
+
+/// From here on `watcher` is called when a setting could not be written, the first time that happens; null
+/// for nobody.
+void LWatchSettings(std::function<void(const LFailure&)> watcher);
 
 /// Texts of 260 bytes and more are not delivered: they read as empty.
 inline constexpr int MaxSettingBytes = 259;

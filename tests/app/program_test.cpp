@@ -66,8 +66,10 @@ protected:
     }
     bool StartProgram(const std::string& argument) {
         program = Spawn("exec " SONVIRE " " + argument, server.Path("out"), server.Path("err"));
-        return WaitFor(
-            [] { return RunProgram("xdotool search --onlyvisible --name Sonvire windowfocus").status == 0; });
+        return WaitFor(IsShown);
+    }
+    static bool IsShown() {
+        return RunProgram("xdotool search --onlyvisible --name Sonvire windowfocus").status == 0;
     }
     static std::string DataFolder() { return std::getenv("XDG_DATA_HOME"); }
     /// Where the program keeps its own files.
@@ -130,22 +132,46 @@ TEST_F(Program, ASecondStartHandsItsFileOver) {
     StartDisplay();
     StartBus();
     WriteBytes(server.Path("list.tdl"), "500ms silence.\n250ms silence.\n");
+    const std::string oddName = server.Path("\xFF.tdf");
+    std::filesystem::copy_file(WriteTone(), oddName);
     ASSERT_TRUE(StartProgram(server.Path("none")));
     const std::string second = "exec timeout 20 " SONVIRE " ";
-    EXPECT_EQ(RunProgram(second + WriteTone()).status, 0);
-    Key("Page_Up");
     EXPECT_EQ(RunProgram(second + server.Path("list.tdl")).status, 0);
     const auto editor = [] {
         return RunProgram("xdotool search --onlyvisible --name 'Tone List' windowfocus").status == 0;
     };
     EXPECT_TRUE(WaitFor(editor)) << "lists as well";
+    for (const std::string& each : {server.Path("gone.tdf"), WriteTone(1000), oddName})
+        EXPECT_EQ(RunProgram(second + each).status, 0);
+    EXPECT_NE(RunProgram("dbus-send --session --print-reply --dest=com.quenbysoftware.Sonvire "
+                         "/com/quenbysoftware/Sonvire org.freedesktop.Application.ActivateAction "
+                         "string:open-argument array:int32:1,2 dict:string:string:")
+                  .status,
+              0)
+        << "other forms are refused";
     Key("Return");
-    EXPECT_TRUE(WaitFor([&] { return !editor(); }));
+    const auto box = [] {
+        return RunProgram("xdotool search --onlyvisible --name '^Error$' windowfocus").status == 0;
+    };
+    EXPECT_TRUE(WaitFor(box)) << "in their order, once the editor is closed";
+    Key("Return");
+    const auto remembered = [&] {
+        return ReadBytes(server.Path("Quenby Software/Sonvire.conf")).find("\xFF.tdf\n") != std::string::npos;
+    };
+    EXPECT_TRUE(WaitFor(remembered)) << "as the last one, by a name that is not UTF-8";
+    Key("Page_Up");
 
     EndProgram();
     EXPECT_EQ(KeptTone().startLeftHz[0], 440);
-    EXPECT_EQ(KeptTone().GetListPath(), server.Path("list.tdl"));
-    EXPECT_EQ(KeptTone().durationMs, 750U);
+
+    ASSERT_TRUE(StartProgram(""));
+    const pid_t old = program;
+    kill(old, SIGTERM);
+    program = Spawn("exec " SONVIRE " " + WriteTone(500), server.Path("out"), server.Path("err"));
+    waitpid(old, nullptr, 0);
+    EXPECT_TRUE(WaitFor([this] { return IsShown() || waitpid(program, nullptr, WNOHANG) > 0; }));
+    EndProgram();
+    EXPECT_EQ(KeptTone().durationMs, 500U) << "whichever has opened it";
 }
 
 TEST_F(Program, ACrashIsReportedAndKeepsTheTone) {

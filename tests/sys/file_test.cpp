@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <sys/stat.h>
 
 namespace {
@@ -48,12 +49,12 @@ TEST(ReplacedFile, OldOrNewButNothingBetween) {
     std::filesystem::create_symlink(path, link);
     {
         const LReplacedFile dropped(path);
-        WriteBytes(dropped.GetPathToWrite(), "half of the n");
+        EXPECT_FALSE(dropped.OpenToWrite().Write("half of the n", 13));
         EXPECT_EQ(ReadBytes(path), "old");
     }
     EXPECT_EQ(ReadBytes(path), "old");
     LReplacedFile kept(link);
-    WriteBytes(kept.GetPathToWrite(), "new");
+    EXPECT_FALSE(kept.OpenToWrite().Write("new", 3));
     EXPECT_FALSE(kept.Commit());
     EXPECT_EQ(ReadBytes(path), "new") << "the file behind the link";
     EXPECT_TRUE(std::filesystem::is_symlink(link));
@@ -85,11 +86,31 @@ TEST(ReplacedFile, ALinkIsNeverReplaced) {
     const TempDir dir;
     std::filesystem::create_symlink(dir / "not yet", dir / "dangling");
     LReplacedFile file(dir / "dangling");
-    EXPECT_EQ(file.GetPathToWrite(), dir / "dangling");
-    WriteBytes(file.GetPathToWrite(), "x");
+    EXPECT_TRUE(file.IsWrittenDirectly());
     EXPECT_FALSE(file.Commit());
-    EXPECT_EQ(ReadBytes(dir / "not yet"), "x");
     EXPECT_TRUE(std::filesystem::is_symlink(dir / "dangling"));
+}
+
+TEST(ReplacedFile, WhatAKilledProgramHasLeftGoesAndNothingElse) {
+    const TempDir dir;
+    const std::set<std::string> left = {".a.wav.sonvire-00abcd", ".b.sonvire-123456"},
+                                stay = {".c.sonvire-123457",
+                                        ".config.backup",
+                                        ".a.sonvire-12345",
+                                        "a.sonvire-123456",
+                                        ".a.sonvire-12345x",
+                                        ".a.sonvire-1234567",
+                                        "kept"};
+    for (const auto& names : {left, stay})
+        for (const std::string& name : names)
+            WriteBytes(dir / name, "x");
+    const LSharedReadWriteFile writing(
+        (dir / ".c.sonvire-123457").c_str()); // by a program that is still there
+    EXPECT_FALSE(LFile::SaveFile((dir / "kept").c_str(), "y", 1));
+    std::set<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(dir / ""))
+        found.insert(entry.path().filename());
+    EXPECT_EQ(found, stay);
 }
 
 TEST(ReplacedFile, SaysWhyItCanNotBeCreated) {
@@ -97,7 +118,7 @@ TEST(ReplacedFile, SaysWhyItCanNotBeCreated) {
     EXPECT_EQ(LReplacedFile(dir / "no/folder").GetFailure().GetReason(), "No such file or directory");
     EXPECT_EQ(LReplacedFile(dir / "").GetFailure().GetReason(), "Is a directory");
     LReplacedFile device("/dev/null");
-    EXPECT_EQ(device.GetPathToWrite(), "/dev/null") << "no regular file is written directly";
+    EXPECT_TRUE(device.IsWrittenDirectly()) << "it is no regular file";
     EXPECT_FALSE(device.Commit());
     const std::string longest = dir / std::string(255, 'n');
     LReplacedFile named(longest);

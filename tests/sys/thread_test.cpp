@@ -4,11 +4,15 @@
 #include "sys/thread_check.h"
 
 #include "support/owner.h"
+#include "support/temp_dir.h"
+#include "sys/desktop/crash_report.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -69,6 +73,31 @@ TEST(Thread, RunsAgainAfterItHasEnded) {
     while (worker.IsRunning()) // a stop wakes it
         std::this_thread::yield();
 }
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which handle a crash themselves
+class Endless : public LThread {
+public:
+    ~Endless() override { StopThreadNow(); }
+
+private:
+    void ThreadFunction() override { Recurse(0); }
+    int Recurse(int depth) { return depth < 0 ? 0 : Recurse(depth + 1) + depth; } // NOLINT(misc-no-recursion)
+};
+
+TEST(Thread, AFullStackIsReported) {
+    const TempDir dir;
+    const pid_t child = fork();
+    if (child == 0) {
+        LInstallCrashReport(dir / "report", "head");
+        Endless().Start(LThread::PriorityNormal);
+        _exit(0);
+    }
+    int state = 0;
+    waitpid(child, &state, 0);
+    EXPECT_TRUE(WIFSIGNALED(state));
+    EXPECT_NE(ReadBytes(dir / "report").find("Signal: SIGSEGV"), std::string::npos);
+}
+#endif
 
 class Receiver : public LThreadQueuedNotify {
 public:

@@ -113,7 +113,7 @@ TEST_F(ToneList, ItsLastLinePlaysFirst) {
     EXPECT_TRUE(DescribeFile("/dev/zero").empty()) << "and is not read for ever";
     const std::string list = List("list.tdl", {"A.tdf", "500ms silence.", "B.tdf"});
     EXPECT_EQ(ReadBytes(list), "B.tdf\n500ms silence.\nA.tdf\n");
-    const LExclusiveLock lock(list.c_str());
+    const LExclusiveLock lock(list.c_str(), 0);
     EXPECT_TRUE(DescribeFile(list).empty()) << "in another program's hands";
 }
 

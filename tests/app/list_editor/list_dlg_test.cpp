@@ -218,6 +218,50 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
     }
 }
 
+TEST_F(ListEditor, RowsOutliveTheProgramUntilTheyAreSavedOrDropped) {
+    const std::string path = WriteList("list.tdl", "2ms silence.\n1ms silence.\n");
+    const std::string draft = GetUserDataFolder() + "/edited-list.tdl";
+    const auto moveRow = [](MemoryDialog& dialog, MemoryList& rows) {
+        rows.Select({0});
+        dialog.Press(ListMoveDown);
+    };
+    std::string kept;
+    OnEditor([&](MemoryDialog& dialog) {
+        EXPECT_FALSE(std::filesystem::exists(draft));
+        moveRow(dialog, EditedRows());
+        kept = ReadBytes(draft);
+        EXPECT_EQ(kept, "1ms silence.\n2ms silence.\n");
+        dialog.Press(ListSave);
+        EXPECT_FALSE(std::filesystem::exists(draft)) << "they are in a file of the user's";
+        moveRow(dialog, EditedRows());
+        dialog.Press(LCommandCancel);
+    });
+    Run([&](MemoryMainWindow&) { EXPECT_FALSE(std::filesystem::exists(draft)); }, {path});
+
+    OnEditor([&](MemoryDialog& dialog) {
+        moveRow(dialog, EditedRows());
+        toolkit->sessionEnding = true;
+        dialog.Press(LCommandCancel);
+    });
+    Run([](MemoryMainWindow&) {}, {path});
+    for (const LMessageAnswer answer : {LMessageAnswer::Yes, LMessageAnswer::No, LMessageAnswer::Yes}) {
+        if (answer == LMessageAnswer::Yes)
+            OnEditor([&](MemoryDialog& dialog) {
+                EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", "2ms silence."));
+                kept = ReadBytes(draft); // as if it were killed here
+                dialog.Press(LCommandOk);
+            });
+        Run(
+            [&](MemoryMainWindow&) {
+                EXPECT_THAT(Boxes(), StartsWith("Tone List|Sonvire ended while a tone list was edited."));
+            },
+            {}, [&](MainDialog&) { toolkit->answers = {answer}; });
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), "") << "asked once"; });
+        WriteBytes(draft, kept);
+        RemoveTemporary();
+    }
+}
+
 TEST_F(ListEditor, AFullDiskKeepsTheEditorOpen) {
     const std::string path = WriteList("list.tdl", "2ms silence.\n1ms silence.\n");
     OnEditor([&](MemoryDialog& dialog) {

@@ -1,4 +1,5 @@
 #include "support/app_window.h"
+#include "support/full_disk.h"
 
 #include <gmock/gmock.h>
 
@@ -122,6 +123,16 @@ TEST_F(App, TheLastToneAndPlaceComeBack) {
             EXPECT_TRUE(WaitForPlayback(before + 2)) << "at the start, and again with the file";
         },
         {WriteTone("a.tdf", Tone440())});
+}
+
+TEST_F(App, SettingsThatCanNotBeKeptAreToldOnce) {
+    Run([&](MemoryMainWindow&) {
+        const FullDisk full;
+        for (const int decibels : {1, 2})
+            Setting::PlayVolume.Set(decibels);
+        toolkit->DispatchPending();
+        EXPECT_EQ(Boxes(), "Settings|Your settings can't be kept: File too large.");
+    });
 }
 
 TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {

@@ -109,6 +109,22 @@ TEST(WaveFile, AFullDiskIsRemembered) {
     EXPECT_EQ(sink->failure.GetError(), ENOSPC);
 }
 
+TEST(WaveFile, AHeaderThatCanNotBeCompletedIsRemembered) {
+    const TempDir dir;
+    int pipeEnds[2];
+    ASSERT_EQ(pipe(pipeEnds), 0);
+    const int next = dup(pipeEnds[0]);
+    close(next); // the number that the file gets
+    const LSoundSink sink =
+        LWaveFile::OpenSinkStream(LReadWriteFile::OpenUnlocked((dir / "out.wav").c_str()), 8000, 1, 16, 0);
+    dup2(pipeEnds[1], next); // which can be written and closed, but not rewound
+    sink->Finish();
+    EXPECT_EQ(sink->status, SinkFellShort);
+    EXPECT_EQ(sink->failure.GetError(), ESPIPE);
+    for (const int end : pipeEnds)
+        close(end);
+}
+
 TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {
     const TempDir dir;
     const std::string data = Chunk("data", ThreeSamples);

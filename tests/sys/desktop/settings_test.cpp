@@ -1,9 +1,12 @@
 #include "sys/desktop/settings.h"
 
+#include "support/full_disk.h"
 #include "support/temp_dir.h"
+#include "sys/file.h"
 
 #include <gtest/gtest.h>
 
+#include <QSettings>
 #include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -73,7 +76,7 @@ TEST(Settings, AFileOfNonsenseGivesDefaults) {
     WriteBytes(
         StorePath(),
         std::string("[[[\n==\n[test]\nlist=a, b\nbad=@Variant(\\0\\0\\0\\xff)\ngood=2\n\xFF\xFE\0[x", 60));
-    EXPECT_EQ(LUserSettingGet("test", "list", 7), 7);
+    EXPECT_EQ(Read("test", "list"), "stored: a, b");
     EXPECT_EQ(LUserSettingGet("test", "bad", 7), 7);
     EXPECT_EQ(LUserSettingGet("test", "good", 7), 2);
     LUserSettingSetString("test", "new", "3");
@@ -81,11 +84,67 @@ TEST(Settings, AFileOfNonsenseGivesDefaults) {
     EXPECT_EQ(LUserSettingGet("test", "new", 7), 3);
 }
 
+TEST(Settings, AreThoseOfQt) {
+    WriteBytes(StorePath(), "");
+    QSettings qt(QSettings::NativeFormat, QSettings::UserScope, "Quenby Software", "Sonvire");
+    const std::string texts[] = {"",
+                                 "plain",
+                                 " blanks ",
+                                 "a;b=c, d",
+                                 "@x)",
+                                 "@String(x)",
+                                 "?'\"\\\a\r\n\t",
+                                 "\1a\1g",
+                                 std::string("\0001z", 3),
+                                 "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x8E\xB5"};
+    for (const std::string& text : texts) {
+        usleep(20000); // Qt takes a file of the same size and time for the same
+        LUserSettingSetString("to Qt/", "a key.\xC3", text);
+        qt.sync();
+        EXPECT_EQ(qt.value(QString::fromLatin1("to Qt/a key.\xC3")).toString().toStdString(), text);
+        qt.setValue("from Qt/a key", QString::fromStdString(text));
+        qt.sync();
+        EXPECT_EQ(Read("from Qt", "a key"), "stored: " + text);
+    }
+    WriteBytes(StorePath(),
+               "\xEF\xBB\xBF; by hand\r\n[ test ]\r\nout = Speakers, HDMI 1 ; x\r\nq=\"a, b \"\r\n"
+               "old=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nq = \"c;\"\n[z]\nno key\n");
+    EXPECT_EQ(Read("test", "out"), "stored: Speakers, HDMI 1");
+    EXPECT_EQ(Read("test", "q"), "stored: c;") << "the last one";
+    EXPECT_EQ(Read("test", "old"), "stored: \xC3\xA4\xF0\x9F\x8E\xB5");
+    LUserSettingSetString("test", "out", "1");
+    LUserSettingSetString("test", "more", "2");
+    LUserSettingDeleteItem("test", "q");
+    EXPECT_EQ(ReadBytes(StorePath()),
+              "; by hand\r\n[ test ]\r\nout=1\nold=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nmore=2\n[z]\nno key\n");
+}
+
+TEST(Settings, WhatCanNotBeKeptIsToldOnceAndLosesNothing) {
+    LUserSettingSetString("test", "keep", "kept");
+    std::vector<std::string> told;
+    LWatchSettings([&](const LFailure& failure) { told.push_back(failure.GetReason()); });
+    {
+        const FullDisk full;
+        LUserSettingSetString("test", "keep", "lost");
+        LUserSettingDeleteItem("test", "keep");
+    }
+    EXPECT_EQ(told, std::vector<std::string>{"File too large"});
+    EXPECT_EQ(Read("test", "keep"), "stored: kept");
+}
+
+TEST(Settings, ALockThatIsNotLetGoKeepsNobody) {
+    LUserSettingSetString("test", "locked", "1");
+    const LExclusiveLock lock((StorePath() + ".writer").c_str(), 0);
+    ASSERT_TRUE(lock.IsHeld());
+    LUserSettingSetString("test", "unlocked", "1");
+    EXPECT_EQ(Read("test", "unlocked"), "stored: 1");
+}
+
 TEST(Settings, ProgramsThatWriteAtOnceLoseNothing) {
     constexpr int Keys = 60;
     const auto write = [](const char* section) {
         for (int i = 0; i < Keys; ++i)
-            LUserSettingSet(section, "key" + std::to_string(i), i);
+            LUserSettingSet(section, "key" + std::to_string(i), i), usleep(1000);
     };
     const pid_t other = fork();
     if (other == 0) {
