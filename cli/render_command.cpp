@@ -33,7 +33,6 @@ struct RenderOptions {
 
 /// Runs the job with its progress on the terminal.
 LProcessResult RunJob(LPRSourceToSink& job, bool quiet) {
-    CatchInterrupts();
     ProgressLine progress(quiet, job.source.GetEnd().GetMilliseconds() / 1000.0);
     const LProcessResult result = Process(progress, job);
     progress.Finish(result == LProcessResult::Completed);
@@ -53,6 +52,7 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
 }
 
 int RenderInput(const RenderOptions& options, const std::string& inputName, const SoundInput& input) {
+    CatchInterrupts(); // before there is a file that could be left
     RenderTarget target{.path = options.output.path, .rate = options.rate, .bits = options.bits};
     if (options.channels)
         target.channels = static_cast<std::uint8_t>(*options.channels);
@@ -64,7 +64,7 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
         HintAtShortDuration(options.tone);
         return static_cast<int>(outcome.result);
     }
-    const bool standardOutput = target.path == WaveOutput::StandardOutput;
+    const bool standardOutput = WaveOutput::IsStandardOutput(target.path);
     if (outcome.ofTheOutput)
         return Refuse(standardOutput ? "standard output" : target.path, outcome.failure.GetReason());
     return Refuse(inputName,

@@ -41,13 +41,13 @@ bool IsNoFile(const std::string& path) {
 
 /// Whether the output may be written for this input.
 LFailure CheckOutput(const std::string& output, const SoundInput& input) {
-    const std::string written = output == WaveOutput::StandardOutput ? "/dev/stdout" : output;
+    const bool standard = WaveOutput::IsStandardOutput(output);
+    const std::string written = standard ? "/dev/stdout" : output;
     const bool isRead = std::any_of(input.files.begin(), input.files.end(),
                                     [&](const std::string& file) { return IsSameFile(file, written); });
     if (isRead)
         return "is read by the input";
-    const bool fits =
-        output == WaveOutput::StandardOutput || HasExtension(output, ".wav") || IsNoFile(output);
+    const bool fits = standard || HasExtension(output, ".wav") || IsNoFile(output);
     return fits ? LFailure() : "is no name for a WAVE file, which ends in .wav";
 }
 

@@ -8,7 +8,7 @@
 
 /// What is to become of an input.
 struct RenderTarget {
-    std::string path; ///< of the WAVE file; `WaveOutput::StandardOutput` for standard output
+    std::string path; ///< of the WAVE file; "-" for standard output
     std::optional<int> rate{};
     std::optional<std::uint8_t> channels{};
     int bits = 16;

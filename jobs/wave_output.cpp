@@ -4,6 +4,8 @@
 #include "sys/path.h"
 
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -14,7 +16,26 @@ LSoundSink OpenStream(LReadWriteFile&& opened, const OutputFormat& format, int f
 }
 
 LFailure Because(const char* what, const LFailure& failure) {
+    if (failure.GetError() == ENXIO)
+        return "is a pipe that nobody reads";
     return failure ? LFailure(what + (": " + failure.GetReason())) : LFailure();
+}
+
+/// Whether sound can be written to standard output. Behind what is there already, it would be in no file of
+/// its own, and its header could not be corrected.
+LFailure CheckStandardOutput() {
+    if (isatty(STDOUT_FILENO) != 0)
+        return "is a terminal, which can't take sound";
+    struct stat info {};
+    const bool isFile = fstat(STDOUT_FILENO, &info) == 0 && S_ISREG(info.st_mode);
+    const bool appends = (fcntl(STDOUT_FILENO, F_GETFL) & O_APPEND) != 0;
+    return isFile && appends ? "is open for appending (>>), but a WAVE file is a file of its own"
+                             : LFailure();
+}
+
+/// True where the file may be written, but its folder may not.
+bool CanOnlyBeWrittenInPlace(const std::string& path, const LFailure& failure) {
+    return (failure.GetError() == EACCES || failure.GetError() == EPERM) && access(path.c_str(), W_OK) == 0;
 }
 
 } // namespace
@@ -27,18 +48,28 @@ WaveOutput::WaveOutput(const std::string& path, const OutputFormat& format, int 
 }
 
 LFailure WaveOutput::OpenSink(const std::string& path, const OutputFormat& format, int frames) {
-    if (path == StandardOutput) {
-        if (isatty(STDOUT_FILENO) != 0)
-            return "is a terminal, which can't take sound";
+    if (IsStandardOutput(path)) {
+        if (LFailure refused = CheckStandardOutput())
+            return refused;
         sink = OpenStream(LReadWriteFile::Duplicate(STDOUT_FILENO), format, frames);
         return {};
     }
     file.emplace(path);
+    if (CanOnlyBeWrittenInPlace(path, file->GetFailure())) {
+        file.reset();
+        sink = LWaveFile::OpenSinkPCM(path.c_str(), format.rate, format.channels,
+                                      static_cast<std::uint16_t>(format.bits), 0);
+        return {};
+    }
     if (file->GetFailure())
         return Because("can't be created", file->GetFailure());
     sink = OpenStream(file->IsWrittenDirectly() ? LSharedReadWriteFile(path.c_str()) : file->OpenToWrite(),
                       format, frames);
     return {};
+}
+
+bool WaveOutput::IsStandardOutput(const std::string& path) {
+    return path == "-" || path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
 }
 
 LFailure WaveOutput::Finish(LProcessResult result) {

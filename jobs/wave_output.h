@@ -15,11 +15,13 @@ struct OutputFormat {
     int bits; ///< 8 or 16
 };
 
-/// Where a sound is rendered to: a file, which takes an old one's place only once it is complete, or "-" for
-/// standard output. What can't be rewound, such as a pipe, needs the number of frames in advance.
+/// Where a sound is rendered to: a file, which takes an old one's place only once it is complete, or standard
+/// output. A file in a folder that may not be written is written in its place. What can't be rewound, such as
+/// a pipe, needs the number of frames in advance.
 class WaveOutput {
 public:
-    static constexpr const char* StandardOutput = "-";
+    /// True for "-", and for the names that the system has for it.
+    static bool IsStandardOutput(const std::string& path);
 
     WaveOutput(const std::string& path, const OutputFormat& format, int frames);
 

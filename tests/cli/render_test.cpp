@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <cstring>
+#include <sys/stat.h>
 
 namespace {
 
@@ -115,6 +116,35 @@ TEST_F(Render, WhatIsTooLoudIsLimitedNotWrapped) {
         EXPECT_EQ(CountSignChanges(samples), input == "rates.tdl" ? 299 : 199) << input;
         EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 0.97) << input;
     }
+}
+
+TEST_F(Render, WritesWhereItCanAndSaysWhereItCant) {
+    const std::string render = SONVIRE_CLI " render --duration 100 ";
+    mkfifo(Path("pipe.wav").c_str(), 0600);
+    Write("mine.wav", "kept");
+    std::filesystem::create_directory(Path("closed"));
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {render + "pipe.wav", 2, "pipe.wav: is a pipe that nobody reads"},
+        {render + "- >> mine.wav", 2, "standard output: is open for appending"},
+        {render + "/dev/stdout >> mine.wav", 2, "standard output: is open for appending"},
+        {render + "/dev/stdout > new.wav && soxi -s new.wav", 0, ""},
+        {"ln -s nowhere/x.wav link.wav; " + render + "link.wav", 2,
+         "link.wav: can't be opened for writing: No"}};
+    for (const auto& [command, status, reason] : cases) {
+        const ProgramResult result = RunProgram(command);
+        EXPECT_EQ(result.status, status) << command;
+        EXPECT_THAT(result.errors, HasSubstr(reason));
+    }
+    EXPECT_EQ(Read("mine.wav"), "kept");
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become a user who may not write into a folder";
+    Write("closed/o.wav", "old");
+    std::filesystem::copy_file(SONVIRE_CLI, Path("cli"));
+    RunProgram("chmod -R a+rX . && chmod a+w closed/o.wav");
+    EXPECT_EQ(
+        RunProgram("setpriv --reuid 65534 --clear-groups ./cli render --duration 100 closed/o.wav").errors,
+        "");
+    EXPECT_EQ(Read("closed/o.wav").size(), 46u + 2 * 4410) << "written in its place";
 }
 
 TEST_F(Render, NoiseIsTheSameForASeedOnly) {
