@@ -42,7 +42,7 @@ TEST(Help, EveryLinkLeadsSomewhere) {
             }
         }
     }
-    EXPECT_EQ(pages, 6);
+    EXPECT_EQ(pages, 7);
 }
 
 TEST_F(App, HelpOpensItsPages) {
