@@ -22,6 +22,12 @@ target_compile_options(sonvire_options INTERFACE
   -Wno-unknown-warning-option # for tools that read these flags with another compiler
   -ffp-contract=off # double expressions are evaluated as they are written, on every processor
   )
+if(NOT SONVIRE_SANITIZE)
+  # What a crafted file might still overwrite is checked, or can't be written to.
+  target_compile_options(sonvire_options INTERFACE
+    "$<$<CONFIG:Release,RelWithDebInfo>:SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>")
+  target_link_options(sonvire_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
 if(SONVIRE_SANITIZE)
   target_compile_options(sonvire_options INTERFACE
     -fsanitize=${SONVIRE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
