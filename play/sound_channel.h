@@ -32,6 +32,8 @@ class LSoundChannel {
 public:
     /// Volume word: the right level in the high 16 bits, the left in the low 16 bits, 0..256.
     static constexpr std::uint32_t UnityVolume = 0x01000100;
+    /// The rates that an output may be asked for, in frames per second.
+    static constexpr int LowestRate = 1000, HighestRate = 192000;
 
     LSoundChannel() = default;
     /// What the output has not taken yet fades out over 5 ms and is silent from then on. Thread: player.

@@ -1,7 +1,10 @@
 #include "play/sound_player.h"
 
 #include "sound/sample_format.h"
+#include "sound/stages/convert_rate.h"
 #include "sound/stages/peak_limit.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -40,12 +43,14 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     Stop();
     if (toPlay->status != SoundUsable)
         return false;
-    const LSoundSource source = LSPPeakLimit(FullScale16).OpenSource(toPlay);
-    if (source->status != SoundUsable)
+    const int position = toPlay->GetPositionSample();
+    const int rate = std::clamp(toPlay->sampleRate, LSoundChannel::LowestRate, LSoundChannel::HighestRate);
+    const LSoundSource prepared =
+        LSPPeakLimit(FullScale16).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
+    if (prepared->status != SoundUsable)
         return false;
-    const int position = source->GetPositionSample();
     LThreadQueuedNotify& news = *this;
-    playback = std::make_unique<LPlayback>(source, open, news);
+    playback = std::make_unique<LPlayback>(toPlay, prepared, open, news);
     playback->Begin(playDevice, title, previous, volume);
     notify->spntfPlay(notifyId);
     NotifyTime(position);
