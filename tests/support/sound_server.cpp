@@ -60,12 +60,12 @@ void SoundServer::Kill() {
     std::filesystem::remove(Path("native"));
 }
 
-bool SoundServer::AddOutput(const std::string& name, int rate, int channels) {
-    const std::string module =
-        Control("load-module module-null-sink norewinds=1 format=s16le sink_name=" + name +
-                " rate=" + std::to_string(rate) + " channels=" + std::to_string(channels) +
-                // Quoted once for the shell, once for the server, once for the property.
-                " \"sink_properties='device.description=\\\"Output " + name + "\\\"'\"");
+bool SoundServer::AddOutput(const std::string& name, int rate, int channels, const std::string& shown) {
+    const std::string module = Control(
+        "load-module module-null-sink norewinds=1 format=s16le sink_name=" + name +
+        " rate=" + std::to_string(rate) + " channels=" + std::to_string(channels) +
+        // Quoted once for the shell, once for the server, once for the property.
+        " \"sink_properties='device.description=\\\"Output " + (shown.empty() ? name : shown) + "\\\"'\"");
     modules[name] = module;
     return !module.empty();
 }

@@ -2,6 +2,7 @@
 
 #include "support/run_program.h"
 
+#include <csignal>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -20,8 +21,12 @@ public:
     /// Ends it without a word to its clients.
     void Kill();
 
-    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME".
-    bool AddOutput(const std::string& name, int rate, int channels);
+    /// As it is: to stop it, or let it go on.
+    void Send(int signal) const { kill(process, signal); }
+
+    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME", or
+    /// by another name.
+    bool AddOutput(const std::string& name, int rate, int channels, const std::string& shown = "");
     void RemoveOutput(const std::string& name);
     /// Runs a command of the server's own control program; returns what it prints.
     std::string Control(const std::string& command);
