@@ -96,15 +96,15 @@ public:
         return listed;
     }
 
-    /// Null where it is not there.
+    /// Null where it is not there. A server may name no default, while it looks for one: then any does.
     const cubeb_device_info* Find(const LSoundPlayDevice& device) const {
         const std::vector<CubebOutput> listed = List();
-        auto output = std::find_if(listed.begin(), listed.end(), [&](const CubebOutput& each) {
-            return device.Is(each.systemName, each.name);
-        });
+        const auto find = [&](auto is) { return std::find_if(listed.begin(), listed.end(), is); };
+        auto output = find([&](const CubebOutput& each) { return device.Is(each.systemName, each.name); });
         if (output == listed.end() && device.MayBeDefault())
-            output = std::find_if(listed.begin(), listed.end(),
-                                  [](const CubebOutput& each) { return each.isDefault; });
+            output = find([](const CubebOutput& each) { return each.isDefault; });
+        if (output == listed.end() && device.MayBeDefault())
+            output = listed.begin();
         return output == listed.end() ? nullptr : begin() + (output - listed.begin());
     }
 
