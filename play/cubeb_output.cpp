@@ -42,8 +42,7 @@ public:
         if (!HasRoomForOutput() || Open("pulse"))
             return;
         isJack = IsJackRunning() && Open("jack");
-        if (!isJack)
-            Open("alsa");
+        isAlsa = !isJack && Open("alsa");
     }
     ~Context() { Close(); }
     Context(const Context&) = delete;
@@ -52,6 +51,8 @@ public:
     cubeb* Get() const { return context; }
     /// cubeb doesn't tell when a JACK server ends.
     bool IsGone() const { return isJack && !IsJackRunning(); }
+    /// What cards are played through converts none that is lower.
+    bool IsTooSlow(int rate) const { return isAlsa && rate < LSoundChannel::LowestCommonRate; }
 
 private:
     /// cubeb takes another backend where this one is not there; such a one is not kept.
@@ -70,7 +71,7 @@ private:
     }
 
     cubeb* context = nullptr;
-    bool isJack = false;
+    bool isJack = false, isAlsa = false;
 };
 
 /// The outputs that are there; valid while their context is.
@@ -243,7 +244,8 @@ LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, S
         return LSoundChannelState::NoOutput;
     Stream stream(context, device, shared); // not before: its position would count the wait
     if (!stream.Play())
-        return LSoundChannelState::NoOutput;
+        return context.IsTooSlow(shared.request.rate) ? LSoundChannelState::TooSlow
+                                                      : LSoundChannelState::NoOutput;
     shared.turn.End();
     shared.FinishOpening(LSoundChannelState::Open);
     while (!WaitForStop(close, WatchPoll))

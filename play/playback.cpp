@@ -164,6 +164,9 @@ bool LPlayback::CheckChannel() {
     case LSoundChannelState::NoDevice:
         End(PlayNoDevice);
         return false;
+    case LSoundChannelState::TooSlow:
+        End(PlayTooSlow);
+        return false;
     case LSoundChannelState::Lost:
         End(PlayLost);
         return false;

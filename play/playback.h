@@ -18,6 +18,7 @@ enum LPlayStatus : std::uint8_t {
     PlayNoOutput = 1, ///< no sound server or card, or none that takes the source's format
     PlayNoDevice = 2, ///< the chosen output is not there
     PlayLost = 3,     ///< the output went away
+    PlayTooSlow = 4,  ///< the output takes no rate as low; the player tries another then
 };
 
 /// One playback: a thread that reads a source up to 64 blocks of 100 ms ahead of what is heard, until the

@@ -14,8 +14,9 @@ bool ServerTurn::Begin(const std::stop_token& unwanted) {
     queue.PassHanging();
     while (queue.current) {
         const int before = queue.hanging;
-        queue.changed.wait_until(lock, unwanted, queue.current->latest,
-                                 [this, before] { return !queue.current || queue.hanging > before; });
+        const Clock::time_point until = queue.current->latest; // which may move, or go, while this waits
+        queue.changed.wait_until(lock, unwanted, until,
+                                 [&] { return !queue.current || queue.hanging > before; });
         queue.PassHanging();
         if (unwanted.stop_requested() || queue.hanging > before)
             return false;

@@ -43,8 +43,16 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     Stop();
     if (toPlay->status != SoundUsable)
         return false;
-    const int position = toPlay->GetPositionSample();
-    const int rate = std::clamp(toPlay->sampleRate, LSoundChannel::LowestRate, LSoundChannel::HighestRate);
+    start = toPlay->GetPositionSample();
+    if (!Open(toPlay, LSoundChannel::LowestRate))
+        return false;
+    notify->spntfPlay(notifyId);
+    NotifyTime(start);
+    return true;
+}
+
+bool LSoundPlayer::Open(const LSoundSource& toPlay, int lowestRate) {
+    const int rate = std::clamp(toPlay->sampleRate, lowestRate, LSoundChannel::HighestRate);
     const LSoundSource prepared =
         LSPPeakLimit(FullScale16).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
     if (prepared->status != SoundUsable)
@@ -52,9 +60,17 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     LThreadQueuedNotify& news = *this;
     playback = std::make_unique<LPlayback>(toPlay, prepared, open, news);
     playback->Begin(playDevice, title, previous, volume);
-    notify->spntfPlay(notifyId);
-    NotifyTime(position);
     return true;
+}
+
+/// Nothing has been heard yet.
+void LSoundPlayer::OpenFaster() {
+    const LSoundSource source = playback->GetSource();
+    status = playback->Finish();
+    playback.reset();
+    source->Seek(start);
+    if (!Open(source, LSoundChannel::LowestCommonRate))
+        notify->spntfStop(notifyId);
 }
 
 void LSoundPlayer::Stop() {
@@ -81,6 +97,8 @@ void LSoundPlayer::SetPlayVolumeStandard(LDB level) {
 
 void LSoundPlayer::EvNotify() {
     owner.Check();
+    if (HasEnded() && GetStatus() == PlayTooSlow)
+        OpenFaster();
     if (HasEnded()) {
         if (GetStatus() == PlayUsable)
             NotifyTime(playback->GetSource()->GetEndSample());

@@ -42,6 +42,8 @@ public:
     void SetPlayVolumeStandard(LDB level);
 
 private:
+    bool Open(const LSoundSource& toPlay, int lowestRate);
+    void OpenFaster();
     void EvNotify() override;
     bool HasEnded() const { return playback && playback->HasEnded(); }
     void NotifyTime(int position);
@@ -53,6 +55,7 @@ private:
     std::string title;
     std::optional<std::uint32_t> volume; ///< volume word
     std::unique_ptr<LPlayback> playback; ///< null while stopped
+    int start = 0;                       ///< where it began, in the source
     LPlayStatus status = PlayUsable;     ///< of the last one
     LSoundPlayerRing::Silence previous;  ///< of the last one
     LThreadCheck owner;

@@ -109,22 +109,27 @@ TEST(Backend, JackGetsEveryFrameAndItsEndIsTold) {
 }
 
 // A card that plays as fast as it is fed: the limits keep a playback without an end from filling the disk.
-TEST(Backend, WithoutAServerAlsaPlays) {
+TEST(Backend, WithoutAServerAlsaGetsEveryFrameAndNoRateBelowItsLowest) {
     const SoundServer none;
-    WriteBytes(none.Path("no.conf"), "pcm.!default { type file slave.pcm null format raw file " +
+    WriteBytes(none.Path("no.conf"), "pcm.!default { type plug slave { pcm card rate 44100 channels 1 } }\n"
+                                     "pcm.card { type file slave.pcm null format raw file " +
                                          none.Path("out.raw") + " }\npcm.null { type null }\n");
     SonvireData tone;
     tone.SetDuration(200);
-    ASSERT_FALSE(tone.WriteToFile(none.Path("brief.tdf").c_str()));
-    // libasound keeps what it read of its configuration.
-    const ProgramResult result =
-        RunProgram("ulimit -f 300000; exec env ASAN_OPTIONS=detect_leaks=0 timeout 60 " SONVIRE_CLI
-                   " play --volume 13 " +
-                   none.Path("brief.tdf"));
-    EXPECT_EQ(result.status, 0) << result.errors;
-    ASSERT_EQ(RunCli("render " + none.Path("brief.tdf") + " " + none.Path("brief.wav")).status, 0);
-    EXPECT_EQ(SamplesOf(ReadBytes(none.Path("out.raw"))),
-              SamplesOf(ReadBytes(none.Path("brief.wav")).substr(46)));
+    const std::string brief = none.Path("brief.tdf"), rendered = none.Path("44.wav"),
+                      slow = none.Path("2.wav");
+    ASSERT_FALSE(tone.WriteToFile(brief.c_str()));
+    ASSERT_EQ(RunCli("render " + brief + " " + rendered).status, 0);
+    ASSERT_EQ(RunCli("render --rate 2000 " + brief + " " + slow).status, 0);
+    for (const std::string& file : {slow, brief}) {
+        // libasound keeps what it read of its configuration.
+        const ProgramResult result =
+            RunProgram("ulimit -f 300000; exec env ASAN_OPTIONS=detect_leaks=0 timeout 60 " SONVIRE_CLI
+                       " play --volume 13 " +
+                       file);
+        EXPECT_EQ(result.status, 0) << result.errors;
+    }
+    EXPECT_EQ(SamplesOf(ReadBytes(none.Path("out.raw"))), SamplesOf(ReadBytes(rendered).substr(46)));
 }
 
 } // namespace
