@@ -122,6 +122,7 @@ Recording::Recording(const SoundServer& server, const std::string& output, int f
     : file(server.Path(output + ".raw")),
       rate(framesPerSecond),
       channels(channelCount) {
+    std::filesystem::remove(file); // one before would count
     process = Spawn("exec parec --raw --format=s16le --latency-msec=20 -d " + output +
                         ".monitor --rate=" + std::to_string(rate) + " --channels=" + std::to_string(channels),
                     file, server.Path("record.err"));
