@@ -2,6 +2,7 @@
 
 #include "play/channel_feed.h"
 #include "play/jack_guard.h"
+#include "play/output_names.h"
 #include "play/pulse_pin.h"
 #include "play/room_for_output.h"
 #include "play/server_turn.h"
@@ -28,7 +29,6 @@ constexpr int LatencyMs = 35;
 constexpr std::chrono::seconds FadeTimeout{2};
 constexpr std::chrono::milliseconds FadePoll{2};
 constexpr std::chrono::milliseconds WatchPoll{250};
-constexpr std::size_t MaxNameBytes = 259;
 
 int GetLatencyFrames(const LSoundChannelRequest& request) {
     return std::max(1, request.rate * LatencyMs / 1000);
@@ -89,10 +89,14 @@ public:
     Outputs& operator=(const Outputs&) = delete;
 
     std::vector<CubebOutput> List() const {
+        std::vector<std::string> names;
+        for (const cubeb_device_info& each : *this)
+            names.emplace_back(each.friendly_name ? each.friendly_name : each.device_id);
+        names = TellApart(names);
         std::vector<CubebOutput> listed;
         for (const cubeb_device_info& each : *this)
             listed.push_back({.systemName = each.device_id,
-                              .name = MakeUnique(GetName(each), listed),
+                              .name = names[listed.size()],
                               .isDefault = each.preferred != CUBEB_DEVICE_PREF_NONE});
         return listed;
     }
@@ -112,29 +116,6 @@ public:
 private:
     const cubeb_device_info* begin() const { return found.device; }
     const cubeb_device_info* end() const { return found.device + found.count; }
-
-    static std::string GetName(const cubeb_device_info& device) {
-        return std::string(device.friendly_name ? device.friendly_name : device.device_id)
-            .substr(0, MaxNameBytes);
-    }
-    /// Outputs are known by their names, so that a second one of a name gets another.
-    std::string MakeUnique(const std::string& name, const std::vector<CubebOutput>& listed) const {
-        std::string unique = name;
-        const auto is = [&unique](const std::string& other) { return IsSameOutputName(other, unique); };
-        const auto isTaken = [&] {
-            return std::any_of(listed.begin(), listed.end(),
-                               [&](const CubebOutput& other) { return is(other.name); });
-        };
-        const auto isAnothers = [&] {
-            return std::any_of(begin(), end(),
-                               [&](const cubeb_device_info& other) { return is(GetName(other)); });
-        };
-        for (int number = 2; isTaken() || (number > 2 && isAnothers()); ++number) {
-            const std::string end = " (" + std::to_string(number) + ")";
-            unique = name.substr(0, MaxNameBytes - end.size()) + end;
-        }
-        return unique;
-    }
 
     const Context& context;
     cubeb_device_collection found{};

@@ -1,9 +1,7 @@
 #include "play/play_device.h"
 
 #include "play/cubeb_output.h"
-
-#include <algorithm>
-#include <strings.h>
+#include "play/output_names.h"
 
 namespace {
 
@@ -46,10 +44,6 @@ int GetSoundPlayDeviceList(LSoundPlayDeviceList& list) {
                                                    .isDefault = output.isDefault};
     }
     return count;
-}
-
-bool IsSameOutputName(const std::string& name, const std::string& other) {
-    return strcasecmp(name.c_str(), other.c_str()) == 0;
 }
 
 LSoundPlayDevice::LSoundPlayDevice(int listIndex) : mayBeDefault(listIndex <= 0) {

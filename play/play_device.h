@@ -55,6 +55,3 @@ private:
     std::string systemName, name; ///< what the output is known by; empty where it is not known by that
     bool mayBeDefault = true;
 };
-
-/// In any case of letters.
-bool IsSameOutputName(const std::string& name, const std::string& other);
