@@ -212,17 +212,6 @@ TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
     }
 }
 
-TEST_F(Player, WhatOneOutputTakesAndAnotherDoesNotIsConvertedForThatOne) {
-    ASSERT_TRUE(Play(Constant(10000, 2000, 2000), 2000));
-    output.Fail(LSoundChannelState::TooSlow);
-    ASSERT_TRUE(Wait([&] { return output.opened == 2 && output.queuedFrames > 3900; }));
-    EXPECT_EQ(output.GetRequest().rate, 4000);
-    TakeAll();
-    EXPECT_EQ(owner.events[1], "time 0");
-    EXPECT_TRUE(owner.events[2].starts_with("level")) << "and nothing is told of it";
-    EXPECT_EQ(*(owner.events.end() - 2), "time 1000");
-}
-
 TEST_F(Player, ARestartStopsWhatPlays) {
     ASSERT_TRUE(Play(Constant(1, 8000, 8000), 8000));
     player.SetTitle("the second");

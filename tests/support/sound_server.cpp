@@ -41,6 +41,8 @@ void SoundServer::Set(const char* variable, const std::string& value) {
 
 SoundServer::~SoundServer() {
     Kill();
+    if (endSignal == SIGTERM) // a client that outlives its JACK server leaves the lock between them
+        RunProgram("rm -f /dev/shm/jack_sem.*_${JACK_DEFAULT_SERVER}_*");
     for (const auto& [variable, value] : environment)
         value ? setenv(variable.c_str(), value->c_str(), 1) : unsetenv(variable.c_str());
 }
