@@ -14,7 +14,8 @@ namespace {
 int ListDevices() {
     LSoundPlayDeviceList list;
     if (GetSoundPlayDeviceList(list) == 0)
-        return Refuse("devices", "there is no sound output: no sound server or card was found");
+        return Refuse("devices",
+                      "there is no sound output: no sound server or card was found, or it doesn't answer");
     for (const LSoundPlayDeviceListItem& item : list)
         if (!item.name.empty())
             std::printf("%c %s\n", item.isDefault ? '*' : ' ', item.name.c_str());

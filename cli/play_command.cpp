@@ -7,6 +7,7 @@
 #include "cli/tone_options.h"
 #include "jobs/sound_input.h"
 #include "play/cubeb_output.h"
+#include "play/room_for_output.h"
 #include "play/sound_player.h"
 #include "sys/desktop/event_loop.h"
 
@@ -28,16 +29,18 @@ struct PlayOptions {
     ToneOptions tone; ///< stand for the input where it is left out
 };
 
-std::string ExplainPlayStatus(LPlayStatus status, const LSoundSource& source) {
+int RefuseStatus(LPlayStatus status, const PlayOptions& options, const std::string& name,
+                 const LSoundSource& source) {
     switch (status) {
     case PlayNoOutput:
-        return "can't be played: there is no sound output that takes " + std::to_string(source->channels) +
-               " channels at " + std::to_string(source->sampleRate) +
-               " Hz; no sound server or card was found, or it refuses";
+        return Refuse(name, "can't be played: there is no sound output that takes " +
+                                std::to_string(source->channels) + " channels at " +
+                                std::to_string(source->sampleRate) +
+                                " Hz; no sound server or card was found, it doesn't answer, or it refuses");
     case PlayNoDevice:
-        return "can't be played: the sound output is not there any more";
+        return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
     default:
-        return "playback ended early: the sound output went away";
+        return Refuse(name, "playback ended early: the sound output went away");
     }
 }
 
@@ -46,13 +49,15 @@ void WarnOfSilence(LSourceNews& news) {
         Warn(warning.file, warning.reason + "; silence plays in its place");
 }
 
-int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input,
-                const LSoundPlayDevice& device) {
+int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input) {
+    if (!HasRoomForOutput())
+        return Refuse(name, "can't be played: this process may have no more files or threads");
     CatchInterrupts();
     LEventLoop loop;
     PlayDisplay display(loop, input.source.GetEnd(), input.endless);
     LSoundPlayer player(OpenCubebChannel);
-    player.SetDevice(device);
+    if (!options.device.empty())
+        player.SetDevice(LSoundPlayDevice::OfName(options.device));
     player.SetTitle(std::filesystem::path(name).filename().string());
     player.SetPlayVolume(LDB(static_cast<std::int8_t>(options.volumeDb)));
     player.SetNotify(&display, 0);
@@ -67,23 +72,17 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
     });
     WarnOfSilence(*input.news);
     if (player.GetStatus() != PlayUsable)
-        return Refuse(name, ExplainPlayStatus(player.GetStatus(), input.source));
+        return RefuseStatus(player.GetStatus(), options, name, input.source);
     return interrupted ? ExitStopped : ExitCompleted;
 }
 
 int PlayInput(const PlayOptions& options, const std::string& name, const SoundInput& input) {
     if (input.failure)
         return Refuse(name, input.failure.GetReason());
-    LSoundPlayDevice device;
-    if (!options.device.empty() && options.device != LSoundPlayDevice::DefaultName) {
-        device = LSoundPlayDevice::OfName(options.device.c_str());
-        if (device.IsDefault())
-            return Refuse(options.device, "there is no such sound output (see sonvire-cli devices)");
-    }
     HintAtShortDuration(options.tone);
     for (const LFileWarning& warning : input.warnings)
         Warn(warning.file, warning.reason);
-    return PlayThrough(options, name, input, device);
+    return PlayThrough(options, name, input);
 }
 
 int Play(const PlayOptions& options) {

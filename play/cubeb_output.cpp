@@ -2,14 +2,19 @@
 
 #include "play/channel_feed.h"
 #include "play/jack_guard.h"
+#include "play/output_names.h"
 #include "play/pulse_pin.h"
+#include "play/room_for_output.h"
+#include "play/server_turn.h"
 #include "sys/background.h"
 
 #include <cubeb/cubeb.h>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <stop_token>
 #include <string_view>
 #include <thread>
 
@@ -18,13 +23,12 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr const char* ProgramName = "Sonvire";
-constexpr std::chrono::seconds ListTimeout{2};
-constexpr std::chrono::seconds OpenTimeout{5};
 /// What stands between a frame and its being heard, and so between a stop and silence.
 constexpr int LatencyMs = 35;
 /// A fade takes as long as the machine is slow, but what has not been heard by then is stuck.
 constexpr std::chrono::seconds FadeTimeout{2};
 constexpr std::chrono::milliseconds FadePoll{2};
+constexpr std::chrono::milliseconds WatchPoll{250};
 
 int GetLatencyFrames(const LSoundChannelRequest& request) {
     return std::max(1, request.rate * LatencyMs / 1000);
@@ -35,14 +39,20 @@ class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (!Open("pulse") && !(IsJackRunning() && Open("jack")))
-            Open("alsa");
+        if (!HasRoomForOutput() || Open("pulse"))
+            return;
+        isJack = IsJackRunning() && Open("jack");
+        isAlsa = !isJack && Open("alsa");
     }
     ~Context() { Close(); }
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
 
     cubeb* Get() const { return context; }
+    /// cubeb doesn't tell when a JACK server ends.
+    bool IsGone() const { return isJack && !IsJackRunning(); }
+    /// What cards are played through converts none that is lower.
+    bool IsTooSlow(int rate) const { return isAlsa && rate < LSoundChannel::LowestCommonRate; }
 
 private:
     /// cubeb takes another backend where this one is not there; such a one is not kept.
@@ -61,6 +71,7 @@ private:
     }
 
     cubeb* context = nullptr;
+    bool isJack = false, isAlsa = false;
 };
 
 /// The outputs that are there; valid while their context is.
@@ -77,22 +88,43 @@ public:
     Outputs(const Outputs&) = delete;
     Outputs& operator=(const Outputs&) = delete;
 
-    const cubeb_device_info* begin() const { return found.device; }
-    const cubeb_device_info* end() const { return found.device + found.count; }
-
-    const cubeb_device_info* Find(const LSoundPlayDevice& device) const {
+    std::vector<CubebOutput> List() const {
+        std::vector<std::string> names;
         for (const cubeb_device_info& each : *this)
-            if (device.IsDefault() ? each.preferred != CUBEB_DEVICE_PREF_NONE
-                                   : device.GetSystemName() == each.device_id)
-                return &each;
-        return nullptr;
+            names.emplace_back(each.friendly_name ? each.friendly_name : each.device_id);
+        names = TellApart(names);
+        std::vector<CubebOutput> listed;
+        for (const cubeb_device_info& each : *this)
+            listed.push_back({.systemName = each.device_id,
+                              .name = names[listed.size()],
+                              .isDefault = each.preferred != CUBEB_DEVICE_PREF_NONE});
+        return listed;
+    }
+
+    /// Null where it is not there. A server may name no default, while it looks for one: then any does.
+    const cubeb_device_info* Find(const LSoundPlayDevice& device) const {
+        const std::vector<CubebOutput> listed = List();
+        const auto find = [&](auto is) { return std::find_if(listed.begin(), listed.end(), is); };
+        auto output = find([&](const CubebOutput& each) { return device.Is(each.systemName, each.name); });
+        if (output == listed.end() && device.MayBeDefault())
+            output = find([](const CubebOutput& each) { return each.isDefault; });
+        if (output == listed.end() && device.MayBeDefault())
+            output = listed.begin();
+        return output == listed.end() ? nullptr : begin() + (output - listed.begin());
     }
 
 private:
+    const cubeb_device_info* begin() const { return found.device; }
+    const cubeb_device_info* end() const { return found.device + found.count; }
+
     const Context& context;
     cubeb_device_collection found{};
     bool valid = false;
 };
+
+// Never destroyed: what hangs may yet come back to them.
+ServerQueue& openings = *new ServerQueue;
+ServerQueue& listings = *new ServerQueue;
 
 /// What the channel, its background thread and cubeb's threads share.
 struct Shared {
@@ -115,7 +147,8 @@ struct Shared {
 
     const LSoundChannelRequest request;
     LChannelFeed feed;
-    LSignalObject close;
+    std::stop_source close;
+    ServerTurn turn{openings};
     std::atomic<LSoundChannelState> state = LSoundChannelState::Opening;
 };
 
@@ -173,15 +206,32 @@ void WaitForSilence(const std::atomic<bool>& silence) {
         std::this_thread::sleep_for(FadePoll);
 }
 
+/// False where it has been waited for in vain.
+bool WaitForStop(const std::stop_token& stop, std::chrono::milliseconds time) {
+    std::mutex mutex;
+    std::condition_variable_any never;
+    std::unique_lock lock(mutex);
+    never.wait_for(lock, stop, time, [] { return false; });
+    return stop.stop_requested();
+}
+
 LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, Shared& shared) {
+    shared.turn.Renew();
     if (shared.request.after)
         WaitForSilence(*shared.request.after); // both at once would be too loud
-    Stream stream(context, device, shared);    // not before: its position would count the wait
-    if (!stream.Play())
+    shared.turn.Renew();
+    const std::stop_token close = shared.close.get_token();
+    if (close.stop_requested())
         return LSoundChannelState::NoOutput;
+    Stream stream(context, device, shared); // not before: its position would count the wait
+    if (!stream.Play())
+        return context.IsTooSlow(shared.request.rate) ? LSoundChannelState::TooSlow
+                                                      : LSoundChannelState::NoOutput;
+    shared.turn.End();
     shared.FinishOpening(LSoundChannelState::Open);
-    while (!LSignalObjectRef(shared.close).WaitSignalDual(shared.close, 1000 * 3600)) {
-    }
+    while (!WaitForStop(close, WatchPoll))
+        if (context.IsGone())
+            shared.Fail();
     if (shared.state == LSoundChannelState::Open)
         WaitForSilence(*shared.request.ring->silence);
     return LSoundChannelState::Open;
@@ -189,6 +239,8 @@ LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, S
 
 // The channel's background thread.
 LSoundChannelState Run(Shared& shared) {
+    if (!shared.turn.Begin(shared.close.get_token()))
+        return LSoundChannelState::NoOutput;
     const Context context;
     if (!context.Get())
         return LSoundChannelState::NoOutput;
@@ -196,7 +248,7 @@ LSoundChannelState Run(Shared& shared) {
     const Outputs outputs(context);
     // The default output is opened by its name as well: a stream that has none would follow the default.
     const cubeb_device_info* output = outputs.Find(device);
-    if (!output && !device.IsDefault())
+    if (!output && !device.MayBeDefault())
         return LSoundChannelState::NoDevice;
     return PlayUntilClosed(context, output ? output->devid : nullptr, shared);
 }
@@ -206,26 +258,26 @@ public:
     explicit CubebChannel(const LSoundChannelRequest& request) : shared(std::make_shared<Shared>(request)) {
         if (!RunInBackground([state = shared] {
                 state->FinishOpening(Run(*state));
+                state->turn.End();
                 *state->request.ring->silence = true;
             }))
             shared->FinishOpening(LSoundChannelState::NoOutput);
     }
     ~CubebChannel() override {
         shared->feed.FadeOut();
-        shared->close.Signal();
+        shared->close.request_stop();
     }
 
     void Queue(LSoundPlayerBuffer& buffer) override { shared->feed.Queue(buffer); }
     void SetVolume(std::uint32_t word) override { shared->feed.SetVolume(word); }
     LSoundChannelState GetState() const override {
         const LSoundChannelState state = shared->state;
-        const bool late = state == LSoundChannelState::Opening && Clock::now() - opened > OpenTimeout;
+        const bool late = state == LSoundChannelState::Opening && shared->turn.IsLate();
         return late ? LSoundChannelState::NoOutput : state;
     }
 
 private:
     std::shared_ptr<Shared> shared;
-    Clock::time_point opened = Clock::now();
 };
 
 /// What a listing leaves behind for whoever waits for it.
@@ -237,13 +289,11 @@ struct Listing {
 };
 
 std::vector<CubebOutput> ListNow() {
+    ServerTurn turn(listings);
+    if (!turn.Begin({}))
+        return {};
     const Context context;
-    std::vector<CubebOutput> listed;
-    for (const cubeb_device_info& each : Outputs(context))
-        listed.push_back({.systemName = each.device_id,
-                          .name = each.friendly_name ? each.friendly_name : each.device_id,
-                          .isDefault = each.preferred != CUBEB_DEVICE_PREF_NONE});
-    return listed;
+    return Outputs(context).List();
 }
 
 } // namespace
@@ -259,7 +309,7 @@ std::vector<CubebOutput> ListCubebOutputs() {
     });
     std::unique_lock lock(listing->mutex);
     if (started)
-        listing->finished.wait_for(lock, ListTimeout, [&] { return listing->done; });
+        listing->finished.wait_for(lock, ServerQueue::Limit, [&] { return listing->done; });
     return listing->outputs;
 }
 

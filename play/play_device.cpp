@@ -1,13 +1,9 @@
 #include "play/play_device.h"
 
 #include "play/cubeb_output.h"
-
-#include <algorithm>
-#include <strings.h>
+#include "play/output_names.h"
 
 namespace {
-
-constexpr std::size_t MaxNameBytes = 259;
 
 // FNV-1a: the server knows its outputs by name, not by number.
 std::uint32_t HashName(const std::string& name) {
@@ -43,33 +39,40 @@ int GetSoundPlayDeviceList(LSoundPlayDeviceList& list) {
         if (count == MaxPlayDevices)
             break;
         list[static_cast<std::size_t>(count++)] = {.id = HashName(output.systemName),
-                                                   .name = output.name.substr(0, MaxNameBytes),
+                                                   .name = output.name,
                                                    .systemName = output.systemName,
                                                    .isDefault = output.isDefault};
     }
     return count;
 }
 
-LSoundPlayDevice::LSoundPlayDevice(int listIndex) : index(std::max(0, listIndex)) {
-    if (index > 0)
-        FindDevice([this](int place, const LSoundPlayDeviceListItem& item) {
-            if (place != index)
+LSoundPlayDevice::LSoundPlayDevice(int listIndex) : mayBeDefault(listIndex <= 0) {
+    if (!mayBeDefault)
+        FindDevice([&](int place, const LSoundPlayDeviceListItem& item) {
+            if (place != listIndex)
                 return false;
             systemName = item.systemName;
             return true;
         });
 }
 
-LSoundPlayDevice LSoundPlayDevice::OfName(const char* name) {
+LSoundPlayDevice LSoundPlayDevice::OfName(const std::string& name) {
     LSoundPlayDevice device;
-    if (std::string(name) != DefaultName)
-        device.index = FindDevice([&](int, const LSoundPlayDeviceListItem& item) {
-            const bool found = strcasecmp(item.name.c_str(), name) == 0;
-            if (found)
-                device.systemName = item.systemName;
-            return found;
-        });
+    device.mayBeDefault = name == DefaultName;
+    if (!device.mayBeDefault)
+        device.name = name;
     return device;
+}
+
+LSoundPlayDevice LSoundPlayDevice::OfNameOrDefault(const std::string& name) {
+    LSoundPlayDevice device = OfName(name);
+    device.mayBeDefault = true;
+    return device;
+}
+
+bool LSoundPlayDevice::Is(const std::string& outputSystemName, const std::string& outputName) const {
+    return (!systemName.empty() && systemName == outputSystemName) ||
+           (!name.empty() && IsSameOutputName(name, outputName));
 }
 
 int LSoundPlayDevice::GetDeviceIndexById(std::uint32_t id) {
@@ -77,7 +80,9 @@ int LSoundPlayDevice::GetDeviceIndexById(std::uint32_t id) {
 }
 
 int LSoundPlayDevice::GetListDeviceIndex(const char* name) {
-    return OfName(name).GetIndex();
+    const LSoundPlayDevice device = OfName(name);
+    return FindDevice(
+        [&](int, const LSoundPlayDeviceListItem& item) { return device.Is(item.systemName, item.name); });
 }
 
 std::string LSoundPlayDevice::GetListDeviceName(int index) {

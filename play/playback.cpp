@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int BlocksPerSecond = 10;
-constexpr int MinBlockFrames = 20;
 constexpr int FillPriority = 2;
 constexpr unsigned int RestMs = 250;
 /// Short, so that a stop need not wait for data.
@@ -17,12 +16,13 @@ constexpr int StreamingRestMs = 20;
 
 } // namespace
 
-LPlayback::LPlayback(const LSoundSource& toPlay, const LSoundChannelOpener& opener,
-                     LThreadQueuedNotify& toNotify)
-    : source(toPlay),
+LPlayback::LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared,
+                     const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify)
+    : original(toPlay),
+      source(prepared),
       open(opener),
       news(toNotify),
-      blockFrames(std::clamp(source->sampleRate / BlocksPerSecond, MinBlockFrames, MaxBlockFrames)),
+      blockFrames(std::min(source->sampleRate / BlocksPerSecond, MaxBlockFrames)),
       ring(std::make_shared<LSoundPlayerRing>(blockFrames, source->channels)),
       work(static_cast<std::size_t>(blockFrames) * source->channels) {}
 
@@ -131,8 +131,16 @@ void LPlayback::QueueBlock(int frames) {
     source->Read(work.data(), frames);
     ConvertSamplesOut<LSF16>(buffer.samples, work.data(), frames * source->channels);
     MeasureLevels(buffer, frames);
-    buffer.Write(*channel, frames, WrapAdd(start, frames));
+    buffer.Write(*channel, frames, ToOriginal(WrapAdd(start, frames)));
     ++written;
+}
+
+/// By the ends, since a conversion of rates comes close to its ratio only.
+int LPlayback::ToOriginal(int position) const {
+    if (source->sampleRate == original->sampleRate)
+        return position;
+    const std::int64_t end = std::max(1, source->GetEndSample());
+    return static_cast<int>(position * std::int64_t{original->GetEndSample()} / end);
 }
 
 void LPlayback::MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const {
@@ -155,6 +163,9 @@ bool LPlayback::CheckChannel() {
         return false;
     case LSoundChannelState::NoDevice:
         End(PlayNoDevice);
+        return false;
+    case LSoundChannelState::TooSlow:
+        End(PlayTooSlow);
         return false;
     case LSoundChannelState::Lost:
         End(PlayLost);

@@ -18,6 +18,7 @@ enum LPlayStatus : std::uint8_t {
     PlayNoOutput = 1, ///< no sound server or card, or none that takes the source's format
     PlayNoDevice = 2, ///< the chosen output is not there
     PlayLost = 3,     ///< the output went away
+    PlayTooSlow = 4,  ///< the output takes no rate as low; the player tries another then
 };
 
 /// One playback: a thread that reads a source up to 64 blocks of 100 ms ahead of what is heard, until the
@@ -26,13 +27,15 @@ class LPlayback : private LThread {
 public:
     /// What has been heard since the last report.
     struct Report {
-        int position = 0; ///< in the source
+        int position = 0; ///< in frames of what is to be played
         LDBMC levels;     ///< of the block that ends there
     };
 
-    /// `source` is usable and is the thread's from `Begin` on. `open` makes the channel, on the thread;
-    /// `news` is posted to when there is a report, and once at the end.
-    LPlayback(const LSoundSource& toPlay, const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify);
+    /// `prepared` is what the output gets of `toPlay`, which it reads, and is the thread's from `Begin` on.
+    /// `opener` makes the channel, on the thread; `toNotify` is posted to when there is a report, and once at
+    /// the end.
+    LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared, const LSoundChannelOpener& opener,
+              LThreadQueuedNotify& toNotify);
     /// As `Finish`.
     ~LPlayback() override { Finish(); }
 
@@ -52,9 +55,9 @@ public:
     bool HasEnded() const { return ended; }
     /// Why it has. Thread: any. Blocks: no. Allocates: no.
     LPlayStatus GetStatus() const { return status; }
-    /// While the playback is on, only what never changes may be read from it. Thread: owner. Blocks: no.
-    /// Allocates: no.
-    const LSoundSource& GetSource() const { return source; }
+    /// What is to be played; while it is, only what never changes may be read from it. Thread: owner. Blocks:
+    /// no. Allocates: no.
+    const LSoundSource& GetSource() const { return original; }
     /// Thread: any. Blocks: no. Allocates: no.
     LSoundPlayerRing::Silence GetSilence() const { return ring->silence; }
 
@@ -63,6 +66,7 @@ private:
     bool CheckChannel();
     bool Refill();
     void QueueBlock(int frames);
+    int ToOriginal(int position) const;
     void MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const;
     void ReportHeard();
     void SendVolume();
@@ -70,7 +74,7 @@ private:
     void RaisePriority();
     void End(LPlayStatus reason);
 
-    const LSoundSource source;
+    const LSoundSource original, source;
     const LSoundChannelOpener open;
     LThreadQueuedNotify& news;
     LSoundChannelRequest request{};

@@ -16,8 +16,8 @@ class LSoundChannel;
 struct LSoundPlayerBuffer {
     static constexpr int NoEndPosition = 0x7FFFFFFF;
 
-    /// Queues the first `frameCount` frames; `sourceEnd` is the source's position just after the last of
-    /// them.
+    /// Queues the first `frameCount` frames; `sourceEnd` is the position, in what is to be played, just
+    /// after the last of them.
     void Write(LSoundChannel& channel, int frameCount, int sourceEnd);
 
     std::int16_t* samples = nullptr; ///< interleaved; within the ring's pool

@@ -13,6 +13,7 @@ enum class LSoundChannelState {
     Open,
     NoOutput, ///< there is no sound server or card, or it refuses the format
     NoDevice, ///< the device that was asked for is not there
+    TooSlow,  ///< it doesn't take the rate, which is below the lowest that all take
     Lost,     ///< the device or the server went away
 };
 
@@ -32,6 +33,9 @@ class LSoundChannel {
 public:
     /// Volume word: the right level in the high 16 bits, the left in the low 16 bits, 0..256.
     static constexpr std::uint32_t UnityVolume = 0x01000100;
+    /// The rates that an output may be asked for, in frames per second.
+    static constexpr int LowestRate = 1000, HighestRate = 192000;
+    static constexpr int LowestCommonRate = 4000; ///< from here on every output takes them
 
     LSoundChannel() = default;
     /// What the output has not taken yet fades out over 5 ms and is silent from then on. Thread: player.

@@ -1,7 +1,10 @@
 #include "play/sound_player.h"
 
 #include "sound/sample_format.h"
+#include "sound/stages/convert_rate.h"
 #include "sound/stages/peak_limit.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -40,16 +43,34 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     Stop();
     if (toPlay->status != SoundUsable)
         return false;
-    const LSoundSource source = LSPPeakLimit(FullScale16).OpenSource(toPlay);
-    if (source->status != SoundUsable)
+    start = toPlay->GetPositionSample();
+    if (!Open(toPlay, LSoundChannel::LowestRate))
         return false;
-    const int position = source->GetPositionSample();
-    LThreadQueuedNotify& news = *this;
-    playback = std::make_unique<LPlayback>(source, open, news);
-    playback->Begin(playDevice, title, previous, volume);
     notify->spntfPlay(notifyId);
-    NotifyTime(position);
+    NotifyTime(start);
     return true;
+}
+
+bool LSoundPlayer::Open(const LSoundSource& toPlay, int lowestRate) {
+    const int rate = std::clamp(toPlay->sampleRate, lowestRate, LSoundChannel::HighestRate);
+    const LSoundSource prepared =
+        LSPPeakLimit(FullScale16).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
+    if (prepared->status != SoundUsable)
+        return false;
+    LThreadQueuedNotify& news = *this;
+    playback = std::make_unique<LPlayback>(toPlay, prepared, open, news);
+    playback->Begin(playDevice, title, previous, volume);
+    return true;
+}
+
+/// Nothing has been heard yet.
+void LSoundPlayer::OpenFaster() {
+    const LSoundSource source = playback->GetSource();
+    status = playback->Finish();
+    playback.reset();
+    source->Seek(start);
+    if (!Open(source, LSoundChannel::LowestCommonRate))
+        notify->spntfStop(notifyId);
 }
 
 void LSoundPlayer::Stop() {
@@ -76,6 +97,8 @@ void LSoundPlayer::SetPlayVolumeStandard(LDB level) {
 
 void LSoundPlayer::EvNotify() {
     owner.Check();
+    if (HasEnded() && GetStatus() == PlayTooSlow)
+        OpenFaster();
     if (HasEnded()) {
         if (GetStatus() == PlayUsable)
             NotifyTime(playback->GetSource()->GetEndSample());

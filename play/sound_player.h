@@ -6,8 +6,9 @@
 #include <string>
 
 /// Plays one source at a time through an output, at the source's rate and channel count in 16 bits; a source
-/// that may exceed them is limited. The owner, who made the player, gets the notifications from the event
-/// loop of its thread; no call waits for the output.
+/// that may exceed them is limited, and one of a rate that no output takes is converted to the nearest. The
+/// owner, who made the player, gets the notifications from the event loop of its thread; no call waits for
+/// the output.
 class LSoundPlayer : private LThreadQueuedNotify, private LSoundPlayerNotify {
 public:
     /// `opener` makes the channel of every playback, on the playback's thread.
@@ -41,6 +42,8 @@ public:
     void SetPlayVolumeStandard(LDB level);
 
 private:
+    bool Open(const LSoundSource& toPlay, int lowestRate);
+    void OpenFaster();
     void EvNotify() override;
     bool HasEnded() const { return playback && playback->HasEnded(); }
     void NotifyTime(int position);
@@ -52,6 +55,7 @@ private:
     std::string title;
     std::optional<std::uint32_t> volume; ///< volume word
     std::unique_ptr<LPlayback> playback; ///< null while stopped
+    int start = 0;                       ///< where it began, in the source
     LPlayStatus status = PlayUsable;     ///< of the last one
     LSoundPlayerRing::Silence previous;  ///< of the last one
     LThreadCheck owner;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr unsigned int EndOfProgramMs = 2000;
+constexpr unsigned int EndOfProgramMs = 500;
 
 struct Pending {
     bool WaitUntilNone(unsigned int milliseconds) {

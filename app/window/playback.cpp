@@ -45,7 +45,7 @@ void Playback::End() {
 void Playback::CmPlay() {
     if (!player.IsPlaying())
         devices.Refresh();
-    player.SetDevice(FindDevice());
+    player.SetDevice(LSoundPlayDevice::OfNameOrDefault(Setting::OutDevice.Get()));
     player.SetTitle(tone.GetToneName());
     player.SetPlayVolume(ReadPlayVolume());
     const SoundInput input = OpenToneInput(tone, SoundLength::Any);
@@ -59,18 +59,6 @@ void Playback::CmPlay() {
     view.SetLength(tone.IsFinite() ? input.source.GetEnd() : LSoundTime());
     if (!player.Start(input.source))
         ReportLostOutput();
-}
-
-/// A device is looked up once: asking the sound server at every step of a value would make the window wait.
-/// A name that no output has is asked for again where the user starts to play.
-LSoundPlayDevice Playback::FindDevice() {
-    const std::string name = Setting::OutDevice.Get();
-    const bool known =
-        name == deviceName && player.GetStatus() == PlayUsable && (player.IsPlaying() || !device.IsDefault());
-    if (!known)
-        device = name.empty() ? LSoundPlayDevice() : LSoundPlayDevice::OfName(name.c_str());
-    deviceName = name;
-    return device;
 }
 
 void Playback::Restart() {

@@ -43,7 +43,6 @@ public:
     void SetVolume(LDB volume) { player.SetPlayVolume(volume); }
 
 private:
-    LSoundPlayDevice FindDevice();
     void TellNews();
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
@@ -57,6 +56,4 @@ private:
     std::function<void()> tellChange;
     LSoundPlayer player;
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
-    std::string deviceName;                                              ///< what `device` was looked up for
-    LSoundPlayDevice device;
 };

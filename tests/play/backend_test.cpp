@@ -1,4 +1,9 @@
+#include "play/cubeb_output.h"
 #include "play/jack_guard.h"
+#include "play/sound_player.h"
+#include "support/array_source.h"
+#include "support/jack_recorder.h"
+#include "support/owner.h"
 #include "support/sound_server.h"
 #include "tone/tone_data.h"
 
@@ -48,23 +53,83 @@ TEST(Backend, JackIsNotAskedWhereThereIsNoServer) {
     EXPECT_THAT(bindings, Not(HasSubstr("libjack.so")));
 }
 
+/// `meanwhile` is called once there is sound.
+LPlayStatus Play(const std::vector<int>& samples, int rate, const LSoundPlayDevice& device = {},
+                 const std::function<void()>& meanwhile = {}) {
+    LEventLoop loop;
+    Owner owner;
+    LSoundPlayer player{OpenCubebChannel};
+    player.SetNotify(&owner, 0);
+    player.SetDevice(device);
+    player.Start(SourceOf(samples, rate, 2));
+    EXPECT_TRUE(WaitUntil(loop, [&] { return owner.events.size() > 2; }));
+    if (meanwhile)
+        meanwhile();
+    EXPECT_TRUE(WaitUntil(loop, [&] { return owner.stops == 1; }));
+    return player.GetStatus();
+}
+
+std::vector<std::int16_t> SamplesOf(const std::string& bytes) {
+    std::vector<std::int16_t> samples(bytes.size() / 2);
+    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+    std::erase(samples, 0);
+    return samples;
+}
+
+bool IsInstalled(const std::string& program) {
+    return RunProgram("command -v " + program).status == 0;
+}
+
+TEST(Backend, PipeWireGetsEveryFrame) {
+    if (!IsInstalled("pipewire-pulse") || !IsInstalled("wireplumber"))
+        GTEST_SKIP() << "pipewire-pulse or wireplumber is not installed";
+    SoundServer server;
+    ASSERT_TRUE(server.StartPipeWire());
+    ASSERT_TRUE(server.AddOutput("main", 48000, 2));
+    for (const LSoundPlayDevice& device : {LSoundPlayDevice(), LSoundPlayDevice::OfName("Output main")}) {
+        Recording recording(server, "main", 48000, 2);
+        EXPECT_EQ(Play(Numbered(96000), 48000, device), PlayUsable);
+        EXPECT_EQ(recording.Finish(), Numbered(96000));
+    }
+}
+
+TEST(Backend, JackGetsEveryFrameAndItsEndIsTold) {
+    if (!IsInstalled("jackd"))
+        GTEST_SKIP() << "jackd is not installed";
+    SoundServer server;
+    ASSERT_TRUE(server.StartJack(44100));
+    EXPECT_EQ(RunCli("devices").output, "* JACK playback\n");
+    JackRecorder recorder;
+    EXPECT_EQ(Play(Numbered(88200), 44100), PlayUsable);
+    const auto end = [&] {
+        EXPECT_EQ(recorder.Finish(), Numbered(88200));
+        server.Kill();
+    };
+    EXPECT_EQ(Play(std::vector<int>(882000, 0), 44100, {}, end), PlayLost);
+}
+
 // A card that plays as fast as it is fed: the limits keep a playback without an end from filling the disk.
-TEST(Backend, WithoutAServerAlsaPlays) {
+TEST(Backend, WithoutAServerAlsaGetsEveryFrameAndNoRateBelowItsLowest) {
     const SoundServer none;
-    WriteBytes(none.Path("no.conf"), "pcm.!default { type file slave.pcm null format raw file " +
+    WriteBytes(none.Path("no.conf"), "pcm.!default { type plug slave { pcm card rate 44100 channels 1 } }\n"
+                                     "pcm.card { type file slave.pcm null format raw file " +
                                          none.Path("out.raw") + " }\npcm.null { type null }\n");
     SonvireData tone;
     tone.SetDuration(200);
-    ASSERT_FALSE(tone.WriteToFile(none.Path("brief.tdf").c_str()));
-    // libasound keeps what it read of its configuration.
-    const ProgramResult result =
-        RunProgram("ulimit -f 300000; exec env ASAN_OPTIONS=detect_leaks=0 timeout 60 " SONVIRE_CLI
-                   " play --volume 13 " +
-                   none.Path("brief.tdf"));
-    EXPECT_EQ(result.status, 0) << result.errors;
-    const std::string played = ReadBytes(none.Path("out.raw"));
-    EXPECT_GE(played.size(), 2u * 8820);
-    EXPECT_EQ(played.substr(0, 6), "\x8B\x04\xFF\x08\x44\x0D"); // 1163, 2303, 3396
+    const std::string brief = none.Path("brief.tdf"), rendered = none.Path("44.wav"),
+                      slow = none.Path("2.wav");
+    ASSERT_FALSE(tone.WriteToFile(brief.c_str()));
+    ASSERT_EQ(RunCli("render " + brief + " " + rendered).status, 0);
+    ASSERT_EQ(RunCli("render --rate 2000 " + brief + " " + slow).status, 0);
+    for (const std::string& file : {slow, brief}) {
+        // libasound keeps what it read of its configuration.
+        const ProgramResult result =
+            RunProgram("ulimit -f 300000; exec env ASAN_OPTIONS=detect_leaks=0 timeout 60 " SONVIRE_CLI
+                       " play --volume 13 " +
+                       file);
+        EXPECT_EQ(result.status, 0) << result.errors;
+    }
+    EXPECT_EQ(SamplesOf(ReadBytes(none.Path("out.raw"))), SamplesOf(ReadBytes(rendered).substr(46)));
 }
 
 } // namespace

@@ -172,6 +172,61 @@ TEST_F(Playback, TheServersOutputsAreListed) {
     EXPECT_EQ(RunCli("devices").output, "* Output main\n  Output spare\n");
 }
 
+TEST_F(Playback, OutputsOfOneNameAreToldApart) {
+    ASSERT_TRUE(server->AddOutput("twin", 44100, 1, "Spare"));
+    ASSERT_TRUE(server->AddOutput("third", 44100, 1, "spare (2)"));
+    EXPECT_EQ(RunCli("devices").output,
+              "* Output main\n  Output spare\n  Output Spare (3)\n  Output spare (2)\n");
+    Recording recording(*server, "twin", 44100, 1);
+    LSoundPlayer player{OpenCubebChannel};
+    player.SetNotify(&owner, 0);
+    player.SetDevice(LSoundPlayDevice::OfName("output spare (3)"));
+    player.Start(SourceOf(Numbered(100), 44100, 1));
+    EXPECT_TRUE(WaitForStops(1));
+    EXPECT_EQ(recording.Finish(), Numbered(100));
+    server->RemoveOutput("twin");
+    server->RemoveOutput("third");
+}
+
+TEST_F(Playback, AServerThatPausesPlaysOnAndOneThatDoesNotAnswerIsToldOf) {
+    LSoundPlayer player{OpenCubebChannel};
+    player.SetNotify(&owner, 0);
+    Recording recording(*server, "main", 44100, 1);
+    const auto stopServer = [&](unsigned int milliseconds) {
+        server->Send(SIGSTOP);
+        loop.Run(milliseconds, [&] { loop.Quit(); });
+    };
+    player.Start(SourceOf(Numbered(66150), 44100, 1));
+    ASSERT_TRUE(WaitForSound());
+    stopServer(3000); // longer than an answer may take
+    server->Send(SIGCONT);
+    ASSERT_TRUE(WaitForStops(1));
+    EXPECT_EQ(player.GetStatus(), PlayUsable);
+    EXPECT_EQ(recording.Finish(), Numbered(66150));
+
+    stopServer(1);
+    const std::size_t threads = CountEntries("/proc/self/task"), descriptors = CountEntries("/proc/self/fd");
+    for (int step = 0; step < 300; ++step) { // a key that is held
+        player.Start(SourceOf(Numbered(44100), 44100, 1));
+        loop.Run(1, [&] { loop.Quit(); });
+    }
+    EXPECT_LE(CountEntries("/proc/self/task"), threads + 20);
+    EXPECT_LE(CountEntries("/proc/self/fd"), descriptors + 40);
+    for (int again = 0; again < 7; ++again) { // more often than what hangs may
+        EXPECT_TRUE(WaitForStops(301 + again));
+        EXPECT_EQ(player.GetStatus(), PlayNoOutput);
+        player.Start(SourceOf(Numbered(44100), 44100, 1));
+    }
+    ASSERT_TRUE(WaitForStops(308));
+    EXPECT_LE(CountEntries("/proc/self/fd"), descriptors + 40);
+    ExpectRefused(RunCli("devices"), {"doesn't answer"});
+    server->Send(SIGCONT);
+    ASSERT_TRUE(WaitForBackground(20000));
+    player.Start(SourceOf(Numbered(100), 44100, 1));
+    ASSERT_TRUE(WaitForStops(309));
+    EXPECT_EQ(player.GetStatus(), PlayUsable);
+}
+
 TEST_F(Playback, AnOutputThatGoesAwayEndsThePlaybackAndNoOtherTakesOver) {
     for (const bool chosen : {true, false}) {
         owner = {};
@@ -229,6 +284,9 @@ TEST_F(Playback, TheCommandLinePlays) {
     EXPECT_THAT(shown.output, HasSubstr("0:00.2 / 0:00.2 [###############.....]   0 dB"));
 
     ExpectRefused(RunCli("play --device nowhere " + brief), {": nowhere: there is no such sound output"});
+    for (const char* few : {"6", "12", "30"}) // descriptors
+        ExpectRefused(RunProgram(std::string("ulimit -n ") + few + "; exec " SONVIRE_CLI " play " + brief),
+                      {"can't be played: "});
 }
 
 // The last one: it leaves another server behind.

@@ -70,8 +70,8 @@ TEST_F(Player, EveryFrameIsPlayedOnceAndInOrder) {
                        {"ends with a block", 8000, 800, 1, 800},
                        {"ends with the ring", 8000, 64 * 800, 1, 800},
                        {"one frame more", 8000, 64 * 800 + 1, 1, 800},
-                       {"short blocks", 100, 1500, 2, 20},
-                       {"long blocks", 192000, 3 * 8192 + 5, 2, 8192},
+                       {"the lowest rate", 1000, 1500, 2, 100},
+                       {"the highest rate", 192000, 3 * 8192 + 5, 2, 8192},
                        {"nothing", 44100, 0, 1, 0}};
     for (const auto& each : cases) {
         owner = {};
@@ -190,6 +190,26 @@ TEST_F(Player, PlaysFromWhereTheSourceStands) {
     EXPECT_EQ(owner.events[1], "time 900");
     ASSERT_TRUE(WaitForQueue(100));
     EXPECT_EQ(output.Take(1), std::vector<int>{902});
+}
+
+TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
+    constexpr struct {
+        int rate, played;
+    } rates[] = {{100, 1000}, {333, 1000}, {999, 1000}, {192001, 192000}, {384000, 192000}};
+    for (const auto& each : rates) {
+        owner = {};
+        const LSoundSource source = Constant(10000, 3 * each.rate / 2, each.rate);
+        source->Seek(each.rate / 2);
+        ASSERT_TRUE(Play(source, each.played / 2));
+        EXPECT_EQ(output.GetRequest().rate, each.played);
+        const std::vector<int> played = TakeAll();
+        // The converter is a quarter of a percent off in pitch and in level at most, and fades at both ends.
+        const auto sounding = std::count_if(played.begin(), played.end(), [](int s) { return s > 5000; });
+        EXPECT_NEAR(static_cast<double>(sounding), each.played, each.played / 400.0 + 10);
+        EXPECT_NEAR(played[static_cast<std::size_t>(each.played / 2)], 10000, 30);
+        EXPECT_EQ(owner.events[1], "time " + std::to_string(each.rate / 2 * 1000 / each.rate));
+        EXPECT_EQ(*(owner.events.end() - 2), "time " + std::to_string(3 * each.rate / 2 * 1000 / each.rate));
+    }
 }
 
 TEST_F(Player, ARestartStopsWhatPlays) {

@@ -2,6 +2,7 @@
 
 #include "support/run_program.h"
 
+#include <csignal>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -17,11 +18,18 @@ public:
 
     /// False where the machine has no server to start, or it doesn't come up.
     bool Start();
+    /// PipeWire instead, with what stands in for the sound server. It takes sound at 48000 frames per second.
+    bool StartPipeWire();
+    /// A JACK server instead, which has no outputs of its own.
+    bool StartJack(int rate);
     /// Ends it without a word to its clients.
     void Kill();
+    /// To stop it, or to let it go on.
+    void Send(int signal) const { kill(processes.front(), signal); }
 
-    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME".
-    bool AddOutput(const std::string& name, int rate, int channels);
+    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME", or
+    /// by another name.
+    bool AddOutput(const std::string& name, int rate, int channels, const std::string& shown = "");
     void RemoveOutput(const std::string& name);
     /// Runs a command of the server's own control program; returns what it prints.
     std::string Control(const std::string& command);
@@ -30,11 +38,14 @@ public:
 
 private:
     void Set(const char* variable, const std::string& value);
+    void Launch(const std::string& command);
+    bool ComesUp(const std::function<bool()>& answers);
 
     const TempDir folder;
     std::map<std::string, std::string> modules;                    ///< of the outputs, by name
     std::map<std::string, std::optional<std::string>> environment; ///< as it was before
-    pid_t process = -1;
+    std::vector<pid_t> processes;
+    int endSignal = SIGKILL;
 };
 
 /// Records what reaches an output, from when it is made until `Finish`.
