@@ -1,20 +1,29 @@
 #include "cli/interrupt.h"
 
+#include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <initializer_list>
+#include <unistd.h>
 
 namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
+int pipeEnds[2] = {-1, -1}; // the handler writes into the second, for those who wait at the first
 
 void Remember(int signal) {
     interrupted = 1;
     std::signal(signal, SIG_DFL); // the second one ends the program
+    const int error = errno;
+    [[maybe_unused]] const ssize_t ignored = write(pipeEnds[1], "", 1);
+    errno = error;
 }
 
 } // namespace
 
 void CatchInterrupts() {
+    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        pipeEnds[0] = pipeEnds[1] = -1;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction old {};
         sigaction(signal, nullptr, &old);
@@ -28,4 +37,8 @@ void CatchInterrupts() {
 
 bool IsInterrupted() {
     return interrupted != 0;
+}
+
+int GetInterruptDescriptor() {
+    return pipeEnds[0];
 }

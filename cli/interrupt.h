@@ -5,3 +5,5 @@
 /// signal a second time ends the program at once. What the program was started to ignore stays ignored.
 void CatchInterrupts();
 bool IsInterrupted();
+/// Can be read from once the program is interrupted; -1 where the system has none to give.
+int GetInterruptDescriptor();

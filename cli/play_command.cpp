@@ -20,8 +20,6 @@
 
 namespace {
 
-constexpr unsigned int InterruptPollMs = 20;
-
 struct PlayOptions {
     std::string input;
     std::string device;
@@ -44,17 +42,12 @@ int RefuseStatus(LPlayStatus status, const PlayOptions& options, const std::stri
     }
 }
 
-void WarnOfSilence(LSourceNews& news) {
-    for (const LFileWarning& warning : news.Take())
-        Warn(warning.file, warning.reason + "; silence plays in its place");
-}
-
 int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input) {
     if (!HasRoomForOutput())
         return Refuse(name, "can't be played: this process may have no more files or threads");
     CatchInterrupts();
     LEventLoop loop;
-    PlayDisplay display(loop, input.source.GetEnd(), input.endless);
+    PlayDisplay display(loop, input);
     LSoundPlayer player(OpenCubebChannel);
     if (!options.device.empty())
         player.SetDevice(LSoundPlayDevice::OfName(options.device));
@@ -63,17 +56,12 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
     player.SetNotify(&display, 0);
     if (!player.Start(input.source))
         return Refuse(name, "can't be played");
-    bool interrupted = false;
-    loop.Run(InterruptPollMs, [&] {
-        WarnOfSilence(*input.news);
-        interrupted = IsInterrupted();
-        if (interrupted)
-            player.Stop();
-    });
-    WarnOfSilence(*input.news);
+    if (GetInterruptDescriptor() >= 0)
+        loop.Watch(GetInterruptDescriptor(), [&] { player.Stop(); });
+    loop.Run();
     if (player.GetStatus() != PlayUsable)
         return RefuseStatus(player.GetStatus(), options, name, input.source);
-    return interrupted ? ExitStopped : ExitCompleted;
+    return IsInterrupted() ? ExitStopped : ExitCompleted;
 }
 
 int PlayInput(const PlayOptions& options, const std::string& name, const SoundInput& input) {

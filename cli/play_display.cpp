@@ -1,5 +1,7 @@
 #include "cli/play_display.h"
 
+#include "cli/refusal.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <string>
@@ -29,17 +31,24 @@ std::string FormatMeter(LDB level) {
 
 } // namespace
 
-PlayDisplay::PlayDisplay(LEventLoop& ended, LSoundTime soundLength, bool soundIsEndless)
+PlayDisplay::PlayDisplay(LEventLoop& ended, const SoundInput& input)
     : loop(ended),
-      length(soundLength),
-      endless(soundIsEndless),
+      length(input.source.GetEnd()),
+      endless(input.endless),
+      news(input.news),
       visible(isatty(STDERR_FILENO) != 0) {}
 
 void PlayDisplay::spntfPlay(long /*id*/) {
     start = Clock::now();
 }
 
+void PlayDisplay::TellNews() {
+    for (const LFileWarning& warning : news->Take())
+        Warn(warning.file, warning.reason + "; silence plays in its place");
+}
+
 void PlayDisplay::spntfStop(long /*id*/) {
+    TellNews();
     if (visible)
         std::fputs("\n", stderr);
     loop.Quit();
@@ -50,6 +59,7 @@ void PlayDisplay::spntfLevel(const LDBMC& measured, long /*id*/) {
 }
 
 void PlayDisplay::spntfTime(LSoundTime time, long /*id*/) {
+    TellNews();
     const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     if (visible)
         Draw(endless ? static_cast<int>(elapsed.count()) : time.GetMilliseconds());

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "jobs/sound_input.h"
 #include "play/player_notify.h"
 #include "sys/desktop/event_loop.h"
 
 #include <chrono>
 
 /// Shows a playback on one line of the terminal: position, length and the level of each channel. Draws
-/// nothing where standard error is no terminal. Ends the event loop when the playback has stopped.
+/// nothing where standard error is no terminal, but tells of files that are lost meanwhile. Ends the event
+/// loop when the playback has stopped.
 class PlayDisplay : public LSoundPlayerNotify {
 public:
     /// An endless sound has no length, and its position is the time since its start.
-    PlayDisplay(LEventLoop& ended, LSoundTime soundLength, bool soundIsEndless);
+    PlayDisplay(LEventLoop& ended, const SoundInput& input);
 
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
@@ -21,10 +23,12 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void Draw(int positionMs) const;
+    void TellNews();
 
     LEventLoop& loop;
     LSoundTime length;
     bool endless;
+    std::shared_ptr<LSourceNews> news;
     bool visible;
     Clock::time_point start;
     LDBMC levels;
