@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Write("list.tdl", bytes.substr(0, first));
     Write("a.tdf", bytes.substr(first, second - first));
     Write("b.wav", bytes.substr(second));
-    constexpr int rates[] = {0, 44100, 22050, 48000, 8000, 96000, 1, 196000};
+    constexpr int rates[] = {0, 44100, 22050, 48000, 8000, 96000, 4000, 196000};
     RenderTarget target{.path = GetFolder() + "/out.wav", .bits = (data[0] & 1) != 0 ? 8 : 16};
     if (const int rate = rates[data[0] >> 1 & 7])
         target.rate = rate;

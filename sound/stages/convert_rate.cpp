@@ -4,7 +4,6 @@
 #include "sound/stages/convert_channels.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
@@ -23,7 +22,8 @@ int RaisePeak(int peak) {
 
 LSRCConvertRate::LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool wide)
     : LSoundProcessBase(wrapped),
-      filter(sampleRate, std::max(outRate, 1), Taps, wide),
+      design(LSharedFilter::Get(sampleRate, std::max(outRate, 1), wide)),
+      filter(design->filter),
       work(std::size_t{channels} * (BufferFrames + Taps)),
       negated(std::size_t{channels} * NarrowFrames) {
     sampleRate = outRate;
@@ -32,25 +32,6 @@ LSRCConvertRate::LSRCConvertRate(const LSoundSource& wrapped, int outRate, bool 
         status = SoundInvalidFormat;
     }
     peakMax = RaisePeak(peakMax);
-    PackCoefficients();
-}
-
-void LSRCConvertRate::PackCoefficients() {
-    for (int p = 0; p < filter.GetPhases(); ++p) {
-        const int* row = filter.GetRow(p);
-        int magnitudes[2] = {0, 0}; // of each half
-        for (int t = 0; t < Taps; ++t) {
-            const bool apart = t == HalfTaps || t == HalfTaps + 1;
-            rows.push_back(apart ? std::int16_t{0} : static_cast<std::int16_t>(row[t]));
-            if (apart)
-                middle.push_back(row[t]);
-            else
-                magnitudes[t > HalfTaps ? 1 : 0] += std::abs(row[t]);
-            rowsFit = rowsFit && (apart || Fits16(row[t]));
-        }
-        rows.push_back(0);
-        rowsFit = rowsFit && std::max(magnitudes[0], magnitudes[1]) <= LPolyphaseRun::MaxHalfRow;
-    }
 }
 
 int LSRCConvertRate::GetPositionSample() const {
@@ -146,7 +127,7 @@ void LSRCConvertRate::Read(int* buffer, int frames) {
         const int count = std::min(frames, GetFramesInBuffer());
         if (channels > 2) // a layout that nothing converts
             ClearAudioBuffer(buffer, count, channels);
-        else if (rowsFit && samplesFit)
+        else if (design->rowsFit && samplesFit)
             Produce(buffer, count);
         else
             ProduceWide(buffer, count);
@@ -176,8 +157,8 @@ void LSRCConvertRate::MoveOn(int frames) {
 
 void LSRCConvertRate::Produce(int* buffer, int frames) const {
     const LPolyphaseRun run = {
-        .rows = rows.data(),
-        .middle = middle.data(),
+        .rows = design->rows.data(),
+        .middle = design->middle.data(),
         .phases = filter.GetPhases(),
         .stepWhole = filter.GetStep() / filter.GetPhases(),
         .stepPart = filter.GetStep() % filter.GetPhases(),

@@ -2,7 +2,7 @@
 
 #include "sound/sound_process.h"
 #include "sound/stages/kernels.h"
-#include "sound/stages/resample_filter.h"
+#include "sound/stages/shared_filter.h"
 
 #include <array>
 #include <cstdint>
@@ -34,14 +34,11 @@ public:
     static int ConvertEnd(const LRateFraction& fraction, int inputEnd, bool streaming);
 
 private:
-    static constexpr int Taps = 63;
+    static constexpr int Taps = LSharedFilter::Taps;
     static constexpr int HalfTaps = Taps >> 1;
     static constexpr int BufferFrames = 32768;
     static constexpr int NarrowFrames =
         MaxBlockFrames + Taps + 1; ///< the reach of a refill, and what a row overhangs
-    static_assert(LPolyphaseRun::RowLength == Taps + 1);
-
-    void PackCoefficients();
 
     void ReadBuffer();
     int GetFramesToRead() const;
@@ -56,7 +53,8 @@ private:
 
     int* WorkFrame(int frame);
 
-    LConvertRateBase filter;
+    std::shared_ptr<const LSharedFilter> design;
+    const LConvertRateBase& filter;
     int spanStart = HalfTaps + 1; ///< buffer frame at which the filter's 63 frames begin
     int phaseAccumulator = 0;     ///< in 1/N input frames; after each output frame the sub-phase plus M
     int fill = 0;          ///< how many span starts the buffer can serve: frames 0 .. fill + 62 hold input
@@ -65,13 +63,11 @@ private:
     int outputShift = 15;
     int rounding = 1 << 14;
 
-    std::vector<std::int16_t> rows; ///< the coefficients as `LPolyphaseRun` takes them
-    std::vector<int> middle;
     /// Per channel, the frames that the last refill made readable, in 16 bits. Negated: rounding can lift a
     /// sample to 32768, but none goes below -32767.
     std::vector<std::int16_t> negated;
-    int negatedStart = 0;                   ///< the work buffer's frame that stands first in it
-    bool rowsFit = true, samplesFit = true; ///< whether 16 bits hold them; if not, the work buffer is used
+    int negatedStart = 0;   ///< the work buffer's frame that stands first in it
+    bool samplesFit = true; ///< whether 16 bits hold them; if not, the work buffer is used
 };
 
 /// The stages from one rate to another, none where they are the same. A reduction by more than four goes
