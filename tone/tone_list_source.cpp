@@ -50,9 +50,7 @@ LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& pro
 }
 
 LSoundSource ToneListOpening::OpenWave(ToneListEntry& entry) {
-    LWaveHeader& known = waves[entry.file];
-    const LWaveFile wave = LWaveFile::Open(entry.file.c_str(), known);
-    known = wave.header;
+    const LWaveFile wave = LWaveFile::Open(entry.file.c_str());
     if (wave.source->status != SoundUsable) {
         if (entry.problem.empty())
             entry.problem = LWaveFile::ExplainStatus(wave.source->status);
@@ -66,7 +64,7 @@ LSoundSource ToneListOpening::OpenWave(ToneListEntry& entry) {
     if (wave.header.IsCutShort())
         entry.problem = LWaveFile::CutShortText;
     entry.length = wave.source.GetEnd();
-    return LSoundSource::Make<LWaitingWave>(entry.file, wave, report.news);
+    return LSoundSource::Make<LWaitingWave>(entry.file, wave.source, report.news);
 }
 
 void ToneListOpening::Tell(const std::string& path, const std::string& why) {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "sound/files/wave_header.h"
 #include "sound/stages/concatenation.h"
 #include "tone/tone_list_file.h"
 #include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"
 
-#include <map>
 #include <string>
 
 /// What goes along while a list and the lists in it are opened.
@@ -24,7 +22,6 @@ struct ToneListOpening {
 
     ToneListReport report{};
     ToneListNesting nesting{};
-    std::map<std::string, LWaveHeader> waves{}; ///< by path, as one file can be many entries
     bool full = false;
 };
 

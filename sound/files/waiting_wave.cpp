@@ -1,24 +1,22 @@
 #include "sound/files/waiting_wave.h"
 
-LWaitingWave::LWaitingWave(const std::string& filePath, const LWaveFile& opened,
+LWaitingWave::LWaitingWave(const std::string& filePath, const LSoundSource& opened,
                            std::shared_ptr<LSourceNews> sourceNews)
-    : LSoundSourceBase(opened.source->sampleRate, opened.source->channels, opened.source->peakMax),
+    : LSoundSourceBase(opened->sampleRate, opened->channels, opened->peakMax),
       path(filePath),
-      header(opened.header),
       news(std::move(sourceNews)),
-      end(opened.source->GetEndSample()),
-      streaming(opened.source->IsStreaming()) {}
+      end(opened->GetEndSample()),
+      streaming(opened->IsStreaming()) {}
 
 void LWaitingWave::Load() {
-    const LWaveFile opened = LWaveFile::Open(path.c_str(), header);
-    const bool fits = opened.source->sampleRate == sampleRate && opened.source->channels == channels;
-    if (opened.source->status == SoundUsable && fits) {
-        header = opened.header;
-        file = opened.source;
+    const LSoundSource opened = LWaveFile::OpenSource(path.c_str());
+    const bool fits = opened->sampleRate == sampleRate && opened->channels == channels;
+    if (opened->status == SoundUsable && fits) {
+        file = opened;
         return;
     }
-    const std::string reason = opened.source->status != SoundUsable
-                                   ? LWaveFile::ExplainStatus(opened.source->status)
+    const std::string reason = opened->status != SoundUsable
+                                   ? LWaveFile::ExplainStatus(opened->status)
                                    : "has been replaced by a file of another format";
     news->Tell({path, reason});
     streaming = false;

@@ -11,8 +11,9 @@
 /// is gone, or another kind of file, silence plays for its length, and that is told.
 class LWaitingWave : public LSoundSourceBase {
 public:
-    /// `opened` is usable; it is closed. `sourceNews` is where a file that is not to be had is told.
-    LWaitingWave(const std::string& filePath, const LWaveFile& opened,
+    /// `opened` is the file's source, and usable; it is not kept. `sourceNews` is where a file that is not to
+    /// be had is told.
+    LWaitingWave(const std::string& filePath, const LSoundSource& opened,
                  std::shared_ptr<LSourceNews> sourceNews);
 
     void Read(int* buffer, int frames) override;
@@ -29,7 +30,6 @@ private:
     void Load();
 
     std::string path;
-    LWaveHeader header;
     std::shared_ptr<LSourceNews> news;
     LSoundSource file; ///< nothing behind it while it waits, and where it is not to be had
     int position = 0, end;

@@ -24,11 +24,10 @@ LSoundSource MakeSource(LReadFile& file, const LWaveHeader& header) {
 
 } // namespace
 
-LWaveFile LWaveFile::Open(const char* path, const LWaveHeader& known) {
+LWaveFile LWaveFile::Open(const char* path) {
     LSharedReadFile file(path);
     LWaveFile opened;
-    const bool isKnown = known.HasRead(file) && file.SeekTo(known.dataStart);
-    opened.header = isKnown ? known : ReadWaveHeader(file);
+    opened.header = ReadWaveHeader(file);
     opened.source =
         opened.header.status == SoundUsable
             ? MakeSource(file, opened.header)

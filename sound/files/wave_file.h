@@ -17,8 +17,7 @@ public:
     LWaveHeader header;
     LSoundSource source; ///< of a file that can't be used, one whose status says why (`LSoundStatus`)
 
-    /// A header that was read before is not read again while the file is as it was then.
-    static LWaveFile Open(const char* path, const LWaveHeader& known = {});
+    static LWaveFile Open(const char* path);
     /// The source alone.
     static LSoundSource OpenSource(const char* path);
 

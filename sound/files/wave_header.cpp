@@ -1,8 +1,11 @@
 #include "sound/files/wave_header.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <mutex>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -92,11 +95,7 @@ bool IsSupported(const LWaveFileFormat& format) {
     return pcm || format.tag == LWaveFileFormat::TagIMAADPCM;
 }
 
-} // namespace
-
-LWaveHeader ReadWaveHeader(LReadFile& file) {
-    if (!file.IsOpen())
-        return {.status = SoundCannotOpen};
+LWaveHeader ReadFromStart(LReadFile& file) {
     const LFileState state = file.GetState();
     if (!FindWave(file))
         return {};
@@ -112,5 +111,44 @@ LWaveHeader ReadWaveHeader(LReadFile& file) {
             .state = state,
             .format = *format,
             .dataBytes = *dataBytes,
-            .dataStart = file.GetOffset()};
+            .dataStart = file.GetOffset(),
+            .isSettled = state.GetSecondsUnchanged() > 1};
+}
+
+/// The one that was read last stands at the end.
+class Remembered {
+public:
+    std::optional<LWaveHeader> Find(const LFileState& state) {
+        const std::scoped_lock lock(mutex);
+        const auto found = std::find_if(headers.begin(), headers.end(),
+                                        [&state](const LWaveHeader& each) { return each.IsOf(state); });
+        return found == headers.end() ? std::nullopt : std::optional(*found);
+    }
+    void Add(const LWaveHeader& header) {
+        const std::scoped_lock lock(mutex);
+        if (headers.size() == Most)
+            headers.erase(headers.begin());
+        headers.push_back(header);
+    }
+
+private:
+    static constexpr std::size_t Most = 64;
+
+    std::mutex mutex;
+    std::vector<LWaveHeader> headers;
+};
+
+} // namespace
+
+LWaveHeader ReadWaveHeader(LReadFile& file) {
+    static Remembered remembered;
+    if (!file.IsOpen())
+        return {.status = SoundCannotOpen};
+    const std::optional<LWaveHeader> known = remembered.Find(file.GetState());
+    if (known && file.SeekTo(known->dataStart))
+        return *known;
+    const LWaveHeader read = ReadFromStart(file);
+    if (read.isSettled)
+        remembered.Add(read);
+    return read;
 }

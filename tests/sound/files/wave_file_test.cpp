@@ -246,6 +246,10 @@ TEST(WaveFile, AFileOfUnknownLengthThatNobodyWritesHasTheLengthThatItHas) {
     WriteBytes(path, Wave(Pcm16 + "data") + Le(0xFFFFFFFF, 4) + ThreeSamples + ThreeSamples);
     EXPECT_EQ(playing->GetEndSample(), 6);
     EXPECT_TRUE(playing->IsStreaming());
+    WriteBytes(path,
+               Wave(Format(1, 1, 16000, 16) + "data") + Le(0xFFFFFFFF, 4) + ThreeSamples + ThreeSamples);
+    EXPECT_EQ(LWaveFile::OpenSource(path.c_str())->sampleRate, 16000)
+        << "what is remembered of it is outdated";
     while (playing->IsStreaming()) { // for five seconds
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         EXPECT_EQ(playing->GetEndSample(), 6);
