@@ -163,8 +163,10 @@ struct LSettingsText::Place {
 
 LSettingsText::LSettingsText(const std::string& content) {
     constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF"; // as some editors write it
-    for (std::size_t start = content.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
-         start < content.size();) {
+    std::size_t start = 0;
+    while (content.compare(start, ByteOrderMark.size(), ByteOrderMark) == 0)
+        start += ByteOrderMark.size();
+    while (start < content.size()) {
         const std::size_t end = std::min(content.find('\n', start), content.size());
         lines.push_back(content.substr(start, end - start));
         start = end + 1;
