@@ -2,6 +2,7 @@
 
 #include "cli/refusal.h"
 #include "play/play_device.h"
+#include "play/room_for_output.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -12,6 +13,8 @@
 namespace {
 
 int ListDevices() {
+    if (!HasRoomForOutput())
+        return Refuse("devices", "this process may have no more files or threads");
     LSoundPlayDeviceList list;
     if (GetSoundPlayDeviceList(list) == 0)
         return Refuse("devices",

@@ -20,6 +20,8 @@
 
 namespace {
 
+constexpr int EventLoopDescriptors = 8;
+
 struct PlayOptions {
     std::string input;
     std::string device;
@@ -43,7 +45,7 @@ int RefuseStatus(LPlayStatus status, const PlayOptions& options, const std::stri
 }
 
 int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input) {
-    if (!HasRoomForOutput())
+    if (!HasRoomForOutput(EventLoopDescriptors))
         return Refuse(name, "can't be played: this process may have no more files or threads");
     CatchInterrupts();
     LEventLoop loop;
@@ -74,7 +76,8 @@ int PlayInput(const PlayOptions& options, const std::string& name, const SoundIn
 }
 
 int Play(const PlayOptions& options) {
-    if (options.tone.DescribeTone() != options.input.empty())
+    const bool describes = options.tone.DescribeTone() || (options.input.empty() && options.tone.durationMs);
+    if (describes != options.input.empty())
         return Misuse("either INPUT or tone options are required");
     if (!options.input.empty())
         return PlayInput(options, options.input,

@@ -127,8 +127,9 @@ SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
     if (tone.IsList())
         return OpenListTone(tone, length);
     const LSoundSource source = OpenToneEngine(tone);
-    return {
-        .source = source, .endless = !tone.IsFinite(), .frames = static_cast<double>(source->GetEndSample())};
+    return {.source = source,
+            .endless = !tone.IsFinite() || tone.GetDurationFrames() == 0,
+            .frames = static_cast<double>(source->GetEndSample())};
 }
 
 SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,

@@ -33,11 +33,6 @@ LFailure CheckStandardOutput() {
                              : LFailure();
 }
 
-/// True where the file may be written, but its folder may not.
-bool CanOnlyBeWrittenInPlace(const std::string& path, const LFailure& failure) {
-    return (failure.GetError() == EACCES || failure.GetError() == EPERM) && access(path.c_str(), W_OK) == 0;
-}
-
 } // namespace
 
 WaveOutput::WaveOutput(const std::string& path, const OutputFormat& format, int frames)
@@ -55,12 +50,6 @@ LFailure WaveOutput::OpenSink(const std::string& path, const OutputFormat& forma
         return {};
     }
     file.emplace(path);
-    if (CanOnlyBeWrittenInPlace(path, file->GetFailure())) {
-        file.reset();
-        sink = LWaveFile::OpenSinkPCM(path.c_str(), format.rate, format.channels,
-                                      static_cast<std::uint16_t>(format.bits), 0);
-        return {};
-    }
     if (file->GetFailure())
         return Because("can't be created", file->GetFailure());
     sink = OpenStream(file->IsWrittenDirectly() ? LSharedReadWriteFile(path.c_str()) : file->OpenToWrite(),

@@ -16,8 +16,7 @@ struct OutputFormat {
 };
 
 /// Where a sound is rendered to: a file, which takes an old one's place only once it is complete, or standard
-/// output. A file in a folder that may not be written is written in its place. What can't be rewound, such as
-/// a pipe, needs the number of frames in advance.
+/// output. What can't be rewound, such as a pipe, needs the number of frames in advance.
 class WaveOutput {
 public:
     /// True for "-", and for the names that the system has for it.

@@ -8,14 +8,14 @@ namespace {
 
 constexpr int Descriptors = 24; // more than any of the libraries has open, and some for others meanwhile
 
-bool HasDescriptors() {
+bool HasDescriptors(int count) {
     rlimit limit{};
     getrlimit(RLIMIT_NOFILE, &limit);
     int free = 0;
-    for (rlim_t i = 0; i < limit.rlim_cur && free < Descriptors; ++i)
+    for (rlim_t i = 0; i < limit.rlim_cur && free < count; ++i)
         if (fcntl(static_cast<int>(i), F_GETFD) < 0)
             ++free;
-    return free == Descriptors;
+    return free == count;
 }
 
 bool HasThread() {
@@ -27,6 +27,6 @@ bool HasThread() {
 
 } // namespace
 
-bool HasRoomForOutput() {
-    return HasDescriptors() && HasThread();
+bool HasRoomForOutput(int others) {
+    return HasDescriptors(Descriptors + others) && HasThread();
 }

@@ -3,8 +3,8 @@
 #include <functional>
 
 /// Runs `work` on a thread of its own that nobody joins: for calls into the outside world that may never
-/// return. `work` owns what it touches. The end of the program waits half a second for work that is still going
-/// on, and leaves what is stuck behind. False where the system has no thread to give.
+/// return. `work` owns what it touches. The end of the program waits half a second for work that is still
+/// going on, and leaves what is stuck behind. False where the system has no thread to give.
 bool RunInBackground(std::function<void()> work);
 
 /// Waits until no background work is going on, for at most `milliseconds`; false on time-out.

@@ -216,21 +216,14 @@ LFailure LFile::SaveFile(const char* path, const void* data, unsigned int size) 
     if (LFailure held = old.GetFailure(); held && held.GetError() != ENOENT)
         return held;
     LReplacedFile file(path);
-    LFailure failure = file.GetFailure();
-    if (!failure && !file.IsWrittenDirectly()) {
-        failure = file.OpenToWrite().Write(data, size);
-        if (failure)
-            return failure;
-        failure = file.Commit();
-        if (!failure)
-            return {};
-    }
-    if (failure && failure.GetError() != EACCES && failure.GetError() != EPERM)
+    if (file.GetFailure())
+        return file.GetFailure();
+    if (file.IsWrittenDirectly())
+        return WriteAll(old.IsOpen() ? std::move(old) : LockedFile(path, O_WRONLY | O_CREAT, LOCK_EX), data,
+                        size);
+    if (LFailure failure = file.OpenToWrite().Write(data, size))
         return failure;
-    // A device, or a file that may be written in a folder that may not, or where others' files stay in their
-    // places.
-    return WriteAll(old.IsOpen() ? std::move(old) : LockedFile(path, O_WRONLY | O_CREAT, LOCK_EX), data,
-                    size);
+    return file.Commit();
 }
 
 LFailure LFile::CopyFile(const char* from, const char* to) {

@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -115,6 +116,11 @@ void RemoveStaleFiles(const std::string& folder) {
     }
 }
 
+/// By the permissions of a folder.
+bool IsRefused(const LFailure& failure) {
+    return failure.GetError() == EACCES || failure.GetError() == EPERM || failure.GetError() == EROFS;
+}
+
 /// So that the new name outlives a power cut. Where the folder doesn't take that, the file is in place all
 /// the same.
 void SyncFolder(const std::string& folder) {
@@ -148,10 +154,16 @@ void LReplacedFile::CreateTemporary(unsigned int mode) {
     const bool created = descriptor >= 0 || MakeTemporary(finalPath, temporaryPath, [this](const char* name) {
                              return (descriptor = CreateNamed(name)) >= 0;
                          });
-    if (!created) {
+    if (!created)
         failure = LFailure::OfLastCall();
-        return;
+    if (IsRefused(failure) && FileExists(finalPath)) {
+        std::error_code ignored;
+        descriptor = CreateUnnamed(std::filesystem::temp_directory_path(ignored));
+        isElsewhere = descriptor >= 0;
+        failure = isElsewhere ? LFailure() : failure;
     }
+    if (failure)
+        return;
     // A file system without permissions refuses the mode; the file is as good there.
     [[maybe_unused]] const int ignored = fchmod(descriptor, mode);
 }
@@ -166,14 +178,32 @@ LReplacedFile::~LReplacedFile() {
 LFailure LReplacedFile::Commit() {
     if (IsWrittenDirectly() || failure)
         return failure;
-    failure = OpenToWrite().Sync();
-    if (!failure)
+    failure = isElsewhere ? CopyInPlace() : OpenToWrite().Sync();
+    if (!failure && !isElsewhere)
         failure = PutInPlace();
+    if (IsRefused(failure) && !isElsewhere)
+        failure = CopyInPlace();
     if (failure)
         return failure;
     close(std::exchange(descriptor, -1));
     SyncFolder(GetFolder(finalPath));
     return {};
+}
+
+LFailure LReplacedFile::CopyInPlace() {
+    LReadWriteFile from = OpenToWrite();
+    LReadWriteFile to = LReadWriteFile::OpenUnlocked(finalPath.c_str());
+    if (!to.IsOpen() || !from.SeekTo(0))
+        return to.GetFailure();
+    if (LFailure cut = to.Truncate(0))
+        return cut;
+    std::vector<char> block(1 << 20);
+    for (std::size_t got = 1; got > 0;) {
+        got = from.Read(block.data(), block.size());
+        if (LFailure unwritten = to.Write(block.data(), got))
+            return unwritten;
+    }
+    return to.Sync();
 }
 
 /// A file without a name can take one that is free, but not another's: it gets a temporary one for a moment.

@@ -126,10 +126,12 @@ LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
     if (tone.ReadFromFile(entry.file.c_str()))
         entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
                         "; an endless sine plays, and nothing behind it";
-    else if (const LFailure uncountable = tone.CheckCountable())
-        entry.problem = uncountable.GetReason() + "; nothing behind it plays";
     else if (!IsEverLeft(tone))
         entry.problem = "is endless; nothing behind it plays";
+    if (const LFailure uncountable = tone.CheckCountable()) {
+        entry.problem = uncountable.GetReason() + "; it is left out";
+        return {};
+    }
     if (!tone.IsList()) {
         LSoundSource source = OpenToneEngine(tone);
         entry.length = source.GetEnd();

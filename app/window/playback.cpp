@@ -56,7 +56,7 @@ void Playback::CmPlay() {
     }
     ShowNotices(input.notices);
     news = input.news;
-    view.SetLength(tone.IsFinite() ? input.source.GetEnd() : LSoundTime());
+    view.SetLength(input.endless ? LSoundTime() : input.source.GetEnd());
     if (!player.Start(input.source))
         ReportLostOutput();
 }

@@ -16,10 +16,6 @@ bool Streams(const LSoundSource& source) {
     return IsPlayable(source) && source->IsStreaming();
 }
 
-bool AnyStreams(std::span<const LSoundSourceCat::Item> items) {
-    return std::ranges::any_of(items, [](const LSoundSourceCat::Item& item) { return Streams(item.source); });
-}
-
 int FramesLeft(const LSoundSource& source) {
     return WrapSubtract(source->GetEndSample(), source->GetPositionSample());
 }
@@ -58,7 +54,7 @@ LSoundSource LSoundSourceCat::OpenSource() const {
 LSSRCCat::LSSRCCat(const LSoundSourceCat& list, int rate, std::uint8_t channelCount, int peak)
     : LSoundSourceBase(rate, channelCount, peak),
       items(list.GetItems()) {
-    Recount();
+    CountRest();
     Open(true);
 }
 
@@ -70,10 +66,10 @@ void LSSRCCat::Open(bool fromStart) {
     if (IsAllOpened())
         return;
     const LSoundSourceCat::Item& item = items[cursor];
-    rest = WrapSubtract(rest, CountFrames(item));
+    const bool isCounted = !std::ranges::binary_search(streaming, cursor);
+    if (isCounted)
+        rest = WrapSubtract(rest, CountFrames(item));
     ++cursor;
-    if (restStreams)
-        Recount();
     if (!IsPlayable(item.source)) {
         silenceLeft = item.silence.GetSamples(sampleRate);
         return;
@@ -130,7 +126,7 @@ int LSSRCCat::ReadCurrent(int* buffer, int frames) {
 void LSSRCCat::Seek(int target) {
     position = 0;
     cursor = 0;
-    Recount();
+    CountRest();
     while (!IsAllOpened()) {
         const std::int64_t rest = std::int64_t{target} - position;
         // An item is sought once: to its start, to be measured there, or where that is behind the target, to
@@ -158,16 +154,23 @@ void LSSRCCat::Seek(int target) {
 }
 
 int LSSRCCat::GetEndSample() const {
-    const int end = WrapAdd(position, IsPlayable(current) ? FramesLeft(current) : silenceLeft);
-    return WrapAdd(end, restStreams ? CountRest() : rest);
+    int end = WrapAdd(position, IsPlayable(current) ? FramesLeft(current) : silenceLeft);
+    ForEachStreamToCome([&](const LSoundSourceCat::Item& item) { end = WrapAdd(end, CountFrames(item)); });
+    return WrapAdd(end, rest);
 }
 
 bool LSSRCCat::IsStreaming() const {
-    return Streams(current) || (restStreams && AnyStreams(GetRest()));
+    bool streams = Streams(current);
+    ForEachStreamToCome(
+        [&](const LSoundSourceCat::Item& item) { streams = streams || Streams(item.source); });
+    return streams;
 }
 
-std::span<const LSoundSourceCat::Item> LSSRCCat::GetRest() const {
-    return std::span(items).subspan(cursor);
+template <class Do>
+void LSSRCCat::ForEachStreamToCome(Do doThis) const {
+    for (const std::size_t place : streaming)
+        if (place >= cursor)
+            doThis(items[place]);
 }
 
 int LSSRCCat::CountFrames(const LSoundSourceCat::Item& item) const {
@@ -178,25 +181,24 @@ int LSSRCCat::CountFrames(const LSoundSourceCat::Item& item) const {
         .ConvertEnd(source->GetEndSample(), source->IsStreaming());
 }
 
-int LSSRCCat::CountRest() const {
-    int frames = 0;
-    for (const LSoundSourceCat::Item& item : GetRest())
-        frames = WrapAdd(frames, CountFrames(item));
-    return frames;
-}
-
 // Once for all items, so that lists that are nested in each other don't count each other's anew with every
 // read.
-void LSSRCCat::Recount() {
-    rest = CountRest();
-    restStreams = AnyStreams(GetRest());
+void LSSRCCat::CountRest() {
+    rest = 0;
+    streaming.clear();
+    for (std::size_t i = cursor; i < items.size(); ++i) {
+        if (Streams(items[i].source))
+            streaming.push_back(i);
+        else
+            rest = WrapAdd(rest, CountFrames(items[i]));
+    }
 }
 
 void LSSRCCat::WaitForStreamingData(int milliseconds) {
     if (IsPlayable(current))
         current->WaitForStreamingData(milliseconds);
-    const auto next = std::ranges::find_if(
-        GetRest(), [](const LSoundSourceCat::Item& item) { return IsPlayable(item.source); });
-    if (next != GetRest().end())
+    const auto next = std::find_if(items.begin() + static_cast<std::ptrdiff_t>(cursor), items.end(),
+                                   [](const auto& item) { return IsPlayable(item.source); });
+    if (next != items.end())
         next->source->WaitForStreamingData(milliseconds);
 }

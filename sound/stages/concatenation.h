@@ -3,7 +3,6 @@
 #include "sound/sound_source.h"
 
 #include <cstddef>
-#include <span>
 #include <vector>
 
 /// A list of sources and silences that play one after another. An item whose source has a status plays as
@@ -63,16 +62,16 @@ private:
     void Open(bool fromStart);
     int ReadCurrent(int* buffer, int frames);
     bool IsAllOpened() const { return cursor == items.size(); }
-    std::span<const LSoundSourceCat::Item> GetRest() const;
     int CountFrames(const LSoundSourceCat::Item& item) const;
-    int CountRest() const;
-    void Recount();
+    void CountRest();
+    template <class Do>
+    void ForEachStreamToCome(Do doThis) const;
 
     std::vector<LSoundSourceCat::Item> items;
-    std::size_t cursor = 0; ///< next item to open
-    int rest = 0;           ///< frames of the items to come, where none of them streams
-    bool restStreams = false;
-    int position = 0;     ///< may be negative: silence before the beginning
-    int silenceLeft = 0;  ///< of the current silence
-    LSoundSource current; ///< after conversion; nothing behind it while a silence plays
+    std::size_t cursor = 0;             ///< next item to open
+    int rest = 0;                       ///< frames of the items to come, but for those that stream
+    std::vector<std::size_t> streaming; ///< the places of those, which are counted anew each time
+    int position = 0;                   ///< may be negative: silence before the beginning
+    int silenceLeft = 0;                ///< of the current silence
+    LSoundSource current;               ///< after conversion; nothing behind it while a silence plays
 };

@@ -145,6 +145,8 @@ TEST_F(Render, WritesWhereItCanAndSaysWhereItCant) {
         RunProgram("setpriv --reuid 65534 --clear-groups ./cli render --duration 100 closed/o.wav").errors,
         "");
     EXPECT_EQ(Read("closed/o.wav").size(), 46u + 2 * 4410) << "written in its place";
+    RunProgram("ulimit -f 64; setpriv --reuid 65534 --clear-groups ./cli render --duration 1s closed/o.wav");
+    EXPECT_EQ(Read("closed/o.wav").size(), 46u + 2 * 4410) << "what fails leaves it";
 }
 
 TEST_F(Render, NoiseIsTheSameForASeedOnly) {

@@ -274,8 +274,8 @@ TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
                             "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
                             "0 looped.tdf 8500 is endless; nothing behind it plays",
                             "0 none.tdf 60000 is endless; nothing behind it plays",
-                            "0 wraps.tdf 60000 lasts longer than the 13 and a half hours that a tone can be "
-                            "counted for; nothing behind it plays",
+                            "0 wraps.tdf 0 lasts longer than the 13 and a half hours that a tone can be "
+                            "counted for; it is left out",
                             "0 odd.xyz 0 is of an unknown type and left out"));
 }
 
