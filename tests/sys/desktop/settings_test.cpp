@@ -102,9 +102,10 @@ TEST(Settings, AreThoseOfQt) {
         qt.sync();
         EXPECT_EQ(Read("from Qt", "a key"), "stored: " + text);
     }
-    WriteBytes(StorePath(),
-               "\xEF\xBB\xBF\xEF\xBB\xBF; by hand\r\n[ test ]\r\nout = Speakers, HDMI 1 ; x\r\nq=\"a, b \"\r\n"
-               "old=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nq = \"c;\"\n[z]\nno key\n");
+    WriteBytes(
+        StorePath(),
+        "\xEF\xBB\xBF\xEF\xBB\xBF; by hand\r\n[ test ]\r\nout = Speakers, HDMI 1 ; x\r\nq=\"a, b \"\r\n"
+        "old=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nq = \"c;\"\n[z]\nno key\n");
     EXPECT_EQ(Read("test", "out"), "stored: Speakers, HDMI 1");
     EXPECT_EQ(Read("test", "q"), "stored: c;") << "the last one";
     EXPECT_EQ(Read("test", "old"), "stored: \xC3\xA4\xF0\x9F\x8E\xB5");
