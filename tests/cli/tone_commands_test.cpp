@@ -52,7 +52,6 @@ TEST_F(ToneCommands, MakeSaysWhatIsWrong) {
         {"--tones 3 --frequency 1,2", "--frequency: 2 values don't fit 3 components"},
         {"--frequency 1,2 --amplitude 0,-1,-2", "--frequency: 2 values don't fit 3 components"},
         {"--frequency 1,x", "--frequency: \"x\" is not understood; 440, 1.5k"},
-        {"--frequency nan", "\"nan\" is not understood"},
         {"--frequency 1,", "\"\" is not understood"},
         {"--frequency 1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17", "1 to 16 components"},
         {"--amplitude 1", "between -127 and 0"},

@@ -7,22 +7,13 @@
 
 namespace {
 
-/// Runs a window; `user` is all that happens to it.
-class Gui : public testing::Test {
-protected:
-    void Run(const std::function<void(MemoryMainWindow&)>& user) {
-        toolkit.running = [this, &user] { user(*toolkit.mainWindow); };
-        window.Run();
-    }
-
+TEST(Gui, AWindowStartsAndEndsInOrder) {
     MemoryToolkit toolkit;
     TestWindow window{toolkit};
-};
-
-TEST_F(Gui, AWindowStartsAndEndsInOrder) {
     window.OpenDocuments({"early.tdf"});
     window.OpenDocuments({"ignored.tdf"});
-    Run([this](MemoryMainWindow& shown) {
+    toolkit.running = [&] {
+        MemoryMainWindow& shown = *toolkit.mainWindow;
         EXPECT_TRUE(shown.visible);
         EXPECT_EQ(shown.geometry, (LWindowGeometry{.x = 10, .y = 20, .width = 300, .height = 400}));
         shown.geometry.width = 555;
@@ -34,7 +25,8 @@ TEST_F(Gui, AWindowStartsAndEndsInOrder) {
         EXPECT_TRUE(toolkit.quit);
         EXPECT_FALSE(shown.visible);
         window.OpenDocuments({"late.tdf"});
-    });
+    };
+    window.Run();
     EXPECT_EQ(window.log, (Texts{"init", "load early.tdf", "enable", "run file.tdf", "load a.tdf",
                                  "load b.tdf", "drop dropped.tdf", "geometry 555", "destroy"}));
 }
@@ -120,38 +112,37 @@ TEST(GuiList, StandsDraggedRowsTogetherWhereTheyAreDropped) {
         });
 }
 
-TEST_F(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
+TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     const TempDir dir;
     WriteBytes(dir / "old.tdf", "old");
     static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
     using enum LMessageAnswer;
-    struct {
-        const char* name;
-        std::deque<LChosenFile> chosen;
-        std::deque<LMessageAnswer> answers;
-        std::string expected;
-    } const cases[] = {{"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf"},
-                       {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav"},
-                       {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x"},
-                       {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf"},
-                       {"cancelled", {{"", 0}}, {}, ""},
-                       {"replaced", {{dir / "old", 0}}, {Yes}, dir / "old.tdf"},
-                       {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {No}, dir / "b.tdf"}};
-    Run([&](MemoryMainWindow&) {
-        for (const auto& each : cases) {
-            SCOPED_TRACE(each.name);
+    const std::tuple<const char*, std::deque<LChosenFile>, std::deque<LMessageAnswer>, std::string> cases[] =
+        {{"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf"},
+         {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav"},
+         {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x"},
+         {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf"},
+         {"cancelled", {{"", 0}}, {}, ""},
+         {"replaced", {{dir / "old", 0}}, {Yes}, dir / "old.tdf"},
+         {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {No}, dir / "b.tdf"}};
+    MemoryToolkit toolkit;
+    TestWindow window{toolkit};
+    toolkit.running = [&] {
+        for (const auto& [name, chosen, answers, expected] : cases) {
+            SCOPED_TRACE(name);
             toolkit.choosers.clear();
             toolkit.boxes.clear();
-            toolkit.chosenFiles = each.chosen;
-            toolkit.answers = each.answers;
+            toolkit.chosenFiles = chosen;
+            toolkit.answers = answers;
             LFileChooser chooser{"Save", "/some/where/first.tdf", "/start", filters, "tdf"};
-            EXPECT_EQ(LChooseFileToSave(window, chooser), each.expected);
-            EXPECT_EQ(toolkit.choosers.size(), each.chosen.size());
+            EXPECT_EQ(LChooseFileToSave(window, chooser), expected);
+            EXPECT_EQ(toolkit.choosers.size(), chosen.size());
             EXPECT_EQ(toolkit.choosers[0].name, "first.tdf");
-            EXPECT_EQ(toolkit.boxes.size(), each.answers.size());
-            EXPECT_EQ(chooser.folder + "/", each.expected.empty() ? "/start/" : dir / "");
+            EXPECT_EQ(toolkit.boxes.size(), answers.size());
+            EXPECT_EQ(chooser.folder + "/", expected.empty() ? "/start/" : dir / "");
         }
-    });
+    };
+    window.Run();
 }
 
 TEST(LevelFall, RisesAtOnceAndFallsFortyDecibelsASecond) {

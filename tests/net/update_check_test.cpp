@@ -23,83 +23,71 @@ std::uint32_t Ip(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_
 }
 
 TEST(UpdateCheck, AUrlIsSplitIntoHostPortAndPath) {
-    const std::string maker = "www.maker.example", path = "/versions/a.txt", longHost(259, 'h');
-    struct {
-        std::string url, host, path, name;
-        int port;
-    } const cases[] = {
-        {"http://" + maker + path, maker, path, maker, 81},
-        {"http://some-host:8080/p//q?a/b", "some-host:8080", "/p//q?a/b", "some-host", 8080},
-        {"host:", "host:", "", "host", 0},
-        {"/path", "", "/path", "", 81},
-        {"a//b//c:65537:2/d", "c:65537:2", "/d", "c", 1},
-        {"http://" + longHost + "hhh/p", longHost, "/p", longHost, 81},
-    };
-    for (const auto& each : cases) {
+    const std::string maker = "www.maker.example", file = "/versions/a.txt", longHost(259, 'h');
+    // The host with its port and without, the path, the port.
+    using Parts = std::tuple<std::string, std::string, std::string, int>;
+    const std::pair<std::string, Parts> cases[] = {
+        {"http://" + maker + file, {maker, maker, file, 81}},
+        {"http://some-host:8080/p//q?a/b", {"some-host:8080", "some-host", "/p//q?a/b", 8080}},
+        {"host:", {"host:", "host", "", 0}},
+        {"/path", {"", "", "/path", 81}},
+        {"a//b//c:65537:2/d", {"c:65537:2", "c", "/d", 1}},
+        {"http://" + longHost + "hhh/p", {longHost, longHost, "/p", 81}}};
+    for (const auto& [url, parts] : cases) {
         std::string host = "old", path = "old", name = "old";
-        ProcessHTTPSplitHost(each.url.c_str(), host, path);
-        EXPECT_EQ(host, each.host) << each.url;
-        EXPECT_EQ(path, each.path) << each.url;
-        EXPECT_EQ(SplitPortFromAddr(host.c_str(), name, 81), each.port) << each.url;
-        EXPECT_EQ(name, each.name) << each.url;
+        ProcessHTTPSplitHost(url.c_str(), host, path);
+        const int port = SplitPortFromAddr(host.c_str(), name, 81);
+        EXPECT_EQ(Parts(host, name, path, port), parts) << url;
     }
 }
 
 TEST(UpdateCheck, AHostGoesByItsAddresses) {
-    struct {
-        const char* address;
-        std::uint32_t first, count;
-        std::uint16_t port;
-    } const cases[] = {{"192.0.2.7:8080", Ip(192, 0, 2, 7), 1, 8080},
-                       {"255.255.255.255", INADDR_NONE, 1, 81},
-                       {"", INADDR_NONE, 0, 81}};
+    const std::tuple<const char*, std::uint32_t, std::uint32_t, std::uint16_t> cases[] = {
+        {"192.0.2.7:8080", Ip(192, 0, 2, 7), 1, 8080},
+        {"255.255.255.255", INADDR_NONE, 1, 81},
+        {"", INADDR_NONE, 0, 81}};
     LIPAddressMultiHomedWithPort found("localhost", 81); // which is forgotten by the next look-up
     EXPECT_EQ(found.hosts.addresses[0], Ip(127, 0, 0, 1));
-    for (const auto& each : cases) {
-        found.Resolve(each.address, 81);
-        EXPECT_EQ(found.hosts.count, each.count) << each.address;
+    for (const auto& [address, ip, count, port] : cases) {
+        found.Resolve(address, 81);
+        EXPECT_EQ(found.hosts.count, count) << address;
         const sockaddr_in first = found.GetHost(0).GetSocketAddress();
-        EXPECT_EQ(first.sin_addr.s_addr, each.first) << each.address;
-        EXPECT_EQ(first.sin_port, htons(each.port)) << each.address;
-        EXPECT_FALSE(found.GetHost(each.count).IsValid()) << each.address;
+        EXPECT_EQ(first.sin_addr.s_addr, ip) << address;
+        EXPECT_EQ(first.sin_port, htons(port)) << address;
+        EXPECT_FALSE(found.GetHost(count).IsValid()) << address;
     }
 }
 
 TEST(UpdateCheck, TheReplyIsTakenAsItComes) {
-    struct {
-        const char* name;
-        double version; // 0 where the reply is none
-        std::string reply;
-        std::string info{};
-    } const cases[] = {
+    // A version of 0 stands for a reply that is none.
+    const std::tuple<const char*, double, std::string, std::string> cases[] = {
         {"address up to &", 2.15, "HTTP/1.1 200 OK\r\n\r\nversion=2.15&info=http://a/b&x=1", "http://a/b"},
         {"in another order, to the end", 3, "info=P\r\nversion=3\n", "P\r\nversion=3\n"},
         {"the first of several", 2.2, "version=2.2 version=9 info=P&info=Q", "P"},
         {"a long address", 3, "version=3&info=" + std::string(300, 'p'), std::string(259, 'p')},
-        {"no version", 0, "info=P&Version=3"},
-        {"no address", 0, "version=3&inf=P"},
-        {"nothing", 0, ""},
-        {"binary", 0, std::string("\0version=3&info=P\xff", 18)},
+        {"no version", 0, "info=P&Version=3", ""},
+        {"no address", 0, "version=3&inf=P", ""},
+        {"nothing", 0, "", ""},
+        {"binary", 0, std::string("\0version=3&info=P\xff", 18), ""},
         {"ten megabytes", 3, "version=3&info=P&" + std::string(std::size_t{10'000'000}, 'x'), "P"},
-        {"too late", 0, std::string(2040, 'x') + "version=3&info=P"},
+        {"too late", 0, std::string(2040, 'x') + "version=3&info=P", ""},
         {"2047 bytes", 3, std::string(2030, 'x') + "version=3&info=PQ", "PQ"},
         {"and no more", 3, std::string(2031, 'x') + "version=3&info=PQ", "P"},
     };
-    for (const auto& each : cases) {
-        LocalServer server([&](int connection) {
+    for (const auto& [name, version, reply, info] : cases) {
+        LocalServer server([&server, &text = reply](int connection) {
             EXPECT_EQ(server.request,
                       "GET /versions/sonvire_mac.txt HTTP/1.0\r\nHost: " + server.GetAddress() + "\r\n\r\n");
-            SendText(connection, each.reply.substr(0, each.reply.size() / 2)); // most likely two packets
+            SendText(connection, text.substr(0, text.size() / 2)); // most likely two packets
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
-            SendText(connection, each.reply.substr(each.reply.size() / 2));
+            SendText(connection, text.substr(text.size() / 2));
         });
         Dialog dialog;
         LProcessCheckForVersionUpdates job;
-        EXPECT_EQ(ProcessVersionFile(dialog, server.GetUrl().c_str(), 5000, job),
-                  each.version == 0 ? Failed : Completed)
-            << each.name;
-        EXPECT_EQ(job.version, each.version) << each.name;
-        EXPECT_EQ(job.info, each.info) << each.name;
+        const LProcessResult result = ProcessVersionFile(dialog, server.GetUrl().c_str(), 5000, job);
+        EXPECT_EQ(result, version == 0 ? Failed : Completed) << name;
+        EXPECT_EQ(job.version, version) << name;
+        EXPECT_EQ(job.info, info) << name;
     }
 }
 
@@ -113,33 +101,26 @@ TEST(UpdateCheck, WithoutAReplyThereIsAnEnd) {
     EXPECT_EQ(second.Connect(fullAddress), LSocketState::Waiting);
     const LocalPort silent;
     const LocalServer brief([](int connection) { SendText(connection, "ab"); });
-    struct {
-        const char* name;
-        std::string host;
-        int stopAt, timeoutMs;
-        LProcessResult result;
-        const char* reply = "";
-    } const cases[] = {
-        {"refused", closed.GetAddress(), 0, OneSlice, Failed},
-        {"not accepted", full.GetAddress(), 0, OneSlice, Failed},
-        {"stopped before anything", full.GetAddress(), 1, 5000, Stopped},
-        {"stopped during the look-up", full.GetAddress(), 2, 5000, Stopped},
-        {"stopped while connecting", full.GetAddress(), 3, 5000, Stopped},
-        {"no address", "255.255.255.255", 0, OneSlice, Failed},
-        {"no host", "", 0, OneSlice, Failed},
-        {"no reply", silent.GetAddress(), 0, 3 * OneSlice, Completed},
+    // The user stops at a question, or never; then the time-out, the result and the reply.
+    const std::tuple<const char*, std::string, int, int, LProcessResult, const char*> cases[] = {
+        {"refused", closed.GetAddress(), 0, OneSlice, Failed, ""},
+        {"not accepted", full.GetAddress(), 0, OneSlice, Failed, ""},
+        {"stopped before anything", full.GetAddress(), 1, 5000, Stopped, ""},
+        {"stopped during the look-up", full.GetAddress(), 2, 5000, Stopped, ""},
+        {"stopped while connecting", full.GetAddress(), 3, 5000, Stopped, ""},
+        {"no address", "255.255.255.255", 0, OneSlice, Failed, ""},
+        {"no host", "", 0, OneSlice, Failed, ""},
+        {"no reply", silent.GetAddress(), 0, 3 * OneSlice, Completed, ""},
         {"a brief reply", brief.GetAddress(), 0, 5000, Completed, "ab"},
     };
-    for (const auto& each : cases) {
-        Dialog user{each.stopAt};
-        char reply[] = "old text";
-        EXPECT_EQ(ProcessHTTPGet(user, (each.host + "/p").c_str(), reply, sizeof reply, each.timeoutMs),
-                  each.result)
-            << each.name;
-        EXPECT_STREQ(reply, each.reply) << each.name;
+    char reply[] = "old text";
+    for (const auto& [name, host, stopAt, timeoutMs, result, text] : cases) {
+        Dialog user{stopAt};
+        EXPECT_EQ(ProcessHTTPGet(user, (host + "/p").c_str(), reply, sizeof reply, timeoutMs), result)
+            << name;
+        EXPECT_STREQ(reply, text) << name;
     }
     Dialog leaving{6};
-    char reply[10];
     ProcessHTTPGet(leaving, silent.GetAddress().c_str(), reply, sizeof reply, 5000);
     EXPECT_EQ(leaving.asked, 6) << "a server is not waited for once the user leaves";
 }

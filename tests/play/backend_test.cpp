@@ -5,7 +5,6 @@
 #include "support/jack_recorder.h"
 #include "support/owner.h"
 #include "support/sound_server.h"
-#include "tone/tone_data.h"
 
 #include <gmock/gmock.h>
 
@@ -17,7 +16,6 @@
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 TEST(Backend, OnlyAJackServerThatListensRuns) {
     const SoundServer shield; // which puts the variable back
@@ -69,13 +67,6 @@ LPlayStatus Play(const std::vector<int>& samples, int rate, const LSoundPlayDevi
     return player.GetStatus();
 }
 
-std::vector<std::int16_t> SamplesOf(const std::string& bytes) {
-    std::vector<std::int16_t> samples(bytes.size() / 2);
-    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
-    std::erase(samples, 0);
-    return samples;
-}
-
 bool IsInstalled(const std::string& program) {
     return RunProgram("command -v " + program).status == 0;
 }
@@ -114,11 +105,9 @@ TEST(Backend, WithoutAServerAlsaGetsEveryFrameAndNoRateBelowItsLowest) {
     WriteBytes(none.Path("no.conf"), "pcm.!default { type plug slave { pcm card rate 44100 channels 1 } }\n"
                                      "pcm.card { type file slave.pcm null format raw file " +
                                          none.Path("out.raw") + " }\npcm.null { type null }\n");
-    SonvireData tone;
-    tone.SetDuration(200);
     const std::string brief = none.Path("brief.tdf"), rendered = none.Path("44.wav"),
                       slow = none.Path("2.wav");
-    ASSERT_FALSE(tone.WriteToFile(brief.c_str()));
+    ASSERT_EQ(RunCli("make --duration 200 " + brief).status, 0);
     ASSERT_EQ(RunCli("render " + brief + " " + rendered).status, 0);
     ASSERT_EQ(RunCli("render --rate 2000 " + brief + " " + slow).status, 0);
     for (const std::string& file : {slow, brief}) {

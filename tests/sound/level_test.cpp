@@ -8,35 +8,30 @@
 namespace {
 
 TEST(Level, FactorsAreTheRoundedPowersOfTen) {
-    struct {
-        std::int8_t db;
-        int amplitude, power;
-    } const cases[] = {{0, 16777216, 16777216},
-                       {-6, 8408526, 4214246},
-                       {-20, 1677722, 167772},
-                       {6, 33474947, 66791300},
-                       {-10, 5305422, 1677722},
-                       {20, 167772160, 1677721600},
-                       {22, 211212636, INT_MAX},
-                       {40, 1677721600, INT_MAX},
-                       {42, 2112126356, INT_MAX},
-                       {43, INT_MAX, INT_MAX},
-                       {127, INT_MAX, INT_MAX},
-                       {-126, 8, 0},
-                       {-127, 0, 0},
-                       {-128, 0, 0}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(LDB(each.db).GetAmplitude(), each.amplitude) << int{each.db};
-        EXPECT_EQ(LDB(each.db).GetPower(), each.power) << int{each.db};
+    constexpr int cases[][3] = {{0, 16777216, 16777216},
+                                {-6, 8408526, 4214246},
+                                {-20, 1677722, 167772},
+                                {6, 33474947, 66791300},
+                                {-10, 5305422, 1677722},
+                                {20, 167772160, 1677721600},
+                                {22, 211212636, INT_MAX},
+                                {40, 1677721600, INT_MAX},
+                                {42, 2112126356, INT_MAX},
+                                {43, INT_MAX, INT_MAX},
+                                {127, INT_MAX, INT_MAX},
+                                {-126, 8, 0},
+                                {-127, 0, 0},
+                                {-128, 0, 0}};
+    for (const auto& [db, amplitude, power] : cases) {
+        const LDB level(static_cast<std::int8_t>(db));
+        EXPECT_EQ(level.GetAmplitude(), amplitude) << db;
+        EXPECT_EQ(level.GetPower(), power) << db;
     }
 }
 
 TEST(Level, MeasuresABuffer) {
-    struct {
-        int sample, frames, peak;
-        std::uint32_t meanSquare;
-        int db;
-    } const cases[] = {
+    // The sample and the frames; then the peak, the mean square and the level in dB.
+    const std::tuple<int, int, int, std::uint32_t, int> cases[] = {
         {0, 100, 0, 0, -127},
         {524272, 100, 524272, 268402688, 15}, // 16383^2 is one more: the low sum is dropped
         {92682, 8192, 92682, 8386816, 0},
@@ -49,18 +44,18 @@ TEST(Level, MeasuresABuffer) {
         {INT_MIN + 1, 1, INT_MAX, 0, -127},
         {524272, 0, 0, 0, -127},
     };
-    for (const auto& each : cases) {
-        std::vector<int> mono(static_cast<std::size_t>(each.frames), each.sample);
+    for (const auto& [sample, frames, peak, meanSquare, db] : cases) {
+        std::vector<int> mono(static_cast<std::size_t>(frames), sample);
         mono.push_back(1 << 20); // which is no part of it
-        EXPECT_EQ(GetBufferPeak(mono.data(), each.frames, 1), each.peak) << each.sample;
-        EXPECT_EQ(GetBufferMeanSquare(mono.data(), each.frames, 1), each.meanSquare) << each.sample;
-        EXPECT_EQ(GetBufferMeanSquareChan(1, mono.data(), each.frames, 1), each.meanSquare) << each.sample;
+        EXPECT_EQ(GetBufferPeak(mono.data(), frames, 1), peak) << sample;
+        EXPECT_EQ(GetBufferMeanSquare(mono.data(), frames, 1), meanSquare) << sample;
+        EXPECT_EQ(GetBufferMeanSquareChan(1, mono.data(), frames, 1), meanSquare) << sample;
         std::vector<int> stereo(2 * mono.size());
         for (std::size_t i = 1; i < stereo.size(); i += 2)
-            stereo[i] = each.sample;
-        EXPECT_EQ(GetBufferPeak(stereo.data(), each.frames, 2), each.peak) << each.sample;
-        EXPECT_EQ(GetBufferRMSDBChan(0, stereo.data(), each.frames, 2), LDB(-127)) << each.sample;
-        EXPECT_EQ(GetBufferRMSDBChan(1, stereo.data(), each.frames, 2).GetDecibels(), each.db) << each.sample;
+            stereo[i] = sample;
+        EXPECT_EQ(GetBufferPeak(stereo.data(), frames, 2), peak) << sample;
+        EXPECT_EQ(GetBufferRMSDBChan(0, stereo.data(), frames, 2), LDB(-127)) << sample;
+        EXPECT_EQ(GetBufferRMSDBChan(1, stereo.data(), frames, 2).GetDecibels(), db) << sample;
     }
     EXPECT_EQ(LDBMC(200).GetChannels(), 8);
 }

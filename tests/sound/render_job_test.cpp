@@ -10,7 +10,11 @@ namespace {
 
 class ArraySink : public LSoundSinkBase {
 public:
-    ArraySink(int rate, std::uint8_t channelCount) : LSoundSinkBase(rate, channelCount) {}
+    /// It takes so many writes, then fails by a system error.
+    ArraySink(int rate, std::uint8_t channelCount, int writesToFail, int error)
+        : LSoundSinkBase(rate, channelCount),
+          fullAfter(writesToFail),
+          fullBy(error) {}
     void Write(const int* buffer, int frames) override {
         writes.push_back(frames);
         samples.insert(samples.end(), buffer, buffer + frames * channels);
@@ -20,7 +24,7 @@ public:
         }
     }
     std::vector<int> samples, writes;
-    int fullAfter = -1, fullBy = ENOSPC; ///< writes, and the system error number
+    int fullAfter, fullBy;
 };
 
 struct Recorder {
@@ -38,8 +42,9 @@ struct Recorder {
 };
 
 struct Rendering {
-    Rendering(const LSoundSource& source, int rate, std::uint8_t channels, int stopAt = 1000)
-        : sink(LSoundSink::Make<ArraySink>(rate, channels)),
+    Rendering(const LSoundSource& source, int rate, std::uint8_t channels, int stopAt = 1000,
+              int fullAfter = -1, int fullBy = 0)
+        : sink(LSoundSink::Make<ArraySink>(rate, channels, fullAfter, fullBy)),
           job("Saving Wave File", source, sink) {
         dialog.stopAt = stopAt;
         result = Process(dialog, job);
@@ -53,7 +58,7 @@ struct Rendering {
 };
 
 LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {
-    return LSoundSource::Make<ArraySource>(ReferenceNoise(count * channels, 1000), rate, channels);
+    return ArrayOf(ReferenceNoise(count * channels, 1000), rate, channels);
 }
 
 TEST(RenderJob, CopiesInBlocksAndShowsThemOneBehind) {
@@ -99,8 +104,7 @@ TEST(RenderJob, ConvertsToTheSinkOrWritesSilenceWhereNothingConverts) {
 }
 
 TEST(RenderJob, WhatIsTooLoudIsBroughtDown) {
-    const LSoundSource loud =
-        LSoundSource::Make<ArraySource>(std::vector<int>(9000, 1048544), 44100, std::uint8_t{1}, 1048544);
+    const LSoundSource loud = ArrayOf(std::vector<int>(9000, 1048544), 44100, 1, 1048544);
     // The gain is 524272 * 512 / 16384 * 512 = 8388096, whose product with the sample, less its lowest part,
     // is 521985 + 2031 + 223.
     const std::vector<int> written = Rendering(loud, 44100, 1).Sunk().samples;
@@ -108,22 +112,14 @@ TEST(RenderJob, WhatIsTooLoudIsBroughtDown) {
 }
 
 TEST(RenderJob, ASinkThatTakesNoMoreEndsTheJobAtOnce) {
-    struct {
-        int error, stopAt;
-        LProcessResult result;
-    } const cases[] = {{ENOSPC, 1000, LProcessResult::Failed},
-                       {EINTR, 1000, LProcessResult::Failed},
-                       {EINTR, 2, LProcessResult::Stopped}}; // the user's own stop broke the write off
-    for (const auto& each : cases) {
-        const LSoundSink sink = LSoundSink::Make<ArraySink>(44100, std::uint8_t{1});
-        auto& full = static_cast<ArraySink&>(*sink);
-        full.fullAfter = 2;
-        full.fullBy = each.error;
-        Recorder dialog;
-        dialog.stopAt = each.stopAt;
-        LPRSourceToSink job("Saving Wave File", Frames(5 * 8192), sink);
-        EXPECT_EQ(Process(dialog, job), each.result);
-        EXPECT_EQ(full.writes.size(), 2U);
+    const std::tuple<int, int, LProcessResult> cases[] = {
+        {ENOSPC, 1000, LProcessResult::Failed},
+        {EINTR, 1000, LProcessResult::Failed},
+        {EINTR, 2, LProcessResult::Stopped}}; // the user's own stop broke the write off
+    for (const auto& [error, stopAt, result] : cases) {
+        const Rendering run(Frames(5 * 8192), 44100, 1, stopAt, 2, error);
+        EXPECT_EQ(run.result, result);
+        EXPECT_EQ(run.Sunk().writes.size(), 2U);
     }
 }
 

@@ -64,7 +64,7 @@ TEST(SoundSource, AnImpossibleFormatIsRepairedAndMarked) {
 }
 
 TEST(SoundSource, IsSharedByItsHandles) {
-    LSoundSource source = LSoundSource::Make<ArraySource>(std::vector<int>{}, 44100);
+    LSoundSource source = ArrayOf({});
     LSoundSource& itself = source;
     source = itself;
     EXPECT_EQ(source->refCount, 1);
@@ -76,24 +76,22 @@ TEST(SoundSource, IsSharedByItsHandles) {
 }
 
 TEST(SoundTime, ConvertsToFramesAndBack) {
-    struct {
-        int ms, rate, frames;
-    } const cases[] = {
+    constexpr int cases[][3] = {
         {1500, 44100, 66150}, {999, 44100, 44055}, {-1500, 44100, -66150},        {-1, 44100, -44},
         {0, 44100, 0},        {1, 8000, 8},        {48695773, 44100, 2147483589}, {INT_MAX, 1, 2147483}};
-    for (const auto& each : cases)
-        EXPECT_EQ(LSoundTime(each.ms).GetSamples(each.rate), each.frames)
-            << each.ms << " ms at " << each.rate;
-    LSoundTime time(7);
-    const auto setTo = [&time](int frames, int rate) {
+    for (const auto& [ms, rate, frames] : cases)
+        EXPECT_EQ(LSoundTime(ms).GetSamples(rate), frames) << ms << " ms at " << rate;
+    constexpr int back[][3] = {// a rate of 0 keeps the time
+                               {66150, 44100, 1500},
+                               {5, 0, 7},
+                               {5, 1, 5000},
+                               {1, 44100, 0},
+                               {-66150, 44100, -1500}};
+    for (const auto& [frames, rate, ms] : back) {
+        LSoundTime time(7);
         time.SetSamples(frames, rate);
-        return time.GetMilliseconds();
-    };
-    EXPECT_EQ(setTo(66150, 44100), 1500);
-    EXPECT_EQ(setTo(5, 0), 1500) << "a rate of 0 keeps the time";
-    EXPECT_EQ(setTo(5, 1), 5000);
-    EXPECT_EQ(setTo(1, 44100), 0);
-    EXPECT_EQ(setTo(-66150, 44100), -1500);
+        EXPECT_EQ(time.GetMilliseconds(), ms) << frames << " frames at " << rate;
+    }
 }
 
 template <class Format>
@@ -111,16 +109,15 @@ int In(typename Format::Stored stored) {
 }
 
 TEST(SampleFormat, RoundsTiesUpwardAndKeepsTheLowBits) {
-    struct {
-        int sample, bits16, bits8;
-    } const cases[] = {{0, 0, 128},          {-8, 0, 128},       {-9, -1, 128},        {2047, 128, 128},
-                       {2048, 128, 129},     {-2048, -128, 128}, {-2049, -128, 127},   {524279, 32767, 0},
-                       {524280, -32768, 0},  {524272, 32767, 0}, {522239, 32640, 255}, {-524272, -32767, 0},
-                       {-524288, -32768, 0}, {INT_MAX, 0, 128},  {INT_MIN, 0, 128}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(Out<LSF16>(each.sample), each.bits16) << each.sample;
-        EXPECT_EQ(Out<LSFLE16>(each.sample), each.bits16) << each.sample;
-        EXPECT_EQ(Out<LSFU8>(each.sample), each.bits8) << each.sample;
+    constexpr int cases[][3] = {{0, 0, 128},          {-8, 0, 128},         {-9, -1, 128},
+                                {2047, 128, 128},     {2048, 128, 129},     {-2048, -128, 128},
+                                {-2049, -128, 127},   {524279, 32767, 0},   {524280, -32768, 0},
+                                {524272, 32767, 0},   {522239, 32640, 255}, {-524272, -32767, 0},
+                                {-524288, -32768, 0}, {INT_MAX, 0, 128},    {INT_MIN, 0, 128}};
+    for (const auto& [sample, bits16, bits8] : cases) {
+        EXPECT_EQ(Out<LSF16>(sample), bits16) << sample;
+        EXPECT_EQ(Out<LSFLE16>(sample), bits16) << sample;
+        EXPECT_EQ(Out<LSFU8>(sample), bits8) << sample;
     }
     EXPECT_EQ(In<LSFU8>(0), -524288);
     EXPECT_EQ(In<LSFU8>(255), 520192);

@@ -46,11 +46,22 @@ inline std::vector<int> Numbered(int count, int first = 1) {
     return samples;
 }
 
+/// A source of these samples.
+inline LSoundSource ArrayOf(std::vector<int> samples, int rate = 44100, std::uint8_t channels = 1,
+                            int peak = FullScale16) {
+    return LSoundSource::Make<ArraySource>(std::move(samples), rate, channels, peak);
+}
+
+/// The source that `ArrayOf` has made.
+inline ArraySource& Array(const LSoundSource& source) {
+    return static_cast<ArraySource&>(*source);
+}
+
 /// A source of 16-bit samples.
 inline LSoundSource SourceOf(std::vector<int> samples, int rate, std::uint8_t channels = 1) {
     for (int& sample : samples)
         sample *= 16;
-    return LSoundSource::Make<ArraySource>(std::move(samples), rate, channels);
+    return ArrayOf(std::move(samples), rate, channels);
 }
 
 inline std::vector<int> ReadFrames(LSoundSourceBase& source, int frames) {

@@ -19,7 +19,6 @@ public:
         : events(listEvents),
           makeMenu(std::move(menuMaker)) {}
 
-    std::vector<std::string> columns;
     std::vector<std::vector<std::string>> rows;
     std::vector<int> selection; ///< from top to bottom
     bool draggable = false;
@@ -31,7 +30,7 @@ public:
         events.SelectionChanged(selection, chosen.empty() ? -1 : chosen.back());
     }
 
-    void SetColumns(const std::vector<std::string>& titles) override { columns = titles; }
+    void SetColumns(const std::vector<std::string>& /*titles*/) override {}
     void InsertRow(int row, const std::vector<std::string>& texts) override {
         rows.insert(rows.begin() + row, texts);
     }

@@ -7,17 +7,6 @@
 #include <string>
 #include <vector>
 
-/// What tests/reference/model.py works out for its case of this name.
-inline std::uint32_t ReferenceHash(const std::string& name) {
-    std::ifstream file(SONVIRE_REFERENCE_HASHES);
-    std::uint32_t hash = 0;
-    for (std::string line; file >> std::hex >> hash && std::getline(file >> std::ws, line);)
-        if (line == name)
-            return hash;
-    ADD_FAILURE() << "the model has no case \"" << name << '"';
-    return 0;
-}
-
 /// CRC-32 of samples as little-endian 32-bit integers, as tests/reference/model.py prints it.
 inline std::uint32_t HashSamples(const std::vector<int>& samples) {
     std::uint32_t crc = 0xFFFFFFFF;
@@ -28,6 +17,16 @@ inline std::uint32_t HashSamples(const std::vector<int>& samples) {
                 crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
         }
     return ~crc;
+}
+
+/// Expects what tests/reference/model.py works out for its case of this name.
+inline void ExpectReference(const std::vector<int>& samples, const std::string& name) {
+    std::ifstream file(SONVIRE_REFERENCE_HASHES);
+    std::uint32_t hash = 0;
+    for (std::string line; line != name && file >> std::hex >> hash;)
+        std::getline(file >> std::ws, line);
+    ASSERT_TRUE(file) << "the model has no case \"" << name << '"';
+    EXPECT_EQ(HashSamples(samples), hash) << name;
 }
 
 /// A signal with loud and quiet stretches: `noise` of tests/reference/model.py.

@@ -145,7 +145,10 @@ std::vector<int> Recording::Finish() {
     WaitForFrames(static_cast<std::uintmax_t>(rate / 3));
     EndProcess(process, SIGTERM);
     process = -1;
-    const std::string bytes = ReadBytes(file);
+    return SamplesOf(ReadBytes(file));
+}
+
+std::vector<int> SamplesOf(const std::string& bytes) {
     std::vector<std::int16_t> samples(bytes.size() / 2);
     std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
     std::erase(samples, 0);

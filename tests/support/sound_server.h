@@ -68,5 +68,8 @@ private:
     pid_t process = -1;
 };
 
+/// The 16-bit samples that these bytes hold, but for those that are 0.
+std::vector<int> SamplesOf(const std::string& bytes);
+
 /// Waits until the condition holds; false when that takes so long that something hangs.
 bool WaitFor(const std::function<bool()>& holds);

@@ -34,14 +34,11 @@ TEST(ToneFile, IsTheRecordByteForByte) {
     ASSERT_FALSE(tone.WriteToFile(path.c_str()));
     const std::string image = ReadBytes(path);
     EXPECT_EQ(image.substr(0, 8), "\x34\x12\6\3\xEF\xCD\xAB\x89");
-    struct {
-        std::size_t offset;
-        std::string bytes;
-    } const fields[] = {
+    const std::pair<std::size_t, std::string> fields[] = {
         {8 + 127, "\x3F"}, {136 + 7, "\x40"}, {264 + 6, "\x10\x40"},         {520 - 2, "\x20\x40"},
         {520, "\xFF"},     {536, "\1"},       {537, std::string("a\0b", 3)}, {796, "z"}};
-    for (const auto& each : fields)
-        EXPECT_EQ(image.substr(each.offset, each.bytes.size()), each.bytes) << each.offset;
+    for (const auto& [offset, bytes] : fields)
+        EXPECT_EQ(image.substr(offset, bytes.size()), bytes) << offset;
 
     SonvireData read;
     ASSERT_FALSE(read.ReadFromFile(path.c_str()));

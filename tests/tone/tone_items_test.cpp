@@ -5,7 +5,6 @@
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 SonvireData Flagged(int flags, int waveform = ToneSine, int tones = 1) {
     SonvireData tone;
@@ -17,18 +16,17 @@ SonvireData Flagged(int flags, int waveform = ToneSine, int tones = 1) {
 
 TEST(ToneItems, AreNamedByTheMode) {
     constexpr int modes[] = {0, ToneFlagSweep, ToneFlagStereo, ToneFlagStereo | ToneFlagSweep};
-    struct {
-        unsigned int item;
-        std::string names[4]; ///< of the modes, before "Frequency"
-    } const cases[] = {{256, {"Sine 1 ", "Sine 1 Start ", "Sine 1 Left ", "Sine 1 Start Left "}},
-                       {527, {"", "", "Sine 16 Right ", "Sine 16 Start Right "}},
-                       {769, {"", "Sine 2 End ", "", "Sine 2 End Left "}},
-                       {1026, {"", "", "", "Sine 3 End Right "}}};
-    for (const auto& each : cases)
-        for (int mode = 0; mode < 4; ++mode)
-            EXPECT_EQ(Flagged(modes[mode]).GetItemName(each.item),
-                      each.names[mode].empty() ? "" : each.names[mode] + "Frequency")
-                << each.item;
+    // The names in the modes, before "Frequency".
+    const std::pair<unsigned int, std::array<std::string, 4>> cases[] = {
+        {256, {"Sine 1 ", "Sine 1 Start ", "Sine 1 Left ", "Sine 1 Start Left "}},
+        {527, {"", "", "Sine 16 Right ", "Sine 16 Start Right "}},
+        {769, {"", "Sine 2 End ", "", "Sine 2 End Left "}},
+        {1026, {"", "", "", "Sine 3 End Right "}}};
+    for (const auto& [item, names] : cases)
+        for (std::size_t mode = 0; mode < 4; ++mode)
+            EXPECT_EQ(Flagged(modes[mode]).GetItemName(item),
+                      names[mode].empty() ? "" : names[mode] + "Frequency")
+                << item;
     const std::pair<unsigned int, const char*> always[] = {{1281, "Sine 2 Relative Amplitude"},
                                                            {1536, "Sine Duration"},
                                                            {1792, "Sine"},
@@ -64,29 +62,27 @@ TEST(ToneItems, ShowTheirValuesWithUnits) {
 TEST(ToneItems, TakeTypedTexts) {
     const char* const duration = "DurationPlease enter positive value";
     const char* const amplitude = "AmplitudePlease enter negative value between [-127 .. 0]";
-    struct {
-        unsigned int item;
-        const char *typed, *shown, *message;
-    } const cases[] = {{1536, "250ms", "250ms", ""},
-                       {1536, "12.7", "12ms", ""},
-                       {1536, "abc", "1000ms", duration},
-                       {1536, "0", "1000ms", duration},
-                       {1536, "-5", "1000ms", duration},
-                       {1280, "-3", "-3dB", ""},
-                       {1280, "-127dB", "-127dB", ""},
-                       {1280, "5", "0dB", amplitude},
-                       {1280, "-200", "-127dB", amplitude},
-                       {256, "440Hz", "440.00Hz", ""},
-                       {256, "-1.5", "-1.50Hz", ""},
-                       {256, "99999", "99999.00Hz", ""},
-                       {256, "x", "0.00Hz", ""},
-                       {1792, "7", "", ""},
-                       {99999, "7", "", ""}};
-    for (const auto& each : cases) {
+    const std::tuple<unsigned int, const char*, const char*, const char*> cases[] = {
+        {1536, "250ms", "250ms", ""},
+        {1536, "12.7", "12ms", ""},
+        {1536, "abc", "1000ms", duration},
+        {1536, "0", "1000ms", duration},
+        {1536, "-5", "1000ms", duration},
+        {1280, "-3", "-3dB", ""},
+        {1280, "-127dB", "-127dB", ""},
+        {1280, "5", "0dB", amplitude},
+        {1280, "-200", "-127dB", amplitude},
+        {256, "440Hz", "440.00Hz", ""},
+        {256, "-1.5", "-1.50Hz", ""},
+        {256, "99999", "99999.00Hz", ""},
+        {256, "x", "0.00Hz", ""},
+        {1792, "7", "", ""},
+        {99999, "7", "", ""}};
+    for (const auto& [item, typed, shown, message] : cases) {
         SonvireData tone;
-        const LNotice notice = tone.SetItemValue(each.item, each.typed).value_or(LNotice());
-        EXPECT_EQ(tone.GetItemValue(each.item), each.shown) << each.item << " " << each.typed;
-        EXPECT_EQ(notice.title + notice.text, each.message) << each.typed;
+        const LNotice notice = tone.SetItemValue(item, typed).value_or(LNotice());
+        EXPECT_EQ(tone.GetItemValue(item), shown) << item << " " << typed;
+        EXPECT_EQ(notice.title + notice.text, message) << typed;
     }
     SonvireData tone;
     EXPECT_FALSE(tone.SetItemValue(1024 + 15, "1000.1"));
@@ -112,37 +108,31 @@ std::vector<std::string> Steps(unsigned int item, const char* from, const Freque
 
 TEST(Stepping, StepsAreUnevenAndKeepToTheirRange) {
     const FrequencyStep semitone, octave{.semitones = 12}, hertz{.bySemitones = false, .hz = 2.5};
-    struct {
-        unsigned int item;
-        const FrequencyStep& step;
-        const char *from, *up, *down, *largeUp, *largeDown;
-    } const cases[] = {
-        {1536, semitone, "1000", "2000ms", "900ms", "6000ms", "500ms"},
-        {1536, semitone, "999", "1099ms", "899ms", "1499ms", "499ms"},
-        {1536, semitone, "100", "200ms", "100ms", "600ms", "100ms"},
-        {1536, semitone, "101", "201ms", "1ms", "601ms", "101ms"},
-        {1536, semitone, "500", "600ms", "400ms", "1000ms", "500ms"},
-        {1536, semitone, "501", "601ms", "401ms", "1001ms", "1ms"},
-        {1536, semitone, "2000", "3000ms", "1000ms", "7000ms", "1500ms"},
-        {1536, semitone, "5000", "6000ms", "4000ms", "10000ms", "1ms"},
-        {1536, semitone, "4999", "5999ms", "3999ms", "9999ms", "4499ms"},
-        {1280, semitone, "0", "0dB", "-1dB", "0dB", "-1dB"},
-        {1280, semitone, "-90", "-89dB", "-90dB", "-89dB", "-90dB"},
-        {1280, semitone, "-127", "-126dB", "-127dB", "-126dB", "-127dB"},
-        {1792, semitone, "", "", "", "", ""},
-        {256, semitone, "440", "466.16Hz", "415.30Hz", "880.00Hz", "220.00Hz"},
-        {271, octave, "440", "880.00Hz", "220.00Hz", "880.00Hz", "220.00Hz"},
-        {271, octave, "15000", "20000.00Hz", "7500.00Hz", "20000.00Hz", "7500.00Hz"},
-        {271, octave, "0", "0.02Hz", "0.00Hz", "0.00Hz", "0.00Hz"}, // 0.01, an octave up
-        {271, octave, "30000", "30000.00Hz", "15000.00Hz", "20000.00Hz", "15000.00Hz"},
-        {271, hertz, "2", "4.50Hz", "0.00Hz", "4.00Hz", "1.00Hz"},
-        {271, hertz, "19999", "20000.00Hz", "19996.50Hz", "20000.00Hz", "9999.50Hz"},
-        {1027, semitone, "440", "", "", "", ""}, // not shown in mono
+    const std::tuple<unsigned int, FrequencyStep, const char*, std::vector<std::string>> cases[] = {
+        {1536, semitone, "1000", {"2000ms", "900ms", "6000ms", "500ms"}},
+        {1536, semitone, "999", {"1099ms", "899ms", "1499ms", "499ms"}},
+        {1536, semitone, "100", {"200ms", "100ms", "600ms", "100ms"}},
+        {1536, semitone, "101", {"201ms", "1ms", "601ms", "101ms"}},
+        {1536, semitone, "500", {"600ms", "400ms", "1000ms", "500ms"}},
+        {1536, semitone, "501", {"601ms", "401ms", "1001ms", "1ms"}},
+        {1536, semitone, "2000", {"3000ms", "1000ms", "7000ms", "1500ms"}},
+        {1536, semitone, "5000", {"6000ms", "4000ms", "10000ms", "1ms"}},
+        {1536, semitone, "4999", {"5999ms", "3999ms", "9999ms", "4499ms"}},
+        {1280, semitone, "0", {"0dB", "-1dB", "0dB", "-1dB"}},
+        {1280, semitone, "-90", {"-89dB", "-90dB", "-89dB", "-90dB"}},
+        {1280, semitone, "-127", {"-126dB", "-127dB", "-126dB", "-127dB"}},
+        {1792, semitone, "", {"", "", "", ""}},
+        {256, semitone, "440", {"466.16Hz", "415.30Hz", "880.00Hz", "220.00Hz"}},
+        {271, octave, "440", {"880.00Hz", "220.00Hz", "880.00Hz", "220.00Hz"}},
+        {271, octave, "15000", {"20000.00Hz", "7500.00Hz", "20000.00Hz", "7500.00Hz"}},
+        {271, octave, "0", {"0.02Hz", "0.00Hz", "0.00Hz", "0.00Hz"}}, // 0.01, an octave up
+        {271, octave, "30000", {"30000.00Hz", "15000.00Hz", "20000.00Hz", "15000.00Hz"}},
+        {271, hertz, "2", {"4.50Hz", "0.00Hz", "4.00Hz", "1.00Hz"}},
+        {271, hertz, "19999", {"20000.00Hz", "19996.50Hz", "20000.00Hz", "9999.50Hz"}},
+        {1027, semitone, "440", {"", "", "", ""}}, // not shown in mono
     };
-    for (const auto& each : cases)
-        EXPECT_THAT(Steps(each.item, each.from, each.step),
-                    ElementsAre(each.up, each.down, each.largeUp, each.largeDown))
-            << each.item << " from " << each.from;
+    for (const auto& [item, step, from, values] : cases)
+        EXPECT_EQ(Steps(item, from, step), values) << item << " from " << from;
 }
 
 TEST(ToneItems, AreShownInOrder) {
@@ -153,7 +143,7 @@ TEST(ToneItems, AreShownInOrder) {
     EXPECT_THAT(GetShownItems(Flagged(All, ToneWhiteNoise, 5)), ElementsAre(1536));
     EXPECT_THAT(GetShownItems(Flagged(ToneFlagStereo, ToneFromList)), ElementsAre(1792));
     EXPECT_EQ(GetShownItems(Flagged(0, ToneSine, 200)).size(), 16u);
-    EXPECT_THAT(GetShownItems(Flagged(0, ToneSine, 0)), IsEmpty());
+    EXPECT_THAT(GetShownItems(Flagged(0, ToneSine, 0)), ElementsAre());
 }
 
 } // namespace

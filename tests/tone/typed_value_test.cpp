@@ -6,60 +6,35 @@
 
 namespace {
 
-constexpr double None = -12345;
+using Parser = std::optional<double> (*)(const std::string&);
+using Values = std::vector<std::pair<const char*, double>>;
 
 TEST(TypedValue, IsReadAsPeopleWriteIt) {
-    struct {
-        std::optional<double> (*parse)(const std::string&);
-        const char* text;
-        double value;
-    } const cases[] = {
-        {ParseFrequency, "440", 440},
-        {ParseFrequency, "440,5", 440.5},
-        {ParseFrequency, " 1 000 Hz ", 1000},
-        {ParseFrequency, "1.5k", 1500},
-        {ParseFrequency, "+1.5KHZ", 1500},
-        {ParseFrequency, "-3e2", -300},
-        {ParseFrequency, "a4", 440},
-        {ParseFrequency, "C4", 261.6255653},
-        {ParseFrequency, "C#5 +3 ct", 555.3268}, // 554.3652620 * 2^(3/1200)
-        {ParseFrequency, "Bb3", 233.0818808},
-        {ParseFrequency, "b3-50", 239.911701}, // halfway down to 233.08
-        {ParseFrequency, "c-1", 8.1757989},
-        {ParseFrequency, "1,000", None}, // 1 or 1000
-        {ParseFrequency, "1.000,5", None},
-        {ParseFrequency, "H4", None},
-        {ParseFrequency, "A", None},
-        {ParseFrequency, "A4 3", None},
-        {ParseFrequency, "A99", None},
-        {ParseFrequency, "nan", None},
-        {ParseFrequency, "inf", None},
-        {ParseFrequency, "1e999", None},
-        {ParseFrequency, "0x10", None},
-        {ParseFrequency, "+-5", None},
-        {ParseFrequency, "5 s", None},
-        {ParseFrequency, "", None},
-        {ParseDuration, "500", 500},
-        {ParseDuration, "0.5 s", 500},
-        {ParseDuration, "2min", 120'000},
-        {ParseDuration, "1h", 3'600'000},
-        {ParseDuration, "1:30", 90'000},
-        {ParseDuration, "0:00.25", 250},
-        {ParseDuration, "1:00:01", 3'601'000},
-        {ParseDuration, "90:00", 5'400'000},
-        {ParseDuration, "1:60", None},
-        {ParseDuration, "1.5:00", None},
-        {ParseDuration, "1:", None},
-        {ParseDuration, "1:2:3:4", None},
-        {ParseDuration, "-1:30", None},
-        {ParseDuration, "5 Hz", None},
-        {ParseLevel, "-3 dB", -3},
-        {ParseLevel, "-0,5", -0.5},
-        {ParseLevel, "3 ms", None},
-    };
-    for (const auto& each : cases)
-        EXPECT_NEAR(each.parse(each.text).value_or(None), each.value, std::fabs(each.value) * 1e-6)
-            << each.text;
+    // A C#5 is 554.3652620, times 2^(3/1200); a B3-50 lies halfway down to the 233.08 of Bb3.
+    const Values frequencies = {{"440", 440},         {"440,5", 440.5},      {" 1 000 Hz ", 1000},
+                                {"1.5k", 1500},       {"+1.5KHZ", 1500},     {"-3e2", -300},
+                                {"a4", 440},          {"C4", 261.6255653},   {"C#5 +3 ct", 555.3268},
+                                {"Bb3", 233.0818808}, {"b3-50", 239.911701}, {"c-1", 8.1757989}};
+    const Values durations = {{"500", 500},           {"0.5 s", 500},      {"2min", 120'000},
+                              {"1h", 3'600'000},      {"1:30", 90'000},    {"0:00.25", 250},
+                              {"1:00:01", 3'601'000}, {"90:00", 5'400'000}};
+    const Values levels = {{"-3 dB", -3}, {"-0,5", -0.5}};
+    for (const auto& [parse, values] : {std::pair<Parser, Values>{ParseFrequency, frequencies},
+                                        {ParseDuration, durations},
+                                        {ParseLevel, levels}})
+        for (const auto& [text, value] : values)
+            EXPECT_NEAR(parse(text).value_or(0), value, std::fabs(value) * 1e-6) << text;
+}
+
+TEST(TypedValue, WhatMayMeanTwoThingsOrNothingIsRefused) {
+    const std::pair<Parser, std::vector<const char*>> cases[] = {
+        {ParseFrequency,
+         {"1,000", "1.000,5", "H4", "A", "A4 3", "A99", "nan", "inf", "1e999", "0x10", "+-5", "5 s", ""}},
+        {ParseDuration, {"1:60", "1.5:00", "1:", "1:2:3:4", "-1:30", "5 Hz"}},
+        {ParseLevel, {"3 ms"}}};
+    for (const auto& [parse, texts] : cases)
+        for (const char* text : texts)
+            EXPECT_FALSE(parse(text)) << text;
 }
 
 } // namespace

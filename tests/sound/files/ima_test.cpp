@@ -44,15 +44,11 @@ TEST(ImaSource, DecodesFromEveryStepAsSoxDoes) {
 TEST(ImaSource, CountsTheSamplesOfWholeAndPartialBlocks) {
     const TempDir dir;
     WriteBytes(dir / "data", std::string(1000, '\0'));
-    struct {
-        std::uint32_t bytes;
-        unsigned int align;
-        int samples;
-    } const cases[] = {
+    const std::tuple<std::uint32_t, unsigned int, int> cases[] = {
         {1000, 256, 1972},       {768, 256, 1515},        {771, 256, 1515},     {772, 256, 1516}, {8, 0, 2},
         {0xFFFFFFFF, 256, 1972}, {0xFFFFFFD9, 256, 1972}, {40000, 40000, 79986}}; // 65529 + 2 * 7228 + 1
-    for (const auto& each : cases)
-        EXPECT_EQ(Open(dir / "data", each.bytes, each.align)->GetEndSample(), each.samples) << each.bytes;
+    for (const auto& [bytes, align, samples] : cases)
+        EXPECT_EQ(Open(dir / "data", bytes, align)->GetEndSample(), samples) << bytes;
     LSharedReadFile file((dir / "data").c_str());
     EXPECT_EQ(LIMAWaveOpenSource(file, 1000, 8000, 2, 256)->status, SoundNothing);
 }

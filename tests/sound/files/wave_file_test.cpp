@@ -39,26 +39,20 @@ const std::vector<int> ThreeRead = {16, 32, -16};
 
 TEST(WaveFile, WritesA46ByteHeaderAndTheFramesAlone) {
     const TempDir dir;
-    struct {
-        std::uint8_t channels;
-        std::uint16_t bits;
-        std::vector<int> samples;
-        std::uint32_t align;
-        std::string data;
-    } const cases[] = {{1, 16, {16, -16, 524272}, 2, std::string("\x01\x00\xFF\xFF\xFF\x7F", 6)},
-                       {1, 8, {0, 4096, 524272}, 1, std::string("\x80\x81\x00", 3)}, // odd, yet not padded
-                       {2, 16, {}, 4, ""}};
-    for (const auto& each : cases) {
+    const std::tuple<std::uint8_t, std::uint16_t, std::vector<int>, std::string> cases[] = {
+        {1, 16, {16, -16, 524272}, std::string("\x01\x00\xFF\xFF\xFF\x7F", 6)},
+        {1, 8, {0, 4096, 524272}, std::string("\x80\x81\x00", 3)}, // odd, yet not padded
+        {2, 16, {}, ""}};
+    for (const auto& [channels, bits, samples, data] : cases) {
         const std::string path = dir / "out.wav";
-        LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 44100, each.channels, each.bits, 0);
+        LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 44100, channels, bits, 0);
         EXPECT_EQ(ReadBytes(path).substr(0, 8), "RIFF\xFF\xFF\xFF\xFF") << "provisional while it is written";
-        sink->Write(each.samples.data(), static_cast<int>(each.samples.size()) / each.channels);
+        sink->Write(samples.data(), static_cast<int>(samples.size()) / channels);
         EXPECT_EQ(sink->status, 0);
         sink.Close();
-        const std::string format = Format(1, each.channels, 44100, each.bits, each.align, Le(0, 2));
-        EXPECT_EQ(ReadBytes(path), "RIFF" + Le(38 + static_cast<std::uint32_t>(each.data.size()), 4) +
-                                       "WAVE" + format + Chunk("data", each.data))
-            << each.bits;
+        const unsigned int align = channels * bits / 8u;
+        const std::string format = Format(1, channels, 44100, bits, align, Le(0, 2));
+        EXPECT_EQ(ReadBytes(path), Chunk("RIFF", "WAVE" + format + Chunk("data", data))) << bits;
     }
     EXPECT_EQ(LWaveFile::OpenSinkPCM((dir / "24.wav").c_str(), 44100, 1, 24, 0)->status, SinkUnusable);
     EXPECT_EQ(LWaveFile::OpenSinkPCM((dir / "no/such/folder.wav").c_str(), 44100, 1, 16, 0)->status,
@@ -70,27 +64,23 @@ TEST(WaveFile, WritingGoesOnBehindTheFramesThatAreKept) {
     const TempDir dir;
     const std::string path = dir / "out.wav";
     const int first[] = {16, 32, 48, 64}, second[] = {-16, -32}, last = 80;
-    struct {
-        const char* name;
-        int start, seek;
-        std::vector<int> expected;
-    } const cases[] = {{"the last frame is cut off again", 3, 4, {16, 32, 48, -16, 80}},
-                       {"beyond the end is ignored", 3, 6, {16, 32, 48, -16, -32, 80}},
-                       {"before the beginning is the beginning", 3, -1, {80}},
-                       {"one is kept", 1, 3, {16, -16, -32, 80}},
-                       {"none is kept", -1, 2, {-16, -32, 80}}};
-    for (const auto& each : cases) {
+    const std::tuple<const char*, int, int, std::vector<int>> cases[] = {
+        {"the last frame is cut off again", 3, 4, {16, 32, 48, -16, 80}},
+        {"beyond the end is ignored", 3, 6, {16, 32, 48, -16, -32, 80}},
+        {"before the beginning is the beginning", 3, -1, {80}},
+        {"one is kept", 1, 3, {16, -16, -32, 80}},
+        {"none is kept", -1, 2, {-16, -32, 80}}};
+    for (const auto& [name, start, seek, expected] : cases) {
         LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 0)->Write(first, 4);
         {
-            const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, each.start);
+            const LSoundSink sink = LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, start);
             sink->Write(second, 2);
-            sink->Seek(each.seek);
-            EXPECT_EQ(ReadBytes(path).size(), 46 + 2 * (each.expected.size() - 1)) << each.name;
+            sink->Seek(seek);
+            EXPECT_EQ(ReadBytes(path).size(), 46 + 2 * (expected.size() - 1)) << name;
             sink->Write(&last, 1);
         }
         const LSoundSource source = LWaveFile::OpenSource(path.c_str());
-        EXPECT_EQ(source->GetEndSample(), static_cast<int>(each.expected.size())) << each.name;
-        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), each.expected) << each.name;
+        EXPECT_EQ(ReadFrames(*source, source->GetEndSample()), expected) << name;
     }
     const std::size_t size = ReadBytes(path).size();
     EXPECT_EQ(LWaveFile::OpenSinkPCM(path.c_str(), 8000, 1, 16, 99)->status, 0);
@@ -131,11 +121,7 @@ TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {
     std::string many;
     for (int i = 0; i < 70000; ++i)
         many += Chunk("x   ", "");
-    struct {
-        const char* name;
-        std::string bytes;
-        int status, end;
-    } const cases[] = {
+    const std::tuple<const char*, std::string, int, int> cases[] = {
         {"plain", Wave(Pcm16 + data), 0, 3},
         {"an odd chunk in between", Wave(Pcm16 + Chunk("LIST", "abc") + Le(0, 1) + data), 0, 3},
         {"a chunk before the format", Wave(Chunk("bext", "12345678") + Pcm16 + data), 0, 3},
@@ -165,13 +151,13 @@ TEST(WaveFile, ReadsWhatItCanAndSaysWhyNot) {
         {"a unit too small to skip", "junk" + Le(4, 4) + Wave(Pcm16 + data), 3, 0},
         {"too many chunks", Wave(many + Pcm16 + data), 3, 0},
     };
-    for (const auto& each : cases) {
-        WriteBytes(dir / "in.wav", each.bytes);
+    for (const auto& [name, bytes, status, end] : cases) {
+        WriteBytes(dir / "in.wav", bytes);
         const LSoundSource source = LWaveFile::OpenSource((dir / "in.wav").c_str());
-        EXPECT_EQ(source->status, each.status) << each.name;
-        EXPECT_EQ(source->GetEndSample(), each.end) << each.name;
-        if (each.status == 0 && each.end == 3) {
-            EXPECT_EQ(ReadFrames(*source, 3), ThreeRead) << each.name;
+        EXPECT_EQ(source->status, status) << name;
+        EXPECT_EQ(source->GetEndSample(), end) << name;
+        if (status == 0 && end == 3) {
+            EXPECT_EQ(ReadFrames(*source, 3), ThreeRead) << name;
         }
     }
     EXPECT_EQ(LWaveFile::OpenSource((dir / "missing.wav").c_str())->status, SoundCannotOpen);
@@ -185,14 +171,11 @@ TEST(WaveFile, SilenceLiesBeforeAndBehindTheFile) {
     const TempDir dir;
     WriteBytes(dir / "in.wav", Wave(Pcm16 + Chunk("data", ThreeSamples) + "JUNKJUNK"));
     const LSoundSource source = LWaveFile::OpenSource((dir / "in.wav").c_str());
-    struct {
-        int target;
-        std::vector<int> samples;
-    } const cases[] = {
+    const std::pair<int, std::vector<int>> cases[] = {
         {-2, {0, 0, 16, 32, -16, 0, 0}}, {2, {-16, 0}}, {-5, {0, 0, 0, 0, 0, 16}}, {0x7FFFFFFF, {0}}};
-    for (const auto& each : cases) {
-        source->Seek(each.target);
-        EXPECT_EQ(ReadInPieces(*source, static_cast<int>(each.samples.size())), each.samples) << each.target;
+    for (const auto& [target, samples] : cases) {
+        source->Seek(target);
+        EXPECT_EQ(ReadInPieces(*source, static_cast<int>(samples.size())), samples) << target;
     }
     source->Seek(-2);
     ReadFrames(*source, 7);

@@ -10,12 +10,8 @@ namespace {
 
 LSoundSource Constant(int value, int frames, int rate = 1000, std::uint8_t channels = 1,
                       int peak = FullScale16) {
-    return LSoundSource::Make<ArraySource>(
-        std::vector<int>(static_cast<std::size_t>(frames * channels), value), rate, channels, peak);
-}
-
-ArraySource& Array(const LSoundSource& source) {
-    return static_cast<ArraySource&>(*source);
+    return ArrayOf(std::vector<int>(static_cast<std::size_t>(frames * channels), value), rate, channels,
+                   peak);
 }
 
 /// 3 frames of 1, 4 frames of silence, nothing of a failed source, 2 frames of 5, a frame of silence.
@@ -96,7 +92,7 @@ TEST(Concatenation, TakesTheLargestRateChannelsAndPeak) {
 
 TEST(Concatenation, ItemsAreConvertedAsTheyAreReached) {
     const std::vector<int> noise = ReferenceNoise(4000, 300000);
-    const LSoundSource slow = LSoundSource::Make<ArraySource>(noise, 22050);
+    const LSoundSource slow = ArrayOf(noise, 22050);
     LSoundSourceCat list;
     list.AddSource(slow);
     list.AddSource(Constant(7, 10, 44100, 2));
@@ -122,9 +118,9 @@ TEST(Concatenation, AnItemThatNothingConvertsIsSilentForItsLength) {
 
 TEST(Concatenation, SeeksToAnyFrame) {
     LSoundSourceCat list;
-    list.AddSource(LSoundSource::Make<ArraySource>(std::vector<int>{1, 2, 3}, 1000));
+    list.AddSource(ArrayOf({1, 2, 3}, 1000));
     list.AddSilence(LSoundTime(2));
-    list.AddSource(LSoundSource::Make<ArraySource>(std::vector<int>{4, 5}, 1000));
+    list.AddSource(ArrayOf({4, 5}, 1000));
     const LSoundSource source = list.OpenSource();
     // 3 is the first item's end: still its own.
     ExpectSeeks(*source, {1, 2, 3, 0, 0, 4, 5}, {6, 0, 2, 3, 4, 5, 7, 8, 1});
@@ -177,16 +173,14 @@ TEST(Concatenation, WaitsForItsItemAndTheNextAndUnloadsThoseThatAreDone) {
         return std::vector<int>{Array(items[0]).*count, Array(items[1]).*count, Array(items[2]).*count};
     };
     const LSoundSource source = list.OpenSource(2000, 1); // 20 frames of silence, 200 behind a converter
-    struct {
-        int frames; // read before it waits
-        std::vector<int> waited, unloads;
-    } const cases[] = {
+    // By the frames that are read before it waits.
+    const std::tuple<int, std::vector<int>, std::vector<int>> cases[] = {
         {0, {5, 0, 0}, {0, 0, 0}}, {100, {10, 5, 0}, {0, 0, 0}}, {130, {10, 10, 0}, {1, 0, 0}}};
-    for (const auto& each : cases) {
-        ReadFrames(*source, each.frames);
+    for (const auto& [frames, waited, unloads] : cases) {
+        ReadFrames(*source, frames);
         source->WaitForStreamingData(5);
-        EXPECT_EQ(counts(&ArraySource::waited), each.waited) << each.frames;
-        EXPECT_EQ(counts(&ArraySource::unloads), each.unloads) << each.frames;
+        EXPECT_EQ(counts(&ArraySource::waited), waited) << frames;
+        EXPECT_EQ(counts(&ArraySource::unloads), unloads) << frames;
     }
     source->Seek(250);
     source->Unload();

@@ -9,17 +9,12 @@
 
 namespace {
 
-LSoundSource Make(const std::vector<int>& samples, int rate, std::uint8_t channels = 1,
-                  int peak = FullScale16) {
-    return LSoundSource::Make<ArraySource>(samples, rate, channels, peak);
-}
-
 TEST(ConvertChannels, SumsDownAndSpreadsOut) {
-    const LSoundSource mono = LSPConvChannels(1).OpenSource(Make({1000, -400, 524272, 524272}, 44100, 2));
+    const LSoundSource mono = LSPConvChannels(1).OpenSource(ArrayOf({1000, -400, 524272, 524272}, 44100, 2));
     EXPECT_EQ(ReadFrames(*mono, 3), (std::vector<int>{600, 1048544, 0}));
     EXPECT_EQ(mono->peakMax, FullScale16) << "the sum keeps the input's peak";
     const std::vector<int> noise = ReferenceNoise(40000, 1000); // more than is converted at once
-    const LSoundSource stereo = LSPConvChannels(2).OpenSource(Make(noise, 44100));
+    const LSoundSource stereo = LSPConvChannels(2).OpenSource(ArrayOf(noise, 44100));
     const std::vector<int> spread = ReadFrames(*stereo, 40000);
     stereo->Seek(0);
     const std::vector<int> summed = ReadFrames(*LSPConvChannels(1).OpenSource(stereo), 40000);
@@ -32,7 +27,7 @@ TEST(ConvertChannels, SumsDownAndSpreadsOut) {
 
 TEST(ConvertChannels, OnlyMonoAndStereoConvert) {
     for (const auto& [from, to] : {std::pair{2, 2}, {1, 1}, {3, 1}, {3, 2}, {1, 3}, {2, 0}}) {
-        const LSoundSource source = Make({}, 44100, static_cast<std::uint8_t>(from));
+        const LSoundSource source = ArrayOf({}, 44100, static_cast<std::uint8_t>(from));
         EXPECT_EQ(&*LSPConvChannels(static_cast<std::uint8_t>(to)).OpenSource(source), &*source)
             << from << to;
     }
@@ -41,15 +36,13 @@ TEST(ConvertChannels, OnlyMonoAndStereoConvert) {
 }
 
 TEST(ResampleFilter, TheRatioIsTheFirstFractionThatIsCloseEnough) {
-    struct {
-        int in, out, phases, step;
-    } const cases[] = {{44100, 48000, 37, 34}, {48000, 44100, 34, 37}, {8000, 44100, 11, 2},
-                       {22050, 44100, 2, 1},   {88200, 22050, 1, 4},   {44100, 44101, 1, 1},
-                       {1, 600, 1, 1},         {100, 50000, 255, 1}};
-    for (const auto& each : cases) {
-        const LConvertRateBase filter(each.in, each.out, 63, false);
-        EXPECT_EQ(filter.GetPhases(), each.phases) << each.in << " to " << each.out;
-        EXPECT_EQ(filter.GetStep(), each.step) << each.in << " to " << each.out;
+    constexpr int cases[][4] = {{44100, 48000, 37, 34}, {48000, 44100, 34, 37}, {8000, 44100, 11, 2},
+                                {22050, 44100, 2, 1},   {88200, 22050, 1, 4},   {44100, 44101, 1, 1},
+                                {1, 600, 1, 1},         {100, 50000, 255, 1}};
+    for (const auto& [in, out, phases, step] : cases) {
+        const LConvertRateBase filter(in, out, 63, false);
+        EXPECT_EQ(filter.GetPhases(), phases) << in << " to " << out;
+        EXPECT_EQ(filter.GetStep(), step) << in << " to " << out;
     }
 }
 
@@ -75,14 +68,13 @@ TEST(ConvertRate, MatchesTheReference) {
         {"48000 to 44100 from -1000", 48000, 44100, 1, 1, 524272, 4000, -1000},
     };
     for (const auto& each : cases) {
-        LSoundSource source = Make(ReferenceNoise(60000, each.peak), each.in, each.inChannels);
+        LSoundSource source = ArrayOf(ReferenceNoise(60000, each.peak), each.in, each.inChannels);
         LSPConvertSourceRateChannels(each.out, each.outChannels, source);
         if (each.start) {
             ReadFrames(*source, 100); // of which nothing must be left
             source->Seek(*each.start);
         }
-        EXPECT_EQ(HashSamples(ReadInPieces(*source, each.frames)), ReferenceHash(each.reference))
-            << each.reference;
+        ExpectReference(ReadInPieces(*source, each.frames), each.reference);
     }
 }
 
@@ -113,7 +105,7 @@ TEST(ConvertRate, AConstantComesOutAsItself) {
     // 65535 is halved to one more than 16 bits hold by rounding, 1 << 29 is the largest that needs no shift
     // on the way out, and 1 << 30 would need one to the left.
     for (const auto& [sample, expected] : {std::pair{65535, 65535}, {1 << 29, 1 << 29}, {1 << 30, 0}}) {
-        LSRCConvertRate converter(Make(std::vector<int>(4000, sample), 44100), 48000, false);
+        LSRCConvertRate converter(ArrayOf(std::vector<int>(4000, sample), 44100), 48000, false);
         const std::vector<int> out = ReadFrames(converter, 4000);
         for (int i = 500; i < 3000; ++i)
             ASSERT_NEAR(out[static_cast<std::size_t>(i)], expected, expected / 256.0) << i;
@@ -121,7 +113,7 @@ TEST(ConvertRate, AConstantComesOutAsItself) {
 }
 
 TEST(ConvertRate, AConvertedSourceReportsItsNewLengthPositionAndPeak) {
-    const LSoundSource converted = LSPConvertRate(44100).OpenSource(Make(std::vector<int>(48000), 48000));
+    const LSoundSource converted = LSPConvertRate(44100).OpenSource(ArrayOf(std::vector<int>(48000), 48000));
     EXPECT_EQ(converted->sampleRate, 44100);
     EXPECT_EQ(&*LSPConvertRate(44100).OpenSource(converted), &*converted) << "which it has by now";
     EXPECT_EQ(converted->GetEndSample(), 44108); // 48000 / 37 * 34 and what remains of it
@@ -131,35 +123,34 @@ TEST(ConvertRate, AConvertedSourceReportsItsNewLengthPositionAndPeak) {
     EXPECT_EQ(converted->GetPositionSample(), 3398) << "where the last frame stood, truncated";
     converted->Seek(1000);
     EXPECT_EQ(converted->GetPositionSample(), 999) << "truncated twice";
-    EXPECT_EQ(LSRCConvertRate(Make({}, 48000, 1, 0x100000), 44100, false).peakMax, 0x200000);
-    EXPECT_EQ(LSRCConvertRate(Make({}, 48000, 1, 0x100001), 44100, false).peakMax, 0x100001);
+    EXPECT_EQ(LSRCConvertRate(ArrayOf({}, 48000, 1, 0x100000), 44100, false).peakMax, 0x200000);
+    EXPECT_EQ(LSRCConvertRate(ArrayOf({}, 48000, 1, 0x100001), 44100, false).peakMax, 0x100001);
 }
 
 TEST(ConvertRate, AStreamingInputIsReadAsFarAsItHasCome) {
-    const LSoundSource input = Make(ReferenceNoise(5000, 1000), 48000);
-    auto& stream = static_cast<ArraySource&>(*input);
-    stream.streaming = true;
+    const LSoundSource input = ArrayOf(ReferenceNoise(5000, 1000), 48000);
+    Array(input).streaming = true;
     LSRCConvertRate converter(input, 44100, false);
     EXPECT_EQ(converter.GetEndSample(), 4563); // (5000 - 33) / 37 * 34 and the rest, less one
     ReadFrames(converter, 100);
-    EXPECT_EQ(stream.longestRead, 5000);
+    EXPECT_EQ(Array(input).longestRead, 5000);
     ReadFrames(converter, 5000); // past what there is, in steps of 64
-    EXPECT_EQ(stream.position, 5640) << "the first step beyond 5099 * 37 / 34 + 32";
+    EXPECT_EQ(Array(input).position, 5640) << "the first step beyond 5099 * 37 / 34 + 32";
 }
 
 TEST(ConvertRate, AFilterWithoutAnyPassBandIsSilent) {
     // The first of two stages would cut off at exactly 2 * 2250 / 48000 - 3/32 = 0.
-    const LSoundSource source = LSPConvertRate(2250).OpenSource(Make(ReferenceNoise(9000, 524272), 48000));
+    const LSoundSource source = LSPConvertRate(2250).OpenSource(ArrayOf(ReferenceNoise(9000, 524272), 48000));
     EXPECT_EQ(ReadFrames(*source, 300), std::vector<int>(300));
 }
 
 TEST(ConvertRate, LayoutsThatNothingConvertsAreSilent) {
-    LSRCConvertRate converter(Make(ReferenceNoise(3000, 1000), 48000, 3), 44100, false);
+    LSRCConvertRate converter(ArrayOf(ReferenceNoise(3000, 1000), 48000, 3), 44100, false);
     EXPECT_EQ(ReadFrames(converter, 100), std::vector<int>(300));
     EXPECT_EQ(LSPConvertRate(44100).OpenSource(LSoundSource())->status, SoundNothing);
     EXPECT_EQ(LSRCConvertRate(LSoundSource(), 44100, false).status, SoundInputUnusable);
-    EXPECT_EQ(LSRCConvertRate(Make({}, 48000), 0, false).status, SoundInvalidFormat);
-    EXPECT_EQ(LSRCConvertRate(Make({}, 48000), 0, false).sampleRate, 44100);
+    EXPECT_EQ(LSRCConvertRate(ArrayOf({}, 48000), 0, false).status, SoundInvalidFormat);
+    EXPECT_EQ(LSRCConvertRate(ArrayOf({}, 48000), 0, false).sampleRate, 44100);
 }
 
 } // namespace

@@ -8,14 +8,11 @@ namespace {
 
 LSoundSource Limit(const std::vector<int>& samples, int rate, int limit = FullScale16,
                    std::uint8_t channels = 1) {
-    return LSoundSource::Make<LSRCPeakLimit>(LSoundSource::Make<ArraySource>(samples, rate, channels), limit);
+    return LSoundSource::Make<LSRCPeakLimit>(ArrayOf(samples, rate, channels), limit);
 }
 
 TEST(PeakLimit, StandsOnlyWhereTheInputCanExceedTheLimit) {
-    const auto withPeak = [](int peak) {
-        return LSoundSource::Make<ArraySource>(std::vector<int>{}, 44100, std::uint8_t{1}, peak);
-    };
-    const LSoundSource quiet = withPeak(524272), loud = withPeak(524273);
+    const LSoundSource quiet = ArrayOf({}, 44100, 1, 524272), loud = ArrayOf({}, 44100, 1, 524273);
     EXPECT_EQ(&*LSPPeakLimit(524272).OpenSource(quiet), &*quiet);
     EXPECT_EQ(LSPPeakLimit(524272).OpenSource(loud)->peakMax, 524272);
     EXPECT_EQ(LSPPeakLimit(524272).OpenSource(LSoundSource())->status, SoundInputUnusable);
@@ -23,18 +20,14 @@ TEST(PeakLimit, StandsOnlyWhereTheInputCanExceedTheLimit) {
 }
 
 TEST(PeakLimit, BlocksLastA35thOfASecond) {
-    struct {
-        int rate;
-        bool streaming;
-        int frames;
-    } const cases[] = {{44100, false, 1260}, {44100, true, 630}, {8000, false, 228},
-                       {400, false, 16},     {1, true, 16},      {352800, false, 8192}};
-    for (const auto& each : cases) {
-        const LSoundSource input = LSoundSource::Make<ArraySource>(std::vector<int>{}, each.rate);
-        auto& source = static_cast<ArraySource&>(*input);
-        source.streaming = each.streaming;
+    const std::tuple<int, bool, int> cases[] = {{44100, false, 1260}, {44100, true, 630},
+                                                {8000, false, 228},   {400, false, 16},
+                                                {1, true, 16},        {352800, false, 8192}};
+    for (const auto& [rate, streaming, frames] : cases) {
+        const LSoundSource input = ArrayOf({}, rate);
+        Array(input).streaming = streaming;
         ReadFrames(*LSoundSource::Make<LSRCPeakLimit>(input, FullScale16), 1);
-        EXPECT_EQ(source.longestRead, each.frames) << each.rate;
+        EXPECT_EQ(Array(input).longestRead, frames) << rate;
     }
 }
 
@@ -48,10 +41,9 @@ TEST(PeakLimit, MatchesTheReference) {
          {std::pair{2, "limited stereo 8000"}, {3, "limited by 3 at 8000"}}) {
         const LSoundSource limited =
             Limit(ReferenceNoise(60000, 900000), 8000, FullScale16, static_cast<std::uint8_t>(channels));
-        EXPECT_EQ(HashSamples(ReadInPieces(*limited, 20000)), ReferenceHash(reference)) << reference;
+        ExpectReference(ReadInPieces(*limited, 20000), reference);
         limited->Seek(0);
-        EXPECT_EQ(HashSamples(ReadInPieces(*limited, 20000)), ReferenceHash(reference))
-            << reference << " again";
+        ExpectReference(ReadInPieces(*limited, 20000), reference);
     }
 }
 
@@ -62,8 +54,8 @@ TEST(PeakLimit, ThePositionRunsBehindTheInputAndASeekLandsExactly) {
     EXPECT_EQ(limited->GetPositionSample(), 1000);
     ExpectSeeks(*limited, ramp, {17, 5000, 0});
     EXPECT_EQ(limited->GetEndSample(), 20000);
-    const LSoundSource input = LSoundSource::Make<ArraySource>(ramp, 8000);
-    static_cast<ArraySource&>(*input).streaming = true;
+    const LSoundSource input = ArrayOf(ramp, 8000);
+    Array(input).streaming = true;
     EXPECT_EQ(LSRCPeakLimit(input, FullScale16).GetEndSample(), 20000 - 3 * 114) << "what its delay holds";
 }
 

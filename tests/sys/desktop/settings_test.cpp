@@ -24,24 +24,20 @@ std::string Read(const std::string& section, const std::string& key) {
 }
 
 TEST(Settings, HaveTextNumberAndTruthForms) {
-    struct {
-        const char* text;
-        int number;
-        bool truth; // 77 and true being the defaults
-    } const cases[] = {{"abc", 0, true},
-                       {"", 77, true},
-                       {"0", 0, false},
-                       {"00", 0, false},
-                       {"false", 0, true},
-                       {"1", 1, true},
-                       {" -12x", -12, true},
-                       {"99999999999", 2147483647, true},
-                       {"a, b;c=%\"\\\n\xC3\xA4", 0, true}};
-    for (const auto& each : cases) {
-        LUserSettingSetString("test", "form", each.text);
-        EXPECT_EQ(Read("test", "form"), std::string("stored: ") + each.text);
-        EXPECT_EQ(LUserSettingGet("test", "form", 77), each.number) << each.text;
-        EXPECT_EQ(LUserSettingGet("test", "form", true), each.truth) << each.text;
+    const std::tuple<const char*, int, bool> cases[] = {{"abc", 0, true}, // 77 and true are the defaults
+                                                        {"", 77, true},
+                                                        {"0", 0, false},
+                                                        {"00", 0, false},
+                                                        {"false", 0, true},
+                                                        {"1", 1, true},
+                                                        {" -12x", -12, true},
+                                                        {"99999999999", 2147483647, true},
+                                                        {"a, b;c=%\"\\\n\xC3\xA4", 0, true}};
+    for (const auto& [text, number, truth] : cases) {
+        LUserSettingSetString("test", "form", text);
+        EXPECT_EQ(Read("test", "form"), std::string("stored: ") + text);
+        EXPECT_EQ(LUserSettingGet("test", "form", 77), number) << text;
+        EXPECT_EQ(LUserSettingGet("test", "form", true), truth) << text;
     }
     LUserSettingSet("test", "form", -5);
     EXPECT_EQ(Read("test", "form"), "stored: -5");
@@ -106,9 +102,10 @@ TEST(Settings, AreThoseOfQt) {
         qt.sync();
         EXPECT_EQ(Read("from Qt", "a key"), "stored: " + text);
     }
-    WriteBytes(StorePath(),
-               "\xEF\xBB\xBF\xEF\xBB\xBF; by hand\r\n[ test ]\r\nout = Speakers, HDMI 1 ; x\r\nq=\"a, b \"\r\n"
-               "old=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nq = \"c;\"\n[z]\nno key\n");
+    WriteBytes(
+        StorePath(),
+        "\xEF\xBB\xBF\xEF\xBB\xBF; by hand\r\n[ test ]\r\nout = Speakers, HDMI 1 ; x\r\nq=\"a, b \"\r\n"
+        "old=\\xe4\\xd83c\\xdfb5\r\n\n[test]\nq = \"c;\"\n[z]\nno key\n");
     EXPECT_EQ(Read("test", "out"), "stored: Speakers, HDMI 1");
     EXPECT_EQ(Read("test", "q"), "stored: c;") << "the last one";
     EXPECT_EQ(Read("test", "old"), "stored: \xC3\xA4\xF0\x9F\x8E\xB5");
