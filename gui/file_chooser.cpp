@@ -6,7 +6,7 @@
 #include "sys/file.h"
 #include "sys/path.h"
 
-#include <cctype>
+#include <algorithm>
 
 namespace {
 
@@ -17,11 +17,33 @@ std::string ExtensionFor(const LFileChooser& chooser, int filter) {
     return chooser.defaultExtension.empty() ? std::string() : "." + chooser.defaultExtension;
 }
 
-/// What stands behind a dot and begins with a digit belongs to the name, as in "1.5kHz".
-bool NamesAKind(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    return !extension.empty() &&
-           (extension.size() == 1 || std::isdigit(static_cast<unsigned char>(extension[1])) == 0);
+std::vector<std::string> GetExtensions(const LFileChooser& chooser) {
+    std::vector<std::string> extensions;
+    for (const LFileFilter& filter : chooser.filters)
+        for (const std::string& pattern : SplitPatterns(filter))
+            extensions.push_back(GetExtension(pattern));
+    return extensions;
+}
+
+bool IsTaken(const LFileChooser& chooser, const std::string& path) {
+    const std::vector<std::string> extensions = GetExtensions(chooser);
+    return std::any_of(extensions.begin(), extensions.end(), [&path](const std::string& extension) {
+        return HasExtension(path, extension.c_str());
+    });
+}
+
+bool IsOfAnotherKind(const LFileChooser& chooser, const std::string& path) {
+    return !IsTaken(chooser, path) &&
+           std::any_of(chooser.kinds.begin(), chooser.kinds.end(),
+                       [&path](const char* kind) { return HasExtension(path, kind); });
+}
+
+void TellKinds(const LFileChooser& chooser, const std::string& path) {
+    std::string taken;
+    for (const std::string& extension : GetExtensions(chooser))
+        taken += (taken.empty() ? "" : " or ") + extension;
+    LShowMessageBox("Error", "The name \"" + GetFileName(path) +
+                                 "\" is one for another kind of file: here it has to end in " + taken + ".");
 }
 
 bool MayReplace(const std::string& path) {
@@ -58,11 +80,15 @@ std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
     LFileChooser shown = chooser;
     shown.name = GetFileName(chooser.name);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
+        const bool refused = IsOfAnotherKind(chooser, chosen->path);
+        const bool complete = refused || IsTaken(chooser, chosen->path);
         const std::string path =
-            chosen->path + (NamesAKind(chosen->path) ? "" : ExtensionFor(chooser, chosen->filter));
+            chosen->path + (complete ? std::string() : ExtensionFor(chooser, chosen->filter));
         shown.name = GetFileName(path);
         shown.folder = GetFolder(path);
-        if (FileExists(path) && !MayReplace(path))
+        if (refused)
+            TellKinds(chooser, path);
+        if (refused || (FileExists(path) && !MayReplace(path)))
             continue;
         chooser.folder = shown.folder;
         return path;

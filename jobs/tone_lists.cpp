@@ -123,13 +123,6 @@ bool IsReadByList(const std::string& file, const ToneListReport& report) {
                        [&file](const std::string& each) { return IsSameFile(each, file); });
 }
 
-LFailure CheckListName(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    if (extension == ".tdf" || extension == ".wav")
-        return "a tone list's name ends in .tdl";
-    return CheckListEntry(path);
-}
-
 LFailure CheckListEntry(const std::string& path) {
     if (path.size() > ToneItem::MaxPathLength)
         return "its path is longer than " + std::to_string(ToneItem::MaxPathLength) + " bytes";

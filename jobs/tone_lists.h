@@ -39,7 +39,5 @@ LFailure CopyListFile(const std::string& from, const std::string& to);
 /// True where the list that was opened with this report, or a list in it, plays the file, or is the file.
 bool IsReadByList(const std::string& file, const ToneListReport& report);
 
-/// Whether a list can be saved under this name.
-LFailure CheckListName(const std::string& path);
-/// Whether the file can be an entry of a list.
+/// Whether the file can be an entry of a list, or a list itself.
 LFailure CheckListEntry(const std::string& path);

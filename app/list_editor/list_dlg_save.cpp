@@ -1,3 +1,4 @@
+#include "app/file_kinds.h"
 #include "app/list_editor/list_dlg.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
@@ -25,8 +26,12 @@ bool ListDlg::CmSaveList() {
 }
 
 bool ListDlg::CmSaveAs() {
-    LFileChooser chooser{"Save tone list as", edited.IsUntitled() ? "" : edited.GetPath(),
-                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
+    LFileChooser chooser{"Save tone list as",
+                         edited.IsUntitled() ? "" : edited.GetPath(),
+                         Setting::ListSaveFolder.Get(),
+                         SaveListFilters,
+                         "tdl",
+                         FileKinds};
     const std::string path = LChooseFileToSave(*this, chooser);
     if (path.empty())
         return false;
@@ -36,7 +41,7 @@ bool ListDlg::CmSaveAs() {
 
 bool ListDlg::SaveTo(const std::string& path) {
     const std::vector<std::string> entries = GetEntries();
-    LFailure failure = CheckListName(path);
+    LFailure failure = CheckListEntry(path);
     if (std::any_of(entries.begin(), entries.end(),
                     [&path](const std::string& entry) { return IsSameFile(entry, path); }))
         failure = "it is an entry of the list";

@@ -1,5 +1,6 @@
 #include "app/window/tone_files.h"
 
+#include "app/file_kinds.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
@@ -30,7 +31,7 @@ void RememberFile(const std::string& path) {
 
 /// Where the last tone file was.
 LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf"};
+    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf", FileKinds};
 }
 
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
@@ -101,7 +102,7 @@ void ToneFiles::CmSave() {
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return;
-    if (GetExtension(path) == ".tdf")
+    if (HasExtension(path, ".tdf"))
         CmSaveTDF(path);
     else
         CmSaveWave(path);
@@ -112,7 +113,7 @@ void ToneFiles::CmSaveAsWav() {
         CmSaveWave({}); // which says why not
         return;
     }
-    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav"};
+    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav", FileKinds};
     if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveWave(path);
 }

@@ -1,5 +1,6 @@
 #include "app/window/tone_lists.h"
 
+#include "app/file_kinds.h"
 #include "app/list_editor/list_dlg.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
@@ -73,13 +74,17 @@ bool ToneLists::CmLoadList() {
 
 bool ToneLists::CmSaveList() {
     const std::string list = tone.GetListPath();
-    LFileChooser chooser{"Save Tone List to File", IsTemporaryList(list) ? "" : list,
-                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
+    LFileChooser chooser{"Save Tone List to File",
+                         IsTemporaryList(list) ? "" : list,
+                         Setting::ListSaveFolder.Get(),
+                         SaveListFilters,
+                         "tdl",
+                         FileKinds};
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return false;
     Setting::ListSaveFolder.Set(chooser.folder);
-    const bool renders = GetExtension(path) == ".wav";
+    const bool renders = HasExtension(path, ".wav");
     if (renders)
         files.CmSaveWave(path);
     if (renders || !CopyList(list, path))
@@ -97,7 +102,7 @@ bool ToneLists::CopyList(const std::string& list, const std::string& path) {
         ShowNotice(DescribeUnreadable(list, unreadable));
         return false;
     }
-    LFailure failure = CheckListName(path);
+    LFailure failure = CheckListEntry(path);
     if (!IsSameFile(list, path) && IsReadByList(path, ExamineToneList(list)))
         failure = "the list plays it";
     else if (!failure)

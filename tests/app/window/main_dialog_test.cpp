@@ -248,9 +248,11 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        toolkit->chosenFiles = {{folder / "noise.tdl"}};
+        toolkit->chosenFiles = {{folder / "noise.tdl"}, {folder / "w.wav"}, {folder / "v.tdl"}};
         Send({WaveformCommand(ToneWhiteNoise), CommandSaveList});
         EXPECT_EQ(toolkit->boxes.back(), "Error|The tone is no list, so there is none to save.");
+        Send({CommandSaveAsTone, CommandSave});
+        EXPECT_FALSE(std::filesystem::exists(folder / "w.wav") || std::filesystem::exists(folder / "v.tdl"));
     });
 }
 
