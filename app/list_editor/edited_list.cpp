@@ -23,6 +23,7 @@ std::string LostDraftPath() {
 } // namespace
 
 EditedList::EditedList() : path(Setting::EditList.Get()) {
+    Own(path);
     std::rename(DraftPath().c_str(), LostDraftPath().c_str());
 }
 
@@ -53,14 +54,14 @@ void EditedList::DropLostDraft() {
 
 void EditedList::Begin(const std::string& file) {
     untitled = true;
+    before = path;
+    begun = file;
     MoveTo(file);
-    created.clear();
-    replaced = IsTemporaryList(file) ? file : "";
 }
 
 LFailure EditedList::CreateFile() {
-    LFailure failure = CreateTemporaryList(created);
-    MoveTo(created);
+    LFailure failure = CreateTemporaryList(begun);
+    MoveTo(begun);
     return failure;
 }
 
@@ -68,19 +69,26 @@ LFailure EditedList::CreateFile() {
 void EditedList::MoveTo(const std::string& file) {
     path = file;
     untitled = untitled && GetExtension(path) != ".tdl";
+    Own(path);
     Setting::EditList.Set(path);
 }
 
-void EditedList::Keep() {
-    for (const std::string& temporary : {created, replaced})
-        if (!temporary.empty() && temporary != path)
-            unlink(temporary.c_str());
+void EditedList::Drop() {
+    if (path == begun)
+        MoveTo(before);
 }
 
-void EditedList::Drop() {
-    if (created.empty())
-        return;
-    unlink(created.c_str());
-    if (path == created)
-        MoveTo({});
+void EditedList::RemoveUnused(const std::string& played) {
+    std::erase_if(temporaries, [&](const std::string& each) {
+        const bool unused = each != path && each != played;
+        if (unused)
+            unlink(each.c_str());
+        return unused;
+    });
+    Own(played);
+}
+
+void EditedList::Own(const std::string& file) {
+    if (IsTemporaryList(file))
+        temporaries.insert(file);
 }

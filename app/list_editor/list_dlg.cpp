@@ -88,7 +88,8 @@ void ListDlg::OpenList() {
 
 void ListDlg::DestroyDialog() {
     list.reset();
-    accepted ? edited.Keep() : edited.Drop();
+    if (!accepted)
+        edited.Drop();
     const bool unasked = modified && !accepted && GetToolkit().IsSessionEnding();
     if (!unasked)
         EditedList::DropDraft();
@@ -103,6 +104,11 @@ void ListDlg::EnableControls() {
 bool ListDlg::CmOk() {
     accepted = !modified || KeepChanges();
     return accepted;
+}
+
+void ListDlg::CmCancel() {
+    if (MayDropChanges())
+        LDialog::CmCancel();
 }
 
 void ListDlg::CmAddTone() {

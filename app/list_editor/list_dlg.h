@@ -23,6 +23,7 @@ protected:
     void DestroyDialog() override;
     void EnableControls() override;
     bool CmOk() override;
+    void CmCancel() override;
     void CmHelp() override;
 
 private:
@@ -52,6 +53,7 @@ private:
     bool SaveTo(const std::string& path);
     bool SaveToTemporary();
     bool KeepChanges();
+    bool MayDropChanges();
 
     EditedList edited;
     std::unique_ptr<LListView> list; ///< the user data of a row is its length in ms, or `UnknownLength`

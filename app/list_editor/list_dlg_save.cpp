@@ -3,6 +3,7 @@
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "gui/file_chooser.h"
+#include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
@@ -78,4 +79,14 @@ bool ListDlg::KeepChanges() {
     const LMessageAnswer answer =
         LShowMessageBox("Tone List", "Tone list modified. Do you want to save it?", LMessageButtons::YesNo);
     return (answer == LMessageAnswer::Yes && CmSaveList()) || SaveToTemporary();
+}
+
+/// At the end of the session there is nobody to ask: the draft keeps the rows.
+bool ListDlg::MayDropChanges() {
+    if (!modified || GetToolkit().IsSessionEnding())
+        return true;
+    const LMessageAnswer answer = LShowMessageBox(
+        "Tone List", "Tone list modified. Do you want to save it?\n\nWith No, what was changed is lost.",
+        LMessageButtons::YesNoCancel);
+    return answer == LMessageAnswer::No || (answer == LMessageAnswer::Yes && CmSaveList());
 }

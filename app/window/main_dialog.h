@@ -39,6 +39,8 @@ private:
     /// After every change of what rows the tone has.
     void RelistandStart();
     void Relist(bool changed);
+    /// Before another tone takes this one's place: false where a list would be lost that the user wants.
+    bool MayReplaceTone();
     /// After every change of a value.
     void Restart(bool changed);
 
@@ -50,6 +52,7 @@ private:
     // main_commands.cpp: one table of what each command does, and what concerns more than one of the parts.
     struct Action;
     static const Action Actions[];
+    void ReplaceTone(const SonvireData& changed);
     void CmRepeatPlay();
     void CmChooseDevice();
     void CmToggle(int toggle, int on, int off);

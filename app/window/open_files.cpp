@@ -18,6 +18,8 @@ std::string MakeAbsolute(const std::string& path) {
 } // namespace
 
 void MainDialog::CmLoadFile(const char* path) {
+    if (GetExtension(path) == ".tdf" && !MayReplaceTone())
+        return;
     files.LoadDocument(path);
     RelistandStart();
 }
@@ -34,6 +36,9 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
 
 /// Unlike a document from the desktop, a file named by its user may be a list, and its extension in capitals.
 void MainDialog::OpenFromUser(const std::string& path) {
+    const bool known = HasExtension(path, ".tdf") || HasExtension(path, ".tdl");
+    if (known && !MayReplaceTone())
+        return;
     if (HasExtension(path, ".tdf")) {
         files.LoadNamed(path, MakeAbsolute(path));
         RelistandStart();

@@ -10,15 +10,22 @@
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_report.h"
+
+#include <filesystem>
 
 namespace {
 
 constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
 constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
+
+/// True for a list that would be missed.
+bool IsUnsaved(const std::string& list) {
+    std::error_code missing;
+    return IsTemporaryList(list) && std::filesystem::file_size(list, missing) > 0 && !missing;
+}
 
 } // namespace
 
@@ -28,8 +35,10 @@ bool ToneLists::CmEditList(const std::string& path) {
         return false;
     }
     edited.Begin(path);
-    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty())
+    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty()) {
+        RemoveUnused();
         return false;
+    }
     SetListPath(tone, edited.GetPath());
     tone.waveform = ToneFromList;
     tone.flags |= ToneFlagDuration; // a list ends
@@ -58,7 +67,32 @@ bool ToneLists::OfferLostList() {
     return CmEditList(path);
 }
 
+LMessageAnswer ToneLists::AskToSave() {
+    const std::string list = tone.IsList() ? tone.GetListPath() : "";
+    if (!IsUnsaved(list))
+        return LMessageAnswer::No;
+    const LMessageAnswer answer = LShowMessageBox(
+        "Tone List",
+        "The tone list is not saved. Do you want to save it?\n\nWith No, \"Load List\" offers "
+        "it until another list takes its place.",
+        LMessageButtons::YesNoCancel);
+    if (answer == LMessageAnswer::No)
+        edited.MoveTo(list);
+    return answer;
+}
+
+bool ToneLists::OfferUnsavedList() {
+    const std::string& list = edited.GetPath();
+    const bool plays = tone.IsList() && tone.GetListPath() == list;
+    return !plays && IsUnsaved(list) &&
+           LShowMessageBox("Tone List",
+                           "There is a tone list that is not saved. Do you want to go on with it?",
+                           LMessageButtons::YesNo) == LMessageAnswer::Yes;
+}
+
 bool ToneLists::CmLoadList() {
+    if (OfferUnsavedList())
+        return CmEditList(edited.GetPath());
     LFileChooser chooser{"Select Tone List to Open", edited.GetPath(), Setting::ListReadFolder.Get(),
                          LoadListFilters, "tdl"};
     const std::string path = LChooseFileToRead(window, chooser);
@@ -90,6 +124,8 @@ bool ToneLists::CmSaveList() {
     if (renders || !CopyList(list, path))
         return false;
     SetListPath(tone, path);
+    if (edited.GetPath() == list)
+        edited.MoveTo(path);
     return true;
 }
 

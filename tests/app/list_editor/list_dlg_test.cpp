@@ -167,8 +167,9 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
             {WriteTone("4.tdf", Tone440()), WriteList("5.tdl", "6ms silence.\n5ms silence.\n"), path}, 1);
         EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
+        EXPECT_EQ(toolkit->boxes, Texts{Infinite});
     });
-    Run([&](MemoryMainWindow&) { EXPECT_EQ(toolkit->boxes, Texts{Infinite}); }, {path});
+    Run([](MemoryMainWindow&) {}, {path});
 }
 
 TEST_F(ListEditor, ClosingNeverLosesRows) {
@@ -216,6 +217,59 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
         EXPECT_EQ(ReadBytes(path), each.list);
         RemoveTemporary();
     }
+}
+
+TEST_F(ListEditor, CancelAsksBeforeItDropsRows) {
+    const std::string before = "2ms silence.\n1ms silence.\n", after = "1ms silence.\n2ms silence.\n";
+    const std::string path = WriteList("list.tdl", before);
+    using enum LMessageAnswer;
+    for (const LMessageAnswer answer : {Cancel, No, Yes}) {
+        OnEditor([&](MemoryDialog& dialog) {
+            EditedRows().Select({0});
+            dialog.Press(ListMoveDown);
+            toolkit->answers = {answer};
+            dialog.Press(LCommandCancel);
+            EXPECT_EQ(dialog.ended, answer != Cancel);
+            EXPECT_EQ(toolkit->boxes.size(), 1U);
+            EXPECT_EQ(ReadBytes(path), answer == Yes ? after : before);
+            dialog.End(false);
+        });
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 1U) << "the tone before"; }, {path});
+    }
+}
+
+TEST_F(ListEditor, AnUnsavedListIsNotLostToAnotherTone) {
+    WriteTone("a.tdf", Tone440(true));
+    const std::string saved = folder / "saved.tdl";
+    dialogs.push_back([](MemoryDialog& dialog) {
+        dialog.Press(ListAddSilence);
+        dialog.Press(LCommandOk);
+    });
+    dialogs.push_back(Typed("5"));
+    Run([&](MemoryMainWindow&) {
+        Send({CommandNewList});
+        const std::string list = EditedList();
+        for (const int command : {WaveformCommand(ToneSquare), CommandLoadTone + 0, CommandNewList + 0})
+            Send({command});
+        dialog->EvDropFiles({folder / "a.tdf"});
+        EXPECT_EQ(toolkit->boxes.size(), 5U) << "cancelled, but for the one of the editor";
+        EXPECT_EQ(Rows(), Texts{"Unsaved list="});
+        using enum LMessageAnswer;
+        toolkit->answers = {No, Yes};
+        toolkit->dialogScripts = {PressOk};
+        Send({WaveformCommand(ToneSquare)});
+        EXPECT_EQ(Rows().back(), "Square Duration=5ms");
+        Send({CommandLoadList});
+        EXPECT_EQ(Rows(), Texts{"Unsaved list="});
+        EXPECT_TRUE(toolkit->choosers.empty()) << "offered instead";
+        toolkit->answers = {Yes};
+        toolkit->chosenFiles = {{saved}};
+        Send({WaveformCommand(ToneSine)});
+        EXPECT_EQ(ReadBytes(saved), "5ms silence.\n");
+        EXPECT_EQ(Rows().back(), "Sine Duration=5ms");
+        EXPECT_FALSE(std::filesystem::exists(list)) << "nothing names it any more";
+        EXPECT_EQ(EditedList(), saved);
+    });
 }
 
 TEST_F(ListEditor, RowsOutliveTheProgramUntilTheyAreSavedOrDropped) {
