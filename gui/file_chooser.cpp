@@ -49,7 +49,7 @@ void TellKinds(const LFileChooser& chooser, const std::string& path) {
 bool MayReplace(const std::string& path) {
     return LShowMessageBox("Replace File?",
                            "The file \"" + path + "\" already exists. Do you want to replace it?",
-                           LMessageButtons::YesNo) == LMessageAnswer::Yes;
+                           LMessageButtons::NoYes) == LMessageAnswer::Yes;
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "app/setting_names.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/folders.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_file.h"
 
@@ -11,6 +10,10 @@
 #include <unistd.h>
 
 namespace {
+
+LFileState GetState(const std::string& file) {
+    return LSharedReadFile(file.c_str()).GetState();
+}
 
 std::string DraftPath() {
     return GetUserDataFolder() + "/edited-list.tdl";
@@ -59,6 +62,11 @@ void EditedList::Begin(const std::string& file) {
     MoveTo(file);
 }
 
+bool EditedList::HasChanged() const {
+    const LFileState now = GetState(path);
+    return now.identity.Exists() && now != state;
+}
+
 LFailure EditedList::CreateFile() {
     LFailure failure = CreateTemporaryList(begun);
     MoveTo(begun);
@@ -68,6 +76,7 @@ LFailure EditedList::CreateFile() {
 /// The setting alone would not do: the store may refuse it, and holds no long or oddly encoded path.
 void EditedList::MoveTo(const std::string& file) {
     path = file;
+    state = GetState(path);
     untitled = untitled && GetExtension(path) != ".tdl";
     Own(path);
     Setting::EditList.Set(path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sys/failure.h"
+#include "sys/file.h"
 
 #include <set>
 #include <vector>
@@ -18,6 +19,9 @@ public:
     const std::string& GetPath() const { return path; }
     /// True as long as the user has not given it a name of a list's.
     bool IsUntitled() const { return untitled; }
+
+    /// True where another program has written its file since it was opened or saved here.
+    bool HasChanged() const;
 
     /// Puts a new list into a temporary file.
     LFailure CreateFile();
@@ -46,6 +50,7 @@ private:
     void Own(const std::string& file);
 
     std::string path;
+    LFileState state; ///< that its file was in
     bool untitled = true;
     std::string begun;                 ///< what it was in when it was begun
     std::string before;                ///< the list that was edited before

@@ -18,12 +18,21 @@ namespace {
 
 constexpr LFileFilter SaveListFilters[] = {{"Tone list file", "*.tdl"}};
 
+bool MayReplaceChanged(const std::string& path) {
+    return LShowMessageBox("Replace File?",
+                           "The file \"" + path +
+                               "\" has been changed by another program since it was opened. Do you want to "
+                               "replace it?",
+                           LMessageButtons::NoYes) == LMessageAnswer::Yes;
+}
+
 } // namespace
 
 bool ListDlg::CmSaveList() {
     if (edited.IsUntitled())
         return CmSaveAs();
-    return !modified || SaveTo(edited.GetPath());
+    const std::string& path = edited.GetPath();
+    return !modified || ((!edited.HasChanged() || MayReplaceChanged(path)) && SaveTo(path));
 }
 
 bool ListDlg::CmSaveAs() {

@@ -12,6 +12,7 @@ QMessageBox::StandardButtons ButtonsOf(LMessageButtons buttons) {
     case LMessageButtons::OkCancel:
         return QMessageBox::Ok | QMessageBox::Cancel;
     case LMessageButtons::YesNo:
+    case LMessageButtons::NoYes:
         return QMessageBox::Yes | QMessageBox::No;
     case LMessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -33,9 +34,9 @@ LMessageAnswer AnswerOf(int button, LMessageButtons offered) {
     case QMessageBox::Cancel:
         return LMessageAnswer::Cancel;
     default:
-        return offered == LMessageButtons::Ok      ? LMessageAnswer::Ok
-               : offered == LMessageButtons::YesNo ? LMessageAnswer::No
-                                                   : LMessageAnswer::Cancel;
+        return offered == LMessageButtons::Ok                    ? LMessageAnswer::Ok
+               : (ButtonsOf(offered) & QMessageBox::Cancel) != 0 ? LMessageAnswer::Cancel
+                                                                 : LMessageAnswer::No;
     }
 }
 
@@ -53,5 +54,7 @@ LMessageAnswer LQtMessageBoxes::Show(const std::string& title, const std::string
     box.setStandardButtons(ButtonsOf(buttons));
     if (buttons == LMessageButtons::YesNoCancel)
         box.setDefaultButton(QMessageBox::Yes);
+    if (buttons == LMessageButtons::NoYes)
+        box.setDefaultButton(QMessageBox::No);
     return AnswerOf(box.exec(), buttons);
 }

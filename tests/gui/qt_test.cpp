@@ -355,6 +355,8 @@ TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
         {Buttons::OkCancel, Qt::Key_Escape, Cancel},
         {Buttons::YesNo, Qt::Key_Return, Yes},
         {Buttons::YesNo, Qt::Key_Escape, No},
+        {Buttons::NoYes, Qt::Key_Return, No},
+        {Buttons::NoYes, Qt::Key_Escape, No},
         {Buttons::YesNoCancel, Qt::Key_Return, Yes},
         {Buttons::YesNoCancel, Qt::Key_Escape, Cancel}};
     for (const auto& [buttons, key, answer] : cases) {

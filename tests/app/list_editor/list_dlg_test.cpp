@@ -232,6 +232,13 @@ TEST_F(ListEditor, CancelAsksBeforeItDropsRows) {
             EXPECT_EQ(dialog.ended, answer != Cancel);
             EXPECT_EQ(toolkit->boxes.size(), 1U);
             EXPECT_EQ(ReadBytes(path), answer == Yes ? after : before);
+            WriteBytes(path, "another program's");
+            dialog.Press(ListMoveUp);
+            toolkit->answers = {answer};
+            dialog.Press(ListSave);
+            EXPECT_THAT(toolkit->boxes.back(), HasSubstr("has been changed by another program"));
+            EXPECT_EQ(ReadBytes(path), answer == Yes ? before : "another program's");
+            WriteBytes(path, before);
             dialog.End(false);
         });
         Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 1U) << "the tone before"; }, {path});
