@@ -1,6 +1,13 @@
 #include "jobs/file_notices.h"
 
+#include "sound/source_news.h"
+
+#include <algorithm>
+#include <span>
+
 namespace {
+
+constexpr std::size_t MostWarnings = 8; // that a box has the room for
 
 LNotice Describe(const std::string& path, const std::string& what) {
     return {"Error", "The file \"" + path + "\" " + what + "."};
@@ -23,4 +30,13 @@ LNotice DescribeUnwritten(const std::string& path, const LFailure& failure) {
 
 LNotice DescribeFailed(const std::string& path, const LFailure& failure) {
     return Describe(path, failure.GetReason());
+}
+
+std::string ListWarnings(const std::vector<LFileWarning>& warnings) {
+    std::string listed;
+    for (const LFileWarning& warning : std::span(warnings).first(std::min(warnings.size(), MostWarnings)))
+        listed += "\n\n\"" + warning.file + "\" " + warning.reason;
+    if (warnings.size() > MostWarnings)
+        listed += "\n\nand " + std::to_string(warnings.size() - MostWarnings) + " more";
+    return listed;
 }

@@ -22,15 +22,9 @@
 
 namespace {
 
-constexpr const char* Columns[] = {"Tone"};
+constexpr const char* Columns[] = {"Tone", "Problem"};
 constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
 constexpr std::uint32_t UnknownLength = UINT32_MAX;
-
-std::uint32_t MeasureEntry(const std::string& entry) {
-    const ToneListEntry measured = ExamineToneListEntry(entry);
-    return measured.problem.empty() ? static_cast<std::uint32_t>(measured.length.GetMilliseconds())
-                                    : UnknownLength;
-}
 
 } // namespace
 
@@ -154,7 +148,11 @@ void ListDlg::CmAddToneToLV(const std::string& path, int row) {
 }
 
 void ListDlg::InsertEntry(const std::string& entry, int row) {
-    list->InsertRow(row, entry, MeasureEntry(entry));
+    const ToneListEntry measured = ExamineToneListEntry(entry);
+    const bool plays = measured.problem.empty();
+    list->InsertRow(row, entry,
+                    plays ? static_cast<std::uint32_t>(measured.length.GetMilliseconds()) : UnknownLength);
+    list->SetText(row, 1, measured.problem);
 }
 
 /// Files from the desktop are added like those of the button, in the order in which they were dropped.

@@ -11,7 +11,6 @@
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 
-#include <algorithm>
 #include <span>
 
 namespace {
@@ -20,8 +19,6 @@ namespace {
 constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
 constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
-constexpr std::size_t MostProblemsShown = 8;
-
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
 void RememberFile(const std::string& path) {
@@ -36,13 +33,8 @@ LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> fil
 
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
 bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
-    std::string told;
-    for (const LFileWarning& warning :
-         std::span(warnings).first(std::min(warnings.size(), MostProblemsShown)))
-        told += "\n\n\"" + warning.file + "\" " + warning.reason;
-    if (warnings.size() > MostProblemsShown)
-        told += "\n\nand " + std::to_string(warnings.size() - MostProblemsShown) + " more";
-    return LShowMessageBox("Save List", "Not all of the list can be saved as it should sound:" + told,
+    return LShowMessageBox("Save List",
+                           "Not all of the list can be saved as it should sound:" + ListWarnings(warnings),
                            LMessageButtons::OkCancel) == LMessageAnswer::Ok;
 }
 

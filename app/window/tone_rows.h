@@ -35,6 +35,7 @@ public:
 private:
     void InsertListViewItem(unsigned int item);
     void InsertListRows(unsigned int item);
+    void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
     bool StepSelectedItems(const std::function<void(unsigned int)>& step);
 

@@ -117,6 +117,7 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << given;
             EXPECT_EQ(Boxes(), box) << given;
         }
+        EXPECT_EQ(EditedRows().rows[0][1], "No such file or directory");
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0 or more");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });

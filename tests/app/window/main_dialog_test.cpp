@@ -152,7 +152,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
     } const cases[] = {
         {Argument, tone, opened, "", tone},
         {Argument, capitals, opened, "", capitals},
-        {Argument, list, tone + "=", ""},
+        {Argument, list, tone + "=is endless; nothing behind it plays", ""},
         {Argument, folder / "a.folder/tone", old, ""},
         {Argument, folder / "a.txt", old, unknown},
         {Argument, missing, old, unread},
@@ -161,7 +161,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
         {Document, list, old, rejected, list},
         {Early, tone, opened, "", tone},
         {Drop, tone, opened, "", tone},
-        {Drop, list, tone + "=", ""},
+        {Drop, list, tone + "=is endless; nothing behind it plays", ""},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.path);
@@ -187,16 +187,27 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
 }
 
 TEST_F(App, AListShowsItsLinesAndItsName) {
-    const std::string tone = WriteTone("tone.tdf", Tone440(true));
+    WriteTone("tone.tdf", Tone440(true));
+    const std::string why = "No such file or directory; an endless sine plays, and nothing behind it";
     const std::string list = folder / "list.tdl";
-    WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\n" + tone + "\n");
+    WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\nany.xyz\n");
+    WriteBytes(folder / "any.xyz", "");
     dialogs = {PressOk};
     Run(
         [&](MemoryMainWindow&) {
-            EXPECT_EQ(Rows(),
-                      (Texts{"500ms silence.=", (folder / "gone.tdf") + "=", "tone.tdf=", list + "="}));
+            EXPECT_EQ(Rows(), (Texts{"500ms silence.=", (folder / "gone.tdf") + "=" + why,
+                                     "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
+            toolkit->boxes.clear();
+            Send({CommandPlay, CommandStop, CommandPlay});
+            EXPECT_TRUE(Wait([&] { return toolkit->boxes.size() > 1; }));
+            EXPECT_EQ(toolkit->boxes[0], "Tone List|Not all of the list plays as it should:\n\n\"" +
+                                             (folder / "any.xyz") +
+                                             "\" is of an unknown type and left out (entry 1)\n\n\"" +
+                                             (folder / "gone.tdf") + "\" " + why + " (entry 3)");
+            EXPECT_THAT(toolkit->boxes[1], StartsWith("Unrecognized file type|"));
+            EXPECT_EQ(toolkit->boxes.size(), 2U) << "once";
         },
         {list});
     EXPECT_EQ(KeptTone().GetListPath(), list);
@@ -210,7 +221,12 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
     });
     EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
     std::filesystem::remove(list);
-    Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
+    Run([&](MemoryMainWindow&) {
+        EXPECT_EQ(Rows(), Texts{list + "=can't be read: No such file or directory"});
+        Send({CommandPlay});
+        EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
+        EXPECT_EQ(Boxes(), "Error|The file \"" + list + "\" can't be read: No such file or directory.");
+    });
 }
 
 TEST_F(App, TheVolumeIsTakenFromTheSettings) {
