@@ -29,7 +29,6 @@ public:
             expanded.entries.push_back(path);
     }
 
-private:
     /// Unlike a list's lines, its entries come in playing order.
     void AddList(const std::string& path) {
         if (const LFailure left = nesting.Enter(path)) {
@@ -52,6 +51,7 @@ private:
         nesting.Leave();
     }
 
+private:
     bool MayAddEntry() {
         const bool fits = nesting.CountEntry();
         if (!fits)
@@ -79,8 +79,7 @@ bool IsTemporaryList(const std::string& path) {
 }
 
 bool IsListFile(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    return extension == ".tdl" || extension == ".tmp" || IsTemporaryList(path);
+    return HasExtension(path, ".tdl") || HasExtension(path, ".tmp") || IsTemporaryList(path);
 }
 
 LFailure CreateTemporaryList(std::string& path) {
@@ -99,6 +98,12 @@ LFailure CreateTemporaryList(std::string& path) {
 ExpandedEntry ExpandListEntry(const std::string& path) {
     ExpandedEntry expanded;
     Expansion(expanded).Add(path);
+    return expanded;
+}
+
+ExpandedEntry ExpandList(const std::string& path) {
+    ExpandedEntry expanded;
+    Expansion(expanded).AddList(path);
     return expanded;
 }
 

@@ -15,7 +15,8 @@ bool IsSilence(const std::string& entry);
 
 /// True for the file of a list that the user has not saved.
 bool IsTemporaryList(const std::string& path);
-/// True for a file whose lines are entries: a tone list by its extension (.tdl, .tmp), or a temporary one.
+/// True for a file whose lines are entries: a tone list by its extension (.tdl, .tmp) in any case, or a
+/// temporary one.
 bool IsListFile(const std::string& path);
 
 /// Creates an empty file for an unsaved list, which every user may read and write; it has no extension.
@@ -31,6 +32,8 @@ struct ExpandedEntry {
 /// A list's entries, with those of the lists in it in their place; of any other file the file itself. Entries
 /// that lie beside their list are given with their folder.
 ExpandedEntry ExpandListEntry(const std::string& path);
+/// The same for a file that is a list whatever its name.
+ExpandedEntry ExpandList(const std::string& path);
 
 /// Copies a list byte for byte, but for entries that are looked for beside it, which a copy in another folder
 /// names in full.

@@ -77,7 +77,7 @@ LFailure EditedList::CreateFile() {
 void EditedList::MoveTo(const std::string& file) {
     path = file;
     state = GetState(path);
-    untitled = untitled && GetExtension(path) != ".tdl";
+    untitled = untitled && !HasExtension(path, ".tdl");
     Own(path);
     Setting::EditList.Set(path);
 }

@@ -74,7 +74,7 @@ void ListDlg::InitDialog() {
 void ListDlg::OpenList() {
     if (!edited.GetPath().empty()) {
         const LListRebuild rebuild(*list);
-        CmAddToneToLV(edited.GetPath(), 0);
+        AddEntries(ExpandList(edited.GetPath()), 0);
     } else if (const LFailure failure = edited.CreateFile()) {
         ShowNotice(DescribeUnwritten("/var/tmp", failure));
     }
@@ -116,9 +116,8 @@ void ListDlg::CmAddTone() {
 }
 
 bool ListDlg::AddFile(const std::string& path, int row) {
-    std::string entry = path;
-    if (GetExtension(path) == ".tdf") {
-        SonvireData tone;
+    SonvireData tone;
+    if (HasExtension(path, ".tdf")) {
         if (const LFailure failure = tone.ReadFromFile(path.c_str())) {
             ShowNotice(DescribeUnreadable(path, failure));
             return false;
@@ -129,15 +128,12 @@ bool ListDlg::AddFile(const std::string& path, int row) {
                             "is not to be played continuously or repeatly.");
             return false;
         }
-        if (tone.waveform == ToneFromList)
-            entry = tone.GetListPath();
     }
-    CmAddToneToLV(entry, row);
+    AddEntries(tone.IsList() ? ExpandList(tone.GetListPath()) : ExpandListEntry(path), row);
     return true;
 }
 
-void ListDlg::CmAddToneToLV(const std::string& path, int row) {
-    const ExpandedEntry expanded = ExpandListEntry(path);
+void ListDlg::AddEntries(const ExpandedEntry& expanded, int row) {
     ShowNotices(expanded.notices);
     for (const std::string& entry : expanded.entries) {
         if (const LFailure refusal = CheckListEntry(entry))

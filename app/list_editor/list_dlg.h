@@ -4,6 +4,8 @@
 #include "gui/dialog.h"
 #include "gui/list_view.h"
 
+struct ExpandedEntry;
+
 /// The tone list editor: its rows are the entries of a tone list in playing order, files by their paths and
 /// silences.
 ///
@@ -41,7 +43,7 @@ private:
     // Rows.
     /// False, with a box, where the file is refused.
     bool AddFile(const std::string& path, int row);
-    void CmAddToneToLV(const std::string& path, int row);
+    void AddEntries(const ExpandedEntry& expanded, int row);
     void InsertEntry(const std::string& entry, int row);
     void ShowAdded();
     void MoveRow(int step);

@@ -18,7 +18,7 @@ std::string MakeAbsolute(const std::string& path) {
 } // namespace
 
 void MainDialog::CmLoadFile(const char* path) {
-    if (GetExtension(path) == ".tdf" && !MayReplaceTone())
+    if (HasExtension(path, ".tdf") && !MayReplaceTone())
         return;
     files.LoadDocument(path);
     RelistandStart();
@@ -34,7 +34,7 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     });
 }
 
-/// Unlike a document from the desktop, a file named by its user may be a list, and its extension in capitals.
+/// Unlike a document from the desktop, a file named by its user may be a list.
 void MainDialog::OpenFromUser(const std::string& path) {
     const bool known = HasExtension(path, ".tdf") || HasExtension(path, ".tdl");
     if (known && !MayReplaceTone())

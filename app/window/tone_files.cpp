@@ -49,7 +49,7 @@ LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
 
 void ToneFiles::LoadDocument(const std::string& path) {
     RememberFile(path);
-    if (GetExtension(path) == ".tdf")
+    if (HasExtension(path, ".tdf"))
         Read(path);
     else
         LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);

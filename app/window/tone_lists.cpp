@@ -99,7 +99,7 @@ bool ToneLists::CmLoadList() {
     if (path.empty())
         return false;
     Setting::ListReadFolder.Set(chooser.folder);
-    if (GetExtension(path) != ".tdl")
+    if (!HasExtension(path, ".tdl"))
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
     else if (!CmEditList(path))
         TakeLength(tone);

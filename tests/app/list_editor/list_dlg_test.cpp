@@ -378,12 +378,13 @@ TEST_F(ListEditor, ATemporaryFileStaysAsLongAsTheListIsInIt) {
 
 TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
     const std::string tone = WriteTone("tone.tdf", Tone440(true));
-    const std::string inner = WriteList("inner.tdl", "tone.tdf\n2ms silence.\n");
+    const std::string inner = WriteList("INNER.TDL", "tone.tdf\n2ms silence.\n");
+    const std::string mix = WriteList("mix.final", ReadBytes(inner));
     SonvireData listTone;
     listTone.SetDuration(1000);
     listTone.waveform = ToneFromList;
-    inner.copy(listTone.listPath, sizeof listTone.listPath - 1);
-    const std::string outer = WriteList("outer.tdl", "3ms silence.\n" + inner + "\n1ms silence.\n");
+    mix.copy(listTone.listPath, sizeof listTone.listPath - 1);
+    const std::string outer = WriteList("OUTER.Tdl", "3ms silence.\n" + inner + "\n1ms silence.\n");
     const std::string itself = WriteList("itself.tdl", "");
     WriteBytes(itself, itself + "\n" + itself + "\n9ms silence.\n");
     files = {{WriteTone("list.tdf", listTone)}};
@@ -396,6 +397,8 @@ TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
         dialog.End(false);
     });
     Run([&](MemoryMainWindow&) {}, {outer});
+    OnEditor([&](MemoryDialog& dialog) { EXPECT_THAT(RowsOf(dialog), ElementsAre("2ms silence.", tone)); });
+    Run([&](MemoryMainWindow&) { Send({CommandEditValue}); }, {folder / "list.tdf"});
     OnEditor([&](MemoryDialog& dialog) { EXPECT_THAT(RowsOf(dialog), ElementsAre("9ms silence.")); });
     Run([&](MemoryMainWindow&) { EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("includes itself"))); },
         {itself});
