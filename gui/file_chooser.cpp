@@ -7,6 +7,7 @@
 #include "sys/path.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -52,6 +53,27 @@ bool MayReplace(const std::string& path) {
                            LMessageButtons::NoYes) == LMessageAnswer::Yes;
 }
 
+bool IsFolder(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
+}
+
+std::string FindNearestFolder(std::string folder) {
+    while (folder.find('/') != std::string::npos && !IsFolder(folder))
+        folder = folder.substr(0, std::max<std::size_t>(folder.rfind('/'), 1));
+    return folder;
+}
+
+/// As it is shown at first.
+LFileChooser Begin(const LFileChooser& chooser) {
+    LFileChooser shown = chooser;
+    const std::string ownFolder = GetFolder(chooser.name);
+    const bool hasOwn = ownFolder.front() == '/' && IsFolder(ownFolder);
+    shown.folder = hasOwn ? ownFolder : FindNearestFolder(chooser.folder);
+    shown.name = GetFileName(chooser.name);
+    return shown;
+}
+
 } // namespace
 
 std::vector<std::string> SplitPatterns(const LFileFilter& filter) {
@@ -67,8 +89,9 @@ std::vector<std::string> SplitPatterns(const LFileFilter& filter) {
 }
 
 std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
-    LFileChooser shown = chooser;
-    shown.name = GetFileName(chooser.name);
+    LFileChooser shown = Begin(chooser);
+    if (!FileExists(shown.folder + "/" + shown.name))
+        shown.name.clear();
     const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Read);
     if (!chosen)
         return {};
@@ -77,8 +100,7 @@ std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
 }
 
 std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
-    LFileChooser shown = chooser;
-    shown.name = GetFileName(chooser.name);
+    LFileChooser shown = Begin(chooser);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
         const bool refused = IsOfAnotherKind(chooser, chosen->path);
         const bool complete = refused || IsTaken(chooser, chosen->path);

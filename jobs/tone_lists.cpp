@@ -46,12 +46,18 @@ public:
             if (ParseToneListLine(line).IsSilence())
                 expanded.entries.push_back(line);
             else
-                Add(FindListEntry(line, folder));
+                AddLine(line, FindListEntry(line, folder));
         }
         nesting.Leave();
     }
 
 private:
+    void AddLine(const std::string& line, const std::string& path) {
+        if (nesting.GetDepth() == 0 && line != path)
+            expanded.written.emplace(path, line);
+        Add(path);
+    }
+
     bool MayAddEntry() {
         const bool fits = nesting.CountEntry();
         if (!fits)

@@ -3,6 +3,7 @@
 #include "sys/failure.h"
 #include "sys/notice.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,9 @@ LFailure CreateTemporaryList(std::string& path);
 
 /// What a file is in a list.
 struct ExpandedEntry {
-    std::vector<std::string> entries; ///< in playing order
-    std::vector<LNotice> notices;     ///< of what is left out, and of lists that can't be read
+    std::vector<std::string> entries;           ///< in playing order
+    std::vector<LNotice> notices;               ///< of what is left out, and of lists that can't be read
+    std::map<std::string, std::string> written; ///< of what lies beside the list: its own line for the entry
 };
 
 /// A list's entries, with those of the lists in it in their place; of any other file the file itself. Entries

@@ -74,7 +74,10 @@ void ListDlg::InitDialog() {
 void ListDlg::OpenList() {
     if (!edited.GetPath().empty()) {
         const LListRebuild rebuild(*list);
-        AddEntries(ExpandList(edited.GetPath()), 0);
+        ExpandedEntry opened = ExpandList(edited.GetPath());
+        AddEntries(opened, 0);
+        written = std::move(opened.written);
+        openedIn = GetFolder(edited.GetPath());
     } else if (const LFailure failure = edited.CreateFile()) {
         ShowNotice(DescribeUnwritten("/var/tmp", failure));
     }

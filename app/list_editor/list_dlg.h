@@ -4,6 +4,8 @@
 #include "gui/dialog.h"
 #include "gui/list_view.h"
 
+#include <map>
+
 struct ExpandedEntry;
 
 /// The tone list editor: its rows are the entries of a tone list in playing order, files by their paths and
@@ -52,6 +54,7 @@ private:
     void ShowTotal();
 
     // list_dlg_save.cpp
+    std::vector<std::string> GetLines(const std::string& folder) const;
     bool SaveTo(const std::string& path);
     bool SaveToTemporary();
     bool KeepChanges();
@@ -59,8 +62,10 @@ private:
 
     EditedList edited;
     std::unique_ptr<LListView> list; ///< the user data of a row is its length in ms, or `UnknownLength`
-    bool modified = false;           ///< the rows are others than in the list file
-    bool accepted = false;           ///< closed with OK
+    std::string openedIn;            ///< the folder of the list file
+    std::map<std::string, std::string> written; ///< what entries that lie there are named in it
+    bool modified = false;                      ///< the rows are others than in the list file
+    bool accepted = false;                      ///< closed with OK
 };
 
 /// Lets the user edit the list, a new one where it has no file, and returns in which file it is then. True

@@ -49,6 +49,15 @@ bool ListDlg::CmSaveAs() {
     return SaveTo(path);
 }
 
+/// What was named relative to the list stays so where the list does not move.
+std::vector<std::string> ListDlg::GetLines(const std::string& folder) const {
+    std::vector<std::string> lines = GetEntries();
+    for (std::string& line : lines)
+        if (const auto found = written.find(line); folder == openedIn && found != written.end())
+            line = found->second;
+    return lines;
+}
+
 bool ListDlg::SaveTo(const std::string& path) {
     const std::vector<std::string> entries = GetEntries();
     LFailure failure = CheckListEntry(path);
@@ -56,7 +65,7 @@ bool ListDlg::SaveTo(const std::string& path) {
                     [&path](const std::string& entry) { return IsSameFile(entry, path); }))
         failure = "it is an entry of the list";
     else if (!failure)
-        failure = WriteToneListFile(path.c_str(), entries);
+        failure = WriteToneListFile(path.c_str(), GetLines(GetFolder(path)));
     if (failure) {
         ShowNotice(DescribeUnwritten(path, failure));
         return false;

@@ -21,6 +21,11 @@ namespace {
 constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
 constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
 
+/// Not that of a temporary file.
+std::string ProposeName(const std::string& list) {
+    return HasExtension(list, ".tdl") ? list : "";
+}
+
 /// True for a list that would be missed.
 bool IsUnsaved(const std::string& list) {
     std::error_code missing;
@@ -93,23 +98,26 @@ bool ToneLists::OfferUnsavedList() {
 bool ToneLists::CmLoadList() {
     if (OfferUnsavedList())
         return CmEditList(edited.GetPath());
-    LFileChooser chooser{"Select Tone List to Open", edited.GetPath(), Setting::ListReadFolder.Get(),
-                         LoadListFilters, "tdl"};
+    LFileChooser chooser{"Select Tone List to Open", ProposeName(edited.GetPath()),
+                         Setting::ListReadFolder.Get(), LoadListFilters, "tdl"};
     const std::string path = LChooseFileToRead(window, chooser);
     if (path.empty())
         return false;
     Setting::ListReadFolder.Set(chooser.folder);
     if (!HasExtension(path, ".tdl"))
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!CmEditList(path))
+    else if (!CmEditList(path)) {
+        if (!tone.IsList())
+            return false;
         TakeLength(tone);
+    }
     return true;
 }
 
 bool ToneLists::CmSaveList() {
     const std::string list = tone.GetListPath();
     LFileChooser chooser{"Save Tone List to File",
-                         IsTemporaryList(list) ? "" : list,
+                         ProposeName(list),
                          Setting::ListSaveFolder.Get(),
                          SaveListFilters,
                          "tdl",

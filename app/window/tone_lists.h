@@ -19,7 +19,7 @@ public:
     // True where the list that was edited is the current tone afterwards.
     bool CmCreateList() { return CmEditList({}); }
     bool CmEditList(const std::string& path);
-    /// False where the user cancels the chooser, and nothing has changed.
+    /// False where nothing has changed, as the user has cancelled.
     bool CmLoadList();
     /// True where the current tone plays the copy afterwards.
     bool CmSaveList();

@@ -139,9 +139,15 @@ TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
             LFileChooser chooser{"Save", "/some/where/first.tdf", "/start", filters, "tdf", kinds};
             EXPECT_EQ(LChooseFileToSave(window, chooser), expected);
             EXPECT_EQ(toolkit.choosers.size(), chosen.size());
-            EXPECT_EQ(toolkit.choosers[0].name, "first.tdf");
+            EXPECT_EQ(toolkit.choosers[0].folder + toolkit.choosers[0].name, "/first.tdf") << "none exists";
             EXPECT_EQ(toolkit.boxes.size(), answers.size());
             EXPECT_EQ(chooser.folder + "/", expected.empty() ? "/start/" : dir / "");
+        }
+        for (const std::string& name : {dir / "old.tdf", std::string("old.tdf"), std::string("gone.tdf")}) {
+            LFileChooser chooser{"Open", name, name[0] == '/' ? "/" : dir / "gone/too", filters, "tdf"};
+            EXPECT_EQ(LChooseFileToRead(window, chooser), "");
+            EXPECT_EQ(toolkit.choosers.back().folder + "/", dir / "");
+            EXPECT_EQ(toolkit.choosers.back().name, name == "gone.tdf" ? "" : "old.tdf");
         }
     };
     window.Run();

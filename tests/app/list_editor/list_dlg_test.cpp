@@ -384,15 +384,22 @@ TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
     listTone.SetDuration(1000);
     listTone.waveform = ToneFromList;
     mix.copy(listTone.listPath, sizeof listTone.listPath - 1);
-    const std::string outer = WriteList("OUTER.Tdl", "3ms silence.\n" + inner + "\n1ms silence.\n");
+    const std::string outer =
+        WriteList("OUTER.Tdl", "3ms silence.\n" + inner + "\nbeside.wav\n1ms silence.\n");
+    const std::string beside = WriteList("beside.wav", "");
     const std::string itself = WriteList("itself.tdl", "");
     WriteBytes(itself, itself + "\n" + itself + "\n9ms silence.\n");
     files = {{WriteTone("list.tdf", listTone)}};
     OnEditor([&](MemoryDialog& dialog) {
-        EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", "2ms silence.", tone, "3ms silence."))
+        EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", beside, "2ms silence.", tone, "3ms silence."))
             << "what lies beside its list is given with the folder";
         dialog.Press(ListAddTone);
-        EXPECT_EQ(RowsOf(dialog).size(), 6U);
+        EXPECT_EQ(RowsOf(dialog).size(), 7U);
+        EditedRows().Select({2, 5, 6});
+        dialog.Press(ListRemove);
+        dialog.Press(ListSave);
+        EXPECT_EQ(ReadBytes(outer), "3ms silence.\n" + tone + "\nbeside.wav\n1ms silence.\n")
+            << "named as it was";
         dialog.Press(LCommandCancel);
         dialog.End(false);
     });

@@ -120,7 +120,7 @@ TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
         std::uint32_t duration;
         std::string box;
     } const cases[] = {{CommandLoadList, true, list, list + "=", 1250, ""},
-                       {CommandLoadList, false, list, sine, 60'000, ""},
+                       {CommandLoadList, false, list, sine, 1000, ""},
                        {CommandLoadList, true, "", sine, 1000, ""},
                        {CommandLoadList, true, text, sine, 1000, unknown},
                        {CommandLoadListMenu, true, list, sine, 1000, ""}};
