@@ -1,8 +1,10 @@
 #include "jobs/file_notices.h"
 
 #include "sound/source_news.h"
+#include "sys/path.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <span>
 
 namespace {
@@ -10,6 +12,11 @@ namespace {
 constexpr std::size_t MostWarnings = 8; // that a box has the room for
 
 LNotice Describe(const std::string& path, const std::string& what) {
+    std::error_code ignored;
+    const std::string folder = GetFolder(path);
+    if (std::filesystem::status(folder, ignored).type() == std::filesystem::file_type::not_found)
+        return {"Error",
+                "The folder \"" + folder + "\" of the file \"" + GetFileName(path) + "\" does not exist."};
     return {"Error", "The file \"" + path + "\" " + what + "."};
 }
 
@@ -26,6 +33,10 @@ LNotice DescribeNotAdded(const std::string& path, const LFailure& failure) {
 
 LNotice DescribeUnwritten(const std::string& path, const LFailure& failure) {
     return Describe(path, "can't be written: " + failure.GetReason());
+}
+
+LNotice DescribeNoTemporary(const LFailure& failure) {
+    return {"Error", "The folder \"/var/tmp\" takes no list that is not saved: " + failure.GetReason() + "."};
 }
 
 LNotice DescribeFailed(const std::string& path, const LFailure& failure) {

@@ -7,11 +7,13 @@
 
 struct LFileWarning;
 
-// What went wrong with a file, as a notice that names it and the reason.
+// What went wrong with a file, as a notice that names it and the reason, or its folder where that is missing.
 
 LNotice DescribeUnreadable(const std::string& path, const LFailure& failure);
 LNotice DescribeNotAdded(const std::string& path, const LFailure& failure);
 LNotice DescribeUnwritten(const std::string& path, const LFailure& failure);
+/// Of a list that is not saved.
+LNotice DescribeNoTemporary(const LFailure& failure);
 /// For a reason that says what it is that failed, such as "could not be written in full".
 LNotice DescribeFailed(const std::string& path, const LFailure& failure);
 

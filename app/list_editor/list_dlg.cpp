@@ -72,15 +72,22 @@ void ListDlg::InitDialog() {
 }
 
 void ListDlg::OpenList() {
-    if (!edited.GetPath().empty()) {
+    if (!edited.GetPath().empty())
+        ReadList();
+    else if (const LFailure failure = edited.CreateFile())
+        ShowNotice(DescribeNoTemporary(failure));
+}
+
+void ListDlg::ReadList() {
+    ExpandedEntry opened = ExpandList(edited.GetPath());
+    std::vector<LNotice> notices;
+    {
         const LListRebuild rebuild(*list);
-        ExpandedEntry opened = ExpandList(edited.GetPath());
-        AddEntries(opened, 0);
-        written = std::move(opened.written);
-        openedIn = GetFolder(edited.GetPath());
-    } else if (const LFailure failure = edited.CreateFile()) {
-        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+        AddEntries(opened, 0, notices);
     }
+    written = std::move(opened.written);
+    openedIn = GetFolder(edited.GetPath());
+    ShowNotices(notices);
 }
 
 void ListDlg::DestroyDialog() {
@@ -114,33 +121,34 @@ void ListDlg::CmAddTone() {
     if (path.empty())
         return;
     Setting::EntryReadFolder.Set(chooser.folder);
-    if (AddFile(path, list->GetCount()))
+    std::vector<LNotice> notices;
+    if (AddFile(path, list->GetCount(), notices))
         ShowAdded();
+    ShowNotices(notices);
 }
 
-bool ListDlg::AddFile(const std::string& path, int row) {
+bool ListDlg::AddFile(const std::string& path, int row, std::vector<LNotice>& notices) {
     SonvireData tone;
     if (HasExtension(path, ".tdf")) {
         if (const LFailure failure = tone.ReadFromFile(path.c_str())) {
-            ShowNotice(DescribeUnreadable(path, failure));
+            notices.push_back(DescribeUnreadable(path, failure));
             return false;
         }
         if (!tone.IsFinite()) {
-            LShowMessageBox("",
-                            "Cannot add tones of infinite duration to list. Please check the selected tone "
-                            "is not to be played continuously or repeatly.");
+            notices.push_back({"", "Cannot add tones of infinite duration to list. Please check the selected "
+                                   "tone is not to be played continuously or repeatly."});
             return false;
         }
     }
-    AddEntries(tone.IsList() ? ExpandList(tone.GetListPath()) : ExpandListEntry(path), row);
+    AddEntries(tone.IsList() ? ExpandList(tone.GetListPath()) : ExpandListEntry(path), row, notices);
     return true;
 }
 
-void ListDlg::AddEntries(const ExpandedEntry& expanded, int row) {
-    ShowNotices(expanded.notices);
+void ListDlg::AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNotice>& notices) {
+    notices.insert(notices.end(), expanded.notices.begin(), expanded.notices.end());
     for (const std::string& entry : expanded.entries) {
         if (const LFailure refusal = CheckListEntry(entry))
-            ShowNotice(DescribeNotAdded(entry, refusal));
+            notices.push_back(DescribeNotAdded(entry, refusal));
         else
             InsertEntry(entry, row++);
     }
@@ -157,11 +165,13 @@ void ListDlg::InsertEntry(const std::string& entry, int row) {
 /// Files from the desktop are added like those of the button, in the order in which they were dropped.
 void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>& paths, int before) {
     const int rowsBelow = list->GetCount() - before;
+    std::vector<LNotice> notices;
     bool added = false;
     for (const std::string& path : paths)
-        added = AddFile(path, list->GetCount() - rowsBelow) || added;
+        added = AddFile(path, list->GetCount() - rowsBelow, notices) || added;
     if (added)
         Modify();
+    ShowNotices(notices);
 }
 
 void ListDlg::CmAddSilence() {

@@ -3,6 +3,7 @@
 #include "app/list_editor/edited_list.h"
 #include "gui/dialog.h"
 #include "gui/list_view.h"
+#include "sys/notice.h"
 
 #include <map>
 
@@ -32,6 +33,7 @@ protected:
 
 private:
     void OpenList();
+    void ReadList();
 
     void CmAddTone();
     void CmAddSilence();
@@ -43,9 +45,9 @@ private:
     bool CmSaveAs();
 
     // Rows.
-    /// False, with a box, where the file is refused.
-    bool AddFile(const std::string& path, int row);
-    void AddEntries(const ExpandedEntry& expanded, int row);
+    /// False, with a notice, where the file is refused.
+    bool AddFile(const std::string& path, int row, std::vector<LNotice>& notices);
+    void AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNotice>& notices);
     void InsertEntry(const std::string& entry, int row);
     void ShowAdded();
     void MoveRow(int step);

@@ -83,7 +83,7 @@ bool ListDlg::SaveToTemporary() {
     if (!failure)
         failure = WriteToneListFile(path.c_str(), GetEntries());
     if (failure) {
-        ShowNotice(DescribeUnwritten(path.empty() ? "/var/tmp" : path, failure));
+        ShowNotice(path.empty() ? DescribeNoTemporary(failure) : DescribeUnwritten(path, failure));
         unlink(path.c_str());
         return false;
     }

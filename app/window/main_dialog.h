@@ -45,7 +45,7 @@ private:
     void Restart(bool changed);
 
     // open_files.cpp: documents from outside.
-    void CmLoadFile(const char* path) override;
+    void CmLoadFiles(const std::vector<std::string>& paths) override;
     void EvRunArguments(const char* const* arguments, int count) override;
     void OpenFromUser(const std::string& path);
 

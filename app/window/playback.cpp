@@ -96,10 +96,11 @@ void Playback::spntfStop(long /*id*/) {
 }
 
 void Playback::TellNews() {
+    std::vector<LNotice> notices;
     for (const LFileWarning& warning : news->Take())
-        toolkit.Post([warning] {
-            ShowNotice(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
-        });
+        notices.push_back(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
+    if (!notices.empty())
+        toolkit.Post([notices] { ShowNotices(notices); });
 }
 
 void Playback::spntfTime(LSoundTime time, long /*id*/) {

@@ -47,35 +47,36 @@ LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
 
 } // namespace
 
-void ToneFiles::LoadDocument(const std::string& path) {
+std::optional<LNotice> ToneFiles::LoadDocument(const std::string& path) {
     RememberFile(path);
     if (HasExtension(path, ".tdf"))
-        Read(path);
-    else
-        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
+        return Read(path);
+    return LNotice{"Unrecognized File Type", "Unrecognized tone file type.", true};
 }
 
 void ToneFiles::LoadNamed(const std::string& path, const std::string& fullPath) {
-    if (Read(path))
+    if (const auto unread = Read(path))
+        ShowNotice(*unread);
+    else
         RememberFile(fullPath);
 }
 
-bool ToneFiles::Read(const std::string& path) {
+std::optional<LNotice> ToneFiles::Read(const std::string& path) {
     SonvireData read;
-    if (const LFailure failure = read.ReadFromFile(path.c_str())) {
-        ShowNotice(DescribeUnreadable(path, failure));
-        return false;
-    }
+    if (const LFailure failure = read.ReadFromFile(path.c_str()))
+        return DescribeUnreadable(path, failure);
     tone = read;
-    return true;
+    return {};
 }
 
 bool ToneFiles::CmLoadTDF() {
     LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
     const std::string path = LChooseFileToRead(window, chooser);
-    if (!path.empty())
-        LoadDocument(path);
-    return !path.empty();
+    if (path.empty())
+        return false;
+    if (const auto notice = LoadDocument(path))
+        ShowNotice(*notice);
+    return true;
 }
 
 void ToneFiles::CmSaveAsTDF() {

@@ -66,7 +66,7 @@ bool ToneLists::OfferLostList() {
     }
     std::string path;
     if (const LFailure failure = EditedList::RecoverDraft(path)) {
-        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+        ShowNotice(DescribeNoTemporary(failure));
         return false;
     }
     return CmEditList(path);

@@ -7,7 +7,6 @@
 #include "gui/numeric_edit.h"
 #include "gui/window.h"
 #include "jobs/tone_lists.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/frequency_step.h"
@@ -21,7 +20,6 @@
 namespace {
 
 constexpr const char* Columns[] = {"Tone Data", "Values"};
-constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
 
 FrequencyStep ReadFrequencyStep() {
     return {.bySemitones = Setting::StepsBySemitone.Get(),
@@ -61,18 +59,20 @@ void ToneRows::Begin() {
 }
 
 void ToneRows::SetupListViewData() {
+    std::vector<LNotice> missing;
     {
         const LListRebuild rebuild(*list);
         for (const unsigned int item : GetShownItems(tone))
-            InsertListViewItem(item);
+            InsertListViewItem(item, missing);
     }
     if (list->GetSelection().empty())
         list->SetCurrent(0); // so that a key has something to step
+    ShowNotices(missing);
 }
 
-void ToneRows::InsertListViewItem(unsigned int item) {
+void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missing) {
     if (tone.IsList()) {
-        InsertListRows(item);
+        InsertListRows(item, missing);
         return;
     }
     list->AppendRow(tone.GetItemName(item), item);
@@ -81,7 +81,7 @@ void ToneRows::InsertListViewItem(unsigned int item) {
 
 /// One row for each line of the list file, with what is wrong with its entry.
 /// Kept quirk: the last one shows the list's own name instead of its entry.
-void ToneRows::InsertListRows(unsigned int item) {
+void ToneRows::InsertListRows(unsigned int item, std::vector<LNotice>& missing) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
     if (const LFailure failure = ReadToneListLines(lines, path.c_str())) {
@@ -90,19 +90,14 @@ void ToneRows::InsertListRows(unsigned int item) {
         return;
     }
     const std::map<std::string, std::string> problems = FindProblems(path);
-    int missing = 0;
     for (const std::string& line : lines) {
         const std::string file = IsSilence(line) ? "" : FindListEntry(line, GetFolder(path));
-        const bool exists = file.empty() || FileExists(file);
-        if (!exists && ++missing <= MostBoxes)
-            LShowMessageBox("Error", "File \"" + line + "\" does not exist.");
+        if (!file.empty() && !FileExists(file))
+            missing.push_back({"Error", "File \"" + line + "\" does not exist."});
         list->AppendRow(line, item);
         if (const auto problem = problems.find(file); problem != problems.end())
             list->SetText(list->GetCount() - 1, 1, problem->second);
     }
-    if (missing > MostBoxes)
-        LShowMessageBox("Error",
-                        std::to_string(missing - MostBoxes) + " more files of the list do not exist.");
     if (list->GetCount() == 0)
         list->AppendRow(path, item);
     else

@@ -17,9 +17,16 @@ QMessageBox::StandardButtons ButtonsOf(LMessageButtons buttons) {
     case LMessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case LMessageButtons::Ok:
+    case LMessageButtons::OkFine:
         break;
     }
     return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(LMessageButtons buttons) {
+    if (buttons == LMessageButtons::OkFine)
+        return QMessageBox::Information;
+    return (ButtonsOf(buttons) & QMessageBox::Ok) != 0 ? QMessageBox::Warning : QMessageBox::Question;
 }
 
 /// A box that was closed some other way has had its least consequence chosen.
@@ -34,7 +41,7 @@ LMessageAnswer AnswerOf(int button, LMessageButtons offered) {
     case QMessageBox::Cancel:
         return LMessageAnswer::Cancel;
     default:
-        return offered == LMessageButtons::Ok                    ? LMessageAnswer::Ok
+        return ButtonsOf(offered) == QMessageBox::Ok             ? LMessageAnswer::Ok
                : (ButtonsOf(offered) & QMessageBox::Cancel) != 0 ? LMessageAnswer::Cancel
                                                                  : LMessageAnswer::No;
     }
@@ -47,10 +54,10 @@ LMessageAnswer LQtMessageBoxes::Show(const std::string& title, const std::string
     if (sessionEnd.HasBegun())
         return AnswerOf(QMessageBox::NoButton, buttons);
     QMessageBox box(FindActiveWindow());
-    box.setWindowTitle(ToQt(title));
+    box.setWindowTitle(title.empty() ? " " : ToQt(title)); // for an empty one Qt puts the program's name
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text).remove('\r'));
-    box.setIcon(buttons == LMessageButtons::Ok ? QMessageBox::Warning : QMessageBox::Question);
+    box.setIcon(IconOf(buttons));
     box.setStandardButtons(ButtonsOf(buttons));
     if (buttons == LMessageButtons::YesNoCancel)
         box.setDefaultButton(QMessageBox::Yes);

@@ -57,7 +57,8 @@ public:
         boxButtons.push_back(buttons);
         using enum LMessageAnswer;
         const bool yesNo = buttons == LMessageButtons::YesNo || buttons == LMessageButtons::NoYes;
-        const LMessageAnswer least = buttons == LMessageButtons::Ok ? Ok : yesNo ? No : Cancel;
+        const bool ok = buttons == LMessageButtons::Ok || buttons == LMessageButtons::OkFine;
+        const LMessageAnswer least = ok ? Ok : yesNo ? No : Cancel;
         return TakeNext(answers, least);
     }
     bool OpenUrl(const std::string& url) override {

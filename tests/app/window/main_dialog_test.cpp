@@ -201,6 +201,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
             Send({CommandLoop, CommandLoop, CommandLoop});
             toolkit->boxes.clear();
             Send({CommandPlay, CommandStop, CommandPlay});
+            toolkit->answers = {LMessageAnswer::Ok};
             EXPECT_TRUE(Wait([&] { return toolkit->boxes.size() > 1; }));
             EXPECT_EQ(toolkit->boxes[0], "Tone List|Not all of the list plays as it should:\n\n\"" +
                                              (folder / "any.xyz") +
@@ -220,6 +221,16 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         Send({CommandLoop, CommandLoop, CommandIncrease, CommandIncreaseLarge});
     });
     EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
+    for (int i = 0; i < 12; ++i)
+        WriteBytes(list, ReadBytes(list) + "gone.tdf\n");
+    Run([&](MemoryMainWindow& window) {
+        EXPECT_EQ(toolkit->boxes.size(), 1U) << "cancelled, so no more of them";
+        toolkit->boxes.clear();
+        toolkit->answers.assign(20, LMessageAnswer::Ok);
+        window.Drop(Texts(12, folder / "any.xyz"));
+        EXPECT_EQ(toolkit->boxes.size(), 20U) << "ten of the list, and ten of what was dropped";
+        EXPECT_EQ(toolkit->boxes.back(), "Unrecognized File Type|3 more of these are not shown.");
+    });
     std::filesystem::remove(list);
     Run([&](MemoryMainWindow&) {
         EXPECT_EQ(Rows(), Texts{list + "=can't be read: No such file or directory"});

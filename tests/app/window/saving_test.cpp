@@ -166,7 +166,8 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         {CommandSaveAsWav, list, ofAnotherKind("list.tdl", ".wav")},
         {CommandSaveList, inner, error + inner + "\" can't be written: the list plays it."},
         {CommandSaveAsWav, wave, error + wave + "\" is read by the input."},
-        {CommandSaveList, gone, error + gone + "\" can't be written: No such file or directory."},
+        {CommandSaveList, gone,
+         "Error|The folder \"" + (folder / "no") + "\" of the file \"copy.tdl\" does not exist."},
         {CommandSaveList, list, ""},
     };
     for (const auto& each : cases) {
