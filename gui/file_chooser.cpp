@@ -6,7 +6,8 @@
 #include "sys/file.h"
 #include "sys/path.h"
 
-#include <cctype>
+#include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -17,17 +18,60 @@ std::string ExtensionFor(const LFileChooser& chooser, int filter) {
     return chooser.defaultExtension.empty() ? std::string() : "." + chooser.defaultExtension;
 }
 
-/// What stands behind a dot and begins with a digit belongs to the name, as in "1.5kHz".
-bool NamesAKind(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    return !extension.empty() &&
-           (extension.size() == 1 || std::isdigit(static_cast<unsigned char>(extension[1])) == 0);
+std::vector<std::string> GetExtensions(const LFileChooser& chooser) {
+    std::vector<std::string> extensions;
+    for (const LFileFilter& filter : chooser.filters)
+        for (const std::string& pattern : SplitPatterns(filter))
+            extensions.push_back(GetExtension(pattern));
+    return extensions;
+}
+
+bool IsTaken(const LFileChooser& chooser, const std::string& path) {
+    const std::vector<std::string> extensions = GetExtensions(chooser);
+    return std::any_of(extensions.begin(), extensions.end(), [&path](const std::string& extension) {
+        return HasExtension(path, extension.c_str());
+    });
+}
+
+bool IsOfAnotherKind(const LFileChooser& chooser, const std::string& path) {
+    return !IsTaken(chooser, path) &&
+           std::any_of(chooser.kinds.begin(), chooser.kinds.end(),
+                       [&path](const char* kind) { return HasExtension(path, kind); });
+}
+
+void TellKinds(const LFileChooser& chooser, const std::string& path) {
+    std::string taken;
+    for (const std::string& extension : GetExtensions(chooser))
+        taken += (taken.empty() ? "" : " or ") + extension;
+    LShowMessageBox("Error", "The name \"" + GetFileName(path) +
+                                 "\" is one for another kind of file: here it has to end in " + taken + ".");
 }
 
 bool MayReplace(const std::string& path) {
     return LShowMessageBox("Replace File?",
                            "The file \"" + path + "\" already exists. Do you want to replace it?",
-                           LMessageButtons::YesNo) == LMessageAnswer::Yes;
+                           LMessageButtons::NoYes) == LMessageAnswer::Yes;
+}
+
+bool IsFolder(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
+}
+
+std::string FindNearestFolder(std::string folder) {
+    while (folder.find('/') != std::string::npos && !IsFolder(folder))
+        folder = folder.substr(0, std::max<std::size_t>(folder.rfind('/'), 1));
+    return folder;
+}
+
+/// As it is shown at first.
+LFileChooser Begin(const LFileChooser& chooser) {
+    LFileChooser shown = chooser;
+    const std::string ownFolder = GetFolder(chooser.name);
+    const bool hasOwn = ownFolder.front() == '/' && IsFolder(ownFolder);
+    shown.folder = hasOwn ? ownFolder : FindNearestFolder(chooser.folder);
+    shown.name = GetFileName(chooser.name);
+    return shown;
 }
 
 } // namespace
@@ -45,8 +89,9 @@ std::vector<std::string> SplitPatterns(const LFileFilter& filter) {
 }
 
 std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
-    LFileChooser shown = chooser;
-    shown.name = GetFileName(chooser.name);
+    LFileChooser shown = Begin(chooser);
+    if (!FileExists(shown.folder + "/" + shown.name))
+        shown.name.clear();
     const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Read);
     if (!chosen)
         return {};
@@ -55,14 +100,17 @@ std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser) {
 }
 
 std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser) {
-    LFileChooser shown = chooser;
-    shown.name = GetFileName(chooser.name);
+    LFileChooser shown = Begin(chooser);
     while (const auto chosen = parent.GetToolkit().ChooseFile(shown, LFilePurpose::Save)) {
+        const bool refused = IsOfAnotherKind(chooser, chosen->path);
+        const bool complete = refused || IsTaken(chooser, chosen->path);
         const std::string path =
-            chosen->path + (NamesAKind(chosen->path) ? "" : ExtensionFor(chooser, chosen->filter));
+            chosen->path + (complete ? std::string() : ExtensionFor(chooser, chosen->filter));
         shown.name = GetFileName(path);
         shown.folder = GetFolder(path);
-        if (FileExists(path) && !MayReplace(path))
+        if (refused)
+            TellKinds(chooser, path);
+        if (refused || (FileExists(path) && !MayReplace(path)))
             continue;
         chooser.folder = shown.folder;
         return path;

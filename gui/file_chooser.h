@@ -17,10 +17,13 @@ enum class LFilePurpose { Read, Save };
 /// What a file chooser is opened with.
 struct LFileChooser {
     std::string title;
-    std::string name;   ///< what stands in the name field at first; of a path only the last part counts
-    std::string folder; ///< where it starts; after a choice, the folder of the file chosen
+    std::string name;   ///< what stands in the name field at first; a path starts in its own folder
+    std::string folder; ///< where a name without one starts; after a choice, the folder of the file chosen
     std::span<const LFileFilter> filters;
-    std::string defaultExtension; ///< without a dot; added to a name to save that has no extension
+    std::string defaultExtension; ///< without a dot; added to a name to save that no filter takes
+    /// Extensions, in small letters and with a dot, that mean another kind of file where no filter takes
+    /// them.
+    std::span<const char* const> kinds{};
 };
 
 /// What a toolkit's chooser returns.
@@ -32,10 +35,12 @@ struct LChosenFile {
 /// The single patterns of a filter: "*.tdl;*.wav" has two.
 std::vector<std::string> SplitPatterns(const LFileFilter& filter);
 
+// Both start in the nearest folder above that exists, where theirs is gone.
+
 /// Asks for an existing file; the empty path where the user cancels.
 std::string LChooseFileToRead(LWindow& parent, LFileChooser& chooser);
 
-/// Asks for a file to save to, and again where it exists and shall not be replaced; the empty path where the
-/// user cancels. A name without an extension takes that of the filter in use, or the default where the filter
-/// is the first.
+/// Asks for a file to save to, and again where its name means another kind of file, or it exists and shall
+/// not be replaced; the empty path where the user cancels. A name that no filter takes gets the extension of
+/// the filter in use, or the default where that is the first: a dot alone makes no extension.
 std::string LChooseFileToSave(LWindow& parent, LFileChooser& chooser);

@@ -43,8 +43,7 @@ void LMainWindow::OpenDocuments(const std::vector<std::string>& paths) {
             waitingDocuments = paths;
         return;
     }
-    for (const std::string& path : paths)
-        CmLoadFile(path.c_str());
+    CmLoadFiles(paths);
 }
 
 void LMainWindow::OpenArgument(const std::string& path) {

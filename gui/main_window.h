@@ -27,7 +27,7 @@ public:
     bool IsStanding() const { return standing; }
 
 protected:
-    virtual void CmLoadFile(const char* /*path*/) {}
+    virtual void CmLoadFiles(const std::vector<std::string>& /*paths*/) {}
     virtual void EvRunArguments(const char* const* /*arguments*/, int /*count*/) {}
     /// The window stands, and takes documents from here on.
     virtual void EvStarted() {}

@@ -29,7 +29,6 @@ public:
             expanded.entries.push_back(path);
     }
 
-private:
     /// Unlike a list's lines, its entries come in playing order.
     void AddList(const std::string& path) {
         if (const LFailure left = nesting.Enter(path)) {
@@ -47,9 +46,16 @@ private:
             if (ParseToneListLine(line).IsSilence())
                 expanded.entries.push_back(line);
             else
-                Add(FindListEntry(line, folder));
+                AddLine(line, FindListEntry(line, folder));
         }
         nesting.Leave();
+    }
+
+private:
+    void AddLine(const std::string& line, const std::string& path) {
+        if (nesting.GetDepth() == 0 && line != path)
+            expanded.written.emplace(path, line);
+        Add(path);
     }
 
     bool MayAddEntry() {
@@ -79,8 +85,7 @@ bool IsTemporaryList(const std::string& path) {
 }
 
 bool IsListFile(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    return extension == ".tdl" || extension == ".tmp" || IsTemporaryList(path);
+    return HasExtension(path, ".tdl") || HasExtension(path, ".tmp") || IsTemporaryList(path);
 }
 
 LFailure CreateTemporaryList(std::string& path) {
@@ -99,6 +104,12 @@ LFailure CreateTemporaryList(std::string& path) {
 ExpandedEntry ExpandListEntry(const std::string& path) {
     ExpandedEntry expanded;
     Expansion(expanded).Add(path);
+    return expanded;
+}
+
+ExpandedEntry ExpandList(const std::string& path) {
+    ExpandedEntry expanded;
+    Expansion(expanded).AddList(path);
     return expanded;
 }
 
@@ -121,13 +132,6 @@ LFailure CopyListFile(const std::string& from, const std::string& to) {
 bool IsReadByList(const std::string& file, const ToneListReport& report) {
     return std::any_of(report.files.begin(), report.files.end(),
                        [&file](const std::string& each) { return IsSameFile(each, file); });
-}
-
-LFailure CheckListName(const std::string& path) {
-    const std::string extension = GetExtension(path);
-    if (extension == ".tdf" || extension == ".wav")
-        return "a tone list's name ends in .tdl";
-    return CheckListEntry(path);
 }
 
 LFailure CheckListEntry(const std::string& path) {

@@ -21,7 +21,8 @@ void OpenPage(LWindow& parent, const std::string& info) {
 void LAboutCheckForVersionUpdate(LWindow& parent) {
     if (IsReservedAddress(VersionFileUrl)) {
         LShowMessageBox("Checking for Updates",
-                        "This build of the program has no server that it could ask for updates.");
+                        "This build of the program has no server that it could ask for updates.",
+                        LMessageButtons::OkFine);
         return;
     }
     LProcessCheckForVersionUpdates found;
@@ -31,7 +32,7 @@ void LAboutCheckForVersionUpdate(LWindow& parent) {
 
 void TellAboutVersion(LWindow& parent, const LProcessCheckForVersionUpdates& found) {
     if (!(found.version > std::strtod(SONVIRE_VERSION, nullptr))) {
-        LShowMessageBox("Version Current", "The current version is up-to-date");
+        LShowMessageBox("Version Current", "The current version is up-to-date", LMessageButtons::OkFine);
         return;
     }
     const LMessageAnswer answer =

@@ -3,7 +3,6 @@
 #include "app/setting_names.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/folders.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_file.h"
 
@@ -11,6 +10,10 @@
 #include <unistd.h>
 
 namespace {
+
+LFileState GetState(const std::string& file) {
+    return LSharedReadFile(file.c_str()).GetState();
+}
 
 std::string DraftPath() {
     return GetUserDataFolder() + "/edited-list.tdl";
@@ -23,6 +26,7 @@ std::string LostDraftPath() {
 } // namespace
 
 EditedList::EditedList() : path(Setting::EditList.Get()) {
+    Own(path);
     std::rename(DraftPath().c_str(), LostDraftPath().c_str());
 }
 
@@ -53,34 +57,47 @@ void EditedList::DropLostDraft() {
 
 void EditedList::Begin(const std::string& file) {
     untitled = true;
+    before = path;
+    begun = file;
     MoveTo(file);
-    created.clear();
-    replaced = IsTemporaryList(file) ? file : "";
+}
+
+bool EditedList::HasChanged() const {
+    const LFileState now = GetState(path);
+    return now.identity.Exists() && now != state;
 }
 
 LFailure EditedList::CreateFile() {
-    LFailure failure = CreateTemporaryList(created);
-    MoveTo(created);
+    LFailure failure = CreateTemporaryList(begun);
+    MoveTo(begun);
     return failure;
 }
 
 /// The setting alone would not do: the store may refuse it, and holds no long or oddly encoded path.
 void EditedList::MoveTo(const std::string& file) {
     path = file;
-    untitled = untitled && GetExtension(path) != ".tdl";
+    state = GetState(path);
+    untitled = untitled && !HasExtension(path, ".tdl");
+    Own(path);
     Setting::EditList.Set(path);
 }
 
-void EditedList::Keep() {
-    for (const std::string& temporary : {created, replaced})
-        if (!temporary.empty() && temporary != path)
-            unlink(temporary.c_str());
+void EditedList::Drop() {
+    if (path == begun)
+        MoveTo(before);
 }
 
-void EditedList::Drop() {
-    if (created.empty())
-        return;
-    unlink(created.c_str());
-    if (path == created)
-        MoveTo({});
+void EditedList::RemoveUnused(const std::string& played) {
+    std::erase_if(temporaries, [&](const std::string& each) {
+        const bool unused = each != path && each != played;
+        if (unused)
+            unlink(each.c_str());
+        return unused;
+    });
+    Own(played);
+}
+
+void EditedList::Own(const std::string& file) {
+    if (IsTemporaryList(file))
+        temporaries.insert(file);
 }

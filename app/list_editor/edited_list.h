@@ -1,7 +1,9 @@
 #pragma once
 
 #include "sys/failure.h"
+#include "sys/file.h"
 
+#include <set>
 #include <vector>
 
 /// The tone list that the user edits: the file that it is in, which the settings keep as well, and the one
@@ -17,6 +19,9 @@ public:
     const std::string& GetPath() const { return path; }
     /// True as long as the user has not given it a name of a list's.
     bool IsUntitled() const { return untitled; }
+
+    /// True where another program has written its file since it was opened or saved here.
+    bool HasChanged() const;
 
     /// Puts a new list into a temporary file.
     LFailure CreateFile();
@@ -34,15 +39,20 @@ public:
     static LFailure RecoverDraft(std::string& file);
     static void DropLostDraft();
 
-    // How the editor closes.
-    /// The list stays in its file; temporary ones that it was in go.
-    void Keep();
-    /// The list stays where it was before, or where the user has saved it since; a new one goes.
+    /// Of an editor that is cancelled: back to the list that was edited before, unless the user has saved
+    /// this one elsewhere since.
     void Drop();
+    /// Removes the temporary files that are neither this list's nor that of `played`, the list that the
+    /// window plays.
+    void RemoveUnused(const std::string& played);
 
 private:
+    void Own(const std::string& file);
+
     std::string path;
+    LFileState state; ///< that its file was in
     bool untitled = true;
-    std::string created;  ///< the temporary file of a new list
-    std::string replaced; ///< a temporary file that the list was in when it was begun
+    std::string begun;                 ///< what it was in when it was begun
+    std::string before;                ///< the list that was edited before
+    std::set<std::string> temporaries; ///< that something has named in this run
 };

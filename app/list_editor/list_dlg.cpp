@@ -22,15 +22,9 @@
 
 namespace {
 
-constexpr const char* Columns[] = {"Tone"};
+constexpr const char* Columns[] = {"Tone", "Problem"};
 constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
 constexpr std::uint32_t UnknownLength = UINT32_MAX;
-
-std::uint32_t MeasureEntry(const std::string& entry) {
-    const ToneListEntry measured = ExamineToneListEntry(entry);
-    return measured.problem.empty() ? static_cast<std::uint32_t>(measured.length.GetMilliseconds())
-                                    : UnknownLength;
-}
 
 } // namespace
 
@@ -78,17 +72,28 @@ void ListDlg::InitDialog() {
 }
 
 void ListDlg::OpenList() {
-    if (!edited.GetPath().empty()) {
+    if (!edited.GetPath().empty())
+        ReadList();
+    else if (const LFailure failure = edited.CreateFile())
+        ShowNotice(DescribeNoTemporary(failure));
+}
+
+void ListDlg::ReadList() {
+    ExpandedEntry opened = ExpandList(edited.GetPath());
+    std::vector<LNotice> notices;
+    {
         const LListRebuild rebuild(*list);
-        CmAddToneToLV(edited.GetPath(), 0);
-    } else if (const LFailure failure = edited.CreateFile()) {
-        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+        AddEntries(opened, 0, notices);
     }
+    written = std::move(opened.written);
+    openedIn = GetFolder(edited.GetPath());
+    ShowNotices(notices);
 }
 
 void ListDlg::DestroyDialog() {
     list.reset();
-    accepted ? edited.Keep() : edited.Drop();
+    if (!accepted)
+        edited.Drop();
     const bool unasked = modified && !accepted && GetToolkit().IsSessionEnding();
     if (!unasked)
         EditedList::DropDraft();
@@ -105,60 +110,68 @@ bool ListDlg::CmOk() {
     return accepted;
 }
 
+void ListDlg::CmCancel() {
+    if (MayDropChanges())
+        LDialog::CmCancel();
+}
+
 void ListDlg::CmAddTone() {
     LFileChooser chooser{"Select file", "", Setting::EntryReadFolder.Get(), AddToneFilters, ""};
     const std::string path = LChooseFileToRead(*this, chooser);
     if (path.empty())
         return;
     Setting::EntryReadFolder.Set(chooser.folder);
-    if (AddFile(path, list->GetCount()))
+    std::vector<LNotice> notices;
+    if (AddFile(path, list->GetCount(), notices))
         ShowAdded();
+    ShowNotices(notices);
 }
 
-bool ListDlg::AddFile(const std::string& path, int row) {
-    std::string entry = path;
-    if (GetExtension(path) == ".tdf") {
-        SonvireData tone;
+bool ListDlg::AddFile(const std::string& path, int row, std::vector<LNotice>& notices) {
+    SonvireData tone;
+    if (HasExtension(path, ".tdf")) {
         if (const LFailure failure = tone.ReadFromFile(path.c_str())) {
-            ShowNotice(DescribeUnreadable(path, failure));
+            notices.push_back(DescribeUnreadable(path, failure));
             return false;
         }
         if (!tone.IsFinite()) {
-            LShowMessageBox("",
-                            "Cannot add tones of infinite duration to list. Please check the selected tone "
-                            "is not to be played continuously or repeatly.");
+            notices.push_back({"", "Cannot add tones of infinite duration to list. Please check the selected "
+                                   "tone is not to be played continuously or repeatly."});
             return false;
         }
-        if (tone.waveform == ToneFromList)
-            entry = tone.GetListPath();
     }
-    CmAddToneToLV(entry, row);
+    AddEntries(tone.IsList() ? ExpandList(tone.GetListPath()) : ExpandListEntry(path), row, notices);
     return true;
 }
 
-void ListDlg::CmAddToneToLV(const std::string& path, int row) {
-    const ExpandedEntry expanded = ExpandListEntry(path);
-    ShowNotices(expanded.notices);
+void ListDlg::AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNotice>& notices) {
+    notices.insert(notices.end(), expanded.notices.begin(), expanded.notices.end());
     for (const std::string& entry : expanded.entries) {
         if (const LFailure refusal = CheckListEntry(entry))
-            ShowNotice(DescribeNotAdded(entry, refusal));
+            notices.push_back(DescribeNotAdded(entry, refusal));
         else
             InsertEntry(entry, row++);
     }
 }
 
 void ListDlg::InsertEntry(const std::string& entry, int row) {
-    list->InsertRow(row, entry, MeasureEntry(entry));
+    const ToneListEntry measured = ExamineToneListEntry(entry);
+    const bool plays = measured.problem.empty();
+    list->InsertRow(row, entry,
+                    plays ? static_cast<std::uint32_t>(measured.length.GetMilliseconds()) : UnknownLength);
+    list->SetText(row, 1, measured.problem);
 }
 
 /// Files from the desktop are added like those of the button, in the order in which they were dropped.
 void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>& paths, int before) {
     const int rowsBelow = list->GetCount() - before;
+    std::vector<LNotice> notices;
     bool added = false;
     for (const std::string& path : paths)
-        added = AddFile(path, list->GetCount() - rowsBelow) || added;
+        added = AddFile(path, list->GetCount() - rowsBelow, notices) || added;
     if (added)
         Modify();
+    ShowNotices(notices);
 }
 
 void ListDlg::CmAddSilence() {

@@ -3,6 +3,11 @@
 #include "app/list_editor/edited_list.h"
 #include "gui/dialog.h"
 #include "gui/list_view.h"
+#include "sys/notice.h"
+
+#include <map>
+
+struct ExpandedEntry;
 
 /// The tone list editor: its rows are the entries of a tone list in playing order, files by their paths and
 /// silences.
@@ -23,10 +28,12 @@ protected:
     void DestroyDialog() override;
     void EnableControls() override;
     bool CmOk() override;
+    void CmCancel() override;
     void CmHelp() override;
 
 private:
     void OpenList();
+    void ReadList();
 
     void CmAddTone();
     void CmAddSilence();
@@ -38,9 +45,9 @@ private:
     bool CmSaveAs();
 
     // Rows.
-    /// False, with a box, where the file is refused.
-    bool AddFile(const std::string& path, int row);
-    void CmAddToneToLV(const std::string& path, int row);
+    /// False, with a notice, where the file is refused.
+    bool AddFile(const std::string& path, int row, std::vector<LNotice>& notices);
+    void AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNotice>& notices);
     void InsertEntry(const std::string& entry, int row);
     void ShowAdded();
     void MoveRow(int step);
@@ -49,14 +56,18 @@ private:
     void ShowTotal();
 
     // list_dlg_save.cpp
+    std::vector<std::string> GetLines(const std::string& folder) const;
     bool SaveTo(const std::string& path);
     bool SaveToTemporary();
     bool KeepChanges();
+    bool MayDropChanges();
 
     EditedList edited;
     std::unique_ptr<LListView> list; ///< the user data of a row is its length in ms, or `UnknownLength`
-    bool modified = false;           ///< the rows are others than in the list file
-    bool accepted = false;           ///< closed with OK
+    std::string openedIn;            ///< the folder of the list file
+    std::map<std::string, std::string> written; ///< what entries that lie there are named in it
+    bool modified = false;                      ///< the rows are others than in the list file
+    bool accepted = false;                      ///< closed with OK
 };
 
 /// Lets the user edit the list, a new one where it has no file, and returns in which file it is then. True

@@ -41,11 +41,13 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandStereoToggle,
      [](MainDialog& window) { window.CmToggle(CommandStereoToggle, CommandStereo, CommandMono); }},
 
-    {CommandLoadTone, [](MainDialog& window) { window.Relist(window.files.CmLoadTDF()); }},
+    {CommandLoadTone,
+     [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.files.CmLoadTDF()); }},
     {CommandSave, [](MainDialog& window) { window.CmSave(); }},
     {CommandSaveAsTone, [](MainDialog& window) { window.files.CmSaveAsTDF(); }},
     {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
-    {CommandNewList, [](MainDialog& window) { window.Relist(window.lists.CmCreateList()); }},
+    {CommandNewList,
+     [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.lists.CmCreateList()); }},
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
 
@@ -57,8 +59,8 @@ const MainDialog::Action MainDialog::Actions[] = {
 };
 
 void MainDialog::Command(int command) {
-    if (ChangeTone(tone, command)) {
-        RelistandStart();
+    if (SonvireData changed = tone; ChangeTone(changed, command)) {
+        ReplaceTone(changed);
         return;
     }
     const auto* action = std::find_if(std::begin(Actions), std::end(Actions),
@@ -67,6 +69,15 @@ void MainDialog::Command(int command) {
         action->run(*this);
     else
         OpenWebLink(*this, command);
+}
+
+void MainDialog::ReplaceTone(const SonvireData& changed) {
+    if (changed.IsList() == tone.IsList() || MayReplaceTone()) {
+        tone = changed;
+        RelistandStart();
+    } else {
+        EnableControls(); // the item was pressed, and the tone stays the list
+    }
 }
 
 void MainDialog::CmRepeatPlay() {
@@ -106,7 +117,7 @@ void MainDialog::CmSave() {
 }
 
 void MainDialog::CmLoadList() {
-    if (lists.CmLoadList())
+    if (MayReplaceTone() && lists.CmLoadList())
         RelistandStart();
     else
         EnableControls(); // the item was pressed, and the tone is no list for that

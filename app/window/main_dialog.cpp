@@ -42,6 +42,7 @@ void MainDialog::InitDialog() {
     playback.Begin([this] { EnableControls(); });
     static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
     witness.Watch(CurrentTonePath());
+    lists.RemoveUnused();
     rows.Begin();
     devices.Refresh();
     if (Setting::Autoplay.Get())
@@ -88,6 +89,7 @@ void MainDialog::CmHelp() {
 }
 
 void MainDialog::RelistandStart() {
+    lists.RemoveUnused();
     if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
@@ -97,6 +99,13 @@ void MainDialog::RelistandStart() {
 void MainDialog::Relist(bool changed) {
     if (changed)
         RelistandStart();
+}
+
+bool MainDialog::MayReplaceTone() {
+    const LMessageAnswer answer = lists.AskToSave();
+    const bool saved = answer == LMessageAnswer::Yes && lists.CmSaveList();
+    Relist(saved);
+    return saved || answer == LMessageAnswer::No;
 }
 
 void MainDialog::Restart(bool changed) {

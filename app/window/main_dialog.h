@@ -39,17 +39,20 @@ private:
     /// After every change of what rows the tone has.
     void RelistandStart();
     void Relist(bool changed);
+    /// Before another tone takes this one's place: false where a list would be lost that the user wants.
+    bool MayReplaceTone();
     /// After every change of a value.
     void Restart(bool changed);
 
     // open_files.cpp: documents from outside.
-    void CmLoadFile(const char* path) override;
+    void CmLoadFiles(const std::vector<std::string>& paths) override;
     void EvRunArguments(const char* const* arguments, int count) override;
     void OpenFromUser(const std::string& path);
 
     // main_commands.cpp: one table of what each command does, and what concerns more than one of the parts.
     struct Action;
     static const Action Actions[];
+    void ReplaceTone(const SonvireData& changed);
     void CmRepeatPlay();
     void CmChooseDevice();
     void CmToggle(int toggle, int on, int off);

@@ -6,5 +6,5 @@
 
 /// Shows what there is to say, each in a box of its own.
 void ShowNotice(const LNotice& notice);
-/// Shows them in turn, until the user cancels one that may be the last.
+/// Shows them in turn, until the user cancels one, and no more of them than anybody can be asked to close.
 void ShowNotices(const std::vector<LNotice>& notices);

@@ -1,5 +1,6 @@
 #include "app/desktop/crash_offer.h"
 #include "app/window/main_dialog.h"
+#include "app/window/notices.h"
 #include "gui/toolkit.h"
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
@@ -17,9 +18,16 @@ std::string MakeAbsolute(const std::string& path) {
 
 } // namespace
 
-void MainDialog::CmLoadFile(const char* path) {
-    files.LoadDocument(path);
-    RelistandStart();
+void MainDialog::CmLoadFiles(const std::vector<std::string>& paths) {
+    std::vector<LNotice> notices;
+    for (const std::string& path : paths) {
+        if (HasExtension(path, ".tdf") && !MayReplaceTone())
+            break;
+        if (auto notice = files.LoadDocument(path))
+            notices.push_back(std::move(*notice));
+    }
+    Relist(!paths.empty());
+    ShowNotices(notices);
 }
 
 /// Only the first argument counts. What the last run has left to say comes after it.
@@ -32,8 +40,11 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     });
 }
 
-/// Unlike a document from the desktop, a file named by its user may be a list, and its extension in capitals.
+/// Unlike a document from the desktop, a file named by its user may be a list.
 void MainDialog::OpenFromUser(const std::string& path) {
+    const bool known = HasExtension(path, ".tdf") || HasExtension(path, ".tdl");
+    if (known && !MayReplaceTone())
+        return;
     if (HasExtension(path, ".tdf")) {
         files.LoadNamed(path, MakeAbsolute(path));
         RelistandStart();
@@ -45,10 +56,12 @@ void MainDialog::OpenFromUser(const std::string& path) {
     }
 }
 
+/// Of tones the last one stays; lists are edited one after the other.
 void MainDialog::EvDropFiles(const std::vector<std::string>& paths) {
+    std::vector<std::string> listFiles, others;
     for (const std::string& path : paths)
-        if (HasExtension(path, ".tdl"))
-            OpenFromUser(path);
-        else
-            CmLoadFile(path.c_str());
+        (HasExtension(path, ".tdl") ? listFiles : others).push_back(path);
+    CmLoadFiles(others);
+    for (const std::string& list : listFiles)
+        OpenFromUser(list);
 }

@@ -6,8 +6,10 @@
 #include "jobs/file_notices.h"
 #include "jobs/sound_input.h"
 #include "sys/desktop/message_box.h"
+#include "sys/file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -54,11 +56,24 @@ void Playback::CmPlay() {
         ShowNotice({"Error", "The tone can't be played: it " + input.failure.GetReason() + "."});
         return;
     }
-    ShowNotices(input.notices);
+    TellProblems(input);
     news = input.news;
     view.SetLength(input.endless ? LSoundTime() : input.source.GetEnd());
     if (!player.Start(input.source))
         ReportLostOutput();
+}
+
+/// Once for all the times that the list plays as it is, and while it does.
+void Playback::TellProblems(const SoundInput& input) {
+    if (std::exchange(problems, input.warnings) == input.warnings || problems.empty())
+        return;
+    const std::string list = tone.GetListPath();
+    const LFailure gone = CheckReadable(list);
+    std::vector<LNotice> notices = input.notices;
+    notices.insert(notices.begin(), gone ? DescribeUnreadable(list, gone)
+                                         : LNotice{"Tone List", "Not all of the list plays as it should:" +
+                                                                    ListWarnings(problems)});
+    toolkit.Post([notices] { ShowNotices(notices); });
 }
 
 void Playback::Restart() {
@@ -81,10 +96,11 @@ void Playback::spntfStop(long /*id*/) {
 }
 
 void Playback::TellNews() {
+    std::vector<LNotice> notices;
     for (const LFileWarning& warning : news->Take())
-        toolkit.Post([warning] {
-            ShowNotice(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
-        });
+        notices.push_back(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
+    if (!notices.empty())
+        toolkit.Post([notices] { ShowNotices(notices); });
 }
 
 void Playback::spntfTime(LSoundTime time, long /*id*/) {

@@ -6,6 +6,7 @@
 #include "tone/tone_data.h"
 
 class LToolkit;
+struct SoundInput;
 
 /// What shows how the playback is going.
 class PlaybackView {
@@ -43,6 +44,7 @@ public:
     void SetVolume(LDB volume) { player.SetPlayVolume(volume); }
 
 private:
+    void TellProblems(const SoundInput& input);
     void TellNews();
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
@@ -56,4 +58,5 @@ private:
     std::function<void()> tellChange;
     LSoundPlayer player;
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
+    std::vector<LFileWarning> problems; ///< of the list that played last, which the user has been told
 };

@@ -1,5 +1,6 @@
 #include "app/window/tone_files.h"
 
+#include "app/file_kinds.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
@@ -10,7 +11,6 @@
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 
-#include <algorithm>
 #include <span>
 
 namespace {
@@ -19,8 +19,6 @@ namespace {
 constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
 constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
 constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
-constexpr std::size_t MostProblemsShown = 8;
-
 constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
 void RememberFile(const std::string& path) {
@@ -30,18 +28,13 @@ void RememberFile(const std::string& path) {
 
 /// Where the last tone file was.
 LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf"};
+    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf", FileKinds};
 }
 
 /// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
 bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
-    std::string told;
-    for (const LFileWarning& warning :
-         std::span(warnings).first(std::min(warnings.size(), MostProblemsShown)))
-        told += "\n\n\"" + warning.file + "\" " + warning.reason;
-    if (warnings.size() > MostProblemsShown)
-        told += "\n\nand " + std::to_string(warnings.size() - MostProblemsShown) + " more";
-    return LShowMessageBox("Save List", "Not all of the list can be saved as it should sound:" + told,
+    return LShowMessageBox("Save List",
+                           "Not all of the list can be saved as it should sound:" + ListWarnings(warnings),
                            LMessageButtons::OkCancel) == LMessageAnswer::Ok;
 }
 
@@ -54,35 +47,36 @@ LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
 
 } // namespace
 
-void ToneFiles::LoadDocument(const std::string& path) {
+std::optional<LNotice> ToneFiles::LoadDocument(const std::string& path) {
     RememberFile(path);
-    if (GetExtension(path) == ".tdf")
-        Read(path);
-    else
-        LShowMessageBox("Unrecognized File Type", "Unrecognized tone file type.", LMessageButtons::OkCancel);
+    if (HasExtension(path, ".tdf"))
+        return Read(path);
+    return LNotice{"Unrecognized File Type", "Unrecognized tone file type.", true};
 }
 
 void ToneFiles::LoadNamed(const std::string& path, const std::string& fullPath) {
-    if (Read(path))
+    if (const auto unread = Read(path))
+        ShowNotice(*unread);
+    else
         RememberFile(fullPath);
 }
 
-bool ToneFiles::Read(const std::string& path) {
+std::optional<LNotice> ToneFiles::Read(const std::string& path) {
     SonvireData read;
-    if (const LFailure failure = read.ReadFromFile(path.c_str())) {
-        ShowNotice(DescribeUnreadable(path, failure));
-        return false;
-    }
+    if (const LFailure failure = read.ReadFromFile(path.c_str()))
+        return DescribeUnreadable(path, failure);
     tone = read;
-    return true;
+    return {};
 }
 
 bool ToneFiles::CmLoadTDF() {
     LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
     const std::string path = LChooseFileToRead(window, chooser);
-    if (!path.empty())
-        LoadDocument(path);
-    return !path.empty();
+    if (path.empty())
+        return false;
+    if (const auto notice = LoadDocument(path))
+        ShowNotice(*notice);
+    return true;
 }
 
 void ToneFiles::CmSaveAsTDF() {
@@ -101,7 +95,7 @@ void ToneFiles::CmSave() {
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return;
-    if (GetExtension(path) == ".tdf")
+    if (HasExtension(path, ".tdf"))
         CmSaveTDF(path);
     else
         CmSaveWave(path);
@@ -112,7 +106,7 @@ void ToneFiles::CmSaveAsWav() {
         CmSaveWave({}); // which says why not
         return;
     }
-    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav"};
+    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav", FileKinds};
     if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveWave(path);
 }

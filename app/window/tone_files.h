@@ -1,7 +1,9 @@
 #pragma once
 
+#include "sys/notice.h"
 #include "tone/tone_data.h"
 
+#include <optional>
 #include <string>
 
 class LWindow;
@@ -13,8 +15,9 @@ public:
     /// Both must outlive this.
     ToneFiles(LWindow& owner, SonvireData& currentTone) : window(owner), tone(currentTone) {}
 
-    /// A document of the desktop's, which has to be a tone file and is remembered in any case.
-    void LoadDocument(const std::string& path);
+    /// A document of the desktop's, which has to be a tone file and is remembered in any case; returns why it
+    /// was not loaded.
+    std::optional<LNotice> LoadDocument(const std::string& path);
     /// A tone file that the user has named; it is remembered, by its full path, where it can be read.
     void LoadNamed(const std::string& path, const std::string& fullPath);
     /// False where the user cancels.
@@ -27,7 +30,7 @@ public:
     void CmSaveWave(const std::string& path);
 
 private:
-    bool Read(const std::string& path);
+    std::optional<LNotice> Read(const std::string& path);
     void CmSaveTDF(const std::string& path);
 
     LWindow& window;

@@ -1,5 +1,6 @@
 #include "app/window/tone_lists.h"
 
+#include "app/file_kinds.h"
 #include "app/list_editor/list_dlg.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
@@ -9,15 +10,27 @@
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_report.h"
+
+#include <filesystem>
 
 namespace {
 
 constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
 constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
+
+/// Not that of a temporary file.
+std::string ProposeName(const std::string& list) {
+    return HasExtension(list, ".tdl") ? list : "";
+}
+
+/// True for a list that would be missed.
+bool IsUnsaved(const std::string& list) {
+    std::error_code missing;
+    return IsTemporaryList(list) && std::filesystem::file_size(list, missing) > 0 && !missing;
+}
 
 } // namespace
 
@@ -27,8 +40,10 @@ bool ToneLists::CmEditList(const std::string& path) {
         return false;
     }
     edited.Begin(path);
-    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty())
+    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty()) {
+        RemoveUnused();
         return false;
+    }
     SetListPath(tone, edited.GetPath());
     tone.waveform = ToneFromList;
     tone.flags |= ToneFlagDuration; // a list ends
@@ -51,40 +66,74 @@ bool ToneLists::OfferLostList() {
     }
     std::string path;
     if (const LFailure failure = EditedList::RecoverDraft(path)) {
-        ShowNotice(DescribeUnwritten("/var/tmp", failure));
+        ShowNotice(DescribeNoTemporary(failure));
         return false;
     }
     return CmEditList(path);
 }
 
+LMessageAnswer ToneLists::AskToSave() {
+    const std::string list = tone.IsList() ? tone.GetListPath() : "";
+    if (!IsUnsaved(list))
+        return LMessageAnswer::No;
+    const LMessageAnswer answer = LShowMessageBox(
+        "Tone List",
+        "The tone list is not saved. Do you want to save it?\n\nWith No, \"Load List\" offers "
+        "it until another list takes its place.",
+        LMessageButtons::YesNoCancel);
+    if (answer == LMessageAnswer::No)
+        edited.MoveTo(list);
+    return answer;
+}
+
+bool ToneLists::OfferUnsavedList() {
+    const std::string& list = edited.GetPath();
+    const bool plays = tone.IsList() && tone.GetListPath() == list;
+    return !plays && IsUnsaved(list) &&
+           LShowMessageBox("Tone List",
+                           "There is a tone list that is not saved. Do you want to go on with it?",
+                           LMessageButtons::YesNo) == LMessageAnswer::Yes;
+}
+
 bool ToneLists::CmLoadList() {
-    LFileChooser chooser{"Select Tone List to Open", edited.GetPath(), Setting::ListReadFolder.Get(),
-                         LoadListFilters, "tdl"};
+    if (OfferUnsavedList())
+        return CmEditList(edited.GetPath());
+    LFileChooser chooser{"Select Tone List to Open", ProposeName(edited.GetPath()),
+                         Setting::ListReadFolder.Get(), LoadListFilters, "tdl"};
     const std::string path = LChooseFileToRead(window, chooser);
     if (path.empty())
         return false;
     Setting::ListReadFolder.Set(chooser.folder);
-    if (GetExtension(path) != ".tdl")
+    if (!HasExtension(path, ".tdl"))
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!CmEditList(path))
+    else if (!CmEditList(path)) {
+        if (!tone.IsList())
+            return false;
         TakeLength(tone);
+    }
     return true;
 }
 
 bool ToneLists::CmSaveList() {
     const std::string list = tone.GetListPath();
-    LFileChooser chooser{"Save Tone List to File", IsTemporaryList(list) ? "" : list,
-                         Setting::ListSaveFolder.Get(), SaveListFilters, "tdl"};
+    LFileChooser chooser{"Save Tone List to File",
+                         ProposeName(list),
+                         Setting::ListSaveFolder.Get(),
+                         SaveListFilters,
+                         "tdl",
+                         FileKinds};
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return false;
     Setting::ListSaveFolder.Set(chooser.folder);
-    const bool renders = GetExtension(path) == ".wav";
+    const bool renders = HasExtension(path, ".wav");
     if (renders)
         files.CmSaveWave(path);
     if (renders || !CopyList(list, path))
         return false;
     SetListPath(tone, path);
+    if (edited.GetPath() == list)
+        edited.MoveTo(path);
     return true;
 }
 
@@ -97,7 +146,7 @@ bool ToneLists::CopyList(const std::string& list, const std::string& path) {
         ShowNotice(DescribeUnreadable(list, unreadable));
         return false;
     }
-    LFailure failure = CheckListName(path);
+    LFailure failure = CheckListEntry(path);
     if (!IsSameFile(list, path) && IsReadByList(path, ExamineToneList(list)))
         failure = "the list plays it";
     else if (!failure)

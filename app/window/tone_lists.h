@@ -1,9 +1,10 @@
 #pragma once
 
 #include "app/list_editor/edited_list.h"
+#include "sys/desktop/message_box.h"
+#include "tone/tone_data.h"
 
 class LWindow;
-class SonvireData;
 class ToneFiles;
 
 /// Makes a tone list the current tone, edited before, and saves the list that is.
@@ -18,7 +19,7 @@ public:
     // True where the list that was edited is the current tone afterwards.
     bool CmCreateList() { return CmEditList({}); }
     bool CmEditList(const std::string& path);
-    /// False where the user cancels the chooser, and nothing has changed.
+    /// False where nothing has changed, as the user has cancelled.
     bool CmLoadList();
     /// True where the current tone plays the copy afterwards.
     bool CmSaveList();
@@ -26,7 +27,14 @@ public:
     /// Where an earlier run has ended while a list was edited: asks whether to go on with it.
     bool OfferLostList();
 
+    /// Before another tone takes the place of a list that is not saved: whether to save it. No without asking
+    /// where there is none; a list that the user does not want to save is offered when one is loaded.
+    LMessageAnswer AskToSave();
+    /// Removes the temporary files of lists that nothing names any more; done after every change of the tone.
+    void RemoveUnused() { edited.RemoveUnused(tone.IsList() ? tone.GetListPath() : ""); }
+
 private:
+    bool OfferUnsavedList();
     bool CopyList(const std::string& list, const std::string& path);
 
     LWindow& window;

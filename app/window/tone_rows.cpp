@@ -7,24 +7,37 @@
 #include "gui/numeric_edit.h"
 #include "gui/window.h"
 #include "jobs/tone_lists.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/frequency_step.h"
 #include "tone/tone_items.h"
+#include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
 
 #include <cstdlib>
+#include <map>
 
 namespace {
 
 constexpr const char* Columns[] = {"Tone Data", "Values"};
-constexpr int MostBoxes = 10; // in a row that anybody can be asked to close
 
 FrequencyStep ReadFrequencyStep() {
     return {.bySemitones = Setting::StepsBySemitone.Get(),
             .semitones = Setting::StepSemitones.Get(),
             .hz = std::strtof(Setting::StepHz.Get().c_str(), nullptr)};
+}
+
+/// Why entries of a list don't play as they should, by their files.
+std::map<std::string, std::string> FindProblems(const std::string& list) {
+    std::map<std::string, std::string> problems;
+    for (const ToneListEntry& entry : ExamineToneList(list).entries)
+        if (entry.depth == 0 && !entry.problem.empty())
+            problems.emplace(entry.file, entry.problem);
+    return problems;
+}
+
+std::string NameOf(const std::string& list) {
+    return IsTemporaryList(list) ? "Unsaved list" : list;
 }
 
 } // namespace
@@ -46,45 +59,57 @@ void ToneRows::Begin() {
 }
 
 void ToneRows::SetupListViewData() {
+    std::vector<LNotice> missing;
     {
         const LListRebuild rebuild(*list);
         for (const unsigned int item : GetShownItems(tone))
-            InsertListViewItem(item);
+            InsertListViewItem(item, missing);
     }
     if (list->GetSelection().empty())
         list->SetCurrent(0); // so that a key has something to step
+    ShowNotices(missing);
 }
 
-void ToneRows::InsertListViewItem(unsigned int item) {
+void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missing) {
     if (tone.IsList()) {
-        InsertListRows(item);
+        InsertListRows(item, missing);
         return;
     }
     list->AppendRow(tone.GetItemName(item), item);
     UpdateListViewItem(item, list->GetCount() - 1);
 }
 
-/// One row for each line of the list file.
+/// One row for each line of the list file, with what is wrong with its entry.
 /// Kept quirk: the last one shows the list's own name instead of its entry.
-void ToneRows::InsertListRows(unsigned int item) {
+void ToneRows::InsertListRows(unsigned int item, std::vector<LNotice>& missing) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
-    if (ReadToneListLines(lines, path.c_str()))
-        return; // there is nothing to show
-    int missing = 0;
-    for (const std::string& line : lines) {
-        const bool exists = IsSilence(line) || FileExists(FindListEntry(line, GetFolder(path)));
-        if (!exists && ++missing <= MostBoxes)
-            LShowMessageBox("Error", "File \"" + line + "\" does not exist.");
-        list->AppendRow(line, item);
+    if (const LFailure failure = ReadToneListLines(lines, path.c_str())) {
+        list->AppendRow(NameOf(path), item);
+        list->SetText(0, 1, "can't be read: " + failure.GetReason());
+        return;
     }
-    if (missing > MostBoxes)
-        LShowMessageBox("Error",
-                        std::to_string(missing - MostBoxes) + " more files of the list do not exist.");
+    const std::map<std::string, std::string> problems = FindProblems(path);
+    for (const std::string& line : lines) {
+        const std::string file = IsSilence(line) ? "" : FindListEntry(line, GetFolder(path));
+        if (!file.empty() && !FileExists(file))
+            missing.push_back({"Error", "File \"" + line + "\" does not exist."});
+        list->AppendRow(line, item);
+        if (const auto problem = problems.find(file); problem != problems.end())
+            list->SetText(list->GetCount() - 1, 1, problem->second);
+    }
     if (list->GetCount() == 0)
         list->AppendRow(path, item);
     else
-        list->SetText(list->GetCount() - 1, 0, GetExtension(path) == ".tdl" ? path : "Unsaved list");
+        ShowListName(NameOf(path));
+}
+
+/// A problem of the entry whose row it is goes on naming it.
+void ToneRows::ShowListName(const std::string& name) {
+    const int last = list->GetCount() - 1;
+    if (const std::string problem = list->GetText(last, 1); !problem.empty())
+        list->SetText(last, 1, "\"" + list->GetText(last, 0) + "\" " + problem);
+    list->SetText(last, 0, name);
 }
 
 void ToneRows::UpdateListViewItem(unsigned int item, int row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/list_view.h"
+#include "sys/notice.h"
 #include "tone/tone_data.h"
 
 #include <functional>
@@ -33,8 +34,9 @@ public:
     bool ChangeListViewData();
 
 private:
-    void InsertListViewItem(unsigned int item);
-    void InsertListRows(unsigned int item);
+    void InsertListViewItem(unsigned int item, std::vector<LNotice>& missing);
+    void InsertListRows(unsigned int item, std::vector<LNotice>& missing);
+    void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
     bool StepSelectedItems(const std::function<void(unsigned int)>& step);
 

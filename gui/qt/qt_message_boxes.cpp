@@ -12,13 +12,21 @@ QMessageBox::StandardButtons ButtonsOf(LMessageButtons buttons) {
     case LMessageButtons::OkCancel:
         return QMessageBox::Ok | QMessageBox::Cancel;
     case LMessageButtons::YesNo:
+    case LMessageButtons::NoYes:
         return QMessageBox::Yes | QMessageBox::No;
     case LMessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case LMessageButtons::Ok:
+    case LMessageButtons::OkFine:
         break;
     }
     return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(LMessageButtons buttons) {
+    if (buttons == LMessageButtons::OkFine)
+        return QMessageBox::Information;
+    return (ButtonsOf(buttons) & QMessageBox::Ok) != 0 ? QMessageBox::Warning : QMessageBox::Question;
 }
 
 /// A box that was closed some other way has had its least consequence chosen.
@@ -33,9 +41,9 @@ LMessageAnswer AnswerOf(int button, LMessageButtons offered) {
     case QMessageBox::Cancel:
         return LMessageAnswer::Cancel;
     default:
-        return offered == LMessageButtons::Ok      ? LMessageAnswer::Ok
-               : offered == LMessageButtons::YesNo ? LMessageAnswer::No
-                                                   : LMessageAnswer::Cancel;
+        return ButtonsOf(offered) == QMessageBox::Ok             ? LMessageAnswer::Ok
+               : (ButtonsOf(offered) & QMessageBox::Cancel) != 0 ? LMessageAnswer::Cancel
+                                                                 : LMessageAnswer::No;
     }
 }
 
@@ -46,12 +54,14 @@ LMessageAnswer LQtMessageBoxes::Show(const std::string& title, const std::string
     if (sessionEnd.HasBegun())
         return AnswerOf(QMessageBox::NoButton, buttons);
     QMessageBox box(FindActiveWindow());
-    box.setWindowTitle(ToQt(title));
+    box.setWindowTitle(title.empty() ? " " : ToQt(title)); // for an empty one Qt puts the program's name
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text).remove('\r'));
-    box.setIcon(buttons == LMessageButtons::Ok ? QMessageBox::Warning : QMessageBox::Question);
+    box.setIcon(IconOf(buttons));
     box.setStandardButtons(ButtonsOf(buttons));
     if (buttons == LMessageButtons::YesNoCancel)
         box.setDefaultButton(QMessageBox::Yes);
+    if (buttons == LMessageButtons::NoYes)
+        box.setDefaultButton(QMessageBox::No);
     return AnswerOf(box.exec(), buttons);
 }

@@ -17,6 +17,7 @@ LMessageBoxPort::~LMessageBoxPort() {
 LMessageAnswer LShowMessageBox(const std::string& title, const std::string& text, LMessageButtons buttons) {
     if (portInUse)
         return portInUse->Show(title, text, buttons);
-    const bool okOffered = buttons == LMessageButtons::Ok || buttons == LMessageButtons::OkCancel;
+    using enum LMessageButtons;
+    const bool okOffered = buttons == Ok || buttons == OkFine || buttons == OkCancel;
     return okOffered ? LMessageAnswer::Ok : LMessageAnswer::No;
 }

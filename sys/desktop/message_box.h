@@ -2,7 +2,9 @@
 
 #include <string>
 
-enum class LMessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+/// Enter takes the first one, but for `NoYes`: there it takes No. `OkFine` is Ok under what is no problem,
+/// and comes without a warning sign.
+enum class LMessageButtons { Ok, OkFine, OkCancel, YesNo, NoYes, YesNoCancel };
 enum class LMessageAnswer { Ok, Cancel, Yes, No };
 
 /// Where message boxes go: a window shows them modally, the command line prints them, a test records them and

@@ -116,12 +116,14 @@ TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     const TempDir dir;
     WriteBytes(dir / "old.tdf", "old");
     static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    static constexpr const char* kinds[] = {".tdf", ".tdl", ".wav"};
     using enum LMessageAnswer;
     const std::tuple<const char*, std::deque<LChosenFile>, std::deque<LMessageAnswer>, std::string> cases[] =
         {{"default extension", {{dir / "new", 0}}, {}, dir / "new.tdf"},
          {"that of the filter", {{dir / "new", 1}}, {}, dir / "new.wav"},
-         {"one that was typed stays", {{dir / "new.x", 1}}, {}, dir / "new.x"},
-         {"of a number", {{dir / "sine 1.5kHz", 0}}, {}, dir / "sine 1.5kHz.tdf"},
+         {"one that was typed stays", {{dir / "new.WAV", 0}}, {}, dir / "new.WAV"},
+         {"a dot is none", {{dir / "St. Marks", 0}}, {}, dir / "St. Marks.tdf"},
+         {"refused", {{dir / "new.TDL", 1}, {dir / "c", 0}}, {Ok}, dir / "c.tdf"},
          {"cancelled", {{"", 0}}, {}, ""},
          {"replaced", {{dir / "old", 0}}, {Yes}, dir / "old.tdf"},
          {"asked again", {{dir / "old.tdf", 0}, {dir / "b", 0}}, {No}, dir / "b.tdf"}};
@@ -134,12 +136,18 @@ TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
             toolkit.boxes.clear();
             toolkit.chosenFiles = chosen;
             toolkit.answers = answers;
-            LFileChooser chooser{"Save", "/some/where/first.tdf", "/start", filters, "tdf"};
+            LFileChooser chooser{"Save", "/some/where/first.tdf", "/start", filters, "tdf", kinds};
             EXPECT_EQ(LChooseFileToSave(window, chooser), expected);
             EXPECT_EQ(toolkit.choosers.size(), chosen.size());
-            EXPECT_EQ(toolkit.choosers[0].name, "first.tdf");
+            EXPECT_EQ(toolkit.choosers[0].folder + toolkit.choosers[0].name, "/first.tdf") << "none exists";
             EXPECT_EQ(toolkit.boxes.size(), answers.size());
             EXPECT_EQ(chooser.folder + "/", expected.empty() ? "/start/" : dir / "");
+        }
+        for (const std::string& name : {dir / "old.tdf", std::string("old.tdf"), std::string("gone.tdf")}) {
+            LFileChooser chooser{"Open", name, name[0] == '/' ? "/" : dir / "gone/too", filters, "tdf"};
+            EXPECT_EQ(LChooseFileToRead(window, chooser), "");
+            EXPECT_EQ(toolkit.choosers.back().folder + "/", dir / "");
+            EXPECT_EQ(toolkit.choosers.back().name, name == "gone.tdf" ? "" : "old.tdf");
         }
     };
     window.Run();

@@ -350,13 +350,11 @@ TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
     using Buttons = LMessageButtons;
     using enum LMessageAnswer;
     const std::tuple<Buttons, Qt::Key, LMessageAnswer> cases[] = {
-        {Buttons::Ok, Qt::Key_Escape, Ok},
-        {Buttons::OkCancel, Qt::Key_Return, Ok},
-        {Buttons::OkCancel, Qt::Key_Escape, Cancel},
-        {Buttons::YesNo, Qt::Key_Return, Yes},
-        {Buttons::YesNo, Qt::Key_Escape, No},
-        {Buttons::YesNoCancel, Qt::Key_Return, Yes},
-        {Buttons::YesNoCancel, Qt::Key_Escape, Cancel}};
+        {Buttons::Ok, Qt::Key_Escape, Ok},           {Buttons::OkFine, Qt::Key_Escape, Ok},
+        {Buttons::OkCancel, Qt::Key_Return, Ok},     {Buttons::OkCancel, Qt::Key_Escape, Cancel},
+        {Buttons::YesNo, Qt::Key_Return, Yes},       {Buttons::YesNo, Qt::Key_Escape, No},
+        {Buttons::NoYes, Qt::Key_Return, No},        {Buttons::NoYes, Qt::Key_Escape, No},
+        {Buttons::YesNoCancel, Qt::Key_Return, Yes}, {Buttons::YesNoCancel, Qt::Key_Escape, Cancel}};
     for (const auto& [buttons, key, answer] : cases) {
         Then([pressed = key](QWidget& box) {
             EXPECT_EQ(box.windowTitle() + static_cast<QMessageBox&>(box).text(), "Title<b>One\n\nTwo");

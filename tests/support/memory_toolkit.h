@@ -56,9 +56,9 @@ public:
         boxes.push_back(title + "|" + text);
         boxButtons.push_back(buttons);
         using enum LMessageAnswer;
-        const LMessageAnswer least = buttons == LMessageButtons::Ok      ? Ok
-                                     : buttons == LMessageButtons::YesNo ? No
-                                                                         : Cancel;
+        const bool yesNo = buttons == LMessageButtons::YesNo || buttons == LMessageButtons::NoYes;
+        const bool ok = buttons == LMessageButtons::Ok || buttons == LMessageButtons::OkFine;
+        const LMessageAnswer least = ok ? Ok : yesNo ? No : Cancel;
         return TakeNext(answers, least);
     }
     bool OpenUrl(const std::string& url) override {

@@ -52,7 +52,10 @@ private:
     void DestroyDialog() override { log.emplace_back("destroy"); }
     void EnableControls() override { log.emplace_back("enable"); }
     void CmHelp() override { commands.push_back(-LCommandHelp); }
-    void CmLoadFile(const char* path) override { log.push_back(std::string("load ") + path); }
+    void CmLoadFiles(const std::vector<std::string>& paths) override {
+        for (const std::string& path : paths)
+            log.push_back("load " + path);
+    }
     void EvRunArguments(const char* const* arguments, int count) override {
         log.push_back(std::string("run ") + arguments[count - 1]);
     }

@@ -45,7 +45,8 @@ TEST_F(App, TheUserLearnsWhetherThereIsANewerVersion) {
             ASSERT_TRUE(ProcessDialogRun(*dialog, "", check));
             TellAboutVersion(*dialog, check);
             EXPECT_THAT(toolkit->boxes, ElementsAre(box)) << reply;
-            EXPECT_EQ(toolkit->boxButtons[0] == LMessageButtons::YesNoCancel, box == Available);
+            EXPECT_EQ(toolkit->boxButtons[0],
+                      box == Available ? LMessageButtons::YesNoCancel : LMessageButtons::OkFine);
             EXPECT_EQ(toolkit->urls, urls) << reply;
         });
 }

@@ -117,6 +117,7 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << given;
             EXPECT_EQ(Boxes(), box) << given;
         }
+        EXPECT_EQ(EditedRows().rows[0][1], "No such file or directory");
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0 or more");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });
@@ -167,8 +168,9 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
             {WriteTone("4.tdf", Tone440()), WriteList("5.tdl", "6ms silence.\n5ms silence.\n"), path}, 1);
         EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
+        EXPECT_EQ(toolkit->boxes, Texts{Infinite});
     });
-    Run([&](MemoryMainWindow&) { EXPECT_EQ(toolkit->boxes, Texts{Infinite}); }, {path});
+    Run([](MemoryMainWindow&) {}, {path});
 }
 
 TEST_F(ListEditor, ClosingNeverLosesRows) {
@@ -216,6 +218,66 @@ TEST_F(ListEditor, ClosingNeverLosesRows) {
         EXPECT_EQ(ReadBytes(path), each.list);
         RemoveTemporary();
     }
+}
+
+TEST_F(ListEditor, CancelAsksBeforeItDropsRows) {
+    const std::string before = "2ms silence.\n1ms silence.\n", after = "1ms silence.\n2ms silence.\n";
+    const std::string path = WriteList("list.tdl", before);
+    using enum LMessageAnswer;
+    for (const LMessageAnswer answer : {Cancel, No, Yes}) {
+        OnEditor([&](MemoryDialog& dialog) {
+            EditedRows().Select({0});
+            dialog.Press(ListMoveDown);
+            toolkit->answers = {answer};
+            dialog.Press(LCommandCancel);
+            EXPECT_EQ(dialog.ended, answer != Cancel);
+            EXPECT_EQ(toolkit->boxes.size(), 1U);
+            EXPECT_EQ(ReadBytes(path), answer == Yes ? after : before);
+            WriteBytes(path, "another program's");
+            dialog.Press(ListMoveUp);
+            toolkit->answers = {answer};
+            dialog.Press(ListSave);
+            EXPECT_THAT(toolkit->boxes.back(), HasSubstr("has been changed by another program"));
+            EXPECT_EQ(ReadBytes(path), answer == Yes ? before : "another program's");
+            WriteBytes(path, before);
+            dialog.End(false);
+        });
+        Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows().size(), 1U) << "the tone before"; }, {path});
+    }
+}
+
+TEST_F(ListEditor, AnUnsavedListIsNotLostToAnotherTone) {
+    WriteTone("a.tdf", Tone440(true));
+    const std::string saved = folder / "saved.tdl";
+    dialogs.push_back([](MemoryDialog& dialog) {
+        dialog.Press(ListAddSilence);
+        dialog.Press(LCommandOk);
+    });
+    dialogs.push_back(Typed("5"));
+    Run([&](MemoryMainWindow&) {
+        Send({CommandNewList});
+        const std::string list = EditedList();
+        for (const int command : {WaveformCommand(ToneSquare), CommandLoadTone + 0, CommandNewList + 0})
+            Send({command});
+        dialog->EvDropFiles({folder / "a.tdf"});
+        EXPECT_EQ(toolkit->boxes.size(), 5U) << "cancelled, but for the one of the editor";
+        EXPECT_EQ(Rows(), Texts{"Unsaved list="});
+        using enum LMessageAnswer;
+        toolkit->answers = {No, Yes};
+        toolkit->dialogScripts = {PressOk};
+        Send({WaveformCommand(ToneSquare)});
+        EXPECT_EQ(Rows().back(), "Square Duration=5ms");
+        Send({CommandLoadList});
+        EXPECT_EQ(Rows(), Texts{"Unsaved list="});
+        EXPECT_TRUE(toolkit->choosers.empty()) << "offered instead";
+        toolkit->answers = {Yes};
+        toolkit->chosenFiles = {{saved}};
+        Send({WaveformCommand(ToneSine)});
+        EXPECT_EQ(ReadBytes(saved), "5ms silence.\n");
+        EXPECT_EQ(Rows().back(), "Sine Duration=5ms");
+        EXPECT_FALSE(std::filesystem::exists(list)) << "nothing names it any more";
+        EXPECT_EQ(EditedList(), saved);
+    });
 }
 
 TEST_F(ListEditor, RowsOutliveTheProgramUntilTheyAreSavedOrDropped) {
@@ -316,24 +378,34 @@ TEST_F(ListEditor, ATemporaryFileStaysAsLongAsTheListIsInIt) {
 
 TEST_F(ListEditor, ListsWithinListsAreOpenedInPlace) {
     const std::string tone = WriteTone("tone.tdf", Tone440(true));
-    const std::string inner = WriteList("inner.tdl", "tone.tdf\n2ms silence.\n");
+    const std::string inner = WriteList("INNER.TDL", "tone.tdf\n2ms silence.\n");
+    const std::string mix = WriteList("mix.final", ReadBytes(inner));
     SonvireData listTone;
     listTone.SetDuration(1000);
     listTone.waveform = ToneFromList;
-    inner.copy(listTone.listPath, sizeof listTone.listPath - 1);
-    const std::string outer = WriteList("outer.tdl", "3ms silence.\n" + inner + "\n1ms silence.\n");
+    mix.copy(listTone.listPath, sizeof listTone.listPath - 1);
+    const std::string outer =
+        WriteList("OUTER.Tdl", "3ms silence.\n" + inner + "\nbeside.wav\n1ms silence.\n");
+    const std::string beside = WriteList("beside.wav", "");
     const std::string itself = WriteList("itself.tdl", "");
     WriteBytes(itself, itself + "\n" + itself + "\n9ms silence.\n");
     files = {{WriteTone("list.tdf", listTone)}};
     OnEditor([&](MemoryDialog& dialog) {
-        EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", "2ms silence.", tone, "3ms silence."))
+        EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", beside, "2ms silence.", tone, "3ms silence."))
             << "what lies beside its list is given with the folder";
         dialog.Press(ListAddTone);
-        EXPECT_EQ(RowsOf(dialog).size(), 6U);
+        EXPECT_EQ(RowsOf(dialog).size(), 7U);
+        EditedRows().Select({2, 5, 6});
+        dialog.Press(ListRemove);
+        dialog.Press(ListSave);
+        EXPECT_EQ(ReadBytes(outer), "3ms silence.\n" + tone + "\nbeside.wav\n1ms silence.\n")
+            << "named as it was";
         dialog.Press(LCommandCancel);
         dialog.End(false);
     });
     Run([&](MemoryMainWindow&) {}, {outer});
+    OnEditor([&](MemoryDialog& dialog) { EXPECT_THAT(RowsOf(dialog), ElementsAre("2ms silence.", tone)); });
+    Run([&](MemoryMainWindow&) { Send({CommandEditValue}); }, {folder / "list.tdf"});
     OnEditor([&](MemoryDialog& dialog) { EXPECT_THAT(RowsOf(dialog), ElementsAre("9ms silence.")); });
     Run([&](MemoryMainWindow&) { EXPECT_THAT(toolkit->boxes, ElementsAre(HasSubstr("includes itself"))); },
         {itself});

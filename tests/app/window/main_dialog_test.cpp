@@ -152,16 +152,16 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
     } const cases[] = {
         {Argument, tone, opened, "", tone},
         {Argument, capitals, opened, "", capitals},
-        {Argument, list, tone + "=", ""},
+        {Argument, list, tone + "=is endless; nothing behind it plays", ""},
         {Argument, folder / "a.folder/tone", old, ""},
         {Argument, folder / "a.txt", old, unknown},
         {Argument, missing, old, unread},
         {Document, tone, opened, "", tone},
-        {Document, capitals, old, rejected, capitals},
+        {Document, capitals, opened, "", capitals},
         {Document, list, old, rejected, list},
         {Early, tone, opened, "", tone},
         {Drop, tone, opened, "", tone},
-        {Drop, list, tone + "=", ""},
+        {Drop, list, tone + "=is endless; nothing behind it plays", ""},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.path);
@@ -187,16 +187,28 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
 }
 
 TEST_F(App, AListShowsItsLinesAndItsName) {
-    const std::string tone = WriteTone("tone.tdf", Tone440(true));
+    WriteTone("tone.tdf", Tone440(true));
+    const std::string why = "No such file or directory; an endless sine plays, and nothing behind it";
     const std::string list = folder / "list.tdl";
-    WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\n" + tone + "\n");
+    WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\nany.xyz\n");
+    WriteBytes(folder / "any.xyz", "");
     dialogs = {PressOk};
     Run(
         [&](MemoryMainWindow&) {
-            EXPECT_EQ(Rows(),
-                      (Texts{"500ms silence.=", (folder / "gone.tdf") + "=", "tone.tdf=", list + "="}));
+            EXPECT_EQ(Rows(), (Texts{"500ms silence.=", (folder / "gone.tdf") + "=" + why,
+                                     "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
+            toolkit->boxes.clear();
+            Send({CommandPlay, CommandStop, CommandPlay});
+            toolkit->answers = {LMessageAnswer::Ok};
+            EXPECT_TRUE(Wait([&] { return toolkit->boxes.size() > 1; }));
+            EXPECT_EQ(toolkit->boxes[0], "Tone List|Not all of the list plays as it should:\n\n\"" +
+                                             (folder / "any.xyz") +
+                                             "\" is of an unknown type and left out (entry 1)\n\n\"" +
+                                             (folder / "gone.tdf") + "\" " + why + " (entry 3)");
+            EXPECT_THAT(toolkit->boxes[1], StartsWith("Unrecognized file type|"));
+            EXPECT_EQ(toolkit->boxes.size(), 2U) << "once";
         },
         {list});
     EXPECT_EQ(KeptTone().GetListPath(), list);
@@ -209,8 +221,23 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         Send({CommandLoop, CommandLoop, CommandIncrease, CommandIncreaseLarge});
     });
     EXPECT_EQ(KeptTone().durationMs, 750U) << "one pass, also where it loops, and no key steps it";
+    for (int i = 0; i < 12; ++i)
+        WriteBytes(list, ReadBytes(list) + "gone.tdf\n");
+    Run([&](MemoryMainWindow& window) {
+        EXPECT_EQ(toolkit->boxes.size(), 1U) << "cancelled, so no more of them";
+        toolkit->boxes.clear();
+        toolkit->answers.assign(20, LMessageAnswer::Ok);
+        window.Drop(Texts(12, folder / "any.xyz"));
+        EXPECT_EQ(toolkit->boxes.size(), 20U) << "ten of the list, and ten of what was dropped";
+        EXPECT_EQ(toolkit->boxes.back(), "Unrecognized File Type|3 more of these are not shown.");
+    });
     std::filesystem::remove(list);
-    Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{}); });
+    Run([&](MemoryMainWindow&) {
+        EXPECT_EQ(Rows(), Texts{list + "=can't be read: No such file or directory"});
+        Send({CommandPlay});
+        EXPECT_TRUE(Wait([&] { return !toolkit->boxes.empty(); }));
+        EXPECT_EQ(Boxes(), "Error|The file \"" + list + "\" can't be read: No such file or directory.");
+    });
 }
 
 TEST_F(App, TheVolumeIsTakenFromTheSettings) {
@@ -248,9 +275,11 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        toolkit->chosenFiles = {{folder / "noise.tdl"}};
+        toolkit->chosenFiles = {{folder / "noise.tdl"}, {folder / "w.wav"}, {folder / "v.tdl"}};
         Send({WaveformCommand(ToneWhiteNoise), CommandSaveList});
         EXPECT_EQ(toolkit->boxes.back(), "Error|The tone is no list, so there is none to save.");
+        Send({CommandSaveAsTone, CommandSave});
+        EXPECT_FALSE(std::filesystem::exists(folder / "w.wav") || std::filesystem::exists(folder / "v.tdl"));
     });
 }
 

@@ -1,3 +1,4 @@
+#include "sound/files/wave_file.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
 
@@ -119,7 +120,7 @@ TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
         std::uint32_t duration;
         std::string box;
     } const cases[] = {{CommandLoadList, true, list, list + "=", 1250, ""},
-                       {CommandLoadList, false, list, sine, 60'000, ""},
+                       {CommandLoadList, false, list, sine, 1000, ""},
                        {CommandLoadList, true, "", sine, 1000, ""},
                        {CommandLoadList, true, text, sine, 1000, unknown},
                        {CommandLoadListMenu, true, list, sine, 1000, ""}};
@@ -141,9 +142,17 @@ TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
 }
 
 TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
-    const std::string sound = folder / "sound.wav", tone = folder / "tone.tdf";
-    const std::string content = ReadBytes(list), toneContent = ReadBytes(tone);
+    const std::string sound = folder / "sound.wav", inner = WriteList("inner.tdl", "");
+    const std::string wave = folder / "wave.wav";
+    const std::vector<int> samples(100, 16);
+    LWaveFile::OpenSinkPCM(wave.c_str(), 44100, 1, 16, 0)->Write(samples.data(), 100);
+    WriteBytes(list, ReadBytes(list) + "inner.tdl\nwave.wav\n");
+    const std::string content = ReadBytes(list), waveContent = ReadBytes(wave);
     const std::string error = "Error|The file \"", gone = folder / "no/copy.tdl";
+    const auto ofAnotherKind = [](const char* name, const char* kinds) {
+        return std::string("Error|The name \"") + name +
+               "\" is one for another kind of file: here it has to end in " + kinds + ".";
+    };
     struct {
         int command;
         std::string chosen, box;
@@ -152,9 +161,13 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         {CommandSave, sound, ""},
         {CommandSaveAsWav, sound, ""},
         {CommandSaveList, "", ""},
-        {CommandSaveList, tone, error + tone + "\" can't be written: the list plays it."},
-        {CommandSaveAsWav, tone, error + tone + "\" is read by the input."},
-        {CommandSaveList, gone, error + gone + "\" can't be written: No such file or directory."},
+        {CommandSaveList, folder / "TONE.TDF", ofAnotherKind("TONE.TDF", ".tdl or .wav")},
+        {CommandSaveAsWav, folder / "tone.tdf", ofAnotherKind("tone.tdf", ".wav")},
+        {CommandSaveAsWav, list, ofAnotherKind("list.tdl", ".wav")},
+        {CommandSaveList, inner, error + inner + "\" can't be written: the list plays it."},
+        {CommandSaveAsWav, wave, error + wave + "\" is read by the input."},
+        {CommandSaveList, gone,
+         "Error|The folder \"" + (folder / "no") + "\" of the file \"copy.tdl\" does not exist."},
         {CommandSaveList, list, ""},
     };
     for (const auto& each : cases) {
@@ -167,16 +180,15 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
                 toolkit->answers = {LMessageAnswer::Yes};
                 Send({each.command});
                 EXPECT_EQ(Rows().back(), list + "=");
-                if (each.chosen == tone || each.chosen == list) {
-                    EXPECT_THAT(Boxes(), HasSubstr("Do you want to replace it?"));
+                if (Boxes().starts_with("Replace File?"))
                     toolkit->boxes.erase(toolkit->boxes.begin());
-                }
                 EXPECT_EQ(Boxes(), each.box);
             },
             {list});
         EXPECT_EQ(ReadBytes(list), content);
-        EXPECT_EQ(ReadBytes(tone), toneContent);
-        EXPECT_TRUE(each.chosen != sound || std::filesystem::file_size(sound) == 46 + 55125 * 2U);
+        EXPECT_EQ(ReadBytes(inner), "");
+        EXPECT_EQ(ReadBytes(wave), waveContent);
+        EXPECT_TRUE(each.chosen != sound || std::filesystem::file_size(sound) == 46 + 55225 * 2U);
     }
 }
 
