@@ -48,6 +48,8 @@ LFailure EditedList::RecoverDraft(std::string& file) {
         failure = LFile::CopyFile(LostDraftPath().c_str(), file.c_str());
     if (!failure)
         std::rename(LostDraftPath().c_str(), DraftPath().c_str());
+    recovered = file;
+    Own(file);
     return failure;
 }
 

@@ -15,6 +15,8 @@ public:
 
     /// From here on the list in this file is edited, a new one where the path is empty.
     void Begin(const std::string& file);
+    /// True for one that an earlier run has left: nobody has saved it.
+    bool IsRecovered() const { return !recovered.empty() && path == recovered; }
     /// Empty for a new list without a file.
     const std::string& GetPath() const { return path; }
     /// True as long as the user has not given it a name of a list's.
@@ -36,7 +38,7 @@ public:
     static bool HasLostDraft();
     /// Puts that one into a temporary list, whose name `file` is then; it is a draft again until that is
     /// closed.
-    static LFailure RecoverDraft(std::string& file);
+    LFailure RecoverDraft(std::string& file);
     static void DropLostDraft();
 
     /// Of an editor that is cancelled: back to the list that was edited before, unless the user has saved
@@ -52,6 +54,7 @@ private:
     std::string path;
     LFileState state; ///< that its file was in
     bool untitled = true;
+    std::string recovered;             ///< the temporary list of what an earlier run has left
     std::string begun;                 ///< what it was in when it was begun
     std::string before;                ///< the list that was edited before
     std::set<std::string> temporaries; ///< that something has named in this run

@@ -67,6 +67,7 @@ void ListDlg::InitDialog() {
     list->BindCommands({.selection = ListSelectionChanged, .rowsMoved = ListRowsDragged});
     list->EnableDragging();
     OpenList();
+    modified = edited.IsRecovered();
     list->SetFocus();
     ShowTotal();
 }

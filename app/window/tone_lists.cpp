@@ -56,16 +56,16 @@ bool ToneLists::OfferLostList() {
     const LMessageAnswer answer = LShowMessageBox(
         "Tone List",
         "Sonvire ended while a tone list was edited. What was not saved is still there.\n\nDo "
-        "you want to go on with it?",
-        LMessageButtons::YesNo);
+        "you want to go on with it? With No, it is lost.",
+        LMessageButtons::YesNoCancel);
     if (window.GetToolkit().IsSessionEnding())
         return false;
-    if (answer != LMessageAnswer::Yes) {
+    if (answer == LMessageAnswer::No)
         EditedList::DropLostDraft();
+    if (answer != LMessageAnswer::Yes)
         return false;
-    }
     std::string path;
-    if (const LFailure failure = EditedList::RecoverDraft(path)) {
+    if (const LFailure failure = edited.RecoverDraft(path)) {
         ShowNotice(DescribeNoTemporary(failure));
         return false;
     }

@@ -306,11 +306,14 @@ TEST_F(ListEditor, RowsOutliveTheProgramUntilTheyAreSavedOrDropped) {
         dialog.Press(LCommandCancel);
     });
     Run([](MemoryMainWindow&) {}, {path});
-    for (const LMessageAnswer answer : {LMessageAnswer::Yes, LMessageAnswer::No, LMessageAnswer::Yes}) {
+    for (const LMessageAnswer answer : {LMessageAnswer::Yes, LMessageAnswer::Cancel, LMessageAnswer::No}) {
         if (answer == LMessageAnswer::Yes)
             OnEditor([&](MemoryDialog& dialog) {
                 EXPECT_THAT(RowsOf(dialog), ElementsAre("1ms silence.", "2ms silence."));
                 kept = ReadBytes(draft); // as if it were killed here
+                toolkit->answers = {LMessageAnswer::Cancel};
+                dialog.Press(LCommandCancel);
+                EXPECT_FALSE(dialog.ended) << "not without a question";
                 dialog.Press(LCommandOk);
             });
         Run(
@@ -318,7 +321,9 @@ TEST_F(ListEditor, RowsOutliveTheProgramUntilTheyAreSavedOrDropped) {
                 EXPECT_THAT(Boxes(), StartsWith("Tone List|Sonvire ended while a tone list was edited."));
             },
             {}, [&](MainDialog&) { toolkit->answers = {answer}; });
-        Run([&](MemoryMainWindow&) { EXPECT_EQ(Boxes(), "") << "asked once"; });
+        Run([&](MemoryMainWindow&) {
+            EXPECT_EQ(Boxes().empty(), answer != LMessageAnswer::Cancel) << "asked once, or later";
+        });
         WriteBytes(draft, kept);
         RemoveTemporary();
     }
