@@ -20,6 +20,8 @@
 namespace {
 
 constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr const char* ToneHint = "Tone details (double click to modify)";
+constexpr const char* ListHint = "The entries of the list, of which the lowest plays first (double click to edit)";
 
 FrequencyStep ReadFrequencyStep() {
     return {.bySemitones = Setting::StepsBySemitone.Get(),
@@ -55,7 +57,6 @@ void ToneRows::Begin() {
     list->BindCommands({.selection = CommandSelection,
                         .doubleClick = CommandListDoubleClick,
                         .rightClick = CommandListRightClick});
-    window.SetToolTip(ControlList, "Tone details (double click to modify)");
 }
 
 void ToneRows::SetupListViewData() {
@@ -65,6 +66,7 @@ void ToneRows::SetupListViewData() {
         for (const unsigned int item : GetShownItems(tone))
             InsertListViewItem(item, missing);
     }
+    window.SetToolTip(ControlList, tone.IsList() ? ListHint : ToneHint);
     if (list->GetSelection().empty())
         list->SetCurrent(0); // so that a key has something to step
     ShowNotices(missing);

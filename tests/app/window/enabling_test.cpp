@@ -99,7 +99,9 @@ TEST_F(Enabling, ShowsAListAsOne) {
                    {Finite, Mono, One});
         EXPECT_TRUE((*toolkit->mainWindow->smallToolBar)[CommandLoadList].marked);
         ExpectToolBarsAsTheMenu();
+        EXPECT_TRUE(Control(ControlList).toolTip.starts_with("The entries of the list, of which the lowest"));
         toolkit->mainWindow->Choose(WaveformCommand(ToneTriangular));
+        EXPECT_TRUE(Control(ControlList).toolTip.starts_with("Tone details"));
         // the first row is selected
         ExpectMenu({CommandStop, CommandSaveList}, {Finite, Mono, WaveformCommand(ToneTriangular), One});
         ExpectToolBarsAsTheMenu();
