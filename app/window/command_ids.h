@@ -19,6 +19,10 @@ enum MainCommand : int {
     CommandLoadListMenu = 1114, ///< Kept quirk: does nothing
     CommandSaveList = 1115,
     CommandSaveAsWav = 1116,
+    CommandUndo = 1120,
+    CommandRedo = 1121,
+    CommandOpenRecent = 1130, ///< plus the place in the list of files opened last, 0..9
+    CommandLastRecent = 1139,
 
     CommandPreferences = 1401,
     CommandCloseWindow = 1402,
