@@ -51,6 +51,9 @@ protected:
     /// is typed or stepped in, only those that it has no use for. The menu shows them beside its entries.
     void SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table);
 
+    void SetDocument(const LWindowDocument& document) { peer->SetDocument(document); }
+    void ShowPassing(const std::string& text) { peer->ShowPassing(text); }
+
     LMenu& GetMenu() const { return *menu; }
     LToolBar& GetToolBar() { return mainToolBar; }
 

@@ -24,6 +24,7 @@ constexpr QSize SmallIcon(16, 16);
 constexpr QSize LargeIcon(24, 24);
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
+constexpr int PassingMs = 10'000;
 constexpr int FrameTries = 20;
 constexpr int FrameWaitMs = 25;
 
@@ -61,8 +62,24 @@ LQtMainWindow::~LQtMainWindow() {
     qApp->removeEventFilter(this);
 }
 
-void LQtMainWindow::SetCaption(const std::string& caption) {
-    setWindowTitle(ToQt(caption));
+void LQtMainWindow::SetCaption(const std::string& text) {
+    caption = ToQt(text);
+    ShowTitle();
+}
+
+void LQtMainWindow::SetDocument(const LWindowDocument& shown) {
+    documentName = ToQt(shown.name).replace("[*]", "[*][*]");
+    ShowTitle();
+    setWindowFilePath(ToQt(shown.path));
+    setWindowModified(shown.changed);
+}
+
+void LQtMainWindow::ShowTitle() {
+    setWindowTitle(documentName.isEmpty() ? caption : documentName + "[*] - " + caption);
+}
+
+void LQtMainWindow::ShowPassing(const std::string& text) {
+    statusBar()->showMessage(ToQt(text), PassingMs);
 }
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {

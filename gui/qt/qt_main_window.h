@@ -12,7 +12,10 @@ public:
     ~LQtMainWindow() override;
 
     LControlsPeer& Controls() override { return *controls; }
-    void SetCaption(const std::string& caption) override;
+    void SetCaption(const std::string& text) override;
+
+    void SetDocument(const LWindowDocument& shown) override;
+    void ShowPassing(const std::string& text) override;
 
     void SetGeometry(const LWindowGeometry& geometry) override;
     LWindowGeometry GetGeometry() const override;
@@ -33,10 +36,13 @@ private:
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
     void FitFrame(int triesLeft);
+    void ShowTitle();
 
     LWindowEvents& events;
     QWidget* content;
     std::unique_ptr<LQtControls> controls;
+    QString caption;
+    QString documentName;
     QSize frameToFit; ///< the size that the frame shall have
     bool hasStatusText = false;
 };

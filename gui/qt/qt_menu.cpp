@@ -88,6 +88,14 @@ void LQtMenu::SetRadio(int first, int last, int marked) {
     }
 }
 
+void LQtMenu::SetText(int id, const std::string& text) {
+    QAction* action = Find(id);
+    if (!action)
+        return;
+    action->setVisible(!text.empty());
+    action->setText('&' + ToQt(text).replace('&', "&&"));
+}
+
 void LQtMenu::SetKeyText(int id, const std::string& key) {
     if (QAction* action = Find(id))
         action->setText(action->text().section('\t', 0, 0) + '\t' + ToQt(key));

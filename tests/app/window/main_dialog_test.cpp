@@ -220,6 +220,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                     dialog->OpenDocuments({each.path});
                 if (each.way == Drop)
                     window.Drop({each.path});
+                toolkit->DispatchPending();
                 EXPECT_EQ(Rows().at(0), each.row);
                 EXPECT_EQ(Boxes(), each.box);
                 EXPECT_EQ(Stored(Setting::File), each.remembered);
@@ -246,6 +247,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
                                      "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
+            toolkit->DispatchPending();
             toolkit->boxes.clear();
             Send({CommandPlay, CommandStop, CommandPlay});
             toolkit->answers = {LMessageAnswer::Ok};
@@ -275,6 +277,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         toolkit->boxes.clear();
         toolkit->answers.assign(20, LMessageAnswer::Ok);
         window.Drop(Texts(12, folder / "any.xyz"));
+        toolkit->DispatchPending();
         EXPECT_EQ(toolkit->boxes.size(), 20U) << "ten of the list, and ten of what was dropped";
         EXPECT_EQ(toolkit->boxes.back(), "Unrecognized File Type|3 more of these are not shown.");
     });

@@ -46,7 +46,10 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
     };
     Setting::WindowMaximized.Set(true);
     RunProgram([&checkBox] {
-        EXPECT_EQ(Main()->windowTitle(), "Sonvire");
+        EXPECT_EQ(Main()->windowTitle(), "Untitled[*] - Sonvire");
+        EXPECT_FALSE(Main()->isWindowModified());
+        QTest::mouseClick(ToolButton("Square"), Qt::LeftButton);
+        EXPECT_TRUE(Main()->isWindowModified());
         EXPECT_TRUE(Main()->isMaximized());
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
