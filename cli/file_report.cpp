@@ -6,13 +6,12 @@
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
+#include "tone/tone_level.h"
 #include "tone/tone_list_source.h"
-#include "tone/waveforms.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <limits>
 
@@ -42,27 +41,10 @@ Json Describe(const char* type) {
     return {{"type", type}, {"version", 1}};
 }
 
-/// The level of a component at so many dB of its own, as its peak below a full-scale sample.
-double GetPeakDbfs(const SonvireData& tone, std::int8_t db) {
-    const bool hasLevel = tone.waveform != ToneImpulse;
-    return 20 * std::log10(GetWaveformPeak(tone.waveform)) + (hasLevel ? db : 0);
-}
-
-std::string FormatDbfs(double dbfs) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f dBFS", dbfs);
-    return text;
-}
-
-std::int8_t GetLevel(const SonvireData& tone, std::size_t component) {
-    return tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[component] : std::int8_t{0};
-}
-
 Json DescribeComponents(const SonvireData& tone) {
     const bool stereo = tone.HasFlag(ToneFlagStereo), sweep = tone.HasFlag(ToneFlagSweep);
     Json components = Json::array();
     for (std::size_t i = 0; i < tone.GetToneCount() && tone.HasComponents(); ++i) {
-        const std::int8_t db = GetLevel(tone, i);
         Json component = {{"frequencyHz", tone.startLeftHz[i]}};
         if (sweep)
             component["endFrequencyHz"] = tone.endLeftHz[i];
@@ -70,9 +52,9 @@ Json DescribeComponents(const SonvireData& tone) {
             component["rightFrequencyHz"] = tone.startRightHz[i];
         if (stereo && sweep)
             component["endRightFrequencyHz"] = tone.endRightHz[i];
-        component["levelDb"] = db;
-        if (db > LDB::Silence && GetWaveformPeak(tone.waveform) > 0)
-            component["peakDbfs"] = GetPeakDbfs(tone, db);
+        component["levelDb"] = GetComponentLevel(tone, i);
+        if (const auto peak = GetComponentPeakDbfs(tone, i))
+            component["peakDbfs"] = *peak;
         components.push_back(component);
     }
     return components;
@@ -83,13 +65,14 @@ std::vector<FileReport::Row> ListValues(const SonvireData& tone) {
     std::vector<FileReport::Row> rows;
     for (const unsigned int item : GetShownItems(tone)) {
         FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
-        const std::int8_t db = GetLevel(tone, item % 256 % MaxTones);
-        if (item >= ItemAmplitude && item < ItemDuration && db > LDB::Silence)
-            row.value += ", a peak of " + FormatDbfs(GetPeakDbfs(tone, db));
+        const auto peak = GetComponentPeakDbfs(tone, item % 256 % MaxTones);
+        if (item >= ItemAmplitude && item < ItemDuration && peak)
+            row.value += ", a peak of " + FormatDbfs(*peak);
         rows.push_back(row);
     }
-    if (tone.HasComponents() && !tone.HasFlag(ToneFlagVariableAmplitude))
-        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(GetPeakDbfs(tone, 0))});
+    const auto peak = GetComponentPeakDbfs(tone, 0);
+    if (!tone.HasFlag(ToneFlagVariableAmplitude) && peak)
+        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(*peak)});
     if (tone.IsList())
         rows.push_back({"List", tone.GetListPath()});
     return rows;

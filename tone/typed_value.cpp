@@ -1,5 +1,7 @@
 #include "tone/typed_value.h"
 
+#include "tone/note_name.h"
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
@@ -8,9 +10,6 @@
 #include <utility>
 
 namespace {
-
-constexpr double A4Hz = 440;
-constexpr int A4Semitones = 57; // above C0
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';

@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -19,6 +20,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 #include <csignal>
 
@@ -215,13 +217,31 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
     Run([&] {
         for (const auto& [key, ok, text] : cases) {
 
-            LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz");
+            LEntryRules rules{
+                .read =
+                    [](const std::string& typed) {
+                        return LEntryReading{typed != "44", typed};
+                    },
+                .step = [](const std::string&, int steps) { return std::to_string(440 + steps); }};
+            LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz", rules);
             Then([pressed = key](QWidget& dialog) {
                 EXPECT_EQ(dialog.windowTitle(), "Edit Value");
                 auto* input = Control<QLineEdit>(102, &dialog);
                 EXPECT_EQ(input->selectedText(), "440.0 Hz");
                 EXPECT_TRUE(input->hasFocus());
-                QTest::keyClicks(input, "441");
+                const auto tint = [input] { return input->palette().color(QPalette::Base); };
+                const QColor plain = tint();
+                QTest::keyClicks(input, "44");
+                EXPECT_NE(tint(), plain);
+                EXPECT_FALSE(Control<QAbstractButton>(LCommandOk, &dialog)->isEnabled());
+                QTest::keyClicks(input, "2");
+                EXPECT_EQ(tint(), plain);
+                QTest::keyClick(input, Qt::Key_Down);
+                EXPECT_EQ(input->selectedText(), "439") << "to be typed over";
+                QWheelEvent wheel({5, 5}, input->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {}, {},
+                                  Qt::NoScrollPhase, false);
+                QApplication::sendEvent(input, &wheel);
+                EXPECT_EQ(Control<QLabel>(103, &dialog)->text(), "441") << "read as it changes";
                 QTest::keyClick(input, pressed);
             });
             EXPECT_EQ(box.RunModal(window), ok);

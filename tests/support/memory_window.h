@@ -109,7 +109,9 @@ public:
     void Type(int id, const std::string& text) {
         if (controls[id].enabled)
             controls.SetText(id, text);
+        Press(id);
     }
+    void Step(int id, int steps) { events.ValueStepped(id, steps); }
     bool Key(unsigned virtualKey, char32_t character = 0) {
         return events.KeyPressed({.virtualKey = virtualKey, .character = character});
     }

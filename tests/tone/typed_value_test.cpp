@@ -1,3 +1,4 @@
+#include "tone/note_name.h"
 #include "tone/typed_value.h"
 
 #include <gtest/gtest.h>
@@ -35,6 +36,16 @@ TEST(TypedValue, WhatMayMeanTwoThingsOrNothingIsRefused) {
     for (const auto& [parse, texts] : cases)
         for (const char* text : texts)
             EXPECT_FALSE(parse(text)) << text;
+}
+
+/// Worked out with numpy as 1200 * log2(hz / 440), counted from the A.
+TEST(TypedValue, AFrequencyIsNamedByItsNote) {
+    const std::pair<double, const char*> cases[] = {
+        {440, "A4"},        {1000, "B5 +21 ct"}, {1500, "F#6 +23 ct"},  {261.6256, "C4"}, {253, "B3 +42 ct"},
+        {8.1757989, "C-1"}, {20, "D#0 +49 ct"},  {20000, "D#10 +8 ct"}, {0, ""},          {-440, ""},
+        {NAN, ""},          {INFINITY, ""}};
+    for (const auto& [hz, note] : cases)
+        EXPECT_EQ(DescribeNote(hz), note) << hz;
 }
 
 } // namespace
