@@ -26,17 +26,19 @@ public:
     void AddStatusItem(const LStatusItem& item) override;
 
 private:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
-    void FitFrame(int triesLeft);
+    void FollowFrame();
 
     LWindowEvents& events;
     QWidget* content;
     std::unique_ptr<LQtControls> controls;
-    QSize frameToFit; ///< the size that the frame shall have
+    QRect normalFrame;         ///< where the frame is or shall be while the window is not maximized
+    QSize fittedMargins{0, 0}; ///< of the frame that the window was fitted into last
     bool hasStatusText = false;
 };
