@@ -171,6 +171,8 @@ bool LQtMainWindow::event(QEvent* event) {
 bool LQtMainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && watched == content)
         events.Resized(content->width(), content->height());
+    if (keyRepeats.Replaces(*watched, *event))
+        return true;
     if (event->type() == QEvent::KeyPress && TakesKey(*watched, static_cast<QKeyEvent&>(*event)))
         return true;
     return QMainWindow::eventFilter(watched, event);

@@ -2,6 +2,7 @@
 
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
+#include "gui/qt/qt_key_repeats.h"
 
 #include <QMainWindow>
 
@@ -38,6 +39,7 @@ private:
     LWindowEvents& events;
     QWidget* content;
     std::unique_ptr<LQtControls> controls;
+    LQtKeyRepeats keyRepeats;
     QRect normalFrame;         ///< where the frame is or shall be while the window is not maximized
     QSize fittedMargins{0, 0}; ///< of the frame that the window was fitted into last
     bool hasStatusText = false;
