@@ -21,7 +21,7 @@ struct LWindowGeometry {
 /// bar leave.
 class LMainWindowPeer : public LWindowPeer {
 public:
-    /// A geometry that is on no screen leaves the choice to the desktop.
+    /// A frame that is not whole on a screen is shifted, and made smaller where it has to be.
     virtual void SetGeometry(const LWindowGeometry& geometry) = 0;
     virtual LWindowGeometry GetGeometry() const = 0;
     virtual void Show() = 0;

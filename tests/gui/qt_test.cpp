@@ -191,8 +191,9 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
 }
 
 TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
-    static constexpr LMenuEntry bar[] = {
-        {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
+    static constexpr LMenuEntry bar[] = {{-1, "Tone"},     {-118, "Loop"}, {2108, "Mono"},
+                                         {2109, "Stereo"}, {-1, "Tones"},  {3001, "1"},
+                                         {3002, "2"},      {-1},           {-1}};
     window.init = [&] {
         window.SetMenu(bar);
         window.GetMenu().SetRadio(2108, 2109, 2108);
@@ -208,6 +209,12 @@ TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
         EXPECT_FALSE(items[0]->isChecked());
         EXPECT_TRUE(items[1]->isChecked());
         EXPECT_FALSE(items[2]->isChecked());
+
+        QAction* tones = Main()->findChildren<QMenu*>().at(1)->menuAction();
+        window.GetMenu().EnableRange(3001, 3002, false);
+        EXPECT_FALSE(tones->isEnabled()) << "there is nothing in it to choose";
+        window.GetMenu().Enable(3002, true);
+        EXPECT_TRUE(tones->isEnabled());
     });
 }
 
