@@ -28,7 +28,7 @@ struct LWindowDocument {
 /// bar leave.
 class LMainWindowPeer : public LWindowPeer {
 public:
-    /// A geometry that is on no screen leaves the choice to the desktop.
+    /// A frame that is not whole on a screen is shifted, and made smaller where it has to be.
     virtual void SetGeometry(const LWindowGeometry& geometry) = 0;
     virtual LWindowGeometry GetGeometry() const = 0;
     /// Names the document before the caption, with a mark where it has been changed.

@@ -29,6 +29,7 @@ public:
     virtual void AddSeparator() = 0;
     virtual void AddItem(int id, const std::string& text) = 0;
 
+    /// A submenu of which no item is enabled can't be opened.
     virtual void Enable(int id, bool enabled) = 0;
     virtual void SetCheck(int id, bool checked) = 0;
     /// Puts the one radio mark of the items from first to last on `marked`.

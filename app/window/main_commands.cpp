@@ -54,6 +54,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
     {CommandNewList,
      [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.lists.CmCreateList()); }},
+    {CommandLoadListMenu, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
 

@@ -126,6 +126,10 @@ bool ToneLists::CmLoadList() {
 }
 
 bool ToneLists::CmSaveList() {
+    if (!tone.IsList()) {
+        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
+        return false;
+    }
     const std::string list = tone.GetListPath();
     LFileChooser chooser{"Save Tone List to File",
                          ProposeName(list),
@@ -149,10 +153,6 @@ bool ToneLists::CmSaveList() {
 }
 
 bool ToneLists::CopyList(const std::string& list, const std::string& path) {
-    if (!tone.IsList()) {
-        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
-        return false;
-    }
     if (const LFailure unreadable = CheckReadable(list)) {
         ShowNotice(DescribeUnreadable(list, unreadable));
         return false;

@@ -2,6 +2,7 @@
 
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
+#include "gui/qt/qt_key_repeats.h"
 
 #include <QMainWindow>
 
@@ -29,20 +30,23 @@ public:
     void AddStatusItem(const LStatusItem& item) override;
 
 private:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
-    void FitFrame(int triesLeft);
     void ShowTitle();
+    void FollowFrame();
 
     LWindowEvents& events;
     QWidget* content;
     std::unique_ptr<LQtControls> controls;
     QString caption;
     QString documentName;
-    QSize frameToFit; ///< the size that the frame shall have
+    LQtKeyRepeats keyRepeats;
+    QRect normalFrame;         ///< where the frame is or shall be while the window is not maximized
+    QSize fittedMargins{0, 0}; ///< of the frame that the window was fitted into last
     bool hasStatusText = false;
 };

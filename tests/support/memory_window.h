@@ -83,6 +83,8 @@ public:
     }
     void Enable(int command, bool enabled) override { Set(command, &MemoryItem::enabled, enabled); }
     void SetPressed(int command, bool pressed) override { Set(command, &MemoryItem::marked, pressed); }
+    void SetToolTip(int command, const std::string& text) override { Set(command, &MemoryItem::key, text); }
+    void PassFocus(int /*from*/, int /*to*/) override {}
 
 private:
     LToolBarEvents& events;

@@ -142,6 +142,8 @@ TEST_F(App, QuittingIsClosing) {
         Run([&](MemoryMainWindow& window) {
             const MemoryMenu& menu = *window.menu;
             EXPECT_EQ(menu[LCommandQuit].key + menu[CommandCloseWindow].key, "Ctrl+QCtrl+W");
+            EXPECT_EQ(menu[CommandIncrease].key, "+") << "the main one of three";
+            EXPECT_EQ((*window.toolBar)[CommandPlay].key, "Start tone (Space)");
             window.geometry.x = way;
             ways[way](window);
             EXPECT_TRUE(toolkit->quit);
@@ -325,9 +327,10 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        toolkit->chosenFiles = {{folder / "noise.tdl"}, {folder / "w.wav"}, {folder / "v.tdl"}};
+        toolkit->chosenFiles = {{folder / "w.wav"}, {folder / "v.tdl"}};
         Send({WaveformCommand(ToneWhiteNoise), CommandSaveList});
         EXPECT_EQ(toolkit->boxes.back(), "Error|The tone is no list, so there is none to save.");
+        EXPECT_EQ(toolkit->chosenFiles.size(), 2U) << "none was asked for";
         Send({CommandSaveAsTone, CommandSave});
         EXPECT_FALSE(std::filesystem::exists(folder / "w.wav") || std::filesystem::exists(folder / "v.tdl"));
     });

@@ -154,7 +154,8 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
     };
     Run(window, [&] {
         using enum Qt::Key;
-        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier;
+        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier,
+                                               Shift = Qt::ShiftModifier;
         const std::tuple<Qt::Key, Qt::KeyboardModifiers, Ints> cases[] = {
             {Key_F1, Plain, {-LCommandHelp}},
             {Key_Space, Plain, {CommandPlay}},
@@ -162,8 +163,18 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
             {Key_S, Ctrl, {CommandSave}},
             {Key_W, Ctrl, {CommandCloseWindow}},
             {Key_Plus, Pad, {CommandIncrease}},
-            {Key_Plus, Plain, {}},
+            {Key_Plus, Plain, {CommandIncrease}},
+            {Key_Plus, Shift, {CommandIncrease}}, // as it is typed on many keyboards
+            {Key_Equal, Plain, {CommandIncrease}},
             {Key_Minus, Plain, {CommandDecrease}},
+            {Key_Minus, Pad, {CommandDecrease}},
+            {Key_O, Ctrl, {CommandLoadTone}},
+            {Key_Z, Ctrl, {CommandUndo}},
+            {Key_Z, Ctrl | Shift, {CommandRedo}},
+            {Key_Y, Ctrl, {CommandRedo}},
+            {Key_W, Ctrl | Shift, {}},
+            {Key_Plus, Ctrl, {}},
+            {Key_Return, Shift, {}},
             {Key_PageUp, Plain, {CommandIncreaseLarge}},
             {Key_PageDown, Plain, {CommandDecreaseLarge}},
             {Key_Return, Plain, {CommandEditValue}},
@@ -180,10 +191,19 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
         }
 
         window.commands.clear();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-        QApplication::sendEvent(list, &held);
+        const auto space = [list](QEvent::Type type, quint64 time, bool repeats = false) {
+            QKeyEvent event(type, Qt::Key_Space, {}, " ", repeats);
+            event.setTimestamp(time);
+            QApplication::sendEvent(list, &event);
+        };
+        space(QEvent::KeyPress, 6, true);
+        space(QEvent::KeyRelease, 7);
+        space(QEvent::KeyPress, 7); // as of a key that is held on a busy machine
         EXPECT_TRUE(window.commands.empty());
         EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+        space(QEvent::KeyPress, 8);
+        EXPECT_EQ(window.commands, Ints{CommandPlay});
+        window.commands.clear();
 
         auto* chooser = Control<QComboBox>(ControlDevice);
         chooser->setFocus();
