@@ -81,5 +81,6 @@ void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& 
         smallBar.SetState(command, command == GetModeCommand(tone));
 
     mainBar.Enable(CommandPlay, !state.playing);
+    mainBar.SetState(CommandPlay, state.playing);
     mainBar.Enable(CommandStop, state.playing);
 }
