@@ -19,9 +19,10 @@
 
 namespace {
 
-constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr LListColumn Columns[] = {{.title = "Tone Data"}, {.title = "Values", .values = true}};
 constexpr const char* ToneHint = "Tone details (double click to modify)";
-constexpr const char* ListHint = "The entries of the list, of which the lowest plays first (double click to edit)";
+constexpr const char* ListHint =
+    "The entries of the list, of which the lowest plays first (double click to edit)";
 
 FrequencyStep ReadFrequencyStep() {
     return {.bySemitones = Setting::StepsBySemitone.Get(),

@@ -210,5 +210,5 @@ void LQtControls::SetLevels(int id, const std::vector<int>& decibels) {
 }
 
 std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {
-    return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents);
+    return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents, unit);
 }

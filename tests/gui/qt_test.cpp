@@ -11,6 +11,7 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -89,6 +90,60 @@ TEST_F(QtGui, TheListIsSelectedAsAList) {
         QTest::mouseDClick(ListWidget()->viewport(), Qt::LeftButton, {},
                            ListWidget()->visualItemRect(ListWidget()->topLevelItem(0)).center());
         EXPECT_EQ(window.commands, Ints{DoubleClick});
+    });
+}
+
+TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
+    static constexpr LListColumn columns[] = {{.title = "Name"}, {.title = "Value", .values = true}};
+    static constexpr LListColumn filling[] = {{.title = "File", .fills = true}, {.title = "Problem"}};
+    const std::string longText(300, 'x');
+    window.init = [this] { window.MakeList(0); };
+    Run([&] {
+        QTreeWidget* list = ListWidget();
+        const auto show = [&](std::span<const LListColumn> as, const std::string& name,
+                              const std::string& value) {
+            window.list->DeleteAll();
+            window.list->SetColumns(as);
+            for (int row = 0; row < 2; ++row) {
+                window.list->AppendRow(name);
+                window.list->SetText(row, 1, value);
+            }
+            QApplication::processEvents();
+        };
+        const int room = list->viewport()->width();
+        const auto text = [list](const char* words) { return list->fontMetrics().horizontalAdvance(words); };
+        show(columns, "Sine 1 Frequency", "440.00Hz");
+        EXPECT_GE(list->columnWidth(1), text("440.00Hz"));
+        EXPECT_LT(list->columnViewportPosition(1), text("Sine 1 Frequency") + 50) << "next to the names";
+        EXPECT_LT(list->columnViewportPosition(1) + list->columnWidth(1), room);
+        EXPECT_NE(list->topLevelItem(0)->textAlignment(1) & Qt::AlignRight, 0);
+        show(filling, "a", "gone");
+        EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
+        EXPECT_GT(list->columnWidth(0), list->columnWidth(1));
+        show(filling, longText, "No such file");
+        EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
+        EXPECT_GT(list->columnWidth(1), text("No such file")) << "the problem is the last to be elided";
+        show(filling, longText, longText);
+        EXPECT_EQ(list->columnWidth(0), room / 3);
+        EXPECT_EQ(list->columnWidth(1), room - room / 3);
+
+        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Missing, "why"});
+        window.list->SetText(0, 1, "gone");
+        const QModelIndex marked = list->model()->index(0, 1);
+        EXPECT_FALSE(marked.data(Qt::DecorationRole).value<QIcon>().isNull());
+        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Missing: gone");
+        EXPECT_EQ(marked.data(Qt::ToolTipRole), "why");
+        window.list->SetLook(1, {.shade = LRowShade::Plain});
+        const QImage drawn = list->viewport()->grab().toImage();
+        const auto colour = [&](int row) {
+            return drawn.pixelColor(room - 2, list->visualItemRect(list->topLevelItem(row)).top() + 2);
+        };
+        EXPECT_EQ(colour(0), list->palette().color(QPalette::AlternateBase));
+        EXPECT_EQ(colour(1), list->palette().color(QPalette::Base));
+
+        const int row = list->visualItemRect(list->topLevelItem(0)).height();
+        EXPECT_EQ(row, list->fontMetrics().height() + 16);
+        EXPECT_EQ(window.list->GetHeight(), 2 * row + list->header()->height() + 2 * list->frameWidth());
     });
 }
 
