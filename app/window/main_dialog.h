@@ -3,6 +3,7 @@
 #include "app/window/enabling_rules.h"
 #include "app/window/playback.h"
 #include "app/window/status_fields.h"
+#include "app/window/summary_pane.h"
 #include "app/window/tone_files.h"
 #include "app/window/tone_lists.h"
 #include "app/window/tone_rows.h"
@@ -36,6 +37,8 @@ private:
     LWindowGeometry ReadGeometry() override;
     void WriteGeometry(const LWindowGeometry& geometry) override;
     MainState GetState() const;
+    /// After every change of the tone.
+    void ShowSummary();
     /// After every change of what rows the tone has.
     void RelistandStart();
     void Relist(bool changed);
@@ -68,6 +71,8 @@ private:
     Playback playback;
     ToneWitness witness;
     ToneRows rows;
+    SummaryPane summary;
+    LRect content; ///< as it was laid out last
     ToneFiles files;
     ToneLists lists;
 };
