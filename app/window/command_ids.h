@@ -66,6 +66,8 @@ enum MainControl : int {
     ControlLevels = 303,
     ControlDevice = 304,
     ControlVolume = 305,
+    ControlMute = 306,
+    ControlVolumeText = 307,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

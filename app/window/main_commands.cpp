@@ -23,6 +23,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandLoop, [](MainDialog& window) { window.CmRepeatPlay(); }},
     {ControlDevice, [](MainDialog& window) { window.CmChooseDevice(); }},
     {ControlVolume, [](MainDialog& window) { window.playback.SetVolume(window.status.StoreVolume()); }},
+    {ControlMute, [](MainDialog& window) { window.playback.SetVolume(window.status.ToggleMute()); }},
 
     {CommandSelection, [](MainDialog& window) { window.EnableControls(); }},
     {CommandIncrease, [](MainDialog& window) { window.Restart(window.rows.IncreaseListViewData(1)); }},

@@ -2,6 +2,7 @@
 
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
+#include "gui/qt/qt_status_fields.h"
 
 #include <QMainWindow>
 
@@ -36,6 +37,7 @@ private:
 
     LWindowEvents& events;
     QWidget* content;
+    LQtStatusFields* fields;
     std::unique_ptr<LQtControls> controls;
     QSize frameToFit; ///< the size that the frame shall have
     bool hasStatusText = false;
