@@ -66,6 +66,10 @@ enum MainControl : int {
     ControlLevels = 303,
     ControlDevice = 304,
     ControlVolume = 305,
+    ControlHeadline = 306,
+    ControlToneKind = 307,
+    ControlToneLevel = 308,
+    ControlKeyHint = 309,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

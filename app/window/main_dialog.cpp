@@ -10,6 +10,7 @@
 #include "gui/toolkit.h"
 #include "sys/desktop/folders.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -38,12 +39,14 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
       playback(windowToolkit, tone, status, devices, std::move(outputs.open)),
       witness(tone, playback),
       rows(*this, tone),
+      summary(*this),
       files(*this, state, [this](const std::string& line) { ShowPassing(line); }),
       lists(*this, tone, files, history) {}
 
 void MainDialog::InitDialog() {
     SetCaption("Sonvire");
     rows.Create();
+    summary.Create();
     SetStatusBar(StatusFields::GetItems());
     status.Init();
     SetToolBar(GetMainToolBar());
@@ -58,6 +61,7 @@ void MainDialog::InitDialog() {
     witness.Watch(CurrentTonePath());
     lists.RemoveUnused();
     rows.Begin();
+    ShowSummary();
     devices.Refresh();
     if (Setting::Autoplay.Get())
         playback.CmPlay();
@@ -85,10 +89,19 @@ void MainDialog::EvStarted() {
 }
 
 void MainDialog::LayoutControls(int width, int height) {
+    content = {0, 0, width, height};
     LControlsPeer& controls = GetControls();
     const int barHeight = controls.GetPlace(ControlSmallToolBar).height;
     controls.Place(ControlSmallToolBar, {0, 0, width, barHeight});
-    controls.Place(ControlList, {0, barHeight, width, height - barHeight});
+    const int listHeight = std::min(rows.GetHeight(), height - barHeight);
+    controls.Place(ControlList, {0, barHeight, width, listHeight});
+    const int end = barHeight + listHeight;
+    summary.Place({0, end, width, height - end});
+}
+
+void MainDialog::ShowSummary() {
+    summary.Show(tone);
+    LayoutControls(content.width, content.height);
 }
 
 MainState MainDialog::GetState() const {
@@ -108,6 +121,7 @@ void MainDialog::RelistandStart() {
     if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
+    ShowSummary();
     playback.Restart();
 }
 
@@ -124,8 +138,10 @@ bool MainDialog::MayReplaceTone() {
 }
 
 void MainDialog::Restart(bool changed) {
-    if (changed)
-        playback.Restart();
+    if (!changed)
+        return;
+    ShowSummary();
+    playback.Restart();
 }
 
 /// What another change brings about is a part of it.

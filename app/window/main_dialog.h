@@ -4,6 +4,7 @@
 #include "app/window/playback.h"
 #include "app/window/recent_files.h"
 #include "app/window/status_fields.h"
+#include "app/window/summary_pane.h"
 #include "app/window/tone_files.h"
 #include "app/window/tone_lists.h"
 #include "app/window/tone_rows.h"
@@ -37,6 +38,8 @@ private:
     LWindowGeometry ReadGeometry() override;
     void WriteGeometry(const LWindowGeometry& geometry) override;
     MainState GetState() const;
+    /// After every change of the tone.
+    void ShowSummary();
     /// After every change of what rows the tone has.
     void RelistandStart();
     void Relist(bool changed);
@@ -84,6 +87,8 @@ private:
     Playback playback;
     ToneWitness witness;
     ToneRows rows;
+    SummaryPane summary;
+    LRect content; ///< as it was laid out last
     ToneFiles files;
     ToneLists lists;
 };

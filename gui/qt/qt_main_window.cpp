@@ -21,8 +21,6 @@
 
 namespace {
 
-constexpr QSize SmallIcon(16, 16);
-constexpr QSize LargeIcon(24, 24);
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
 constexpr int PassingMs = 10'000;
@@ -44,13 +42,6 @@ QRect FitInto(const QRect& room, const QRect& frame) {
     fitted.moveLeft(std::max(fitted.left(), room.left()));
     fitted.moveTop(std::max(fitted.top(), room.top()));
     return fitted;
-}
-
-void SetLook(QToolBar& bar, const QSize& icon) {
-    bar.setIconSize(icon);
-    bar.setMovable(false);
-    bar.setFloatable(false);
-    bar.setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 } // namespace
@@ -143,16 +134,14 @@ std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(static_cast<QWidget*>(this));
-    SetLook(*bar, LargeIcon);
+    QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateSmallToolBar(int control, LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(content);
-    SetLook(*bar, SmallIcon);
+    QToolBar* bar = MakeToolBar(content);
     controls->Register(control, bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }

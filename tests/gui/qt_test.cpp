@@ -474,14 +474,17 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
         palette.setColor(QPalette::ButtonText, colour);
         QApplication::setPalette(palette);
         for (const QString& name : names) {
-            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(16, 16).toImage();
+            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(22, 22).toImage();
             int inked = 0;
-            for (int i = 0; i < 256; ++i)
-                if (const QColor pixel = picture.pixelColor(i % 16, i / 16); pixel.alpha() == 255)
+            for (int i = 0; i < 22 * 22; ++i)
+                if (const QColor pixel = picture.pixelColor(i % 22, i / 22); pixel.alpha() == 255)
                     inked += pixel == colour ? 1 : -1000;
             EXPECT_GT(inked, 3) << name.toStdString();
         }
     }
+    const QIcon lamp = MakeIcon("stop", LIconLook::Lamp);
+    EXPECT_EQ(lamp.pixmap({22, 22}, QIcon::Disabled, QIcon::On).toImage().pixelColor(11, 11),
+              QColor(0x1f, 0x88, 0x3d));
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
     EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }

@@ -80,7 +80,14 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         const QRect content = list->parentWidget()->rect(),
                     bar = Control<QToolBar>(ControlSmallToolBar)->geometry();
         EXPECT_EQ(bar, QRect(0, 0, content.width(), bar.height()));
-        EXPECT_EQ(list->geometry(), content.adjusted(0, bar.height(), 0, 0));
+        EXPECT_EQ(list->geometry().topLeft(), QPoint(0, bar.height()));
+        EXPECT_LT(list->geometry().bottom(), content.height() / 2) << "it takes what its one row needs";
+        const auto* headline = Control<QLabel>(ControlHeadline);
+        const auto* hint = Control<QLabel>(ControlKeyHint);
+        EXPECT_GT(headline->y(), list->geometry().bottom());
+        Main()->resize(1000, 480 - content.height() + hint->geometry().bottom());
+        EXPECT_EQ(hint->y(), list->parentWidget()->height())
+            << "one pixel is missing, and it is out of sight";
         EXPECT_GT(Control<QLabel>(ControlStatusText)->width(), Control<QLabel>(ControlPosition)->width())
             << "the text takes what the others leave";
         EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although it is empty";
@@ -89,6 +96,7 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         EXPECT_EQ(list->currentIndex().row(), 0);
         QTest::keyClick(list, Qt::Key_PageUp);
         EXPECT_EQ(list->topLevelItem(0)->text(1), "2000.00Hz");
+        EXPECT_EQ(headline->text(), "2000 Hz · B6 +21 ct");
         EXPECT_EQ(list->toolTip(), "Tone details (double click to modify)");
         EXPECT_EQ(list->accessibleName(), list->toolTip());
     });
