@@ -1,7 +1,10 @@
 #include "gui/qt/qt_link.h"
 
+#include <QStyle>
+
 LQtLink::LQtLink(const QString& linkText, QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::RichText);
+    setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading) | Qt::AlignVCenter);
     setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     SetLinkText(linkText);
 }
