@@ -25,6 +25,8 @@ public:
     virtual void Enable(int id, bool enabled) = 0;
     /// The tool tip, which is also what a screen reader says of a control without a text.
     virtual void SetToolTip(int id, const std::string& text) = 0;
+    /// Marks a text as one that can't be taken.
+    virtual void MarkWrong(int id, bool wrong) = 0;
     /// Gives the control the keyboard; the text of an input is selected.
     virtual void SetFocus(int id) = 0;
 

@@ -52,6 +52,10 @@ void LWindow::SetFocus(int control) {
     GetControls().SetFocus(control);
 }
 
+void LWindow::MarkWrong(int control, bool wrong) {
+    GetControls().MarkWrong(control, wrong);
+}
+
 void LWindow::SetToolTip(int control, const std::string& text) {
     GetControls().SetToolTip(control, text);
 }

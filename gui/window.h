@@ -31,6 +31,7 @@ public:
     void SetChoices(int control, const std::vector<std::string>& choices);
     void SetLevels(int control, const std::vector<int>& decibels);
     void SetFocus(int control);
+    void MarkWrong(int control, bool wrong);
     void SetToolTip(int control, const std::string& text);
 
     /// Runs the command, by whichever way it came.

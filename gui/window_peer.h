@@ -8,8 +8,10 @@ class LWindowEvents {
 public:
     virtual ~LWindowEvents() = default;
 
-    /// A button, a menu entry or a chooser was used, a check box or slider changed: its id.
+    /// A button, a menu entry or a chooser was used, a check box, a slider or a text changed: its id.
     virtual void ControlUsed(int id) = 0;
+    /// So many steps up, or below 0 down, in a text: by the arrow keys or the wheel.
+    virtual void ValueStepped(int /*id*/, int /*steps*/) {}
     /// A key; true where the window has used it.
     virtual bool KeyPressed(const LKeyPress& key) = 0;
     /// The user, or the end of the session, asks the window to close.

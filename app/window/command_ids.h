@@ -16,7 +16,7 @@ enum MainCommand : int {
     CommandLoadTone = 1111,
     CommandSaveAsTone = 1112,
     CommandNewList = 1113,
-    CommandLoadListMenu = 1114, ///< Kept quirk: does nothing
+    CommandLoadListMenu = 1114, ///< does what `CommandLoadList` does
     CommandSaveList = 1115,
     CommandSaveAsWav = 1116,
     CommandUndo = 1120,

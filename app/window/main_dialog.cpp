@@ -11,11 +11,21 @@
 #include "sys/desktop/folders.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 std::string CurrentTonePath() {
     return GetUserDataFolder() + "/current.tdf";
+}
+
+std::shared_ptr<ToneDocument> OpenLastDocument() {
+    const std::string path = Setting::Document.Get();
+    if (path.empty())
+        return std::make_shared<ToneDocument>();
+    SonvireData content;
+    const bool unread = static_cast<bool>(content.ReadFromFile(path.c_str()));
+    return std::make_shared<ToneDocument>(path, unread ? std::nullopt : std::optional(content));
 }
 
 } // namespace
@@ -30,8 +40,8 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
       witness(tone, playback),
       rows(*this, tone),
       summary(*this),
-      files(*this, tone),
-      lists(*this, tone, files) {}
+      files(*this, state, [this](const std::string& line) { ShowPassing(line); }),
+      lists(*this, tone, files, history) {}
 
 void MainDialog::InitDialog() {
     SetCaption("Sonvire");
@@ -45,6 +55,9 @@ void MainDialog::InitDialog() {
     SetKeys(*this, GetMainKeys());
     playback.Begin([this] { EnableControls(); });
     static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
+    state.document = OpenLastDocument();
+    ShowDocument();
+    ShowRecent();
     witness.Watch(CurrentTonePath());
     lists.RemoveUnused();
     rows.Begin();
@@ -59,6 +72,8 @@ void MainDialog::DestroyDialog() {
     devices.Leave();
     static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
+    history = {};
+    lists.RemoveUnused();
     LWatchSettings(nullptr);
     rows.Destroy();
     OpenThankYouPageOnce(GetToolkit());
@@ -103,7 +118,6 @@ void MainDialog::CmHelp() {
 }
 
 void MainDialog::RelistandStart() {
-    lists.RemoveUnused();
     if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
@@ -128,6 +142,47 @@ void MainDialog::Restart(bool changed) {
         return;
     ShowSummary();
     playback.Restart();
+}
+
+/// What another change brings about is a part of it.
+void MainDialog::Record(const std::function<void()>& change, int series) {
+    if (std::exchange(recording, true)) {
+        change();
+        return;
+    }
+    const ToneState before = state;
+    change();
+    recording = false;
+    if (before.tone != tone)
+        history.Keep(before, series);
+    lists.RemoveUnused();
+    ShowDocument();
+}
+
+void MainDialog::Restore(const std::optional<ToneState>& past) {
+    if (!past)
+        return;
+    state = *past;
+    RelistandStart();
+    ShowDocument();
+}
+
+void MainDialog::ShowDocument() {
+    const LWindowDocument document = state.document->Describe(tone);
+    SetDocument(document);
+    GetMenu().Enable(CommandUndo, history.CanUndo());
+    GetMenu().Enable(CommandRedo, history.CanRedo());
+    if (std::exchange(shownPath, document.path) == document.path)
+        return;
+    Setting::Document.Set(state.document->GetPath());
+    if (!document.path.empty())
+        recent.Add(document.path);
+    ShowRecent();
+}
+
+void MainDialog::ShowRecent() {
+    for (std::size_t place = 0; place < RecentFiles::Most; ++place)
+        GetMenu().SetText(CommandOpenRecent + static_cast<int>(place), recent.GetLabel(place));
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {

@@ -2,6 +2,7 @@
 
 #include "app/window/enabling_rules.h"
 #include "app/window/playback.h"
+#include "app/window/recent_files.h"
 #include "app/window/status_fields.h"
 #include "app/window/summary_pane.h"
 #include "app/window/tone_files.h"
@@ -46,15 +47,25 @@ private:
     bool MayReplaceTone();
     /// After every change of a value.
     void Restart(bool changed);
+    /// Makes a change that can be undone; without effect it is none.
+    void Record(const std::function<void()>& change, int series = ToneHistory::NoSeries);
+    void Restore(const std::optional<ToneState>& past);
+    /// In the title, and among those that were opened last.
+    void ShowDocument();
+    void ShowRecent();
 
     // open_files.cpp: documents from outside.
     void CmLoadFiles(const std::vector<std::string>& paths) override;
     void EvRunArguments(const char* const* arguments, int count) override;
+    void LoadDocuments(const std::vector<std::string>& paths);
+    void OpenDropped(const std::vector<std::string>& paths);
+    void OpenRecent(std::size_t place);
     void OpenFromUser(const std::string& path);
 
     // main_commands.cpp: one table of what each command does, and what concerns more than one of the parts.
     struct Action;
     static const Action Actions[];
+    void RunCommand(int command);
     void ReplaceTone(const SonvireData& changed);
     void CmRepeatPlay();
     void CmChooseDevice();
@@ -64,7 +75,12 @@ private:
     void CmSave();
     void CmLoadList();
 
-    SonvireData tone;
+    ToneState state;
+    SonvireData& tone = state.tone;
+    ToneHistory history;
+    bool recording = false;
+    std::string shownPath; ///< of the document
+    RecentFiles recent;
     LToolBar smallToolBar;
     StatusFields status;
     DeviceList devices;

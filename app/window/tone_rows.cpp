@@ -4,7 +4,7 @@
 #include "app/window/command_ids.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
-#include "gui/numeric_edit.h"
+#include "gui/toolkit.h"
 #include "gui/window.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -13,7 +13,9 @@
 #include "tone/tone_items.h"
 #include "tone/tone_list_report.h"
 #include "tone/tone_list_source.h"
+#include "tone/typed_item.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 
@@ -61,6 +63,7 @@ void ToneRows::Begin() {
 }
 
 void ToneRows::SetupListViewData() {
+    const int place = list->GetSelection().empty() ? 0 : list->GetSelection().front();
     std::vector<LNotice> missing;
     {
         const LListRebuild rebuild(*list);
@@ -69,8 +72,9 @@ void ToneRows::SetupListViewData() {
     }
     window.SetToolTip(ControlList, tone.IsList() ? ListHint : ToneHint);
     if (list->GetSelection().empty())
-        list->SetCurrent(0); // so that a key has something to step
-    ShowNotices(missing);
+        list->SetCurrent(std::min(place, list->GetCount() - 1)); // so that a key has something to step
+    if (!missing.empty())                                        // once the window shows the rows
+        window.GetToolkit().Post([missing] { ShowNotices(missing); });
 }
 
 void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missing) {
@@ -153,22 +157,66 @@ bool ToneRows::StepSelectedItems(const std::function<void(unsigned int)>& step) 
     return !list->GetSelection().empty();
 }
 
+LEntryRules ToneRows::MakeEntryRules(unsigned int item) {
+    const auto read = [this, item](const std::string& text) {
+        const TypedItem typed = ReadTypedItem(tone, item, text);
+        return LEntryReading{.isTaken = !typed.value.empty(), .words = typed.words};
+    };
+    const auto step = [this, item, byStep = ReadFrequencyStep()](const std::string& text, int steps) {
+        SonvireData stepped = tone;
+        static_cast<void>(stepped.SetItemValue(item, ReadTypedItem(tone, item, text).value.c_str()));
+        for (int i = 0; i < std::abs(steps); ++i)
+            steps > 0 ? stepped.IncreaseItem(item, byStep) : stepped.DecreaseItem(item, byStep);
+        return stepped.GetItemValue(item);
+    };
+    return {.place = {}, .input = DescribeItemInput(item), .read = read, .step = step};
+}
+
+/// The rows that are asked for: without one that only names the waveform.
+std::vector<int> ToneRows::GetRowsWithValue() const {
+    std::vector<int> rows = list->GetSelection();
+    std::erase_if(rows, [this](int row) { return tone.GetItemValue(list->GetData(row)).empty(); });
+    return rows;
+}
+
+bool ToneRows::SetTypedItem(int row, const std::string& text) {
+    const unsigned int item = list->GetData(row);
+    const TypedItem typed = ReadTypedItem(tone, item, text);
+    if (typed.value.empty())
+        return false;
+    static_cast<void>(tone.SetItemValue(item, typed.value.c_str())); // what it refuses was not typed
+    UpdateListViewItem(item, row);
+    return true;
+}
+
+/// Takes the rows out for which the text can be meant as well.
+bool ToneRows::SetAlike(std::vector<int>& rows, unsigned int item, const std::string& text) {
+    return std::erase_if(rows, [&](int row) {
+               return AreItemsAlike(item, list->GetData(row)) && SetTypedItem(row, text);
+           }) > 0;
+}
+
 bool ToneRows::ChangeListViewData() {
     bool changed = false;
-    const std::vector<int> rows = list->GetSelection();
-    for (const int row : rows) {
+    std::vector<int> rows = GetRowsWithValue();
+    const std::size_t count = rows.size();
+    while (!rows.empty()) {
+        const int row = rows.front();
+        rows.erase(rows.begin());
         const unsigned int item = list->GetData(row);
-        if (tone.GetItemValue(item).empty())
-            continue; // a row that only names the waveform
-        LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item));
+        LEntryRules rules = MakeEntryRules(item);
+        rules.place = count > 1 ? std::to_string(count - rows.size()) + " of " + std::to_string(count) : "";
+        rules.offersRest = !rows.empty();
+        LNumericEdit box("Edit Value", tone.GetItemName(item), tone.GetItemValue(item), std::move(rules));
         if (!box.RunModal(window))
             break;
         if (tone.IsList() || list->GetData(row) != item)
             break; // meanwhile a document has arrived
-        if (const auto notice = tone.SetItemValue(item, box.GetEntry().c_str()))
-            ShowNotice(*notice);
-        UpdateListViewItem(item, row);
-        changed = true;
+        // What is left as it stands there is not rounded to it.
+        const bool typed = box.GetEntry() != tone.GetItemValue(item);
+        changed = (typed && SetTypedItem(row, box.GetEntry())) || changed;
+        if (box.IsForTheRest())
+            changed = SetAlike(rows, item, box.GetEntry()) || changed;
     }
     return changed;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/list_view.h"
+#include "gui/numeric_edit.h"
 #include "sys/notice.h"
 #include "tone/tone_data.h"
 
@@ -41,6 +42,10 @@ private:
     void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
     bool StepSelectedItems(const std::function<void(unsigned int)>& step);
+    LEntryRules MakeEntryRules(unsigned int item);
+    std::vector<int> GetRowsWithValue() const;
+    bool SetTypedItem(int row, const std::string& text);
+    bool SetAlike(std::vector<int>& rows, unsigned int item, const std::string& text);
 
     LWindow& window;
     SonvireData& tone;

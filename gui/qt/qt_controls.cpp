@@ -1,5 +1,6 @@
 #include "gui/qt/qt_controls.h"
 
+#include "gui/qt/qt_entry.h"
 #include "gui/qt/qt_level_meter.h"
 #include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
@@ -50,6 +51,10 @@ void LQtControls::Connect(int id, QWidget* widget) {
     const auto use = [this, id] { events.ControlUsed(id); };
     if (auto* button = qobject_cast<QAbstractButton*>(widget))
         QObject::connect(button, &QAbstractButton::clicked, button, use);
+    if (auto* entry = dynamic_cast<LQtEntry*>(widget)) {
+        entry->onStep = [this, id](int steps) { events.ValueStepped(id, steps); };
+        QObject::connect(entry, &QLineEdit::textEdited, entry, use);
+    }
     if (auto* link = dynamic_cast<LQtLink*>(widget))
         QObject::connect(link, &QLabel::linkActivated, link, use);
     if (auto* combo = qobject_cast<QComboBox*>(widget))
@@ -142,6 +147,11 @@ void LQtControls::SetToolTip(int id, const std::string& text) {
     widget->setToolTip(ToQt(text));
     if (GetText(id).empty())
         widget->setAccessibleName(ToQt(text));
+}
+
+void LQtControls::MarkWrong(int id, bool wrong) {
+    if (auto* entry = dynamic_cast<LQtEntry*>(Find(id)))
+        entry->MarkWrong(wrong);
 }
 
 void LQtControls::SetFocus(int id) {

@@ -25,6 +25,7 @@ public:
     std::string GetText(int id) const override;
     void Enable(int id, bool enabled) override;
     void SetToolTip(int id, const std::string& text) override;
+    void MarkWrong(int id, bool wrong) override;
     void SetFocus(int id) override;
     void SetRange(int id, int least, int most) override;
     void SetValue(int id, int value) override;

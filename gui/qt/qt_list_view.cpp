@@ -29,6 +29,9 @@ constexpr int MarkColumn = 1;
 constexpr int ShadeRole = Qt::UserRole;
 constexpr int MarkRole = Qt::UserRole + 1;
 
+/// The room beside the texts, which belongs to the rows as well.
+constexpr LListColumn Rest{.title = "", .fills = true};
+
 /// A mark's picture, and what a screen reader says of it.
 struct Mark {
     const char* icon;
@@ -63,6 +66,7 @@ public:
 } // namespace
 
 LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
+    SetColumns({});
     setRootIsDecorated(false);
     setItemDelegate(MakeChild<RowDelegate>(static_cast<QObject*>(this)));
     setUniformRowHeights(true);
@@ -81,6 +85,8 @@ LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
 
 void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
     columns = shown;
+    if (std::none_of(columns.begin(), columns.end(), [](const LListColumn& column) { return column.fills; }))
+        columns.push_back(Rest);
     asked.clear();
     QStringList titles;
     for (const LListColumn& column : columns)
@@ -123,27 +129,25 @@ void LQtListWidget::MeasureLater() {
     const auto measure = [this] {
         measured = true;
         asked.clear();
-        for (int i = 0; i < columnCount(); ++i)
-            asked.push_back(std::max(sizeHintForColumn(i), header()->sectionSizeHint(i)) + ColumnSpace);
+        for (int i = 0; i < columnCount(); ++i) {
+            const bool isRest = columns[static_cast<std::size_t>(i)].title == Rest.title;
+            const int width = std::max(sizeHintForColumn(i), header()->sectionSizeHint(i)) + ColumnSpace;
+            asked.push_back(isRest ? 0 : width);
+        }
         FitColumns();
     };
     QMetaObject::invokeMethod(this, measure, Qt::QueuedConnection);
 }
 
 void LQtListWidget::FitColumns() {
-    std::vector<int> widths = asked;
-    if (widths.empty())
-        return;
     const int room = viewport()->width();
-    const int left = room - std::accumulate(widths.begin(), widths.end(), 0);
-    for (std::size_t i = 0; i < columns.size() && left > 0; ++i)
-        widths[i] += columns[i].fills ? left : 0;
-    if (left < 0)
-        widths.front() = std::max(widths.front() + left, std::min(widths.front(), room / FirstPart));
-    const int others = std::accumulate(widths.begin(), std::prev(widths.end()), 0);
-    widths.back() = std::max(0, std::min(widths.back(), room - others));
-    for (int i = 0; i < columnCount(); ++i)
-        header()->resizeSection(i, widths[static_cast<std::size_t>(i)]);
+    int left = room - std::accumulate(asked.begin(), asked.end(), 0);
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+        const int least = std::min(asked[i], i == 0 ? room / FirstPart : 0);
+        const int change = left < 0 ? std::max(left, least - asked[i]) : columns[i].fills ? left : 0;
+        header()->resizeSection(static_cast<int>(i), asked[i] + change);
+        left -= change;
+    }
 }
 
 void LQtListWidget::EnableDragging() {

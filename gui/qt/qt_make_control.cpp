@@ -1,6 +1,7 @@
 #include "gui/qt/qt_make_control.h"
 
 #include "gui/qt/qt_child.h"
+#include "gui/qt/qt_entry.h"
 #include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_number_edit.h"
@@ -8,7 +9,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -80,7 +80,7 @@ QWidget* MakeControl(const LControlLayout& control, QWidget* parent) {
     case LControlKind::Radio:
         return MakeChild<QRadioButton>(parent, text);
     case LControlKind::Edit:
-        return MakeChild<QLineEdit>(parent, text);
+        return MakeChild<LQtEntry>(parent, text);
     case LControlKind::NumberEdit:
         return MakeChild<LQtNumberEdit>(parent);
     case LControlKind::NumberText:

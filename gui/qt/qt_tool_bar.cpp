@@ -81,3 +81,14 @@ void LQtToolBar::SetPressed(int command, bool pressed) {
     }
     action->setChecked(pressed);
 }
+
+void LQtToolBar::SetToolTip(int command, const std::string& text) {
+    if (QAction* action = Find(command))
+        action->setToolTip(ToQt(text));
+}
+
+void LQtToolBar::PassFocus(int from, int to) {
+    const QWidget* before = bar ? bar->widgetForAction(Find(from)) : nullptr;
+    if (before && before->hasFocus())
+        bar->widgetForAction(Find(to))->setFocus();
+}

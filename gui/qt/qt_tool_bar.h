@@ -19,6 +19,8 @@ public:
     void AddItem(const LToolBarItem& item) override;
     void Enable(int command, bool enabled) override;
     void SetPressed(int command, bool pressed) override;
+    void SetToolTip(int command, const std::string& text) override;
+    void PassFocus(int from, int to) override;
 
 private:
     QAction* Find(int command) const;

@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -19,6 +20,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 #include <csignal>
 
@@ -189,8 +191,9 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
 }
 
 TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
-    static constexpr LMenuEntry bar[] = {
-        {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
+    static constexpr LMenuEntry bar[] = {{-1, "Tone"},     {-118, "Loop"}, {2108, "Mono"},
+                                         {2109, "Stereo"}, {-1, "Tones"},  {3001, "1"},
+                                         {3002, "2"},      {-1},           {-1}};
     window.init = [&] {
         window.SetMenu(bar);
         window.GetMenu().SetRadio(2108, 2109, 2108);
@@ -206,6 +209,12 @@ TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
         EXPECT_FALSE(items[0]->isChecked());
         EXPECT_TRUE(items[1]->isChecked());
         EXPECT_FALSE(items[2]->isChecked());
+
+        QAction* tones = Main()->findChildren<QMenu*>().at(1)->menuAction();
+        window.GetMenu().EnableRange(3001, 3002, false);
+        EXPECT_FALSE(tones->isEnabled()) << "there is nothing in it to choose";
+        window.GetMenu().Enable(3002, true);
+        EXPECT_TRUE(tones->isEnabled());
     });
 }
 
@@ -215,13 +224,31 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
     Run([&] {
         for (const auto& [key, ok, text] : cases) {
 
-            LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz");
+            LEntryRules rules{
+                .read =
+                    [](const std::string& typed) {
+                        return LEntryReading{typed != "44", typed};
+                    },
+                .step = [](const std::string&, int steps) { return std::to_string(440 + steps); }};
+            LNumericEdit box("Edit Value", "Sine 1 Frequency", "440.0 Hz", rules);
             Then([pressed = key](QWidget& dialog) {
                 EXPECT_EQ(dialog.windowTitle(), "Edit Value");
                 auto* input = Control<QLineEdit>(102, &dialog);
                 EXPECT_EQ(input->selectedText(), "440.0 Hz");
                 EXPECT_TRUE(input->hasFocus());
-                QTest::keyClicks(input, "441");
+                const auto tint = [input] { return input->palette().color(QPalette::Base); };
+                const QColor plain = tint();
+                QTest::keyClicks(input, "44");
+                EXPECT_NE(tint(), plain);
+                EXPECT_FALSE(Control<QAbstractButton>(LCommandOk, &dialog)->isEnabled());
+                QTest::keyClicks(input, "2");
+                EXPECT_EQ(tint(), plain);
+                QTest::keyClick(input, Qt::Key_Down);
+                EXPECT_EQ(input->selectedText(), "439") << "to be typed over";
+                QWheelEvent wheel({5, 5}, input->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {}, {},
+                                  Qt::NoScrollPhase, false);
+                QApplication::sendEvent(input, &wheel);
+                EXPECT_EQ(Control<QLabel>(103, &dialog)->text(), "441") << "read as it changes";
                 QTest::keyClick(input, pressed);
             });
             EXPECT_EQ(box.RunModal(window), ok);

@@ -63,7 +63,7 @@ struct MemoryControl {
 
     LControlKind kind{};
     std::string text, toolTip;
-    bool enabled = true;
+    bool enabled = true, wrong = false;
     int value = 0, least = 0, most = 0;
     MemoryList* list = nullptr; ///< while its owner has it
 };
@@ -98,6 +98,7 @@ public:
     std::string GetText(int id) const override { return (*this)[id].text; }
     void Enable(int id, bool enabled) override { (*this)[id].enabled = enabled; }
     void SetToolTip(int id, const std::string& text) override { (*this)[id].toolTip = text; }
+    void MarkWrong(int id, bool wrong) override { (*this)[id].wrong = wrong; }
     void SetFocus(int id) override {
         (*this)[id];
         focus = id;

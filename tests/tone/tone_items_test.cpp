@@ -1,4 +1,5 @@
 #include "tone/tone_items.h"
+#include "tone/typed_item.h"
 
 #include <gmock/gmock.h>
 
@@ -39,6 +40,38 @@ TEST(ToneItems, AreNamedByTheMode) {
             EXPECT_EQ(Flagged(mode).GetItemName(item), name) << item;
     EXPECT_EQ(Flagged(0, TonePinkNoise).GetItemName(1281), "Pink Noise 2 Relative Amplitude");
     EXPECT_EQ(Flagged(0, 9).GetItemName(1536), " Duration");
+}
+
+/// Levels are 20 log10 of 92682 and 131072 of 524288; numpy names the notes.
+TEST(ToneItems, AreTypedAsPeopleWriteThem) {
+    constexpr unsigned int hz = ItemStartLeft, db = ItemAmplitude + 1, ms = ItemDuration;
+    const std::string noHz = "is no frequency from 0 to 22050 Hz", noDb = "is no level from -127 to 0 dB";
+    const std::tuple<unsigned int, const char*, const char*, std::string> cases[] = {
+        {hz, "1.5kHz", "1500", "= 1500.00Hz, F#6 +23 ct"},
+        {hz, "C#5 +3 ct", "555.326737", "= 555.33Hz, C#5 +3 ct"},
+        {hz, "0", "0", "= 0.00Hz"},
+        {hz, "22.05k", "22050", "= 22050.00Hz, F10 -23 ct"},
+        {hz, "22051", "", noHz},
+        {hz, "-1", "", noHz},
+        {hz, "", "", noHz},
+        {hz, "inf", "", noHz},
+        {db, "-3 dB", "-3", "= -3dB, -15.04 dBFS"},
+        {db, "-127", "-127", "= -127dB, silence"},
+        {db, "1", "", "Please enter negative value between [-127 .. 0]"},
+        {db, "-1e300", "", "Please enter negative value between [-127 .. 0]"},
+        {db, "3 Hz", "", noDb},
+        {ms, "1:30", "90000", "= 90000ms"},
+        {ms, "0.4", "", "Please enter positive value"},
+        {ms, "14h", "", "lasts longer than the 13 and a half hours that a tone can be counted for"},
+        {ms, "1e99h", "", "lasts longer than the 13 and a half hours that a tone can be counted for"},
+        {ms, "A4", "", "is no duration"},
+        {ItemWaveform, "1", "", ""}};
+    for (const auto& [item, text, value, words] : cases) {
+        const TypedItem typed =
+            ReadTypedItem(Flagged(ToneFlagVariableAmplitude | ToneFlagDuration), item, text);
+        EXPECT_EQ(typed.value, value) << text;
+        EXPECT_EQ(typed.words, words) << text;
+    }
 }
 
 TEST(ToneItems, ShowTheirValuesWithUnits) {

@@ -50,7 +50,7 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
             then(box);
         };
     };
-    dialogs = {prompted(Typed(" 440.5 Hz")), prompted([](MemoryDialog&) {}), prompted(Typed("2"))};
+    dialogs = {prompted(Typed("440,5")), prompted([](MemoryDialog&) {}), prompted(Typed("2"))};
     Run([&](MemoryMainWindow&) {
         Send({Tones(3)});
         List().Select({2});
@@ -61,6 +61,53 @@ TEST_F(App, TypedValuesAreTakenUntilOneIsCancelled) {
     });
     EXPECT_THAT(prompts, ElementsAre("Sine 3 Frequency=1000.00Hz", "Sine 1 Frequency=1000.00Hz"))
         << "in the order in which they were selected";
+}
+
+TEST_F(App, ABoxTellsWhatItMakesOfAValueAndTakesNoOther) {
+    constexpr int reading = 103, place = 105, rest = 106;
+    Texts seen;
+    const auto see = [&](MemoryDialog& box) {
+        seen.push_back(box.controls.GetText(102) + " " + box.controls.GetText(reading));
+    };
+    dialogs = {[&](MemoryDialog& box) {
+                   EXPECT_EQ(box.controls.GetText(place), "1 of 4");
+                   for (const char* text : {"A3", "nan"}) {
+                       box.Type(102, text);
+                       see(box);
+                   }
+                   EXPECT_TRUE(box.controls[102].wrong);
+                   box.Press(LCommandOk);
+                   EXPECT_FALSE(box.ended) << "nor is it closed";
+                   box.Step(102, 1); // from nothing
+                   box.Type(102, "1.5k");
+                   box.Step(102, -12);
+                   see(box);
+                   box.Set(rest, 1);
+                   box.Press(LCommandOk);
+               },
+               [&](MemoryDialog& box) {
+                   EXPECT_EQ(box.controls.GetText(place), "4 of 4") << "the length is no frequency";
+                   see(box);
+                   box.Press(LCommandOk);
+               }};
+    SonvireData fine = Tone440(true);
+    fine.numTones = 3;
+    fine.startLeftHz[0] = 440.126;
+    Run(
+        [&](MemoryMainWindow&) {
+            List().Select({0, 1, 2, 3});
+            Send({CommandEditValue});
+            EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=750.00Hz", "Sine 2 Frequency=750.00Hz",
+                                            "Sine 3 Frequency=750.00Hz", "Sine Duration=1000ms"));
+            toolkit->dialogScripts = {PressOk};
+            dialog->OpenDocuments({folder / "fine.tdf"});
+            List().Select({0});
+            Send({CommandEditValue});
+        },
+        {WriteTone("fine.tdf", fine)});
+    EXPECT_EQ(KeptTone().startLeftHz[0], 440.126) << "what is not typed is not rounded";
+    EXPECT_THAT(seen, ElementsAre("A3 = 220.00Hz, A3", "nan is no frequency from 0 to 22050 Hz",
+                                  "750.00Hz = 750.00Hz, F#5 +23 ct", "1000ms = 1000ms"));
 }
 
 TEST_F(App, APlaybackFollowsTheToneUntilItEndsOrFails) {
@@ -95,6 +142,8 @@ TEST_F(App, QuittingIsClosing) {
         Run([&](MemoryMainWindow& window) {
             const MemoryMenu& menu = *window.menu;
             EXPECT_EQ(menu[LCommandQuit].key + menu[CommandCloseWindow].key, "Ctrl+QCtrl+W");
+            EXPECT_EQ(menu[CommandIncrease].key, "+") << "the main one of three";
+            EXPECT_EQ((*window.toolBar)[CommandPlay].key, "Start tone (Space)");
             window.geometry.x = way;
             ways[way](window);
             EXPECT_TRUE(toolkit->quit);
@@ -173,6 +222,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                     dialog->OpenDocuments({each.path});
                 if (each.way == Drop)
                     window.Drop({each.path});
+                toolkit->DispatchPending();
                 EXPECT_EQ(Rows().at(0), each.row);
                 EXPECT_EQ(Boxes(), each.box);
                 EXPECT_EQ(Stored(Setting::File), each.remembered);
@@ -199,6 +249,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
                                      "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
+            toolkit->DispatchPending();
             toolkit->boxes.clear();
             Send({CommandPlay, CommandStop, CommandPlay});
             toolkit->answers = {LMessageAnswer::Ok};
@@ -228,6 +279,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         toolkit->boxes.clear();
         toolkit->answers.assign(20, LMessageAnswer::Ok);
         window.Drop(Texts(12, folder / "any.xyz"));
+        toolkit->DispatchPending();
         EXPECT_EQ(toolkit->boxes.size(), 20U) << "ten of the list, and ten of what was dropped";
         EXPECT_EQ(toolkit->boxes.back(), "Unrecognized File Type|3 more of these are not shown.");
     });
@@ -275,9 +327,10 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        toolkit->chosenFiles = {{folder / "noise.tdl"}, {folder / "w.wav"}, {folder / "v.tdl"}};
+        toolkit->chosenFiles = {{folder / "w.wav"}, {folder / "v.tdl"}};
         Send({WaveformCommand(ToneWhiteNoise), CommandSaveList});
         EXPECT_EQ(toolkit->boxes.back(), "Error|The tone is no list, so there is none to save.");
+        EXPECT_EQ(toolkit->chosenFiles.size(), 2U) << "none was asked for";
         Send({CommandSaveAsTone, CommandSave});
         EXPECT_FALSE(std::filesystem::exists(folder / "w.wav") || std::filesystem::exists(folder / "v.tdl"));
     });

@@ -46,7 +46,10 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
     };
     Setting::WindowMaximized.Set(true);
     RunProgram([&checkBox] {
-        EXPECT_EQ(Main()->windowTitle(), "Sonvire");
+        EXPECT_EQ(Main()->windowTitle(), "Untitled[*] - Sonvire");
+        EXPECT_FALSE(Main()->isWindowModified());
+        QTest::mouseClick(ToolButton("Square"), Qt::LeftButton);
+        EXPECT_TRUE(Main()->isWindowModified());
         EXPECT_TRUE(Main()->isMaximized());
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
@@ -159,7 +162,8 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
     };
     Run(window, [&] {
         using enum Qt::Key;
-        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier;
+        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier,
+                                               Shift = Qt::ShiftModifier;
         const std::tuple<Qt::Key, Qt::KeyboardModifiers, Ints> cases[] = {
             {Key_F1, Plain, {-LCommandHelp}},
             {Key_Space, Plain, {CommandPlay}},
@@ -167,8 +171,18 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
             {Key_S, Ctrl, {CommandSave}},
             {Key_W, Ctrl, {CommandCloseWindow}},
             {Key_Plus, Pad, {CommandIncrease}},
-            {Key_Plus, Plain, {}},
+            {Key_Plus, Plain, {CommandIncrease}},
+            {Key_Plus, Shift, {CommandIncrease}}, // as it is typed on many keyboards
+            {Key_Equal, Plain, {CommandIncrease}},
             {Key_Minus, Plain, {CommandDecrease}},
+            {Key_Minus, Pad, {CommandDecrease}},
+            {Key_O, Ctrl, {CommandLoadTone}},
+            {Key_Z, Ctrl, {CommandUndo}},
+            {Key_Z, Ctrl | Shift, {CommandRedo}},
+            {Key_Y, Ctrl, {CommandRedo}},
+            {Key_W, Ctrl | Shift, {}},
+            {Key_Plus, Ctrl, {}},
+            {Key_Return, Shift, {}},
             {Key_PageUp, Plain, {CommandIncreaseLarge}},
             {Key_PageDown, Plain, {CommandDecreaseLarge}},
             {Key_Return, Plain, {CommandEditValue}},
@@ -185,10 +199,19 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
         }
 
         window.commands.clear();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-        QApplication::sendEvent(list, &held);
+        const auto space = [list](QEvent::Type type, quint64 time, bool repeats = false) {
+            QKeyEvent event(type, Qt::Key_Space, {}, " ", repeats);
+            event.setTimestamp(time);
+            QApplication::sendEvent(list, &event);
+        };
+        space(QEvent::KeyPress, 6, true);
+        space(QEvent::KeyRelease, 7);
+        space(QEvent::KeyPress, 7); // as of a key that is held on a busy machine
         EXPECT_TRUE(window.commands.empty());
         EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+        space(QEvent::KeyPress, 8);
+        EXPECT_EQ(window.commands, Ints{CommandPlay});
+        window.commands.clear();
 
         auto* chooser = Control<QComboBox>(ControlDevice);
         chooser->setFocus();
