@@ -80,7 +80,7 @@ void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& 
     for (const int command : {CommandSweepLinear, CommandSweepLog})
         smallBar.SetState(command, command == GetModeCommand(tone));
 
-    mainBar.SetState(CommandPlay, state.playing);
     mainBar.EnableInsteadOf(state.playing ? CommandStop : CommandPlay,
                             state.playing ? CommandPlay : CommandStop);
+    mainBar.SetState(CommandPlay, state.playing);
 }

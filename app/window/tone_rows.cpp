@@ -120,8 +120,13 @@ void ToneRows::ShowListName(const std::string& name) {
 }
 
 void ToneRows::UpdateListViewItem(unsigned int item, int row) {
-    if (!tone.IsList())
-        list->SetText(row, 1, tone.GetItemValue(item));
+    if (tone.IsList())
+        return;
+    list->SetText(row, 1, tone.GetItemValue(item));
+    const bool isShaded = item < ItemDuration && item % 2 != 0; // every second component
+    const std::string more = DescribeItemValue(tone, item);
+    list->SetLook(row, {.shade = isShaded ? LRowShade::Shaded : LRowShade::Plain,
+                        .toolTip = more + (more.empty() ? "" : "\n") + ToneHint});
 }
 
 bool ToneRows::IncreaseListViewData(int count) {

@@ -16,12 +16,18 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(Rows().size(), 11U);
         EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
         EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
+        EXPECT_EQ(List().looks[5].shade, LRowShade::Shaded) << "the second component's";
+        EXPECT_NE(List().looks[4].shade, LRowShade::Shaded);
         List().Select({4, 6, 10});
         Send({CommandMono});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
         Send({WaveformCommand(TonePinkNoise)});
         EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
         EXPECT_EQ(List().selection, Ints{0});
+        Send({CommandStereo, WaveformCommand(ToneSine)});
+        List().Select({4});
+        Send({CommandContinuous});
+        EXPECT_EQ(List().selection, Ints{3}) << "the row that is nearest to where it stood";
     });
 }
 
@@ -34,6 +40,10 @@ TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=943.87Hz", "Sine 1 Relative Amplitude=-1dB",
                                         "Sine Duration=900ms"));
         EXPECT_TRUE(WaitForPlayback(4));
+        const std::string hint = "Tone details (double click to modify)"; // numpy: 1200 * log2(943.87 / 440)
+        EXPECT_EQ(List().looks[0].toolTip, "A#5 +21 ct\n" + hint);
+        EXPECT_EQ(List().looks[1].toolTip, "-13.04 dBFS\n" + hint);
+        EXPECT_EQ(List().looks[2].toolTip, hint);
         List().Select({});
         Send({CommandIncrease});
         EXPECT_EQ(List().rows[0][1], "943.87Hz");
