@@ -317,6 +317,10 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_EQ(place(110).width(), qRound(360 * unit) + 100);
             EXPECT_EQ(place(LCommandOk).topLeft(), scaled(280, 264) + QPoint(100, 50));
             EXPECT_EQ(place(LCommandHelp).topLeft(), scaled(20, 264) + QPoint(0, 50));
+            dialog.setLayoutDirection(Qt::RightToLeft);
+            dialog.resize(dialog.width() + 10, dialog.height());
+            EXPECT_EQ(dialog.width() - 1 - place(LCommandHelp).right(), qRound(20 * unit)) << "mirrored";
+            dialog.setLayoutDirection(Qt::LeftToRight);
 
             QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
             EXPECT_EQ(form.GetValue(104), 1);
