@@ -66,6 +66,7 @@ void ListDlg::InitDialog() {
     list->SetColumns(Columns);
     list->BindCommands({.selection = ListSelectionChanged, .rowsMoved = ListRowsDragged});
     list->EnableDragging();
+    SetName(ListRows, "Entries");
     OpenList();
     modified = edited.IsRecovered();
     list->SetFocus();

@@ -130,12 +130,14 @@ void LQtMainWindow::Raise() {
 }
 
 std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
+    menuBar()->setAccessibleName("Menu bar");
     return std::make_unique<LQtMenu>(*menuBar(), events);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
     QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setAccessibleName("Main tool bar");
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
@@ -155,6 +157,7 @@ void LQtMainWindow::AddStatusItem(const LStatusItem& item) {
         statusBar()->addPermanentWidget(widget);
     controls->Register(item.id, widget);
     controls->SetToolTip(item.id, item.toolTip);
+    controls->SetName(item.id, item.toolTip);
 }
 
 bool LQtMainWindow::event(QEvent* event) {
