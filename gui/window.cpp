@@ -64,6 +64,10 @@ void LWindow::SetToolTip(int control, const std::string& text) {
     GetControls().SetToolTip(control, text);
 }
 
+void LWindow::SetName(int control, const std::string& name) {
+    GetControls().SetName(control, name);
+}
+
 void LWindow::ControlUsed(int id) {
     switch (id) {
     case LCommandOk:
