@@ -21,7 +21,7 @@ namespace {
 
 constexpr int RowPadding = 8; // above and below a row's text
 constexpr int ColumnSpace = 16;
-constexpr int FirstPart = 3; // of the room, which the first column keeps
+constexpr int FirstPart = 2; // of the room, which the first column keeps
 constexpr int LineWidth = 3; // of the line where a drop would go
 constexpr int LabelWidth = 240;
 constexpr int LabelMargin = 4;

@@ -126,8 +126,8 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
         EXPECT_GT(list->columnWidth(1), text("No such file")) << "the problem is the last to be elided";
         show(filling, longText, longText);
-        EXPECT_EQ(list->columnWidth(0), room / 3);
-        EXPECT_EQ(list->columnWidth(1), room - room / 3);
+        EXPECT_EQ(list->columnWidth(0), room / 2);
+        EXPECT_EQ(list->columnWidth(1), room - room / 2);
 
         window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Problem, "why"});
         window.list->SetText(0, 1, "gone");
