@@ -33,6 +33,8 @@ namespace Setting {
 inline constexpr ValueSetting<bool> Autoplay{"settings", "autoplay", false};
 inline constexpr TextSetting OutDevice{"Settings", "OutDevice", LSoundPlayDevice::DefaultName};
 inline constexpr ValueSetting<int> PlayVolume{"settings", "playvolume", 0}; ///< dB
+inline constexpr ValueSetting<int> UnmutedVolume{"settings", "unmuted playvolume",
+                                                 0}; ///< before it was muted
 
 // By how much a step changes a frequency. What it is depends on the first one; the last two are what the
 // dialog shows of both.
@@ -45,6 +47,17 @@ inline constexpr TextSetting ShownHz{"settings", "frequencyval", "1.0"};
 // The last tone file and its folder.
 inline constexpr TextSetting File{"settings", "file"};
 inline constexpr TextSetting FileFolder{"settings", "filedir"};
+
+// The file that the current tone is of, and the files that were opened last: the digits of the keys that hold
+// them, the newest first.
+inline constexpr TextSetting Document{"settings", "document"};
+inline constexpr TextSetting RecentOrder{"recent", "order"};
+inline std::string GetRecentFile(char digit) {
+    return LUserSettingGetText("recent", std::string("file") + digit);
+}
+inline void SetRecentFile(char digit, const std::string& path) {
+    LUserSettingSetString("recent", std::string("file") + digit, path);
+}
 
 // The list that was edited last, and where the choosers of lists and of their entries were.
 inline constexpr TextSetting EditList{"tonelist", "editlist"};

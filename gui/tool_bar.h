@@ -7,6 +7,8 @@
 
 enum class LToolBarItemKind {
     Button,
+    Lamp, ///< a button that looks lit while its state is set, as what it starts goes on; pressing it sets
+          ///< none
     Separator,
     Radio,  ///< pressing it releases the radio items beside it
     Toggle, ///< pressing it switches it

@@ -66,6 +66,12 @@ enum MainControl : int {
     ControlLevels = 303,
     ControlDevice = 304,
     ControlVolume = 305,
+    ControlHeadline = 306,
+    ControlToneKind = 307,
+    ControlToneLevel = 308,
+    ControlKeyHint = 309,
+    ControlMute = 310,
+    ControlVolumeText = 311,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

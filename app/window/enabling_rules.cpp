@@ -82,4 +82,5 @@ void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& 
 
     mainBar.EnableInsteadOf(state.playing ? CommandStop : CommandPlay,
                             state.playing ? CommandPlay : CommandStop);
+    mainBar.SetState(CommandPlay, state.playing);
 }

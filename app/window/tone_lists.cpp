@@ -50,6 +50,17 @@ bool ToneLists::CmEditList(const std::string& path) {
     return true;
 }
 
+void ToneLists::RemoveUnused() {
+    std::set<std::string> named;
+    const auto add = [&named](const SonvireData& each) {
+        if (each.IsList())
+            named.insert(each.GetListPath());
+    };
+    add(tone);
+    history.ForEach([&add](const ToneState& state) { add(state.tone); });
+    edited.RemoveUnused(named);
+}
+
 bool ToneLists::OfferLostList() {
     if (!EditedList::HasLostDraft())
         return false;

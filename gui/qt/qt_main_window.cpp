@@ -21,10 +21,9 @@
 
 namespace {
 
-constexpr QSize SmallIcon(16, 16);
-constexpr QSize LargeIcon(24, 24);
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
+constexpr int PassingMs = 10'000;
 constexpr int FrameWaitMs = 100;
 
 /// What windows may take of the screen that the frame is on, or of the first one.
@@ -45,22 +44,17 @@ QRect FitInto(const QRect& room, const QRect& frame) {
     return fitted;
 }
 
-void SetLook(QToolBar& bar, const QSize& icon) {
-    bar.setIconSize(icon);
-    bar.setMovable(false);
-    bar.setFloatable(false);
-    bar.setContextMenuPolicy(Qt::PreventContextMenu);
-}
-
 } // namespace
 
 LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     : events(windowEvents),
       content(MakeChild<QWidget>(static_cast<QWidget*>(this))),
+      fields(MakeChild<LQtStatusFields>(static_cast<QWidget*>(statusBar()))),
       controls(std::make_unique<LQtControls>(content, 1.0, windowEvents)) {
     setCentralWidget(content);
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu);
+    statusBar()->addPermanentWidget(fields);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(StatusMargin, 0, StatusMargin, 0);
     content->installEventFilter(this);
@@ -71,8 +65,24 @@ LQtMainWindow::~LQtMainWindow() {
     qApp->removeEventFilter(this);
 }
 
-void LQtMainWindow::SetCaption(const std::string& caption) {
-    setWindowTitle(ToQt(caption));
+void LQtMainWindow::SetCaption(const std::string& text) {
+    caption = ToQt(text);
+    ShowTitle();
+}
+
+void LQtMainWindow::SetDocument(const LWindowDocument& shown) {
+    documentName = ToQt(shown.name).replace("[*]", "[*][*]");
+    ShowTitle();
+    setWindowFilePath(ToQt(shown.path));
+    setWindowModified(shown.changed);
+}
+
+void LQtMainWindow::ShowTitle() {
+    setWindowTitle(documentName.isEmpty() ? caption : documentName + "[*] - " + caption);
+}
+
+void LQtMainWindow::ShowPassing(const std::string& text) {
+    statusBar()->showMessage(ToQt(text), PassingMs);
 }
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
@@ -126,29 +136,28 @@ std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(static_cast<QWidget*>(this));
-    SetLook(*bar, LargeIcon);
+    QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateSmallToolBar(int control, LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(content);
-    SetLook(*bar, SmallIcon);
+    QToolBar* bar = MakeToolBar(content);
     controls->Register(control, bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
 
 void LQtMainWindow::AddStatusItem(const LStatusItem& item) {
-    QWidget* widget = MakeStatusWidget(item, statusBar());
     const bool takesTheRest = item.kind == LStatusKind::Text && !std::exchange(hasStatusText, true);
-    if (takesTheRest)
+    QWidget* widget = MakeStatusWidget(item, takesTheRest ? static_cast<QWidget*>(statusBar()) : fields);
+    if (takesTheRest) {
+        widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         statusBar()->addWidget(widget, 1);
-    else
-        statusBar()->addPermanentWidget(widget);
+    } else {
+        fields->Add(widget, item.kind);
+    }
     controls->Register(item.id, widget);
-    controls->SetToolTip(item.id, item.toolTip);
 }
 
 bool LQtMainWindow::event(QEvent* event) {

@@ -10,13 +10,7 @@
 #include <algorithm>
 
 QString LQtMenu::WithLetter(const std::string& text) {
-    QString label = ToQt(text);
-    label.replace('&', "&&");
-    std::set<QChar>& taken = letters[open.empty() ? nullptr : open.back()];
-    for (qsizetype i = 0; i < label.size(); ++i)
-        if (label[i].isLetterOrNumber() && taken.insert(label[i].toLower()).second)
-            return label.insert(i, '&');
-    return label;
+    return letters[open.empty() ? nullptr : open.back()].Mark(ToQt(text));
 }
 
 void LQtMenu::OpenSubmenu(const std::string& text) {
@@ -95,6 +89,14 @@ void LQtMenu::SetRadio(int first, int last, int marked) {
         group->addAction(action);
         Mark(action, id == marked);
     }
+}
+
+void LQtMenu::SetText(int id, const std::string& text) {
+    QAction* action = Find(id);
+    if (!action)
+        return;
+    action->setVisible(!text.empty());
+    action->setText('&' + ToQt(text).replace('&', "&&"));
 }
 
 void LQtMenu::SetKeyText(int id, const std::string& key) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "gui/menu.h"
+#include "gui/qt/qt_letters.h"
 
 #include <QMenu>
 #include <QPoint>
 
 #include <map>
-#include <set>
 #include <vector>
 
 class LWindowEvents;
@@ -28,6 +28,7 @@ public:
     void Enable(int id, bool enabled) override;
     void SetCheck(int id, bool checked) override;
     void SetRadio(int first, int last, int marked) override;
+    void SetText(int id, const std::string& text) override;
     void SetKeyText(int id, const std::string& key) override;
     int Choose() override;
 
@@ -43,6 +44,6 @@ private:
     QPoint place;
     std::vector<QMenu*> open; ///< from the outermost to the one that is being built
     std::map<int, QAction*> actions;
-    std::map<QMenu*, std::set<QChar>> letters; ///< that a menu has taken
+    std::map<QMenu*, LQtLetters> letters;
     std::map<QAction*, bool> marks;
 };

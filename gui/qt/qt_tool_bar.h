@@ -6,6 +6,10 @@
 #include <QToolBar>
 
 #include <map>
+#include <set>
+
+/// A tool bar as all of a window look, one below the other as one family.
+QToolBar* MakeToolBar(QWidget* parent);
 
 /// A tool bar's peer. The bar may go before it does.
 class LQtToolBar : public LToolBarPeer {
@@ -24,4 +28,5 @@ private:
     QPointer<QToolBar> bar;
     LToolBarEvents& events;
     std::map<int, QAction*> actions;
+    std::set<QAction*> lamps;
 };

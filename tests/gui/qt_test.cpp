@@ -317,6 +317,10 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_EQ(place(110).width(), qRound(360 * unit) + 100);
             EXPECT_EQ(place(LCommandOk).topLeft(), scaled(280, 264) + QPoint(100, 50));
             EXPECT_EQ(place(LCommandHelp).topLeft(), scaled(20, 264) + QPoint(0, 50));
+            dialog.setLayoutDirection(Qt::RightToLeft);
+            dialog.resize(dialog.width() + 10, dialog.height());
+            EXPECT_EQ(dialog.width() - 1 - place(LCommandHelp).right(), qRound(20 * unit)) << "mirrored";
+            dialog.setLayoutDirection(Qt::LeftToRight);
 
             QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
             EXPECT_EQ(form.GetValue(104), 1);
@@ -495,14 +499,17 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
         palette.setColor(QPalette::ButtonText, colour);
         QApplication::setPalette(palette);
         for (const QString& name : names) {
-            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(16, 16).toImage();
+            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(22, 22).toImage();
             int inked = 0;
-            for (int i = 0; i < 256; ++i)
-                if (const QColor pixel = picture.pixelColor(i % 16, i / 16); pixel.alpha() == 255)
+            for (int i = 0; i < 22 * 22; ++i)
+                if (const QColor pixel = picture.pixelColor(i % 22, i / 22); pixel.alpha() == 255)
                     inked += pixel == colour ? 1 : -1000;
             EXPECT_GT(inked, 3) << name.toStdString();
         }
     }
+    const QIcon lamp = MakeIcon("stop", LIconLook::Lamp);
+    EXPECT_EQ(lamp.pixmap({22, 22}, QIcon::Disabled, QIcon::On).toImage().pixelColor(11, 11),
+              QColor(0x1f, 0x88, 0x3d));
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
     EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }
