@@ -24,7 +24,7 @@ public:
     /// A frame that is not whole on a screen is shifted, and made smaller where it has to be.
     virtual void SetGeometry(const LWindowGeometry& geometry) = 0;
     virtual LWindowGeometry GetGeometry() const = 0;
-    /// A line in the status bar, in the place of its first text, that goes by itself after some seconds.
+    /// A line over the start of the status bar that goes by itself after some seconds.
     virtual void ShowPassing(const std::string& text) = 0;
     virtual void Show() = 0;
     /// Brings the window before the others.
