@@ -217,9 +217,14 @@ void LQtControls::SetChoices(int id, const std::vector<std::string>& choices) {
         combo->addItem(ToQt(choice));
 }
 
-void LQtControls::SetLevels(int id, const std::vector<int>& decibels) {
+void LQtControls::SetLevels(int id, const LMeterLevels& levels) {
     if (auto* meter = dynamic_cast<LQtLevelMeter*>(Find(id)))
-        meter->SetLevels(decibels);
+        meter->SetLevels(levels);
+}
+
+void LQtControls::SetValueText(int id, const std::string& text) {
+    if (QWidget* widget = Find(id))
+        widget->setAccessibleDescription(ToQt(text));
 }
 
 std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {

@@ -10,13 +10,7 @@
 #include <algorithm>
 
 QString LQtMenu::WithLetter(const std::string& text) {
-    QString label = ToQt(text);
-    label.replace('&', "&&");
-    std::set<QChar>& taken = letters[open.empty() ? nullptr : open.back()];
-    for (qsizetype i = 0; i < label.size(); ++i)
-        if (label[i].isLetterOrNumber() && taken.insert(label[i].toLower()).second)
-            return label.insert(i, '&');
-    return label;
+    return letters[open.empty() ? nullptr : open.back()].Mark(ToQt(text));
 }
 
 void LQtMenu::OpenSubmenu(const std::string& text) {

@@ -100,7 +100,7 @@ protected:
     }
     /// Where the window's frame is.
     static QRect Frame() {
-        const std::string told = RunProgram("xwininfo -frame -name Sonvire").output;
+        const std::string told = RunProgram("xwininfo -frame -id $(xdotool search --onlyvisible --name ' - Sonvire$')").output;
         const auto value = [&told](const std::string& name) {
             const std::size_t at = told.find(name);
             return at == std::string::npos ? -1 : std::atoi(told.c_str() + at + name.size());
@@ -157,6 +157,7 @@ TEST_F(Program, AHeldKeyWorksOnceAndEveryKeyWithItsModifiersOnly) {
     for (int hold = 0; hold < 4; ++hold)
         EXPECT_EQ(RunProgram("xdotool keydown Page_Up sleep 0.4 keyup Page_Up").status, 0);
     Keys({"ctrl+shift+w", "shift+space", "shift+Page_Down", "plus", "equal", "minus"});
+    Keys({"Page_Up", "ctrl+z", "ctrl+z", "ctrl+shift+z"}); // takes the octave back
     WaitForKeys();
     EXPECT_FALSE(IsPlaying());
     EndProgram();
