@@ -171,7 +171,7 @@ TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
     StartDesktop();
     StartManager();
     ASSERT_TRUE(StartProgram(WriteTone()));
-    Keys({"Tab", "Tab", "Tab"});
+    Keys({"Tab", "Tab", "Tab", "Tab"}); // over output, mute and volume
     for (const bool plays : {true, false, true}) {
         Key("space");
         EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));
@@ -228,7 +228,7 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
         {{"alt+s", "p"},
          "Play Settings",
          {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
-        {{"alt+f", "n"}, "Tone List", {"tree|Entries|", "push button|Remove|"}},
+        {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "push button|Remove|"}},
         {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|"}}};
     for (const auto& [keys, title, lines] : windows) {
         Keys(keys);
