@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <optional>
@@ -30,6 +31,12 @@ public:
 
     bool CanUndo() const { return !done.empty(); }
     bool CanRedo() const { return !undone.empty(); }
+    /// Calls `use` with every state.
+    template <class Use>
+    void ForEach(Use use) const {
+        for (const States* states : {&done, &undone})
+            std::for_each(states->begin(), states->end(), use);
+    }
     /// The state before the last change, given the one that is left; nothing where there is none.
     std::optional<State> Undo(const State& current) { return Move(done, undone, current); }
     std::optional<State> Redo(const State& current) { return Move(undone, done, current); }

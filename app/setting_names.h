@@ -48,6 +48,17 @@ inline constexpr TextSetting ShownHz{"settings", "frequencyval", "1.0"};
 inline constexpr TextSetting File{"settings", "file"};
 inline constexpr TextSetting FileFolder{"settings", "filedir"};
 
+// The file that the current tone is of, and the files that were opened last: the digits of the keys that hold
+// them, the newest first.
+inline constexpr TextSetting Document{"settings", "document"};
+inline constexpr TextSetting RecentOrder{"recent", "order"};
+inline std::string GetRecentFile(char digit) {
+    return LUserSettingGetText("recent", std::string("file") + digit);
+}
+inline void SetRecentFile(char digit, const std::string& path) {
+    LUserSettingSetString("recent", std::string("file") + digit, path);
+}
+
 // The list that was edited last, and where the choosers of lists and of their entries were.
 inline constexpr TextSetting EditList{"tonelist", "editlist"};
 inline constexpr TextSetting ListReadFolder{"tonelist", "readfolder"};

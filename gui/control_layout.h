@@ -23,8 +23,11 @@ enum class LControlKind {
     NumberEdit, ///< one line with up and down arrows; the value is the number in it
     NumberText, ///< the text field of the number edit in the row before, under an id of its own
     Text,
-    Link,   ///< a text that is used like a button, such as one that opens a page
-    Button, ///< with a standard command as id, the window's OK, Cancel or Help
+    Heading, ///< a text in larger letters
+    Hint,    ///< a text in a fainter colour
+    Picture, ///< the program's icon; the text is its name
+    Link,    ///< a text that is used like a button, such as one that opens a page
+    Button,  ///< with a standard command as id, the window's OK, Cancel or Help
     List,
     Line,
     Progress, ///< value 0..100

@@ -6,7 +6,7 @@
 namespace {
 
 bool IsKey(const LKeyMapEntry& entry, const LKeyPress& key) {
-    return entry.virtualKey == key.virtualKey && (entry.character == 0 || entry.character == key.character);
+    return entry.virtualKey == key.virtualKey && entry.character == key.character;
 }
 
 std::string NameOf(unsigned virtualKey, char32_t character) {
@@ -33,8 +33,9 @@ std::string NameOf(unsigned virtualKey, char32_t character) {
 } // namespace
 
 std::string DescribeKey(const LKeyMapEntry& key) {
-    const bool control = (key.virtualKey & LKeyControl) != 0;
-    return (control ? "Ctrl+" : "") + NameOf(key.virtualKey & ~LKeyControl, key.character);
+    const std::string control = (key.virtualKey & LKeyControl) != 0 ? "Ctrl+" : "";
+    const std::string shift = (key.virtualKey & LKeyShift) != 0 ? "Shift+" : "";
+    return control + shift + NameOf(key.virtualKey & ~(LKeyControl | LKeyShift), key.character);
 }
 
 const LKeyMapEntry* FindKey(std::span<const LKeyMapEntry> keys, const LKeyPress& key) {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-/// Keys that are named, not typed, and what can be held with any key.
+/// Keys that are named, not typed, and what is held with a key.
 enum LVirtualKey : unsigned {
     LKeyNone = 0,
     LKeyReturn = 1, ///< also Enter on the keypad
@@ -13,16 +13,18 @@ enum LVirtualKey : unsigned {
     LKeyF1 = 5,
     LKeyKeypadPlus = 6,
     LKeyControl = 0x100, ///< added while Ctrl is held
+    LKeyShift = 0x200,   ///< added while Shift is held, but for a character that may need it to be typed
 };
 
 /// A key as the window gets it.
 struct LKeyPress {
     unsigned virtualKey = LKeyNone;
-    char32_t character = 0; ///< what it types, in small letters while Ctrl is held; 0 for a named key
+    char32_t character = 0; ///< what it types, as a small letter; 0 for a named key
     bool repeated = false;  ///< the key is held down
 };
 
-/// One row of a key map. A row without a character stands for the named key alone.
+/// One row of a key map: a named key, or a character, with all that has to be held. The first row of a
+/// command is the one that its menu entry and tool bar item show.
 struct LKeyMapEntry {
     unsigned virtualKey;
     char32_t character;

@@ -39,9 +39,9 @@ LListView::LListView(LWindow& owner, int control)
       id(control),
       peer(owner.GetControls().CreateListViewPeer(control, *this)) {}
 
-void LListView::SetColumns(std::span<const char* const> titles) {
-    columns = titles.size();
-    peer->SetColumns({titles.begin(), titles.end()});
+void LListView::SetColumns(std::span<const LListColumn> shown) {
+    columns = shown.size();
+    peer->SetColumns({shown.begin(), shown.end()});
 }
 
 void LListView::EnableDragging() {
@@ -54,14 +54,20 @@ void LListView::SetFocus() {
 
 void LListView::InsertRow(int row, const std::string& text, std::uint32_t data) {
     row = std::clamp(row, 0, GetCount());
-    Row inserted{std::vector<std::string>(columns), data};
+    Row inserted{std::vector<std::string>(columns), data, {}};
     inserted.texts[0] = text;
-    peer->InsertRow(row, inserted.texts);
-    rows.insert(rows.begin() + row, std::move(inserted));
+    Insert(row, std::move(inserted));
     for (int& each : selection)
         each += each >= row ? 1 : 0;
     current += current >= row ? 1 : 0;
     ShowSelection();
+}
+
+/// The selection is left to the caller.
+void LListView::Insert(int row, Row inserted) {
+    peer->InsertRow(row, inserted.texts);
+    peer->SetLook(row, inserted.look);
+    rows.insert(rows.begin() + row, std::move(inserted));
 }
 
 void LListView::DeleteRows(std::vector<int> deleted) {
@@ -101,9 +107,8 @@ void LListView::MoveRow(int from, int to) {
         return;
     Row moved = std::move(rows[static_cast<std::size_t>(from)]);
     peer->DeleteRow(from);
-    peer->InsertRow(to, moved.texts);
     rows.erase(rows.begin() + from);
-    rows.insert(rows.begin() + to, std::move(moved));
+    Insert(to, std::move(moved));
     for (int& each : selection)
         each = AfterMove(each, from, to);
     current = AfterMove(current, from, to);
@@ -125,6 +130,13 @@ std::string LListView::GetText(int row, int column) const {
 
 std::uint32_t LListView::GetData(int row) const {
     return HasRow(row) ? rows[static_cast<std::size_t>(row)].data : 0;
+}
+
+void LListView::SetLook(int row, const LRowLook& look) {
+    if (!HasRow(row))
+        return;
+    rows[static_cast<std::size_t>(row)].look = look;
+    peer->SetLook(row, look);
 }
 
 void LListView::SelectRows(const std::vector<int>& chosen) {
@@ -189,9 +201,7 @@ void LListView::RowsDragged(int before) {
     const int newCurrent = HasRow(current) ? placeOf(current) : -1;
     std::vector<Row> moved = TakeRows(dragged);
     for (int i = 0; i < static_cast<int>(moved.size()); ++i)
-        peer->InsertRow(target + i, moved[static_cast<std::size_t>(i)].texts);
-    rows.insert(rows.begin() + target, std::make_move_iterator(moved.begin()),
-                std::make_move_iterator(moved.end()));
+        Insert(target + i, std::move(moved[static_cast<std::size_t>(i)]));
     selection = places;
     current = newCurrent;
     ShowSelection();

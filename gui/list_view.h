@@ -26,7 +26,8 @@ public:
     LListView(const LListView&) = delete;
     LListView& operator=(const LListView&) = delete;
 
-    void SetColumns(std::span<const char* const> titles);
+    /// Of a list without rows.
+    void SetColumns(std::span<const LListColumn> shown);
     void BindCommands(const LListCommands& bound) { commands = bound; }
     /// Lets the user drag rows within the list, and drop files into it: these go to the window's
     /// `EvDropFilesOnList`.
@@ -46,6 +47,10 @@ public:
     void SetText(int row, int column, const std::string& text);
     std::string GetText(int row, int column) const;
     std::uint32_t GetData(int row) const;
+    /// Stays with the row; a new one is plain but for its shade, which follows from its place.
+    void SetLook(int row, const LRowLook& look);
+    /// How high the list has to be to show its header and all its rows, in units of the layout.
+    int GetHeight() const { return peer->GetHeight(); }
 
     /// The selected rows in the order in which they were selected; rows selected at once count from the top.
     const std::vector<int>& GetSelection() const { return selection; }
@@ -60,8 +65,10 @@ private:
     struct Row {
         std::vector<std::string> texts;
         std::uint32_t data = 0;
+        LRowLook look;
     };
 
+    void Insert(int row, Row inserted);
     std::vector<Row> TakeRows(const std::vector<int>& ascending);
 
     bool HasRow(int row) const { return row >= 0 && row < GetCount(); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gui/list_look.h"
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,10 +28,13 @@ class LListViewPeer {
 public:
     virtual ~LListViewPeer() = default;
 
-    virtual void SetColumns(const std::vector<std::string>& titles) = 0;
+    virtual void SetColumns(const std::vector<LListColumn>& columns) = 0;
     virtual void InsertRow(int row, const std::vector<std::string>& texts) = 0;
     virtual void DeleteRow(int row) = 0;
     virtual void SetText(int row, int column, const std::string& text) = 0;
+    virtual void SetLook(int row, const LRowLook& look) = 0;
+    /// How high the list has to be to show its header and all its rows, in units of the layout.
+    virtual int GetHeight() const = 0;
     /// Selects exactly these rows and brings the current one into view.
     virtual void SetSelection(const std::vector<int>& rows, int current) = 0;
     /// Lets the user drag rows to another place, and drop files between them.

@@ -88,10 +88,12 @@ void LMainWindow::SetMenu(std::span<const LMenuEntry> entries) {
 
 void LMainWindow::SetToolBar(std::span<const LToolBarItem> items) {
     mainToolBar.Build(peer->CreateToolBar(mainToolBar.GetEvents()), items, *this);
+    toolBars.push_back(&mainToolBar);
 }
 
 void LMainWindow::SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items) {
     toolBar.Build(peer->CreateSmallToolBar(control, toolBar.GetEvents()), items, *this);
+    toolBars.push_back(&toolBar);
 }
 
 void LMainWindow::SetStatusBar(std::span<const LStatusItem> items) {
@@ -106,7 +108,11 @@ void LMainWindow::SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> ta
 }
 
 void LMainWindow::ShowKeys(std::span<const LKeyMapEntry> table) {
-    for (const LKeyMapEntry& key : table)
+    // From the last row to the first one, which is to stay.
+    for (auto key = table.rbegin(); key != table.rend(); ++key) {
         if (menu)
-            menu->SetKeyText(key.command, DescribeKey(key));
+            menu->SetKeyText(key->command, DescribeKey(*key));
+        for (LToolBar* bar : toolBars)
+            bar->ShowKey(key->command, DescribeKey(*key));
+    }
 }

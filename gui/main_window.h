@@ -48,8 +48,12 @@ protected:
     void SetToolBarSmallIcons(int control, LToolBar& toolBar, std::span<const LToolBarItem> items);
     void SetStatusBar(std::span<const LStatusItem> items);
     /// The keys go to the handler, whichever control of the window has the keyboard; while that is one that
-    /// is typed or stepped in, only those that it has no use for. The menu shows them beside its entries.
+    /// is typed or stepped in, only those that it has no use for. The menu shows them beside its entries, and
+    /// the tool tips of the tool bars in brackets; both are set before.
     void SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table);
+
+    void SetDocument(const LWindowDocument& document) { peer->SetDocument(document); }
+    void ShowPassing(const std::string& text) { peer->ShowPassing(text); }
 
     LMenu& GetMenu() const { return *menu; }
     LToolBar& GetToolBar() { return mainToolBar; }
@@ -62,6 +66,7 @@ private:
     std::unique_ptr<LMainWindowPeer> peer;
     std::unique_ptr<LMenu> menu;
     LToolBar mainToolBar;
+    std::vector<LToolBar*> toolBars; ///< the one above and those of small icons
     LKeyHandler* keys = nullptr;
     std::vector<std::string> waitingDocuments;
     bool standing = false;

@@ -26,6 +26,11 @@ LMenu::LMenu(std::unique_ptr<LMenuPeer> menuPeer, std::span<const LMenuEntry> en
     }
 }
 
+void LMenu::SetText(int id, const std::string& text) {
+    peer->SetText(id, text);
+    peer->Enable(id, !text.empty());
+}
+
 void LMenu::EnableRange(int first, int last, bool enabled) {
     for (int id = first; id <= last; ++id)
         Enable(id, enabled);

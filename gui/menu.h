@@ -29,10 +29,13 @@ public:
     virtual void AddSeparator() = 0;
     virtual void AddItem(int id, const std::string& text) = 0;
 
+    /// A submenu of which no item is enabled can't be opened.
     virtual void Enable(int id, bool enabled) = 0;
     virtual void SetCheck(int id, bool checked) = 0;
     /// Puts the one radio mark of the items from first to last on `marked`.
     virtual void SetRadio(int first, int last, int marked) = 0;
+    /// Renames an item; one without a text is not shown.
+    virtual void SetText(int id, const std::string& text) = 0;
     /// Shows which key does the same.
     virtual void SetKeyText(int id, const std::string& key) = 0;
 
@@ -53,6 +56,8 @@ public:
     void SetCheck(int id, bool checked) { peer->SetCheck(id, checked); }
     void SetRadio(int first, int last, int marked) { peer->SetRadio(first, last, marked); }
     void SetKeyText(int id, const std::string& key) { peer->SetKeyText(id, key); }
+    /// Renames an item; one without a text is neither shown nor enabled.
+    void SetText(int id, const std::string& text);
 
     int Choose() { return peer->Choose(); }
 

@@ -18,6 +18,19 @@ void LToolBar::Enable(int command, bool enabled) {
         peer->Enable(command, enabled);
 }
 
+void LToolBar::EnableInsteadOf(int command, int other) {
+    Enable(command, true);
+    if (peer)
+        peer->PassFocus(other, command);
+    Enable(other, false);
+}
+
+void LToolBar::ShowKey(int command, const std::string& key) {
+    for (const LToolBarItem& item : items)
+        if (item.command == command)
+            peer->SetToolTip(command, std::string(item.toolTip) + " (" + key + ")");
+}
+
 void LToolBar::SetState(int command, bool set) {
     states[command] = set;
     if (peer)

@@ -7,6 +7,8 @@
 
 enum class LToolBarItemKind {
     Button,
+    Lamp, ///< a button that looks lit while its state is set, as what it starts goes on; pressing it sets
+          ///< none
     Separator,
     Radio,  ///< pressing it releases the radio items beside it
     Toggle, ///< pressing it switches it
@@ -36,6 +38,9 @@ public:
     virtual void AddItem(const LToolBarItem& item) = 0;
     virtual void Enable(int command, bool enabled) = 0;
     virtual void SetPressed(int command, bool pressed) = 0;
+    virtual void SetToolTip(int command, const std::string& text) = 0;
+    /// Where the keyboard is on one item, it is on the other afterwards.
+    virtual void PassFocus(int from, int to) = 0;
 };
 
 class LWindowEvents;
@@ -55,6 +60,10 @@ public:
     LToolBarEvents& GetEvents() { return *this; }
 
     void Enable(int command, bool enabled);
+    /// Enables an item and disables the other, which has been its counterpart: the keyboard follows.
+    void EnableInsteadOf(int command, int other);
+    /// Adds to the tool tip which key does the same.
+    void ShowKey(int command, const std::string& key);
     void SetState(int command, bool set);
     bool GetState(int command) const;
     /// Sets one radio item and releases the others of its group, the radio items that stand beside it in one

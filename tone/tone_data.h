@@ -51,6 +51,8 @@ struct SonvireFile {
     /// Convert the record in place between a file's byte order and the host's.
     void LittleEndianToNative();
     void NativeToLittleEndian();
+    /// True where their files are the same.
+    bool operator==(const SonvireFile& other) const;
 
     std::uint16_t flags = 0;
     std::uint8_t waveform = ToneSine;

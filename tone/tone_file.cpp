@@ -3,6 +3,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <cstring>
 #include <type_traits>
 
 // The file is the record's image in memory, byte for byte, in little-endian order.
@@ -34,6 +35,10 @@ void ReverseBytes(Number& number, Bits (*reverse)(Bits)) {
 }
 
 } // namespace
+
+bool SonvireFile::operator==(const SonvireFile& other) const {
+    return std::memcmp(this, &other, FileBytes) == 0;
+}
 
 void SonvireFile::LittleEndianToNative() {
     if constexpr (std::endian::native == std::endian::big)

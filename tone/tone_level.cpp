@@ -38,8 +38,12 @@ std::optional<double> GetHighestPeakDbfs(const SonvireData& tone) {
     return ToDbfs(peak);
 }
 
+std::optional<double> GetSamplePeakDbfs(int peak) {
+    return ToDbfs(static_cast<double>(peak) / FullScale16);
+}
+
 std::string FormatDbfs(double dbfs) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.2f dBFS", dbfs);
+    std::snprintf(text, sizeof text, "%.2f dBFS", std::round(dbfs * 100) / 100 + 0.0); // no -0.00
     return text;
 }

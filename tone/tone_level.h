@@ -14,5 +14,8 @@ std::optional<double> GetComponentPeakDbfs(const SonvireData& tone, std::size_t 
 /// The peak where those of all components meet; it is limited to 0 dBFS when it plays. Nothing for silence.
 std::optional<double> GetHighestPeakDbfs(const SonvireData& tone);
 
+/// Of the largest magnitude of internal samples; nothing for 0.
+std::optional<double> GetSamplePeakDbfs(int peak);
+
 /// "-12.04 dBFS"
 std::string FormatDbfs(double dbfs);

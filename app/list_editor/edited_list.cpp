@@ -6,6 +6,7 @@
 #include "sys/path.h"
 #include "tone/tone_list_file.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
@@ -89,14 +90,14 @@ void EditedList::Drop() {
         MoveTo(before);
 }
 
-void EditedList::RemoveUnused(const std::string& played) {
+void EditedList::RemoveUnused(const std::set<std::string>& named) {
     std::erase_if(temporaries, [&](const std::string& each) {
-        const bool unused = each != path && each != played;
+        const bool unused = each != path && !named.contains(each);
         if (unused)
             unlink(each.c_str());
         return unused;
     });
-    Own(played);
+    std::for_each(named.begin(), named.end(), [this](const std::string& each) { Own(each); });
 }
 
 void EditedList::Own(const std::string& file) {

@@ -44,9 +44,8 @@ public:
     /// Of an editor that is cancelled: back to the list that was edited before, unless the user has saved
     /// this one elsewhere since.
     void Drop();
-    /// Removes the temporary files that are neither this list's nor that of `played`, the list that the
-    /// window plays.
-    void RemoveUnused(const std::string& played);
+    /// Removes the temporary files that are neither this list's nor among those that the window names.
+    void RemoveUnused(const std::set<std::string>& named);
 
 private:
     void Own(const std::string& file);

@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr const char* Columns[] = {"Tone", "Problem"};
+constexpr LListColumn Columns[] = {{.title = "Tone", .fills = true}, {.title = "Problem"}};
 constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
 constexpr std::uint32_t UnknownLength = UINT32_MAX;
 

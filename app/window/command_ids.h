@@ -16,7 +16,7 @@ enum MainCommand : int {
     CommandLoadTone = 1111,
     CommandSaveAsTone = 1112,
     CommandNewList = 1113,
-    CommandLoadListMenu = 1114, ///< Kept quirk: does nothing
+    CommandLoadListMenu = 1114, ///< does what `CommandLoadList` does
     CommandSaveList = 1115,
     CommandSaveAsWav = 1116,
     CommandUndo = 1120,
@@ -66,8 +66,12 @@ enum MainControl : int {
     ControlLevels = 303,
     ControlDevice = 304,
     ControlVolume = 305,
-    ControlMute = 306,
-    ControlVolumeText = 307,
+    ControlHeadline = 306,
+    ControlToneKind = 307,
+    ControlToneLevel = 308,
+    ControlKeyHint = 309,
+    ControlMute = 310,
+    ControlVolumeText = 311,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

@@ -80,6 +80,7 @@ void EnableToolBarItems(LToolBar& mainBar, LToolBar& smallBar, const MainState& 
     for (const int command : {CommandSweepLinear, CommandSweepLog})
         smallBar.SetState(command, command == GetModeCommand(tone));
 
-    mainBar.Enable(CommandPlay, !state.playing);
-    mainBar.Enable(CommandStop, state.playing);
+    mainBar.EnableInsteadOf(state.playing ? CommandStop : CommandPlay,
+                            state.playing ? CommandPlay : CommandStop);
+    mainBar.SetState(CommandPlay, state.playing);
 }

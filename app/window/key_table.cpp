@@ -5,10 +5,16 @@ static constexpr LKeyMapEntry MainKeys[] = {
     {LKeyF1, 0, LCommandHelp},
     {LKeyNone, ' ', CommandPlay},
     {LKeyEscape, 0, CommandStop},
+    {LKeyControl, 'o', CommandLoadTone},
     {LKeyControl, 's', CommandSave},
+    {LKeyControl, 'z', CommandUndo},
+    {LKeyControl | LKeyShift, 'z', CommandRedo},
+    {LKeyControl, 'y', CommandRedo},
     {LKeyControl, 'w', CommandCloseWindow},
+    {LKeyNone, '+', CommandIncrease},
+    {LKeyNone, '=', CommandIncrease}, // where "+" needs Shift
     {LKeyKeypadPlus, 0, CommandIncrease},
-    {LKeyNone, '-', CommandDecrease},
+    {LKeyNone, '-', CommandDecrease}, // also on the keypad
     {LKeyPageUp, 0, CommandIncreaseLarge},
     {LKeyPageDown, 0, CommandDecreaseLarge},
     {LKeyReturn, 0, CommandEditValue},

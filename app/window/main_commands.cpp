@@ -21,11 +21,17 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandPlay, [](MainDialog& window) { window.playback.CmPlay(); }},
     {CommandStop, [](MainDialog& window) { window.playback.Stop(); }},
     {CommandLoop, [](MainDialog& window) { window.CmRepeatPlay(); }},
+    {CommandUndo, [](MainDialog& window) { window.Restore(window.history.Undo(window.state)); }},
+    {CommandRedo, [](MainDialog& window) { window.Restore(window.history.Redo(window.state)); }},
     {ControlDevice, [](MainDialog& window) { window.CmChooseDevice(); }},
     {ControlVolume, [](MainDialog& window) { window.playback.SetVolume(window.status.StoreVolume()); }},
     {ControlMute, [](MainDialog& window) { window.playback.SetVolume(window.status.ToggleMute()); }},
 
-    {CommandSelection, [](MainDialog& window) { window.EnableControls(); }},
+    {CommandSelection,
+     [](MainDialog& window) {
+         window.history.EndSeries();
+         window.EnableControls();
+     }},
     {CommandIncrease, [](MainDialog& window) { window.Restart(window.rows.IncreaseListViewData(1)); }},
     {CommandDecrease, [](MainDialog& window) { window.Restart(window.rows.DecreaseListViewData(1)); }},
     {CommandIncreaseLarge,
@@ -49,6 +55,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
     {CommandNewList,
      [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.lists.CmCreateList()); }},
+    {CommandLoadListMenu, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
 
@@ -59,9 +66,27 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandHelpKeys, [](MainDialog& window) { OpenHelpPage(window, HelpPage::Keys); }},
 };
 
+/// The steps of one key or button are undone at once.
+int GetSeries(int command) {
+    constexpr int Steps[] = {CommandIncrease, CommandDecrease, CommandIncreaseLarge, CommandDecreaseLarge};
+    return std::find(std::begin(Steps), std::end(Steps), command) != std::end(Steps) ? command
+                                                                                     : ToneHistory::NoSeries;
+}
+
 void MainDialog::Command(int command) {
+    if (command == CommandUndo || command == CommandRedo)
+        RunCommand(command);
+    else
+        Record([this, command] { RunCommand(command); }, GetSeries(command));
+}
+
+void MainDialog::RunCommand(int command) {
     if (SonvireData changed = tone; ChangeTone(changed, command)) {
         ReplaceTone(changed);
+        return;
+    }
+    if (command >= CommandOpenRecent && command <= CommandLastRecent) {
+        OpenRecent(static_cast<std::size_t>(command - CommandOpenRecent));
         return;
     }
     const auto* action = std::find_if(std::begin(Actions), std::end(Actions),
@@ -93,7 +118,7 @@ void MainDialog::CmChooseDevice() {
 }
 
 void MainDialog::CmToggle(int toggle, int on, int off) {
-    Command(smallToolBar.GetState(toggle) ? on : off);
+    RunCommand(smallToolBar.GetState(toggle) ? on : off);
 }
 
 void MainDialog::CmToneEditValue() {
@@ -107,7 +132,7 @@ void MainDialog::CmListViewRightClickMenu() {
     LMenu menu(rows.CreatePopupMenu(), GetListMenu());
     EnableMenuItems(menu, GetState());
     if (const int chosen = menu.Choose(); chosen != 0)
-        Command(chosen);
+        RunCommand(chosen);
 }
 
 void MainDialog::CmSave() {

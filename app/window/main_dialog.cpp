@@ -10,10 +10,22 @@
 #include "gui/toolkit.h"
 #include "sys/desktop/folders.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 std::string CurrentTonePath() {
     return GetUserDataFolder() + "/current.tdf";
+}
+
+std::shared_ptr<ToneDocument> OpenLastDocument() {
+    const std::string path = Setting::Document.Get();
+    if (path.empty())
+        return std::make_shared<ToneDocument>();
+    SonvireData content;
+    const bool unread = static_cast<bool>(content.ReadFromFile(path.c_str()));
+    return std::make_shared<ToneDocument>(path, unread ? std::nullopt : std::optional(content));
 }
 
 } // namespace
@@ -27,12 +39,14 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
       playback(windowToolkit, tone, status, devices, std::move(outputs.open)),
       witness(tone, playback),
       rows(*this, tone),
-      files(*this, tone),
-      lists(*this, tone, files) {}
+      summary(*this),
+      files(*this, state, [this](const std::string& line) { ShowPassing(line); }),
+      lists(*this, tone, files, history) {}
 
 void MainDialog::InitDialog() {
     SetCaption("Sonvire");
     rows.Create();
+    summary.Create();
     SetStatusBar(StatusFields::GetItems());
     status.Init();
     SetToolBar(GetMainToolBar());
@@ -41,9 +55,13 @@ void MainDialog::InitDialog() {
     SetKeys(*this, GetMainKeys());
     playback.Begin([this] { EnableControls(); });
     static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
+    state.document = OpenLastDocument();
+    ShowDocument();
+    ShowRecent();
     witness.Watch(CurrentTonePath());
     lists.RemoveUnused();
     rows.Begin();
+    ShowSummary();
     devices.Refresh();
     if (Setting::Autoplay.Get())
         playback.CmPlay();
@@ -54,6 +72,8 @@ void MainDialog::DestroyDialog() {
     devices.Leave();
     static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
+    history = {};
+    lists.RemoveUnused();
     LWatchSettings(nullptr);
     rows.Destroy();
     OpenThankYouPageOnce(GetToolkit());
@@ -69,10 +89,19 @@ void MainDialog::EvStarted() {
 }
 
 void MainDialog::LayoutControls(int width, int height) {
+    content = {0, 0, width, height};
     LControlsPeer& controls = GetControls();
     const int barHeight = controls.GetPlace(ControlSmallToolBar).height;
     controls.Place(ControlSmallToolBar, {0, 0, width, barHeight});
-    controls.Place(ControlList, {0, barHeight, width, height - barHeight});
+    const int listHeight = std::min(rows.GetHeight(), height - barHeight);
+    controls.Place(ControlList, {0, barHeight, width, listHeight});
+    const int end = barHeight + listHeight;
+    summary.Place({0, end, width, height - end});
+}
+
+void MainDialog::ShowSummary() {
+    summary.Show(tone);
+    LayoutControls(content.width, content.height);
 }
 
 MainState MainDialog::GetState() const {
@@ -89,10 +118,10 @@ void MainDialog::CmHelp() {
 }
 
 void MainDialog::RelistandStart() {
-    lists.RemoveUnused();
     if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
+    ShowSummary();
     playback.Restart();
 }
 
@@ -109,8 +138,51 @@ bool MainDialog::MayReplaceTone() {
 }
 
 void MainDialog::Restart(bool changed) {
-    if (changed)
-        playback.Restart();
+    if (!changed)
+        return;
+    ShowSummary();
+    playback.Restart();
+}
+
+/// What another change brings about is a part of it.
+void MainDialog::Record(const std::function<void()>& change, int series) {
+    if (std::exchange(recording, true)) {
+        change();
+        return;
+    }
+    const ToneState before = state;
+    change();
+    recording = false;
+    if (before.tone != tone)
+        history.Keep(before, series);
+    lists.RemoveUnused();
+    ShowDocument();
+}
+
+void MainDialog::Restore(const std::optional<ToneState>& past) {
+    if (!past)
+        return;
+    state = *past;
+    RelistandStart();
+    ShowDocument();
+}
+
+void MainDialog::ShowDocument() {
+    const LWindowDocument document = state.document->Describe(tone);
+    SetDocument(document);
+    GetMenu().Enable(CommandUndo, history.CanUndo());
+    GetMenu().Enable(CommandRedo, history.CanRedo());
+    if (std::exchange(shownPath, document.path) == document.path)
+        return;
+    Setting::Document.Set(state.document->GetPath());
+    if (!document.path.empty())
+        recent.Add(document.path);
+    ShowRecent();
+}
+
+void MainDialog::ShowRecent() {
+    for (std::size_t place = 0; place < RecentFiles::Most; ++place)
+        GetMenu().SetText(CommandOpenRecent + static_cast<int>(place), recent.GetLabel(place));
 }
 
 LWindowGeometry MainDialog::ReadGeometry() {

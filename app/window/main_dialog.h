@@ -2,7 +2,9 @@
 
 #include "app/window/enabling_rules.h"
 #include "app/window/playback.h"
+#include "app/window/recent_files.h"
 #include "app/window/status_fields.h"
+#include "app/window/summary_pane.h"
 #include "app/window/tone_files.h"
 #include "app/window/tone_lists.h"
 #include "app/window/tone_rows.h"
@@ -36,6 +38,8 @@ private:
     LWindowGeometry ReadGeometry() override;
     void WriteGeometry(const LWindowGeometry& geometry) override;
     MainState GetState() const;
+    /// After every change of the tone.
+    void ShowSummary();
     /// After every change of what rows the tone has.
     void RelistandStart();
     void Relist(bool changed);
@@ -43,15 +47,25 @@ private:
     bool MayReplaceTone();
     /// After every change of a value.
     void Restart(bool changed);
+    /// Makes a change that can be undone; without effect it is none.
+    void Record(const std::function<void()>& change, int series = ToneHistory::NoSeries);
+    void Restore(const std::optional<ToneState>& past);
+    /// In the title, and among those that were opened last.
+    void ShowDocument();
+    void ShowRecent();
 
     // open_files.cpp: documents from outside.
     void CmLoadFiles(const std::vector<std::string>& paths) override;
     void EvRunArguments(const char* const* arguments, int count) override;
+    void LoadDocuments(const std::vector<std::string>& paths);
+    void OpenDropped(const std::vector<std::string>& paths);
+    void OpenRecent(std::size_t place);
     void OpenFromUser(const std::string& path);
 
     // main_commands.cpp: one table of what each command does, and what concerns more than one of the parts.
     struct Action;
     static const Action Actions[];
+    void RunCommand(int command);
     void ReplaceTone(const SonvireData& changed);
     void CmRepeatPlay();
     void CmChooseDevice();
@@ -61,13 +75,20 @@ private:
     void CmSave();
     void CmLoadList();
 
-    SonvireData tone;
+    ToneState state;
+    SonvireData& tone = state.tone;
+    ToneHistory history;
+    bool recording = false;
+    std::string shownPath; ///< of the document
+    RecentFiles recent;
     LToolBar smallToolBar;
     StatusFields status;
     DeviceList devices;
     Playback playback;
     ToneWitness witness;
     ToneRows rows;
+    SummaryPane summary;
+    LRect content; ///< as it was laid out last
     ToneFiles files;
     ToneLists lists;
 };

@@ -19,6 +19,11 @@ std::string MakeAbsolute(const std::string& path) {
 } // namespace
 
 void MainDialog::CmLoadFiles(const std::vector<std::string>& paths) {
+    Record([this, &paths] { LoadDocuments(paths); });
+}
+
+/// What can't be opened is told once the window shows the rest.
+void MainDialog::LoadDocuments(const std::vector<std::string>& paths) {
     std::vector<LNotice> notices;
     for (const std::string& path : paths) {
         if (HasExtension(path, ".tdf") && !MayReplaceTone())
@@ -27,16 +32,17 @@ void MainDialog::CmLoadFiles(const std::vector<std::string>& paths) {
             notices.push_back(std::move(*notice));
     }
     Relist(!paths.empty());
-    ShowNotices(notices);
+    if (!notices.empty())
+        GetToolkit().Post([notices] { ShowNotices(notices); });
 }
 
 /// Only the first argument counts. What the last run has left to say comes after it.
 void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     if (count > 1)
-        OpenFromUser(arguments[1]);
+        Record([this, path = arguments[1]] { OpenFromUser(path); });
     GetToolkit().Post([this] {
         OfferCrashReport(*this);
-        Relist(lists.OfferLostList());
+        Record([this] { Relist(lists.OfferLostList()); });
     });
 }
 
@@ -56,12 +62,20 @@ void MainDialog::OpenFromUser(const std::string& path) {
     }
 }
 
-/// Of tones the last one stays; lists are edited one after the other.
 void MainDialog::EvDropFiles(const std::vector<std::string>& paths) {
+    Record([this, &paths] { OpenDropped(paths); });
+}
+
+void MainDialog::OpenRecent(std::size_t place) {
+    OpenFromUser(recent.GetPath(place));
+}
+
+/// Of tones the last one stays; lists are edited one after the other.
+void MainDialog::OpenDropped(const std::vector<std::string>& paths) {
     std::vector<std::string> listFiles, others;
     for (const std::string& path : paths)
         (HasExtension(path, ".tdl") ? listFiles : others).push_back(path);
-    CmLoadFiles(others);
+    LoadDocuments(others);
     for (const std::string& list : listFiles)
         OpenFromUser(list);
 }

@@ -3,13 +3,16 @@
 #include "app/file_kinds.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
+#include "app/window/saved_note.h"
 #include "app/window/tone_commands.h"
 #include "gui/file_chooser.h"
 #include "gui/process_dialog.h"
 #include "jobs/file_notices.h"
 #include "jobs/render_file.h"
+#include "sound/peak_sink.h"
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
+#include "tone/tone_level.h"
 
 #include <span>
 
@@ -38,9 +41,10 @@ bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
                            LMessageButtons::OkCancel) == LMessageAnswer::Ok;
 }
 
-/// Runs the job under a progress dialog.
-LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
-    LProcessDialog<LPRSourceToSink> dialog(job.title, job);
+/// Runs the job under a progress dialog, and measures what it writes.
+LProcessResult RunJob(LWindow& parent, const LPRSourceToSink& job, SinkMeasure& measure) {
+    LPRSourceToSink measured(job.title, job.source, LSoundSink::Make<LPeakSink>(job.sink, measure));
+    LProcessDialog<LPRSourceToSink> dialog(job.title, measured);
     dialog.Open(parent);
     return dialog.GetResult();
 }
@@ -50,22 +54,23 @@ LProcessResult RunJob(LWindow& parent, LPRSourceToSink& job) {
 std::optional<LNotice> ToneFiles::LoadDocument(const std::string& path) {
     RememberFile(path);
     if (HasExtension(path, ".tdf"))
-        return Read(path);
+        return Read(path, path);
     return LNotice{"Unrecognized File Type", "Unrecognized tone file type.", true};
 }
 
 void ToneFiles::LoadNamed(const std::string& path, const std::string& fullPath) {
-    if (const auto unread = Read(path))
+    if (const auto unread = Read(path, fullPath))
         ShowNotice(*unread);
     else
         RememberFile(fullPath);
 }
 
-std::optional<LNotice> ToneFiles::Read(const std::string& path) {
+std::optional<LNotice> ToneFiles::Read(const std::string& path, const std::string& fullPath) {
     SonvireData read;
     if (const LFailure failure = read.ReadFromFile(path.c_str()))
         return DescribeUnreadable(path, failure);
     tone = read;
+    document = std::make_shared<ToneDocument>(fullPath, read);
     return {};
 }
 
@@ -113,8 +118,12 @@ void ToneFiles::CmSaveAsWav() {
 
 void ToneFiles::CmSaveTDF(const std::string& path) {
     RememberFile(path);
-    if (const LFailure failure = tone.WriteToFile(path.c_str()))
+    if (const LFailure failure = tone.WriteToFile(path.c_str())) {
         ShowNotice(DescribeUnwritten(path, failure));
+        return;
+    }
+    document->MoveTo(path, tone);
+    tellSaved(DescribeSavedTone(path, tone));
 }
 
 void ToneFiles::CmSaveWave(const std::string& path) {
@@ -127,9 +136,14 @@ void ToneFiles::CmSaveWave(const std::string& path) {
         return;
     }
     Setting::FileFolder.Set(GetFolder(path));
-    const RenderOutcome outcome =
-        RenderToFile(OpenToneInput(tone, SoundLength::Finite), {.path = path},
-                     {.confirm = ConfirmProblems, .run = [this](auto& job) { return RunJob(window, job); }});
+    const SoundInput input = OpenToneInput(tone, SoundLength::Finite);
+    SinkMeasure measure;
+    const RenderOutcome outcome = RenderToFile(
+        input, {.path = path},
+        {.confirm = ConfirmProblems, .run = [&](auto& job) { return RunJob(window, job, measure); }});
+    if (outcome.result == LProcessResult::Completed)
+        tellSaved(DescribeSavedSound(path, double{1} * measure.frames / input.source->sampleRate,
+                                     GetSamplePeakDbfs(measure.peak)));
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)

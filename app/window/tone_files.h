@@ -1,8 +1,9 @@
 #pragma once
 
+#include "app/window/tone_document.h"
 #include "sys/notice.h"
-#include "tone/tone_data.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -12,8 +13,12 @@ class LWindow;
 /// fails is told in a message box, and leaves the tone as it was.
 class ToneFiles {
 public:
-    /// Both must outlive this.
-    ToneFiles(LWindow& owner, SonvireData& currentTone) : window(owner), tone(currentTone) {}
+    /// What was saved is told to `savedTeller`, in a line. All else must outlive this.
+    ToneFiles(LWindow& owner, ToneState& currentState, std::function<void(const std::string&)> savedTeller)
+        : window(owner),
+          tone(currentState.tone),
+          document(currentState.document),
+          tellSaved(std::move(savedTeller)) {}
 
     /// A document of the desktop's, which has to be a tone file and is remembered in any case; returns why it
     /// was not loaded.
@@ -30,9 +35,11 @@ public:
     void CmSaveWave(const std::string& path);
 
 private:
-    std::optional<LNotice> Read(const std::string& path);
+    std::optional<LNotice> Read(const std::string& path, const std::string& fullPath);
     void CmSaveTDF(const std::string& path);
 
     LWindow& window;
     SonvireData& tone;
+    std::shared_ptr<ToneDocument>& document;
+    std::function<void(const std::string&)> tellSaved;
 };

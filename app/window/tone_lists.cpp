@@ -50,6 +50,17 @@ bool ToneLists::CmEditList(const std::string& path) {
     return true;
 }
 
+void ToneLists::RemoveUnused() {
+    std::set<std::string> named;
+    const auto add = [&named](const SonvireData& each) {
+        if (each.IsList())
+            named.insert(each.GetListPath());
+    };
+    add(tone);
+    history.ForEach([&add](const ToneState& state) { add(state.tone); });
+    edited.RemoveUnused(named);
+}
+
 bool ToneLists::OfferLostList() {
     if (!EditedList::HasLostDraft())
         return false;
@@ -115,6 +126,10 @@ bool ToneLists::CmLoadList() {
 }
 
 bool ToneLists::CmSaveList() {
+    if (!tone.IsList()) {
+        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
+        return false;
+    }
     const std::string list = tone.GetListPath();
     LFileChooser chooser{"Save Tone List to File",
                          ProposeName(list),
@@ -138,10 +153,6 @@ bool ToneLists::CmSaveList() {
 }
 
 bool ToneLists::CopyList(const std::string& list, const std::string& path) {
-    if (!tone.IsList()) {
-        LShowMessageBox("Error", "The tone is no list, so there is none to save.");
-        return false;
-    }
     if (const LFailure unreadable = CheckReadable(list)) {
         ShowNotice(DescribeUnreadable(list, unreadable));
         return false;

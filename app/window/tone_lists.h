@@ -1,20 +1,25 @@
 #pragma once
 
+#include "app/edit_history.h"
 #include "app/list_editor/edited_list.h"
+#include "app/window/tone_document.h"
 #include "sys/desktop/message_box.h"
 #include "tone/tone_data.h"
 
 class LWindow;
 class ToneFiles;
 
+using ToneHistory = EditHistory<ToneState>;
+
 /// Makes a tone list the current tone, edited before, and saves the list that is.
 class ToneLists {
 public:
     /// All must outlive this.
-    ToneLists(LWindow& owner, SonvireData& currentTone, ToneFiles& toneFiles)
+    ToneLists(LWindow& owner, SonvireData& currentTone, ToneFiles& toneFiles, const ToneHistory& toneHistory)
         : window(owner),
           tone(currentTone),
-          files(toneFiles) {}
+          files(toneFiles),
+          history(toneHistory) {}
 
     // True where the list that was edited is the current tone afterwards.
     bool CmCreateList() { return CmEditList({}); }
@@ -30,8 +35,9 @@ public:
     /// Before another tone takes the place of a list that is not saved: whether to save it. No without asking
     /// where there is none; a list that the user does not want to save is offered when one is loaded.
     LMessageAnswer AskToSave();
-    /// Removes the temporary files of lists that nothing names any more; done after every change of the tone.
-    void RemoveUnused() { edited.RemoveUnused(tone.IsList() ? tone.GetListPath() : ""); }
+    /// Removes the temporary files of lists that nothing names any more, neither the tone nor one that can be
+    /// gone back to; done after every change of the tone.
+    void RemoveUnused();
 
 private:
     bool OfferUnsavedList();
@@ -40,5 +46,6 @@ private:
     LWindow& window;
     SonvireData& tone;
     ToneFiles& files;
+    const ToneHistory& history;
     EditedList edited;
 };

@@ -4,6 +4,7 @@
 #include "app/window/command_ids.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
+#include "gui/toolkit.h"
 #include "gui/window.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -14,12 +15,13 @@
 #include "tone/tone_list_source.h"
 #include "tone/typed_item.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 
 namespace {
 
-constexpr const char* Columns[] = {"Tone Data", "Values"};
+constexpr LListColumn Columns[] = {{.title = "Tone Data"}, {.title = "Values", .values = true}};
 constexpr const char* ToneHint = "Tone details (double click to modify)";
 constexpr const char* ListHint =
     "The entries of the list, of which the lowest plays first (double click to edit)";
@@ -61,6 +63,7 @@ void ToneRows::Begin() {
 }
 
 void ToneRows::SetupListViewData() {
+    const int place = list->GetSelection().empty() ? 0 : list->GetSelection().front();
     std::vector<LNotice> missing;
     {
         const LListRebuild rebuild(*list);
@@ -69,8 +72,9 @@ void ToneRows::SetupListViewData() {
     }
     window.SetToolTip(ControlList, tone.IsList() ? ListHint : ToneHint);
     if (list->GetSelection().empty())
-        list->SetCurrent(0); // so that a key has something to step
-    ShowNotices(missing);
+        list->SetCurrent(std::min(place, list->GetCount() - 1)); // so that a key has something to step
+    if (!missing.empty())                                        // once the window shows the rows
+        window.GetToolkit().Post([missing] { ShowNotices(missing); });
 }
 
 void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missing) {
@@ -116,8 +120,13 @@ void ToneRows::ShowListName(const std::string& name) {
 }
 
 void ToneRows::UpdateListViewItem(unsigned int item, int row) {
-    if (!tone.IsList())
-        list->SetText(row, 1, tone.GetItemValue(item));
+    if (tone.IsList())
+        return;
+    list->SetText(row, 1, tone.GetItemValue(item));
+    const bool isShaded = item < ItemDuration && item % 2 != 0; // every second component
+    const std::string more = DescribeItemValue(tone, item);
+    list->SetLook(row, {.shade = isShaded ? LRowShade::Shaded : LRowShade::Plain,
+                        .toolTip = more + (more.empty() ? "" : "\n") + ToneHint});
 }
 
 bool ToneRows::IncreaseListViewData(int count) {

@@ -22,6 +22,8 @@ public:
 
     /// After every change of what rows the tone has. Selected rows that are still there stay selected.
     void SetupListViewData();
+    /// With all rows in sight.
+    int GetHeight() const { return list->GetHeight(); }
     bool HasSelection() const { return !list->GetSelection().empty(); }
     std::unique_ptr<LMenuPeer> CreatePopupMenu() { return list->CreatePopupMenu(); }
 

@@ -7,7 +7,7 @@ namespace {
 using enum LToolBarItemKind;
 
 constexpr LToolBarItem MainToolBar[] = {
-    {Button, CommandPlay, "play", "Play", "Start tone"},
+    {Lamp, CommandPlay, "play", "Play", "Start tone"},
     {Button, CommandStop, "stop", "Stop", "Stop tone"},
     {Separator},
     {Button, CommandSave, "save", "Save", "Saves tone"},

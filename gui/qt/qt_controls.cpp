@@ -225,5 +225,5 @@ void LQtControls::SetValueText(int id, const std::string& text) {
 }
 
 std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {
-    return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents);
+    return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents, unit);
 }

@@ -14,34 +14,32 @@ namespace {
 constexpr qreal DisabledOpacity = 0.35;
 constexpr qreal Corner = 0.2; // of the background's width
 
-/// A pressed item is told by its picture too, drawn like selected text: in some themes its frame is faint.
-QPalette::ColorRole RoleOf(QIcon::Mode mode, QIcon::State state) {
-    return mode == QIcon::Selected || state == QIcon::On ? QPalette::HighlightedText : QPalette::ButtonText;
+/// As the theme is dark or light, so that it stands out.
+QColor LampColour(const QPalette& palette) {
+    const bool dark = palette.color(QPalette::Active, QPalette::Button).lightness() < 128;
+    return dark ? QColor(0x3f, 0xb9, 0x50) : QColor(0x1f, 0x88, 0x3d);
 }
 
 /// Draws an SVG picture in the palette's colour at the time it is drawn, so that a change of theme is
 /// followed.
 class LQtIconEngine : public QIconEngine {
 public:
-    explicit LQtIconEngine(const QByteArray& picture) : svg(picture) {}
+    LQtIconEngine(const QByteArray& picture, LIconLook pressedLook) : svg(picture), look(pressedLook) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const QPalette palette = QGuiApplication::palette();
-        const auto colour = [&palette](QPalette::ColorRole role) {
-            return palette.color(QPalette::Active, role);
-        };
-        QByteArray coloured = svg;
-        coloured.replace("currentColor", colour(RoleOf(mode, state)).name(QColor::HexRgb).toLatin1());
-        QSvgRenderer renderer(coloured);
+        const bool on = state == QIcon::On, lit = on && look == LIconLook::Lamp;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setOpacity(painter->opacity() * (mode == QIcon::Disabled ? DisabledOpacity : 1));
-        if (state == QIcon::On) {
+        painter->setOpacity(painter->opacity() * (mode == QIcon::Disabled && !lit ? DisabledOpacity : 1));
+        if (on && !lit) { // in some themes the frame of a pressed item is faint
             painter->setPen(Qt::NoPen);
-            painter->setBrush(colour(QPalette::Highlight));
+            painter->setBrush(palette.color(QPalette::Active, QPalette::Highlight));
             painter->drawRoundedRect(rect, Corner * rect.width(), Corner * rect.height());
         }
-        renderer.render(painter, rect);
+        const bool selected = on || mode == QIcon::Selected;
+        const auto role = selected ? QPalette::HighlightedText : QPalette::ButtonText;
+        Draw(painter, rect, lit ? LampColour(palette) : palette.color(QPalette::Active, role));
         painter->restore();
     }
 
@@ -53,17 +51,24 @@ public:
         return drawn;
     }
 
-    QIconEngine* clone() const override { return std::make_unique<LQtIconEngine>(svg).release(); }
+    QIconEngine* clone() const override { return std::make_unique<LQtIconEngine>(svg, look).release(); }
 
 private:
+    void Draw(QPainter* painter, const QRect& rect, const QColor& colour) const {
+        QByteArray coloured = svg;
+        coloured.replace("currentColor", colour.name(QColor::HexRgb).toLatin1());
+        QSvgRenderer(coloured).render(painter, rect);
+    }
+
     QByteArray svg;
+    LIconLook look;
 };
 
 } // namespace
 
-QIcon MakeIcon(const std::string& name) {
+QIcon MakeIcon(const std::string& name, LIconLook look) {
     QFile file(":/icons/" + ToQt(name) + ".svg");
     if (name.empty() || !file.open(QIODevice::ReadOnly))
         return {};
-    return QIcon(std::make_unique<LQtIconEngine>(file.readAll()).release());
+    return QIcon(std::make_unique<LQtIconEngine>(file.readAll(), look).release());
 }

@@ -24,14 +24,20 @@ unsigned NameKey(const QKeyEvent& event) {
     }
 }
 
-/// With Ctrl a key types a control character, so its letter is taken instead.
+/// With Ctrl a key types a control character, so what stands on it is taken instead.
 char32_t CharacterOf(const QKeyEvent& event) {
     if (event.modifiers().testFlag(Qt::ControlModifier)) {
-        const bool ascii = event.key() > ' ' && event.key() <= '~';
+        const bool ascii = event.key() >= ' ' && event.key() <= '~';
         return ascii ? QChar::toLower(static_cast<char32_t>(event.key())) : 0;
     }
     const QList<uint> typed = event.text().toUcs4();
-    return typed.size() == 1 ? typed.front() : 0;
+    return typed.size() == 1 ? QChar::toLower(typed.front()) : 0;
+}
+
+/// What is held to type a sign is the keyboard's affair: "+" stands there with Shift on some, without on
+/// others.
+bool MayNeedShift(char32_t character) {
+    return character > ' ' && !QChar::isLetter(character);
 }
 
 } // namespace
@@ -40,9 +46,11 @@ LKeyPress ToKeyPress(const QKeyEvent& event) {
     if (event.modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier))
         return {};
     const unsigned name = NameKey(event);
-    const unsigned held = event.modifiers().testFlag(Qt::ControlModifier) ? LKeyControl : LKeyNone;
-    return {.virtualKey = name | held,
-            .character = name == LKeyNone ? CharacterOf(event) : 0,
+    const char32_t character = name == LKeyNone ? CharacterOf(event) : 0;
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier) && !MayNeedShift(character);
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    return {.virtualKey = name | (control ? LKeyControl : LKeyNone) | (shift ? LKeyShift : LKeyNone),
+            .character = character,
             .repeated = event.isAutoRepeat()};
 }
 

@@ -16,30 +16,32 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr QSize SmallIcon(16, 16);
-constexpr QSize LargeIcon(24, 24);
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
-constexpr int FrameTries = 20;
-constexpr int FrameWaitMs = 25;
+constexpr int PassingMs = 10'000;
+constexpr int FrameWaitMs = 100;
 
-/// Null where the frame is on none.
-const QScreen* FindScreen(const QRect& frame) {
+/// What windows may take of the screen that the frame is on, or of the first one.
+QRect FindRoom(const QRect& frame) {
     for (const QScreen* screen : QGuiApplication::screens())
         if (screen->availableGeometry().intersects(frame))
-            return screen;
-    return nullptr;
+            return screen->availableGeometry();
+    return QGuiApplication::primaryScreen()->availableGeometry();
 }
 
-void SetLook(QToolBar& bar, const QSize& icon) {
-    bar.setIconSize(icon);
-    bar.setMovable(false);
-    bar.setFloatable(false);
-    bar.setContextMenuPolicy(Qt::PreventContextMenu);
+/// Shifted, and made smaller where it has to be, so that all of it can be seen.
+QRect FitInto(const QRect& room, const QRect& frame) {
+    QRect fitted(frame.topLeft(), frame.size().expandedTo(SmallestFrame).boundedTo(room.size()));
+    fitted.moveRight(std::min(fitted.right(), room.right()));
+    fitted.moveBottom(std::min(fitted.bottom(), room.bottom()));
+    fitted.moveLeft(std::max(fitted.left(), room.left()));
+    fitted.moveTop(std::max(fitted.top(), room.top()));
+    return fitted;
 }
 
 } // namespace
@@ -63,50 +65,64 @@ LQtMainWindow::~LQtMainWindow() {
     qApp->removeEventFilter(this);
 }
 
-void LQtMainWindow::SetCaption(const std::string& caption) {
-    setWindowTitle(ToQt(caption));
+void LQtMainWindow::SetCaption(const std::string& text) {
+    caption = ToQt(text);
+    ShowTitle();
+}
+
+void LQtMainWindow::SetDocument(const LWindowDocument& shown) {
+    documentName = ToQt(shown.name).replace("[*]", "[*][*]");
+    ShowTitle();
+    setWindowFilePath(ToQt(shown.path));
+    setWindowModified(shown.changed);
+}
+
+void LQtMainWindow::ShowTitle() {
+    setWindowTitle(documentName.isEmpty() ? caption : documentName + "[*] - " + caption);
+}
+
+void LQtMainWindow::ShowPassing(const std::string& text) {
+    statusBar()->showMessage(ToQt(text), PassingMs);
 }
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
-    const QRect frame(geometry.x, geometry.y, geometry.width, geometry.height);
-    const QScreen* screen = FindScreen(frame);
-    if (screen)
-        move(frame.topLeft()); // of the frame, unlike the size
-    // What was stored on a larger screen would put its edges out of reach.
-    frameToFit = frame.size()
-                     .expandedTo(SmallestFrame)
-                     .boundedTo((screen ? screen : QGuiApplication::primaryScreen())->availableSize());
-    resize(frameToFit);
+    const QRect wanted(geometry.x, geometry.y, geometry.width, geometry.height);
+    normalFrame = FitInto(FindRoom(wanted), wanted);
+    move(normalFrame.topLeft()); // of the frame, unlike the size
+    resize(normalFrame.size());
     setWindowState(geometry.maximized ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
-/// How large the frame is, is known only some time after the desktop has put one around the window, if it
-/// does.
-void LQtMainWindow::FitFrame(int triesLeft) {
-    if (isMaximized() || triesLeft == 0)
+/// How wide the frame is, is known only some time after the desktop has put one around the window, if it
+/// does; a maximized window has another one, and may have lost its state before that.
+void LQtMainWindow::FollowFrame() {
+    if (!isVisible() || (windowState() & ~Qt::WindowActive) != Qt::WindowNoState)
         return;
-    const QSize frame = frameGeometry().size() - size();
-    if (!frame.isNull())
-        resize(frameToFit - frame);
-    else
-        QTimer::singleShot(FrameWaitMs, this, [this, triesLeft] { FitFrame(triesLeft - 1); });
+    const QSize margins = frameGeometry().size() - size();
+    const bool fillsScreen = frameGeometry().contains(screen()->availableGeometry());
+    if (margins.isNull() || (fillsScreen && !fittedMargins.isNull())) // or is being maximized
+        return;
+    if (margins != std::exchange(fittedMargins, margins)) {
+        const QRect fitted = normalFrame; // which the next line may change
+        resize(fitted.size() - margins);
+        move(fitted.topLeft());
+    } else {
+        normalFrame = frameGeometry();
+    }
 }
 
 LWindowGeometry LQtMainWindow::GetGeometry() const {
-    const QSize margins = frameGeometry().size() - size();
-    const QPoint corner = frameGeometry().topLeft() - geometry().topLeft();
-    const QRect inner = isMaximized() ? normalGeometry() : geometry();
-    return {.x = inner.x() + corner.x(),
-            .y = inner.y() + corner.y(),
-            .width = inner.width() + margins.width(),
-            .height = inner.height() + margins.height(),
+    const QRect frame = isMaximized() ? normalFrame : frameGeometry();
+    return {.x = frame.x(),
+            .y = frame.y(),
+            .width = frame.width(),
+            .height = frame.height(),
             .maximized = isMaximized()};
 }
 
 void LQtMainWindow::Show() {
     show();
     activateWindow();
-    FitFrame(FrameTries);
 }
 
 void LQtMainWindow::Raise() {
@@ -120,16 +136,14 @@ std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(static_cast<QWidget*>(this));
-    SetLook(*bar, LargeIcon);
+    QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateSmallToolBar(int control, LToolBarEvents& toolBarEvents) {
-    auto* bar = MakeChild<QToolBar>(content);
-    SetLook(*bar, SmallIcon);
+    QToolBar* bar = MakeToolBar(content);
     controls->Register(control, bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }
@@ -146,9 +160,28 @@ void LQtMainWindow::AddStatusItem(const LStatusItem& item) {
     controls->Register(item.id, widget);
 }
 
+bool LQtMainWindow::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    switch (event->type()) {
+    case QEvent::WindowStateChange: // and another frame, of which no event tells
+        QTimer::singleShot(FrameWaitMs, this, [this] { FollowFrame(); });
+        [[fallthrough]];
+    case QEvent::Show:
+    case QEvent::Move:
+    case QEvent::Resize:
+        FollowFrame();
+        break;
+    default:
+        break;
+    }
+    return handled;
+}
+
 bool LQtMainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && watched == content)
         events.Resized(content->width(), content->height());
+    if (keyRepeats.Replaces(*watched, *event))
+        return true;
     if (event->type() == QEvent::KeyPress && TakesKey(*watched, static_cast<QKeyEvent&>(*event)))
         return true;
     return QMainWindow::eventFilter(watched, event);

@@ -2,6 +2,7 @@
 
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
+#include "gui/qt/qt_key_repeats.h"
 #include "gui/qt/qt_status_fields.h"
 
 #include <QMainWindow>
@@ -13,7 +14,10 @@ public:
     ~LQtMainWindow() override;
 
     LControlsPeer& Controls() override { return *controls; }
-    void SetCaption(const std::string& caption) override;
+    void SetCaption(const std::string& text) override;
+
+    void SetDocument(const LWindowDocument& shown) override;
+    void ShowPassing(const std::string& text) override;
 
     void SetGeometry(const LWindowGeometry& geometry) override;
     LWindowGeometry GetGeometry() const override;
@@ -27,18 +31,24 @@ public:
     void AddStatusItem(const LStatusItem& item) override;
 
 private:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
-    void FitFrame(int triesLeft);
+    void ShowTitle();
+    void FollowFrame();
 
     LWindowEvents& events;
     QWidget* content;
     LQtStatusFields* fields;
     std::unique_ptr<LQtControls> controls;
-    QSize frameToFit; ///< the size that the frame shall have
+    QString caption;
+    QString documentName;
+    LQtKeyRepeats keyRepeats;
+    QRect normalFrame;         ///< where the frame is or shall be while the window is not maximized
+    QSize fittedMargins{0, 0}; ///< of the frame that the window was fitted into last
     bool hasStatusText = false;
 };

@@ -6,8 +6,10 @@
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_number_edit.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -26,6 +28,34 @@ QLabel* MakeText(QWidget* parent, const QString& text) {
     label->setTextFormat(Qt::PlainText);
     return label;
 }
+
+QLabel* MakeHeading(QWidget* parent, const QString& text) {
+    constexpr double Larger = 1.6;
+    QLabel* label = MakeText(parent, text);
+    QFont font = label->font();
+    font.setPointSizeF(label->fontInfo().pointSizeF() * Larger);
+    font.setWeight(QFont::DemiBold);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* MakeHint(QWidget* parent, const QString& text) {
+    QLabel* label = MakeText(parent, text);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+/// Drawn by each screen's own pixels.
+class LQtPicture : public QWidget {
+public:
+    LQtPicture(const QString& name, QWidget* parent) : QWidget(parent) { setAccessibleName(name); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        QApplication::windowIcon().paint(&painter, rect());
+    }
+};
 
 QPushButton* MakeButton(QWidget* parent, int id, const QString& text) {
     auto* button = MakeChild<QPushButton>(parent, text);
@@ -53,6 +83,12 @@ QWidget* MakeControl(const LControlLayout& control, QWidget* parent) {
         break;
     case LControlKind::Text:
         return MakeText(parent, text);
+    case LControlKind::Heading:
+        return MakeHeading(parent, text);
+    case LControlKind::Hint:
+        return MakeHint(parent, text);
+    case LControlKind::Picture:
+        return MakeChild<LQtPicture>(parent, text);
     case LControlKind::Link:
         return MakeChild<LQtLink>(parent, text);
     case LControlKind::Button:

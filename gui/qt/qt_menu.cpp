@@ -7,6 +7,8 @@
 #include <QActionGroup>
 #include <QMenuBar>
 
+#include <algorithm>
+
 QString LQtMenu::WithLetter(const std::string& text) {
     QString label = ToQt(text);
     label.replace('&', "&&");
@@ -58,8 +60,15 @@ QAction* LQtMenu::Find(int id) const {
 }
 
 void LQtMenu::Enable(int id, bool enabled) {
-    if (QAction* action = Find(id))
-        action->setEnabled(enabled);
+    QAction* action = Find(id);
+    if (!action)
+        return;
+    action->setEnabled(enabled);
+    const auto* menu = qobject_cast<QMenu*>(action->parent());
+    const QList<QAction*> all = menu->actions();
+    menu->menuAction()->setEnabled(std::any_of(all.begin(), all.end(), [](const QAction* each) {
+        return !each->isSeparator() && each->isEnabled();
+    }));
 }
 
 void LQtMenu::Mark(QAction* action, bool marked) {
@@ -86,6 +95,14 @@ void LQtMenu::SetRadio(int first, int last, int marked) {
         group->addAction(action);
         Mark(action, id == marked);
     }
+}
+
+void LQtMenu::SetText(int id, const std::string& text) {
+    QAction* action = Find(id);
+    if (!action)
+        return;
+    action->setVisible(!text.empty());
+    action->setText('&' + ToQt(text).replace('&', "&&"));
 }
 
 void LQtMenu::SetKeyText(int id, const std::string& key) {

@@ -28,6 +28,7 @@ public:
     void Enable(int id, bool enabled) override;
     void SetCheck(int id, bool checked) override;
     void SetRadio(int first, int last, int marked) override;
+    void SetText(int id, const std::string& text) override;
     void SetKeyText(int id, const std::string& key) override;
     int Choose() override;
 

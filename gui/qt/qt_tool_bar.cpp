@@ -1,10 +1,36 @@
 #include "gui/qt/qt_tool_bar.h"
 
+#include "gui/qt/qt_child.h"
 #include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_text.h"
 
 #include <QAction>
 #include <QToolButton>
+
+namespace {
+
+constexpr QSize IconSize(22, 22); // of the grid that the pictures are drawn on
+
+/// On the window's own background: the panels and rules that some themes draw would part bars that stand
+/// together.
+class LQtPlainToolBar : public QToolBar {
+public:
+    using QToolBar::QToolBar;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {}
+};
+
+} // namespace
+
+QToolBar* MakeToolBar(QWidget* parent) {
+    auto* bar = MakeChild<LQtPlainToolBar>(parent);
+    bar->setIconSize(IconSize);
+    bar->setMovable(false);
+    bar->setFloatable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    return bar;
+}
 
 void LQtToolBar::AddItem(const LToolBarItem& item) {
     if (item.kind == LToolBarItemKind::Separator) {
@@ -12,9 +38,13 @@ void LQtToolBar::AddItem(const LToolBarItem& item) {
         return;
     }
     const QString label = QString::fromUtf8(item.label), tip = QString::fromUtf8(item.toolTip);
-    QAction* action = bar->addAction(MakeIcon(item.icon), label.isEmpty() ? tip : label);
+    const bool lamp = item.kind == LToolBarItemKind::Lamp;
+    const QIcon icon = MakeIcon(item.icon, lamp ? LIconLook::Lamp : LIconLook::Usual);
+    QAction* action = bar->addAction(icon, label.isEmpty() ? tip : label);
+    if (lamp)
+        lamps.insert(action);
     action->setToolTip(tip);
-    action->setCheckable(item.kind != LToolBarItemKind::Button);
+    action->setCheckable(!lamp && item.kind != LToolBarItemKind::Button);
     actions[item.command] = action;
     QWidget* button = bar->widgetForAction(action);
     button->setAccessibleName(label.isEmpty() ? tip : label);
@@ -34,6 +64,21 @@ void LQtToolBar::Enable(int command, bool enabled) {
 }
 
 void LQtToolBar::SetPressed(int command, bool pressed) {
+    QAction* action = Find(command);
+    if (!action)
+        return;
+    if (lamps.contains(action))
+        action->setCheckable(pressed); // a dark one is a button, which a press does not check
+    action->setChecked(pressed);
+}
+
+void LQtToolBar::SetToolTip(int command, const std::string& text) {
     if (QAction* action = Find(command))
-        action->setChecked(pressed);
+        action->setToolTip(ToQt(text));
+}
+
+void LQtToolBar::PassFocus(int from, int to) {
+    const QWidget* before = bar ? bar->widgetForAction(Find(from)) : nullptr;
+    if (before && before->hasFocus())
+        bar->widgetForAction(Find(to))->setFocus();
 }

@@ -6,6 +6,10 @@
 #include <QToolBar>
 
 #include <map>
+#include <set>
+
+/// A tool bar as all of a window look, one below the other as one family.
+QToolBar* MakeToolBar(QWidget* parent);
 
 /// A tool bar's peer. The bar may go before it does.
 class LQtToolBar : public LToolBarPeer {
@@ -15,6 +19,8 @@ public:
     void AddItem(const LToolBarItem& item) override;
     void Enable(int command, bool enabled) override;
     void SetPressed(int command, bool pressed) override;
+    void SetToolTip(int command, const std::string& text) override;
+    void PassFocus(int from, int to) override;
 
 private:
     QAction* Find(int command) const;
@@ -22,4 +28,5 @@ private:
     QPointer<QToolBar> bar;
     LToolBarEvents& events;
     std::map<int, QAction*> actions;
+    std::set<QAction*> lamps;
 };

@@ -3,6 +3,8 @@
 #include "support/sound_server.h"
 #include "tone/tone_data.h"
 
+#include <QRect>
+
 #include <gmock/gmock.h>
 
 #include <sys/wait.h>
@@ -20,26 +22,39 @@ protected:
         std::filesystem::remove_all(DataFolder());
     }
     ~Program() override {
-        for (const pid_t process : {program, display, bus})
-            if (process > 0)
-                EndProcess(process, SIGKILL);
+        EndDesktop();
+        unsetenv("QT_SCALE_FACTOR");
     }
 
     /// Starts a server; answers the line in which it tells where it is.
     std::string StartServer(pid_t& process, const std::string& name, const std::string& arguments) {
         const std::string file = server.Path(name);
+        std::filesystem::remove(file);
         process = Spawn("exec " + name + " " + arguments, file, file + ".err");
         EXPECT_TRUE(WaitFor([&] { return ReadBytes(file).ends_with('\n'); })) << name;
         return ReadBytes(file).substr(0, ReadBytes(file).find('\n'));
     }
-    /// A sound server with an output, and a display. That takes connections all the time: it does without its
-    /// reset after the last client, such as the first look for the window.
-    void StartDesktop() {
+    /// A display. That takes connections all the time: it does without its reset after the last client, such
+    /// as the first look for the window.
+    void StartDisplay(const std::string& size, const std::string& options = "") {
+        const std::string number =
+            StartServer(display, "Xvfb", "-displayfd 1 -noreset -screen 0 " + size + "x24 " + options);
+        setenv("DISPLAY", (":" + number).c_str(), 1);
+    }
+    void StartManager() {
+        manager = Spawn("exec openbox", server.Path("openbox"), server.Path("openbox.err"));
+        EXPECT_TRUE(WaitFor([] { return RunProgram("xdotool get_desktop").status == 0; }));
+    }
+    /// A sound server with an output, and a display.
+    void StartDesktop(const std::string& size = "1000x700", const std::string& options = "") {
         ASSERT_TRUE(server.Start());
         ASSERT_TRUE(server.AddOutput("main", 44100, 1));
-        const std::string number =
-            StartServer(display, "Xvfb", "-displayfd 1 -noreset -screen 0 1000x700x24");
-        setenv("DISPLAY", (":" + number).c_str(), 1);
+        StartDisplay(size, options);
+    }
+    void EndDesktop() {
+        for (pid_t* process : {&program, &manager, &display, &bus})
+            if (const pid_t running = std::exchange(*process, -1); running > 0)
+                EndProcess(running, SIGKILL);
     }
     void StartBus() {
         const std::string address = StartServer(bus, "dbus-daemon", "--session --nofork --print-address=1");
@@ -72,12 +87,34 @@ protected:
         return DataFolder() + "/Quenby Software/Sonvire/" + file;
     }
     static void Key(const std::string& key) { EXPECT_EQ(RunProgram("xdotool key " + key).status, 0); }
+    static void Keys(const std::vector<std::string>& keys) {
+        for (const std::string& key : keys)
+            Key(key);
+    }
+    /// Waits until all keys so far have been used.
+    static void WaitForKeys() {
+        Key("ctrl+o");
+        ASSERT_TRUE(WaitFor([] { return IsShown("Select Tone to Open"); }));
+        Key("Escape");
+        ASSERT_TRUE(WaitFor([] { return !IsShown("Select Tone to Open") && IsShown("Sonvire"); }));
+    }
+    /// Where the window's frame is.
+    static QRect Frame() {
+        const std::string told = RunProgram("xwininfo -frame -name Sonvire").output;
+        const auto value = [&told](const std::string& name) {
+            const std::size_t at = told.find(name);
+            return at == std::string::npos ? -1 : std::atoi(told.c_str() + at + name.size());
+        };
+        return {value("Absolute upper-left X:"), value("Absolute upper-left Y:"), value("Width:"),
+                value("Height:")};
+    }
     bool IsPlaying() { return !server.Control("list short sink-inputs").empty(); }
 
     SoundServer server;
     pid_t display = -1;
     pid_t program = -1;
     pid_t bus = -1;
+    pid_t manager = -1;
 };
 
 TEST_F(Program, SaysInOneSentenceThatThereIsNoDisplay) {
@@ -111,6 +148,61 @@ TEST_F(Program, KeysAreHeardAndTheToneIsKept) {
     EXPECT_EQ(KeptTone().startLeftHz[0], 440);
     ASSERT_EQ(RunCli("render '" + DataPath("current.tdf") + "' " + server.Path("expected.wav")).status, 0);
     EXPECT_EQ(heard, SamplesOf(ReadBytes(server.Path("expected.wav")).substr(46)));
+}
+
+TEST_F(Program, AHeldKeyWorksOnceAndEveryKeyWithItsModifiersOnly) {
+    StartDesktop("1000x700", "-ardelay 250 -arinterval 3");
+    StartManager();
+    ASSERT_TRUE(StartProgram(WriteTone("--duration 700")));
+    for (int hold = 0; hold < 4; ++hold)
+        EXPECT_EQ(RunProgram("xdotool keydown Page_Up sleep 0.4 keyup Page_Up").status, 0);
+    Keys({"ctrl+shift+w", "shift+space", "shift+Page_Down", "plus", "equal", "minus"});
+    WaitForKeys();
+    EXPECT_FALSE(IsPlaying());
+    EndProgram();
+    EXPECT_NEAR(KeptTone().startLeftHz[0], 220 * 16 * std::exp2(1 / 12.0), 1);
+    EXPECT_EQ(KeptTone().durationMs, 800U) << "the second row was selected as well";
+}
+
+TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
+    StartDesktop();
+    StartManager();
+    ASSERT_TRUE(StartProgram(WriteTone()));
+    Keys({"Tab", "Tab", "Tab", "Tab"});
+    for (const bool plays : {true, false, true}) {
+        Key("space");
+        EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));
+    }
+}
+
+TEST_F(Program, TheWindowStandsWholeOnTheScreenAndStaysThere) {
+    struct {
+        std::string size;
+        const char* scale;
+        QRect screen;
+        int maximized, starts;
+        std::string kept;
+    } const cases[] = {{"1366x768", "1", {0, 0, 1366, 768}, 0, 2, "X=200\nY=168\nWidth=800\nHeight=600\n"},
+                       {"1024x600", "1", {0, 0, 1024, 600}, 0, 1, "X=200\nY=0\nWidth=800\nHeight=600\n"},
+                       {"1366x768", "2", {0, 0, 1366, 768}, 0, 2, "X=0\nY=0\nWidth=683\nHeight=384\n"},
+                       {"1366x768", "2", {0, 0, 1366, 768}, 1, 2, "X=0\nY=0\nWidth=683\nHeight=384\n"},
+                       {"1366x768", "1", {0, 0, 1366, 768}, 1, 13, "X=200\nY=168\nWidth=800\nHeight=600\n"}};
+    const std::string settings = server.Path("Quenby Software/Sonvire.conf");
+    std::filesystem::create_directories(server.Path("Quenby Software"));
+    for (const auto& each : cases) {
+        setenv("QT_SCALE_FACTOR", each.scale, 1);
+        WriteBytes(settings, "[MainWindow]\nMaximized=" + std::to_string(each.maximized) + "\n");
+        StartDisplay(each.size);
+        StartManager();
+        for (int start = 0; start < each.starts; ++start) {
+            SCOPED_TRACE(each.size + " at scale " + each.scale + ", start " + std::to_string(start));
+            ASSERT_TRUE(StartProgram(""));
+            EXPECT_TRUE(WaitFor([&] { return each.screen.contains(Frame()); }));
+            EndProgram();
+            EXPECT_THAT(ReadBytes(settings), HasSubstr(each.kept));
+        }
+        EndDesktop();
+    }
 }
 
 TEST_F(Program, ASecondStartHandsItsFileOver) {

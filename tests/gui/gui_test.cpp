@@ -54,7 +54,9 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
             EXPECT_EQ(list.GetSelection(), expected);
         }
         window.commands.clear();
+        list.SetLook(4, {.mark = LRowMark::Missing});
         list.MoveRow(4, 0); // e a b c d
+        EXPECT_EQ(seen.looks[0].mark, LRowMark::Missing);
         EXPECT_EQ(list.GetSelection(), (Ints{0, 3}));
         EXPECT_EQ(list.GetCurrent(), 3);
         list.InsertRow(0, "x"); // x e a b c d
@@ -108,7 +110,10 @@ TEST(GuiList, StandsDraggedRowsTogetherWhereTheyAreDropped) {
             const auto& [dragged, before, expected] = each;
             list.SelectRows(dragged);
             window.commands.clear();
+            list.SetLook(dragged[0], {.toolTip = "it"});
             seen.events.RowsDragged(before);
+            const auto row = std::string(expected).find(static_cast<char>('a' + dragged[0]));
+            EXPECT_EQ(seen.looks[row].toolTip, "it") << "a row keeps its look";
             EXPECT_EQ(window.ListTexts(), expected);
             EXPECT_EQ(window.commands, window.ListTexts() != "abcde" ? Ints{RowsMoved} : Ints{}) << expected;
         });

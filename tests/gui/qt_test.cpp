@@ -11,6 +11,7 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -94,6 +95,60 @@ TEST_F(QtGui, TheListIsSelectedAsAList) {
     });
 }
 
+TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
+    static constexpr LListColumn columns[] = {{.title = "Name"}, {.title = "Value", .values = true}};
+    static constexpr LListColumn filling[] = {{.title = "File", .fills = true}, {.title = "Problem"}};
+    const std::string longText(300, 'x');
+    window.init = [this] { window.MakeList(0); };
+    Run([&] {
+        QTreeWidget* list = ListWidget();
+        const auto show = [&](std::span<const LListColumn> as, const std::string& name,
+                              const std::string& value) {
+            window.list->DeleteAll();
+            window.list->SetColumns(as);
+            for (int row = 0; row < 2; ++row) {
+                window.list->AppendRow(name);
+                window.list->SetText(row, 1, value);
+            }
+            QApplication::processEvents();
+        };
+        const int room = list->viewport()->width();
+        const auto text = [list](const char* words) { return list->fontMetrics().horizontalAdvance(words); };
+        show(columns, "Sine 1 Frequency", "440.00Hz");
+        EXPECT_GE(list->columnWidth(1), text("440.00Hz"));
+        EXPECT_LT(list->columnViewportPosition(1), text("Sine 1 Frequency") + 50) << "next to the names";
+        EXPECT_LT(list->columnViewportPosition(1) + list->columnWidth(1), room);
+        EXPECT_NE(list->topLevelItem(0)->textAlignment(1) & Qt::AlignRight, 0);
+        show(filling, "a", "gone");
+        EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
+        EXPECT_GT(list->columnWidth(0), list->columnWidth(1));
+        show(filling, longText, "No such file");
+        EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
+        EXPECT_GT(list->columnWidth(1), text("No such file")) << "the problem is the last to be elided";
+        show(filling, longText, longText);
+        EXPECT_EQ(list->columnWidth(0), room / 3);
+        EXPECT_EQ(list->columnWidth(1), room - room / 3);
+
+        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Missing, "why"});
+        window.list->SetText(0, 1, "gone");
+        const QModelIndex marked = list->model()->index(0, 1);
+        EXPECT_FALSE(marked.data(Qt::DecorationRole).value<QIcon>().isNull());
+        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Missing: gone");
+        EXPECT_EQ(marked.data(Qt::ToolTipRole), "why");
+        window.list->SetLook(1, {.shade = LRowShade::Plain});
+        const QImage drawn = list->viewport()->grab().toImage();
+        const auto colour = [&](int row) {
+            return drawn.pixelColor(room - 2, list->visualItemRect(list->topLevelItem(row)).top() + 2);
+        };
+        EXPECT_EQ(colour(0), list->palette().color(QPalette::AlternateBase));
+        EXPECT_EQ(colour(1), list->palette().color(QPalette::Base));
+
+        const int row = list->visualItemRect(list->topLevelItem(0)).height();
+        EXPECT_EQ(row, list->fontMetrics().height() + 16);
+        EXPECT_EQ(window.list->GetHeight(), 2 * row + list->header()->height() + 2 * list->frameWidth());
+    });
+}
+
 constexpr LMenuEntry Entries[] = {{101, "Play"}, {102, "Stop"},       {0},           {-118, "Loop & Play"},
                                   {-1, "Tones"}, {3001, "One & all"}, {3002, "Two"}, {-1}};
 
@@ -136,8 +191,9 @@ TEST_F(QtGui, AMenuPopsUpForTheListAndAnswersWhatWasChosen) {
 }
 
 TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
-    static constexpr LMenuEntry bar[] = {
-        {-1, "Tone"}, {-118, "Loop"}, {2108, "Mono"}, {2109, "Stereo"}, {-1}};
+    static constexpr LMenuEntry bar[] = {{-1, "Tone"},     {-118, "Loop"}, {2108, "Mono"},
+                                         {2109, "Stereo"}, {-1, "Tones"},  {3001, "1"},
+                                         {3002, "2"},      {-1},           {-1}};
     window.init = [&] {
         window.SetMenu(bar);
         window.GetMenu().SetRadio(2108, 2109, 2108);
@@ -153,6 +209,12 @@ TEST_F(QtGui, AMenuBarMarksOnlyWhatItIsTold) {
         EXPECT_FALSE(items[0]->isChecked());
         EXPECT_TRUE(items[1]->isChecked());
         EXPECT_FALSE(items[2]->isChecked());
+
+        QAction* tones = Main()->findChildren<QMenu*>().at(1)->menuAction();
+        window.GetMenu().EnableRange(3001, 3002, false);
+        EXPECT_FALSE(tones->isEnabled()) << "there is nothing in it to choose";
+        window.GetMenu().Enable(3002, true);
+        EXPECT_TRUE(tones->isEnabled());
     });
 }
 
@@ -412,14 +474,17 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
         palette.setColor(QPalette::ButtonText, colour);
         QApplication::setPalette(palette);
         for (const QString& name : names) {
-            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(16, 16).toImage();
+            const QImage picture = MakeIcon(name.chopped(4).toStdString()).pixmap(22, 22).toImage();
             int inked = 0;
-            for (int i = 0; i < 256; ++i)
-                if (const QColor pixel = picture.pixelColor(i % 16, i / 16); pixel.alpha() == 255)
+            for (int i = 0; i < 22 * 22; ++i)
+                if (const QColor pixel = picture.pixelColor(i % 22, i / 22); pixel.alpha() == 255)
                     inked += pixel == colour ? 1 : -1000;
             EXPECT_GT(inked, 3) << name.toStdString();
         }
     }
+    const QIcon lamp = MakeIcon("stop", LIconLook::Lamp);
+    EXPECT_EQ(lamp.pixmap({22, 22}, QIcon::Disabled, QIcon::On).toImage().pixelColor(11, 11),
+              QColor(0x1f, 0x88, 0x3d));
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
     EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }

@@ -8,6 +8,7 @@
 #include "support/temp_dir.h"
 #include "support/test_output.h"
 #include "sys/desktop/folders.h"
+#include "sys/path.h"
 
 #include <gtest/gtest.h>
 

@@ -20,7 +20,8 @@ public:
           makeMenu(std::move(menuMaker)) {}
 
     std::vector<std::vector<std::string>> rows;
-    std::vector<int> selection; ///< from top to bottom
+    std::vector<LRowLook> looks; ///< one for each row
+    std::vector<int> selection;  ///< from top to bottom
     bool draggable = false;
     LListViewEvents& events; ///< for what the user does
 
@@ -30,11 +31,17 @@ public:
         events.SelectionChanged(selection, chosen.empty() ? -1 : chosen.back());
     }
 
-    void SetColumns(const std::vector<std::string>& /*titles*/) override {}
+    void SetColumns(const std::vector<LListColumn>& /*columns*/) override {}
     void InsertRow(int row, const std::vector<std::string>& texts) override {
         rows.insert(rows.begin() + row, texts);
+        looks.insert(looks.begin() + row, LRowLook{});
     }
-    void DeleteRow(int row) override { rows.erase(rows.begin() + row); }
+    void DeleteRow(int row) override {
+        rows.erase(rows.begin() + row);
+        looks.erase(looks.begin() + row);
+    }
+    void SetLook(int row, const LRowLook& look) override { looks.at(static_cast<std::size_t>(row)) = look; }
+    int GetHeight() const override { return static_cast<int>(rows.size() + 1) * 30; }
     void SetText(int row, int column, const std::string& text) override {
         rows.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)) = text;
     }

@@ -8,6 +8,7 @@
 /// An entry of a menu or a tool bar as the user sees it.
 struct MemoryItem {
     std::string path; ///< such as "Tone/Number of Tones/3"
+    std::string text; ///< once it is renamed
     std::string key;
     bool enabled = true;
     bool marked = false; ///< by a check, a radio mark, or looking pressed
@@ -55,6 +56,7 @@ public:
         for (int id = first; id <= last; ++id)
             SetCheck(id, id == marked);
     }
+    void SetText(int id, const std::string& text) override { Set(id, &MemoryItem::text, text); }
     void SetKeyText(int id, const std::string& key) override { Set(id, &MemoryItem::key, key); }
     int Choose() override { return choose(*this); }
 
@@ -81,6 +83,8 @@ public:
     }
     void Enable(int command, bool enabled) override { Set(command, &MemoryItem::enabled, enabled); }
     void SetPressed(int command, bool pressed) override { Set(command, &MemoryItem::marked, pressed); }
+    void SetToolTip(int command, const std::string& text) override { Set(command, &MemoryItem::key, text); }
+    void PassFocus(int /*from*/, int /*to*/) override {}
 
 private:
     LToolBarEvents& events;
@@ -152,6 +156,8 @@ public:
     using MemoryWindow::MemoryWindow;
 
     LWindowGeometry geometry;
+    LWindowDocument document;
+    std::string passing; ///< the last line that went by
     bool visible = false;
     int raised = 0;
     MemoryMenu* menu = nullptr;
@@ -166,6 +172,8 @@ public:
 
     void SetGeometry(const LWindowGeometry& wanted) override { geometry = wanted; }
     LWindowGeometry GetGeometry() const override { return geometry; }
+    void SetDocument(const LWindowDocument& shown) override { document = shown; }
+    void ShowPassing(const std::string& text) override { passing = text; }
     void Show() override { visible = true; }
     void Raise() override { ++raised; }
     void Hide() override { visible = false; }

@@ -74,7 +74,7 @@ TEST_F(App, NothingLeadsToAWebSiteThatIsNotSet) {
         EXPECT_EQ(GetWebLink(command, site), address) << site;
     dialogs = {[](MemoryDialog& about) {
         EXPECT_EQ(about.controls.focus, LCommandOk);
-        EXPECT_EQ(about.controls.GetText(101), "Sonvire 2.14");
+        EXPECT_EQ(about.controls.GetText(105), "Version 2.14");
         EXPECT_FALSE(about.controls[CommandWebSite].enabled);
         about.Press(LCommandHelp);
         EXPECT_FALSE(about.ended);

@@ -16,12 +16,18 @@ TEST_F(App, RowsStandInOrder) {
         EXPECT_EQ(Rows().size(), 11U);
         EXPECT_EQ(Rows().front(), "Saw Tooth 1 Start Left Frequency=1000.00Hz");
         EXPECT_EQ(Rows().back(), "Saw Tooth Duration=1000ms");
+        EXPECT_EQ(List().looks[5].shade, LRowShade::Shaded) << "the second component's";
+        EXPECT_NE(List().looks[4].shade, LRowShade::Shaded);
         List().Select({4, 6, 10});
         Send({CommandMono});
         EXPECT_EQ(List().selection, (Ints{2, 4, 6})) << "the rows that are still there stay selected";
         Send({WaveformCommand(TonePinkNoise)});
         EXPECT_EQ(Rows(), Texts{"Pink Noise Duration=1000ms"});
         EXPECT_EQ(List().selection, Ints{0});
+        Send({CommandStereo, WaveformCommand(ToneSine)});
+        List().Select({4});
+        Send({CommandContinuous});
+        EXPECT_EQ(List().selection, Ints{3}) << "the row that is nearest to where it stood";
     });
 }
 
@@ -34,6 +40,10 @@ TEST_F(App, StepsEverySelectedRowOnceAndRestartsOnce) {
         EXPECT_THAT(Rows(), ElementsAre("Sine 1 Frequency=943.87Hz", "Sine 1 Relative Amplitude=-1dB",
                                         "Sine Duration=900ms"));
         EXPECT_TRUE(WaitForPlayback(4));
+        const std::string hint = "Tone details (double click to modify)"; // numpy: 1200 * log2(943.87 / 440)
+        EXPECT_EQ(List().looks[0].toolTip, "A#5 +21 ct\n" + hint);
+        EXPECT_EQ(List().looks[1].toolTip, "-13.04 dBFS\n" + hint);
+        EXPECT_EQ(List().looks[2].toolTip, hint);
         List().Select({});
         Send({CommandIncrease});
         EXPECT_EQ(List().rows[0][1], "943.87Hz");
@@ -142,6 +152,8 @@ TEST_F(App, QuittingIsClosing) {
         Run([&](MemoryMainWindow& window) {
             const MemoryMenu& menu = *window.menu;
             EXPECT_EQ(menu[LCommandQuit].key + menu[CommandCloseWindow].key, "Ctrl+QCtrl+W");
+            EXPECT_EQ(menu[CommandIncrease].key, "+") << "the main one of three";
+            EXPECT_EQ((*window.toolBar)[CommandPlay].key, "Start tone (Space)");
             window.geometry.x = way;
             ways[way](window);
             EXPECT_TRUE(toolkit->quit);
@@ -220,6 +232,7 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
                     dialog->OpenDocuments({each.path});
                 if (each.way == Drop)
                     window.Drop({each.path});
+                toolkit->DispatchPending();
                 EXPECT_EQ(Rows().at(0), each.row);
                 EXPECT_EQ(Boxes(), each.box);
                 EXPECT_EQ(Stored(Setting::File), each.remembered);
@@ -246,6 +259,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
                                      "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
+            toolkit->DispatchPending();
             toolkit->boxes.clear();
             Send({CommandPlay, CommandStop, CommandPlay});
             toolkit->answers = {LMessageAnswer::Ok};
@@ -275,6 +289,7 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         toolkit->boxes.clear();
         toolkit->answers.assign(20, LMessageAnswer::Ok);
         window.Drop(Texts(12, folder / "any.xyz"));
+        toolkit->DispatchPending();
         EXPECT_EQ(toolkit->boxes.size(), 20U) << "ten of the list, and ten of what was dropped";
         EXPECT_EQ(toolkit->boxes.back(), "Unrecognized File Type|3 more of these are not shown.");
     });
@@ -322,9 +337,10 @@ TEST_F(App, ATonesFileIsSavedAndLoaded) {
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
         EXPECT_EQ(std::filesystem::file_size(b), 46 + 44100 * 4U);
         EXPECT_EQ(toolkit->boxes.size(), 2U);
-        toolkit->chosenFiles = {{folder / "noise.tdl"}, {folder / "w.wav"}, {folder / "v.tdl"}};
+        toolkit->chosenFiles = {{folder / "w.wav"}, {folder / "v.tdl"}};
         Send({WaveformCommand(ToneWhiteNoise), CommandSaveList});
         EXPECT_EQ(toolkit->boxes.back(), "Error|The tone is no list, so there is none to save.");
+        EXPECT_EQ(toolkit->chosenFiles.size(), 2U) << "none was asked for";
         Send({CommandSaveAsTone, CommandSave});
         EXPECT_FALSE(std::filesystem::exists(folder / "w.wav") || std::filesystem::exists(folder / "v.tdl"));
     });

@@ -110,7 +110,7 @@ TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
     });
 }
 
-TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
+TEST_F(Saving, AListIsLoadedBySmallToolBarAndMenu) {
     const std::string text = folder / "a.txt", sine = "Sine 1 Frequency=1000.00Hz";
     const std::string unknown = "Unrecognized File Type|Not a tone list file";
     struct {
@@ -123,7 +123,7 @@ TEST_F(Saving, AListIsLoadedBySmallToolBarOnly) {
                        {CommandLoadList, false, list, sine, 1000, ""},
                        {CommandLoadList, true, "", sine, 1000, ""},
                        {CommandLoadList, true, text, sine, 1000, unknown},
-                       {CommandLoadListMenu, true, list, sine, 1000, ""}};
+                       {CommandLoadListMenu, true, list, list + "=", 1250, ""}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.chosen + std::to_string(each.ok));
         const Forgotten again;

@@ -52,7 +52,10 @@ TEST_F(ShownWindow, ShowsEveryItemWhole) {
     };
     Setting::WindowMaximized.Set(true);
     RunProgram([&checkBox] {
-        EXPECT_EQ(Main()->windowTitle(), "Sonvire");
+        EXPECT_EQ(Main()->windowTitle(), "Untitled[*] - Sonvire");
+        EXPECT_FALSE(Main()->isWindowModified());
+        QTest::mouseClick(ToolButton("Square"), Qt::LeftButton);
+        EXPECT_TRUE(Main()->isWindowModified());
         EXPECT_TRUE(Main()->isMaximized());
         EXPECT_EQ(QApplication::focusWidget(), Control<QTreeWidget>(ControlList));
         int pictures = 0;
@@ -83,14 +86,22 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         const QRect content = list->parentWidget()->rect(),
                     bar = Control<QToolBar>(ControlSmallToolBar)->geometry();
         EXPECT_EQ(bar, QRect(0, 0, content.width(), bar.height()));
-        EXPECT_EQ(list->geometry(), content.adjusted(0, bar.height(), 0, 0));
+        EXPECT_EQ(list->geometry().topLeft(), QPoint(0, bar.height()));
+        EXPECT_LT(list->geometry().bottom(), content.height() / 2) << "it takes what its one row needs";
+        const auto* headline = Control<QLabel>(ControlHeadline);
+        const auto* hint = Control<QLabel>(ControlKeyHint);
+        EXPECT_GT(headline->y(), list->geometry().bottom());
+        Main()->resize(1000, 480 - content.height() + hint->geometry().bottom());
+        EXPECT_EQ(hint->y(), list->parentWidget()->height())
+            << "one pixel is missing, and it is out of sight";
         EXPECT_GT(Control<QLabel>(ControlStatusText)->width(), Control<QLabel>(ControlPosition)->width())
             << "the text takes what the others leave";
         EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although less stands in it";
         Main()->resize(480, 360);
         QApplication::processEvents();
         const QRect fields = Control<QWidget>(ControlLevels)->parentWidget()->rect();
-        for (int id = ControlPosition; id <= ControlVolumeText; ++id) {
+        for (const int id : Ints{ControlPosition, ControlLevels, ControlDevice, ControlMute, ControlVolume,
+                                 ControlVolumeText}) {
             const auto* field = Control<QWidget>(id);
             EXPECT_TRUE(fields.contains(field->geometry())) << id;
             EXPECT_GE(field->width(), field->minimumSizeHint().boundedTo({76, 99}).width()) << id;
@@ -103,6 +114,7 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         EXPECT_EQ(list->currentIndex().row(), 0);
         QTest::keyClick(list, Qt::Key_PageUp);
         EXPECT_EQ(list->topLevelItem(0)->text(1), "2000.00Hz");
+        EXPECT_EQ(headline->text(), "2000 Hz · B6 +21 ct");
         EXPECT_EQ(list->toolTip(), "Tone details (double click to modify)");
         EXPECT_EQ(list->accessibleName(), list->toolTip());
     });
@@ -179,7 +191,8 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
     };
     Run(window, [&] {
         using enum Qt::Key;
-        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier;
+        constexpr Qt::KeyboardModifiers Plain, Pad = Qt::KeypadModifier, Ctrl = Qt::ControlModifier,
+                                               Shift = Qt::ShiftModifier;
         const std::tuple<Qt::Key, Qt::KeyboardModifiers, Ints> cases[] = {
             {Key_F1, Plain, {-LCommandHelp}},
             {Key_Space, Plain, {CommandPlay}},
@@ -187,8 +200,18 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
             {Key_S, Ctrl, {CommandSave}},
             {Key_W, Ctrl, {CommandCloseWindow}},
             {Key_Plus, Pad, {CommandIncrease}},
-            {Key_Plus, Plain, {}},
+            {Key_Plus, Plain, {CommandIncrease}},
+            {Key_Plus, Shift, {CommandIncrease}}, // as it is typed on many keyboards
+            {Key_Equal, Plain, {CommandIncrease}},
             {Key_Minus, Plain, {CommandDecrease}},
+            {Key_Minus, Pad, {CommandDecrease}},
+            {Key_O, Ctrl, {CommandLoadTone}},
+            {Key_Z, Ctrl, {CommandUndo}},
+            {Key_Z, Ctrl | Shift, {CommandRedo}},
+            {Key_Y, Ctrl, {CommandRedo}},
+            {Key_W, Ctrl | Shift, {}},
+            {Key_Plus, Ctrl, {}},
+            {Key_Return, Shift, {}},
             {Key_PageUp, Plain, {CommandIncreaseLarge}},
             {Key_PageDown, Plain, {CommandDecreaseLarge}},
             {Key_Return, Plain, {CommandEditValue}},
@@ -205,10 +228,19 @@ TEST_F(ShownWindow, KeysReachTheirCommandsAlthoughTheListHasTheKeyboard) {
         }
 
         window.commands.clear();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
-        QApplication::sendEvent(list, &held);
+        const auto space = [list](QEvent::Type type, quint64 time, bool repeats = false) {
+            QKeyEvent event(type, Qt::Key_Space, {}, " ", repeats);
+            event.setTimestamp(time);
+            QApplication::sendEvent(list, &event);
+        };
+        space(QEvent::KeyPress, 6, true);
+        space(QEvent::KeyRelease, 7);
+        space(QEvent::KeyPress, 7); // as of a key that is held on a busy machine
         EXPECT_TRUE(window.commands.empty());
         EXPECT_EQ(window.list->GetSelection(), Ints{1}) << "nor does the list get it";
+        space(QEvent::KeyPress, 8);
+        EXPECT_EQ(window.commands, Ints{CommandPlay});
+        window.commands.clear();
 
         auto* chooser = Control<QComboBox>(ControlDevice);
         chooser->setFocus();

@@ -1,0 +1,53 @@
+#include "app/window/summary_pane.h"
+
+#include "app/window/command_ids.h"
+#include "app/window/tone_summary.h"
+#include "gui/window.h"
+
+namespace {
+
+constexpr int Inset = 12;
+
+struct Line {
+    int control;
+    LControlKind kind;
+    int above; ///< pixels
+    std::string ToneSummary::*text;
+};
+
+constexpr Line Lines[] = {
+    {ControlHeadline, LControlKind::Heading, 16, &ToneSummary::headline},
+    {ControlToneKind, LControlKind::Text, 6, &ToneSummary::kind},
+    {ControlToneLevel, LControlKind::Text, 4, &ToneSummary::level},
+    {ControlKeyHint, LControlKind::Hint, 14, &ToneSummary::keys},
+};
+
+} // namespace
+
+void SummaryPane::Create() {
+    for (const Line& line : Lines)
+        window.GetControls().Add({line.control, line.kind, "", {}});
+}
+
+void SummaryPane::Show(const SonvireData& tone) {
+    const ToneSummary summary = SummarizeTone(tone);
+    for (const Line& line : Lines)
+        window.SetText(line.control, summary.*line.text);
+}
+
+void SummaryPane::Place(const LRect& room) {
+    LControlsPeer& controls = window.GetControls();
+    const int end = room.y + room.height;
+    int y = room.y;
+    for (const Line& line : Lines) {
+        if (window.GetText(line.control).empty())
+            continue;
+        LRect place{room.x + Inset, y + line.above, room.width - 2 * Inset, 0};
+        controls.Place(line.control, place);
+        y = place.y + controls.GetPlace(line.control).height;
+        if (y <= end)
+            continue;
+        place.y = y = end;
+        controls.Place(line.control, place);
+    }
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tone/tone_data.h"
+
+#include <string>
+
+struct LRect;
+class LWindow;
+
+/// The room under the list: what the tone is, and the keys to start with.
+class SummaryPane {
+public:
+    /// The window must outlive this.
+    explicit SummaryPane(LWindow& owner) : window(owner) {}
+
+    /// Puts its texts into the window.
+    void Create();
+    /// After every change of the tone; the texts are then to be placed anew.
+    void Show(const SonvireData& tone);
+    /// One below the other; those that have no room stand beyond its lower edge, out of sight.
+    void Place(const LRect& room);
+
+private:
+    LWindow& window;
+};

@@ -1,0 +1,59 @@
+#include "app/window/tone_summary.h"
+
+#include "support/temp_dir.h"
+#include "tone/tone_data.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
+    const TempDir folder;
+    WriteBytes(folder / "a.tdl", "500ms silence.\nb.wav\n");
+    const std::string list = folder / "a.tdl", missing = folder / "none.tdl";
+    using Change = std::function<void(SonvireData&)>;
+    const auto sweep = [](SonvireData& tone) {
+        tone.SetDuration(10'000);
+        tone.flags |= ToneFlagSweep;
+        tone.startLeftHz[0] = 20, tone.endLeftHz[0] = 20'000;
+    };
+    const auto plays = [](const std::string& path) {
+        return [path](SonvireData& tone) {
+            tone.waveform = ToneFromList;
+            tone.SetDuration(12'500);
+            path.copy(tone.listPath, path.size());
+        };
+    };
+    const std::tuple<Change, const char*, const char*, const char*> cases[] = {
+        {[](auto&) {}, "1000 Hz · B5 +21 ct", "Sine, mono, endless", "Peak -12.04 dBFS"},
+        {sweep, "20 Hz to 20 kHz", "Sine, linear sweep, mono, 10 s", "Peak -12.04 dBFS"},
+        {[&](auto& tone) { sweep(tone), tone.flags |= ToneFlagLogSweep, tone.flags &= ~ToneFlagDuration; },
+         "20 Hz · D#0 +49 ct", "Sine, mono, endless", "Peak -12.04 dBFS"}, // it doesn't move
+        {[](auto& tone) { tone.flags = ToneFlagStereo, tone.startRightHz[0] = 1010.5; },
+         "1000 Hz left, 1010.5 Hz right", "Sine, stereo, endless", "Peak -12.04 dBFS"},
+        {[](auto& tone) { tone.numTones = 5, tone.startLeftHz[3] = 440, tone.startRightHz[3] = 5; },
+         "5 tones, 440 Hz to 1000 Hz", "Sine, mono, endless",
+         "Peak up to 1.94 dBFS, limited to 0 dBFS"}, // 20 log10(5/4)
+        {[&](auto& tone) { sweep(tone), tone.numTones = 2, tone.flags |= ToneFlagLogSweep; },
+         "2 sweeps, 20 Hz to 20 kHz", "Sine, logarithmic sweep, mono, 10 s", "Peak up to -6.02 dBFS"},
+        {[](auto& tone) {
+             tone.SetDuration(90'000), tone.repeat = 1;
+             tone.flags |= ToneFlagVariableAmplitude, tone.amplitudeDb[0] = -127;
+         },
+         "1000 Hz · B5 +21 ct", "Sine, mono, 01:30.0, looped", "Silent"},
+        {[](auto& tone) { tone.waveform = 99; }, "1000 Hz · B5 +21 ct", "Unknown waveform, mono, endless",
+         "Silent"},
+        {[](auto& tone) { tone.waveform = TonePinkNoise; }, "Pink Noise", "Mono, endless", ""},
+        {plays(list), "Tone list", "2 entries, 12.5 s", ""},
+        {plays(missing), "Tone list", "can't be read", ""}};
+    for (const auto& [change, headline, kind, level] : cases) {
+        SonvireData tone;
+        change(tone);
+        const ToneSummary summary = SummarizeTone(tone);
+        EXPECT_EQ(summary.headline, headline);
+        EXPECT_EQ(summary.kind, kind) << headline;
+        EXPECT_EQ(summary.level, level) << headline;
+    }
+}
+
+} // namespace
