@@ -10,13 +10,7 @@
 #include <algorithm>
 
 QString LQtMenu::WithLetter(const std::string& text) {
-    QString label = ToQt(text);
-    label.replace('&', "&&");
-    std::set<QChar>& taken = letters[open.empty() ? nullptr : open.back()];
-    for (qsizetype i = 0; i < label.size(); ++i)
-        if (label[i].isLetterOrNumber() && taken.insert(label[i].toLower()).second)
-            return label.insert(i, '&');
-    return label;
+    return letters[open.empty() ? nullptr : open.back()].Mark(ToQt(text));
 }
 
 void LQtMenu::OpenSubmenu(const std::string& text) {
@@ -64,10 +58,15 @@ void LQtMenu::Enable(int id, bool enabled) {
     if (!action)
         return;
     action->setEnabled(enabled);
-    const auto* menu = qobject_cast<QMenu*>(action->parent());
+    EnableMenuOf(*action);
+}
+
+/// A menu opens where there is something to choose in it.
+void LQtMenu::EnableMenuOf(const QAction& item) {
+    const auto* menu = qobject_cast<QMenu*>(item.parent());
     const QList<QAction*> all = menu->actions();
     menu->menuAction()->setEnabled(std::any_of(all.begin(), all.end(), [](const QAction* each) {
-        return !each->isSeparator() && each->isEnabled();
+        return !each->isSeparator() && each->isEnabled() && each->isVisible();
     }));
 }
 
@@ -103,6 +102,7 @@ void LQtMenu::SetText(int id, const std::string& text) {
         return;
     action->setVisible(!text.empty());
     action->setText('&' + ToQt(text).replace('&', "&&"));
+    EnableMenuOf(*action);
 }
 
 void LQtMenu::SetKeyText(int id, const std::string& key) {

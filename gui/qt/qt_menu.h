@@ -1,12 +1,12 @@
 #pragma once
 
 #include "gui/menu.h"
+#include "gui/qt/qt_letters.h"
 
 #include <QMenu>
 #include <QPoint>
 
 #include <map>
-#include <set>
 #include <vector>
 
 class LWindowEvents;
@@ -35,6 +35,7 @@ public:
 private:
     QString WithLetter(const std::string& text);
     QAction* Find(int id) const;
+    static void EnableMenuOf(const QAction& item);
     void Mark(QAction* action, bool marked);
     void RestoreMarks();
 
@@ -44,6 +45,6 @@ private:
     QPoint place;
     std::vector<QMenu*> open; ///< from the outermost to the one that is being built
     std::map<int, QAction*> actions;
-    std::map<QMenu*, std::set<QChar>> letters; ///< that a menu has taken
+    std::map<QMenu*, LQtLetters> letters;
     std::map<QAction*, bool> marks;
 };

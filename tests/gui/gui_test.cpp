@@ -54,9 +54,12 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
             EXPECT_EQ(list.GetSelection(), expected);
         }
         window.commands.clear();
-        list.SetLook(4, {.mark = LRowMark::Missing});
-        list.MoveRow(4, 0); // e a b c d
-        EXPECT_EQ(seen.looks[0].mark, LRowMark::Missing);
+        list.SetLook(4, {.mark = LRowMark::Problem});
+        list.SelectRows({4});
+        EXPECT_TRUE(list.MoveSelection(0)); // e a b c d
+        seen.Select({0, 3});
+        window.commands.clear();
+        EXPECT_EQ(seen.looks[0].mark, LRowMark::Problem);
         EXPECT_EQ(list.GetSelection(), (Ints{0, 3}));
         EXPECT_EQ(list.GetCurrent(), 3);
         list.InsertRow(0, "x"); // x e a b c d

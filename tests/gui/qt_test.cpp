@@ -126,14 +126,14 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
         EXPECT_GT(list->columnWidth(1), text("No such file")) << "the problem is the last to be elided";
         show(filling, longText, longText);
-        EXPECT_EQ(list->columnWidth(0), room / 3);
-        EXPECT_EQ(list->columnWidth(1), room - room / 3);
+        EXPECT_EQ(list->columnWidth(0), room / 2);
+        EXPECT_EQ(list->columnWidth(1), room - room / 2);
 
-        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Missing, "why"});
+        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Problem, "why"});
         window.list->SetText(0, 1, "gone");
         const QModelIndex marked = list->model()->index(0, 1);
         EXPECT_FALSE(marked.data(Qt::DecorationRole).value<QIcon>().isNull());
-        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Missing: gone");
+        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Problem: gone");
         EXPECT_EQ(marked.data(Qt::ToolTipRole), "why");
         window.list->SetLook(1, {.shade = LRowShade::Plain});
         const QImage drawn = list->viewport()->grab().toImage();
@@ -236,6 +236,9 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
                 auto* input = Control<QLineEdit>(102, &dialog);
                 EXPECT_EQ(input->selectedText(), "440.0 Hz");
                 EXPECT_TRUE(input->hasFocus());
+                Control<QAbstractButton>(LCommandCancel, &dialog)->setFocus();
+                QTest::keyClick(&dialog, Qt::Key_S, Qt::AltModifier); // of the text before it
+                EXPECT_TRUE(input->hasFocus());
                 const auto tint = [input] { return input->palette().color(QPalette::Base); };
                 const QColor plain = tint();
                 QTest::keyClicks(input, "44");
@@ -270,6 +273,8 @@ constexpr LControlLayout FormControls[] = {
     {LCommandOk, LControlKind::Button, "OK", {280, 264, 100, 0}, MoveDown | MoveRight},
 };
 constexpr LDialogLayout FormLayout{"Form", 400, 300, FormControls};
+constexpr LKeyMapEntry FormKeys[] = {
+    {LKeyDelete, 0, 120}, {LKeyAlt | LKeyDown, 0, 121}, {LKeyControl, 'z', 122}, {LKeyReturn, 0, 123}};
 
 class Form : public LDialog {
 public:
@@ -277,8 +282,8 @@ public:
     Texts seen;
 
     void Command(int command) override {
-        if (command == 111)
-            seen.push_back(GetText(111));
+        if (command > 110)
+            seen.push_back(command == 111 ? GetText(111) : std::to_string(command));
     }
 
 private:
@@ -286,6 +291,7 @@ private:
         SetRange(108, 1, 12);
         SetValue(108, 11);
         CheckButton(107, true);
+        SetKeys(FormKeys);
     }
     void CmHelp() override { seen.emplace_back("help"); }
     bool CmOk() override {
@@ -314,9 +320,22 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_EQ(place(110).width(), qRound(360 * unit) + 100);
             EXPECT_EQ(place(LCommandOk).topLeft(), scaled(280, 264) + QPoint(100, 50));
             EXPECT_EQ(place(LCommandHelp).topLeft(), scaled(20, 264) + QPoint(0, 50));
+            dialog.setLayoutDirection(Qt::RightToLeft);
+            dialog.resize(dialog.width() + 10, dialog.height());
+            EXPECT_EQ(dialog.width() - 1 - place(LCommandHelp).right(), qRound(20 * unit)) << "mirrored";
+            dialog.setLayoutDirection(Qt::LeftToRight);
 
-            QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
-            EXPECT_EQ(form.GetValue(104), 1);
+            const auto isChecked = [&](int id) {
+                return QTest::qWaitFor([&form, id] { return form.GetValue(id) == 1; });
+            };
+            QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+            EXPECT_TRUE(isChecked(102)) << "by the letter of \"Check\"";
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+            EXPECT_TRUE(Control<QWidget>(107, &dialog)->hasFocus()) << "the radio button that is checked";
+            form.SetText(104, "Special"); // whose first letter "Second" has
+            QTest::keyClick(&dialog, Qt::Key_P, Qt::AltModifier);
+            EXPECT_EQ(form.GetText(104), "Special");
+            EXPECT_TRUE(isChecked(104));
             EXPECT_EQ(form.GetValue(107), 0);
             auto* number = Control<QAbstractSpinBox>(108, &dialog);
             QTest::keyClick(number, Qt::Key_Up);
@@ -332,7 +351,12 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             auto* link = Control<QWidget>(111, &dialog);
             QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(5, link->height() / 2));
             form.SetText(111, "C & D");
-            Control<QWidget>(110, &dialog)->setFocus();
+            auto* list = Control<QWidget>(110, &dialog);
+            list->setFocus();
+            for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Down, Qt::Key_Return})
+                QTest::keyClick(list, key, key == Qt::Key_Down ? Qt::AltModifier : Qt::NoModifier);
+            QTest::keyClick(number, Qt::Key_Delete); // which it has a use of its own for
+            QTest::keyClick(number, Qt::Key_Z, Qt::ControlModifier);
             QTest::keyClick(&dialog, Qt::Key_Tab);
             EXPECT_TRUE(link->hasFocus());
             QTest::keyClick(link, Qt::Key_Return);
@@ -342,7 +366,7 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
         });
         EXPECT_TRUE(form.RunModal(window));
-        EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "C & D", "12"}));
+        EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "120", "121", "123", "122", "C & D", "12"}));
     });
 }
 
@@ -387,13 +411,25 @@ TEST_F(QtGui, AJobRunsUnderItsProgressDialogUntilItIsStopped) {
 TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile("/a b.tdf")});
-    const auto drop = [&files](QWidget* on, int y) {
+    Ints lines; // where a line shows the place of the drop
+    const auto findLine = [&lines] {
+        QWidget* rows = ListWidget()->viewport();
+        const QImage drawn = rows->grab().toImage();
+        for (int y = 1; y < rows->height(); ++y)
+            if (drawn.pixelColor(9, y) == rows->palette().color(QPalette::Highlight))
+                return lines.push_back(y);
+    };
+    const auto drop = [&](QWidget* on, int y) {
         QDragEnterEvent enter(QPoint(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(on, &enter);
         EXPECT_TRUE(enter.isAccepted());
+        QDragMoveEvent move(QPoint(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(on, &move);
+        findLine();
         QDropEvent event(QPointF(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(on, &event);
         QApplication::processEvents();
+        findLine(); // there is none any more
     };
     window.init = [this] { window.MakeList(3); };
     Run([&] {
@@ -408,6 +444,7 @@ TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
         drop(list->viewport(), list->viewport()->height() - 1);
         EXPECT_EQ(window.log, (Texts{"drop /a b.tdf", "drop /a b.tdf before 1", "drop /a b.tdf before 2",
                                      "drop /a b.tdf before 3"}));
+        EXPECT_EQ(lines, (Ints{second.top() - 1, second.bottom(), second.bottom() + second.height() - 1}));
     });
 }
 
