@@ -33,6 +33,8 @@ namespace Setting {
 inline constexpr ValueSetting<bool> Autoplay{"settings", "autoplay", false};
 inline constexpr TextSetting OutDevice{"Settings", "OutDevice", LSoundPlayDevice::DefaultName};
 inline constexpr ValueSetting<int> PlayVolume{"settings", "playvolume", 0}; ///< dB
+inline constexpr ValueSetting<int> UnmutedVolume{"settings", "unmuted playvolume",
+                                                 0}; ///< before it was muted
 
 // By how much a step changes a frequency. What it is depends on the first one; the last two are what the
 // dialog shows of both.

@@ -38,10 +38,6 @@ PlayDisplay::PlayDisplay(LEventLoop& ended, const SoundInput& input)
       news(input.news),
       visible(isatty(STDERR_FILENO) != 0) {}
 
-void PlayDisplay::spntfPlay(long /*id*/) {
-    start = Clock::now();
-}
-
 void PlayDisplay::TellNews() {
     for (const LFileWarning& warning : news->Take())
         Warn(warning.file, warning.reason + "; silence plays in its place");
@@ -58,17 +54,20 @@ void PlayDisplay::spntfLevel(const LDBMC& measured, long /*id*/) {
     levels = measured;
 }
 
-void PlayDisplay::spntfTime(LSoundTime time, long /*id*/) {
-    TellNews();
-    const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-    if (visible)
-        Draw(endless ? static_cast<int>(elapsed.count()) : time.GetMilliseconds());
+void PlayDisplay::spntfHeard(const LSoundHeard& heard, long /*id*/) {
+    sinceStart = heard.sinceStart;
 }
 
-void PlayDisplay::Draw(int positionMs) const {
+void PlayDisplay::spntfTime(LSoundTime time, long /*id*/) {
+    TellNews();
+    if (visible)
+        Draw(endless ? sinceStart : time);
+}
+
+void PlayDisplay::Draw(LSoundTime position) const {
     std::string meters;
     for (int c = 0; c < levels.GetChannels(); ++c)
         meters += FormatMeter(levels[c]);
     const std::string total = endless ? "endless" : FormatTime(length.GetMilliseconds());
-    std::fprintf(stderr, "\r%s / %s%s ", FormatTime(positionMs).c_str(), total.c_str(), meters.c_str());
+    std::fprintf(stderr, "\r%s / %s%s ", FormatTime(position.GetMilliseconds()).c_str(), total.c_str(), meters.c_str());
 }

@@ -4,7 +4,7 @@
 #include "play/player_notify.h"
 #include "sys/desktop/event_loop.h"
 
-#include <chrono>
+#include <memory>
 
 /// Shows a playback on one line of the terminal: position, length and the level of each channel. Draws
 /// nothing where standard error is no terminal, but tells of files that are lost meanwhile. Ends the event
@@ -14,15 +14,13 @@ public:
     /// An endless sound has no length, and its position is the time since its start.
     PlayDisplay(LEventLoop& ended, const SoundInput& input);
 
-    void spntfPlay(long id) override;
     void spntfStop(long id) override;
     void spntfTime(LSoundTime time, long id) override;
     void spntfLevel(const LDBMC& measured, long id) override;
+    void spntfHeard(const LSoundHeard& heard, long id) override;
 
 private:
-    using Clock = std::chrono::steady_clock;
-
-    void Draw(int positionMs) const;
+    void Draw(LSoundTime position) const;
     void TellNews();
 
     LEventLoop& loop;
@@ -30,6 +28,6 @@ private:
     bool endless;
     std::shared_ptr<LSourceNews> news;
     bool visible;
-    Clock::time_point start;
+    LSoundTime sinceStart;
     LDBMC levels;
 };

@@ -4,8 +4,8 @@
 
 #include <span>
 
-/// A place in a window, in pixels from its upper left corner at the usual text size; a toolkit with larger
-/// text makes the unit larger.
+/// A place in a window, in pixels from its upper left corner (its upper right one where the desktop is read
+/// from there) at the usual text size; a toolkit with larger text makes the unit larger.
 struct LRect {
     int x = 0;
     int y = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/control_layout.h"
+#include "gui/level_meter.h"
 
 #include <memory>
 #include <string>
@@ -43,9 +44,10 @@ public:
 
     /// What a chooser offers; the first one becomes its value.
     virtual void SetChoices(int id, const std::vector<std::string>& choices) = 0;
-    /// What a level meter shows: one level for each channel in whole decibels, 0 being full scale and -127
-    /// silence.
-    virtual void SetLevels(int id, const std::vector<int>& decibels) = 0;
+    /// What a level meter shows.
+    virtual void SetLevels(int id, const LMeterLevels& levels) = 0;
+    /// What a screen reader says of a slider's value.
+    virtual void SetValueText(int id, const std::string& text) = 0;
 
     /// The peer for the list of this id, which must exist; it may outlive the list.
     virtual std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) = 0;

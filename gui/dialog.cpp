@@ -24,6 +24,21 @@ void LDialog::Destroy() {
     peer.reset();
 }
 
+void LDialog::SetKeys(std::span<const LKeyMapEntry> table) {
+    keys = table;
+    for (const LControlLayout& control : layout.controls)
+        for (const LKeyMapEntry& key : keys)
+            if (key.command == control.id)
+                SetToolTip(control.id, DescribeKey(key));
+}
+
+bool LDialog::KeyPressed(const LKeyPress& key) {
+    const LKeyMapEntry* entry = FindKey(keys, key);
+    if (entry)
+        ControlUsed(entry->command);
+    return entry != nullptr;
+}
+
 void LDialog::Close(int ok) {
     peer->End(ok != 0);
 }

@@ -17,6 +17,10 @@ public:
     void Command(int /*command*/) override { EnableControls(); }
 
 protected:
+    /// Keys that are commands here: in a list before it has a use of its own for them, elsewhere only those
+    /// with Ctrl. Buttons of the same commands show them. The table must outlive the dialog.
+    void SetKeys(std::span<const LKeyMapEntry> table);
+    bool KeyPressed(const LKeyPress& key) override;
     void CmCancel() override { Close(0); }
     void CloseAsked() override { CmCancel(); }
     void Close(int ok) override;
@@ -29,4 +33,7 @@ protected:
 
     const LDialogLayout& layout;
     std::unique_ptr<LDialogPeer> peer;
+
+private:
+    std::span<const LKeyMapEntry> keys;
 };

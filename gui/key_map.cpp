@@ -23,6 +23,12 @@ std::string NameOf(unsigned virtualKey, char32_t character) {
         return "F1";
     case LKeyKeypadPlus:
         return "Num+";
+    case LKeyDelete:
+        return "Del";
+    case LKeyUp:
+        return "Up";
+    case LKeyDown:
+        return "Down";
     default:
         return character == ' '
                    ? "Space"
@@ -35,7 +41,9 @@ std::string NameOf(unsigned virtualKey, char32_t character) {
 std::string DescribeKey(const LKeyMapEntry& key) {
     const std::string control = (key.virtualKey & LKeyControl) != 0 ? "Ctrl+" : "";
     const std::string shift = (key.virtualKey & LKeyShift) != 0 ? "Shift+" : "";
-    return control + shift + NameOf(key.virtualKey & ~(LKeyControl | LKeyShift), key.character);
+    const std::string alt = (key.virtualKey & LKeyAlt) != 0 ? "Alt+" : "";
+    return control + shift + alt +
+           NameOf(key.virtualKey & ~(LKeyControl | LKeyShift | LKeyAlt), key.character);
 }
 
 const LKeyMapEntry* FindKey(std::span<const LKeyMapEntry> keys, const LKeyPress& key) {

@@ -12,8 +12,12 @@ enum LVirtualKey : unsigned {
     LKeyPageDown = 4,
     LKeyF1 = 5,
     LKeyKeypadPlus = 6,
+    LKeyDelete = 7,
+    LKeyUp = 8,
+    LKeyDown = 9,
     LKeyControl = 0x100, ///< added while Ctrl is held
     LKeyShift = 0x200,   ///< added while Shift is held, but for a character that may need it to be typed
+    LKeyAlt = 0x400,     ///< added while Alt is held
 };
 
 /// A key as the window gets it.

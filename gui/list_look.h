@@ -17,7 +17,7 @@ enum class LRowShade {
 };
 
 /// A small picture before the text of the second column, which says more.
-enum class LRowMark { None, Missing, Endless };
+enum class LRowMark { None, Problem, Endless };
 
 /// How a row of a list looks beside its texts.
 struct LRowLook {

@@ -23,15 +23,6 @@ int CountBefore(const std::vector<int>& ascending, int row) {
     return static_cast<int>(std::lower_bound(ascending.begin(), ascending.end(), row) - ascending.begin());
 }
 
-/// Where a row stands once the row `from` has moved to `to`.
-int AfterMove(int row, int from, int to) {
-    if (row == from)
-        return to;
-    if (from < to)
-        return row > from && row <= to ? row - 1 : row;
-    return row >= to && row < from ? row + 1 : row;
-}
-
 } // namespace
 
 LListView::LListView(LWindow& owner, int control)
@@ -102,17 +93,29 @@ std::vector<LListView::Row> LListView::TakeRows(const std::vector<int>& ascendin
     return taken;
 }
 
-void LListView::MoveRow(int from, int to) {
-    if (!HasRow(from) || !HasRow(to) || from == to)
-        return;
-    Row moved = std::move(rows[static_cast<std::size_t>(from)]);
-    peer->DeleteRow(from);
-    rows.erase(rows.begin() + from);
-    Insert(to, std::move(moved));
-    for (int& each : selection)
-        each = AfterMove(each, from, to);
-    current = AfterMove(current, from, to);
+bool LListView::MoveSelection(int before) {
+    before = std::clamp(before, 0, GetCount());
+    std::vector<int> dragged = selection;
+    std::sort(dragged.begin(), dragged.end());
+    const int target = before - CountBefore(dragged, before);
+    const auto placeOf = [&](int row) {
+        if (IsAmong(dragged, row))
+            return target + CountBefore(dragged, row);
+        const int among = row - CountBefore(dragged, row);
+        return among < target ? among : among + static_cast<int>(dragged.size());
+    };
+    std::vector<int> places = selection;
+    std::transform(places.begin(), places.end(), places.begin(), placeOf);
+    if (places == selection)
+        return false;
+    const int newCurrent = HasRow(current) ? placeOf(current) : -1;
+    std::vector<Row> moved = TakeRows(dragged);
+    for (int i = 0; i < static_cast<int>(moved.size()); ++i)
+        Insert(target + i, std::move(moved[static_cast<std::size_t>(i)]));
+    selection = places;
+    current = newCurrent;
     ShowSelection();
+    return true;
 }
 
 void LListView::SetText(int row, int column, const std::string& text) {
@@ -185,27 +188,8 @@ void LListView::SelectionChanged(const std::vector<int>& chosen, int newCurrent)
 }
 
 void LListView::RowsDragged(int before) {
-    std::vector<int> dragged = selection;
-    std::sort(dragged.begin(), dragged.end());
-    const int target = before - CountBefore(dragged, before);
-    const auto placeOf = [&](int row) {
-        if (IsAmong(dragged, row))
-            return target + CountBefore(dragged, row);
-        const int among = row - CountBefore(dragged, row);
-        return among < target ? among : among + static_cast<int>(dragged.size());
-    };
-    std::vector<int> places = selection;
-    std::transform(places.begin(), places.end(), places.begin(), placeOf);
-    if (places == selection)
-        return;
-    const int newCurrent = HasRow(current) ? placeOf(current) : -1;
-    std::vector<Row> moved = TakeRows(dragged);
-    for (int i = 0; i < static_cast<int>(moved.size()); ++i)
-        Insert(target + i, std::move(moved[static_cast<std::size_t>(i)]));
-    selection = places;
-    current = newCurrent;
-    ShowSelection();
-    Send(commands.rowsMoved);
+    if (MoveSelection(before))
+        Send(commands.rowsMoved);
 }
 
 void LListView::FilesDropped(const std::vector<std::string>& paths, int before) {

@@ -42,8 +42,9 @@ public:
     void DeleteRow(int row) { DeleteRows({row}); }
     void DeleteRows(std::vector<int> deleted);
     void DeleteAll();
-    /// The row keeps its selection; `to` is its index afterwards.
-    void MoveRow(int from, int to);
+    /// The selected rows together, in their order, to stand before what row `before` is now; they stay
+    /// selected. True where that changed their places.
+    bool MoveSelection(int before);
     void SetText(int row, int column, const std::string& text);
     std::string GetText(int row, int column) const;
     std::uint32_t GetData(int row) const;

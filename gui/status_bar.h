@@ -2,16 +2,19 @@
 
 enum class LStatusKind {
     Text,    ///< the first text takes the space that the others leave
-    Level,   ///< a level meter with a bar for each channel
+    Level,   ///< a level meter
     Chooser, ///< one of several texts; its value is the index
-    Slider,  ///< its value is a number in a range
+    Toggle,  ///< a button with a picture; its value, which a click leaves to the window, is 1 or 0
+    Slider,  ///< its value is a number in a range; a double click makes it the largest
 };
 
 /// One field of a status bar, from left to right. Afterwards it is a control like any other, reached by its
-/// id.
+/// id. Where the window is too narrow for all of them, the first text gives way, then choosers, then meters,
+/// other texts and sliders.
 struct LStatusItem {
     int id;
     LStatusKind kind;
-    const char* toolTip = "";
+    const char* toolTip = "";    ///< and what a screen reader calls the field
     const char* widestText = ""; ///< the field is wide enough for this
+    const char* picture = "";    ///< of a toggle; the one of the value 1 has "-on" behind its name
 };

@@ -44,8 +44,12 @@ void LWindow::SetChoices(int control, const std::vector<std::string>& choices) {
     GetControls().SetChoices(control, choices);
 }
 
-void LWindow::SetLevels(int control, const std::vector<int>& decibels) {
-    GetControls().SetLevels(control, decibels);
+void LWindow::SetLevels(int control, const LMeterLevels& levels) {
+    GetControls().SetLevels(control, levels);
+}
+
+void LWindow::SetValueText(int control, const std::string& text) {
+    GetControls().SetValueText(control, text);
 }
 
 void LWindow::SetFocus(int control) {

@@ -29,7 +29,8 @@ public:
     /// A progress bar at the whole percents of `fraction`, which counts from 0 to 1.
     void PBSetProgress(int control, double fraction);
     void SetChoices(int control, const std::vector<std::string>& choices);
-    void SetLevels(int control, const std::vector<int>& decibels);
+    void SetLevels(int control, const LMeterLevels& levels);
+    void SetValueText(int control, const std::string& text);
     void SetFocus(int control);
     void MarkWrong(int control, bool wrong);
     void SetToolTip(int control, const std::string& text);

@@ -4,6 +4,7 @@
 #include "sound/sample_format.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -14,12 +15,20 @@ constexpr unsigned int RestMs = 250;
 /// Short, so that a stop need not wait for data.
 constexpr int StreamingRestMs = 20;
 
+/// After 24 days, which is the most that there is, the time stands.
+LSoundTime ToTime(std::int64_t frames, int rate) {
+    constexpr std::int64_t most = std::numeric_limits<int>::max();
+    return LSoundTime(static_cast<int>(std::min(frames * 1000 / rate, most)));
+}
+
 } // namespace
 
 LPlayback::LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared,
-                     const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify)
+                     std::shared_ptr<LLimiterNews> limited, const LSoundChannelOpener& opener,
+                     LThreadQueuedNotify& toNotify)
     : original(toPlay),
       source(prepared),
+      limiter(std::move(limited)),
       open(opener),
       news(toNotify),
       blockFrames(std::min(source->sampleRate / BlocksPerSecond, MaxBlockFrames)),
@@ -119,7 +128,11 @@ void LPlayback::ReportHeard() {
             return;
         {
             const std::scoped_lock lock(mutex);
-            report = {.position = buffer.endPosition, .levels = buffer.levels};
+            Report next{.position = buffer.endPosition, .levels = buffer.levels, .heard = {}};
+            if (report)
+                next.heard = report->heard;
+            next.heard.Append(buffer.heard);
+            report = next;
         }
         news.PostQueueNotify();
     }
@@ -143,10 +156,16 @@ int LPlayback::ToOriginal(int position) const {
     return static_cast<int>(position * std::int64_t{original->GetEndSample()} / end);
 }
 
-void LPlayback::MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const {
+void LPlayback::MeasureLevels(LSoundPlayerBuffer& buffer, int frames) {
     buffer.levels = LDBMC(source->channels);
-    for (std::uint8_t c = 0; c < buffer.levels.GetChannels(); ++c)
+    buffer.heard.channels = buffer.levels.GetChannels();
+    for (std::uint8_t c = 0; c < buffer.heard.channels; ++c) {
         buffer.levels[c] = GetBufferRMSDBChan(c, work.data(), frames, source->channels);
+        buffer.heard.peaks[c] = GetBufferPeakChan(c, work.data(), frames, source->channels);
+    }
+    buffer.heard.limiterGain = limiter->TakeLeastGain();
+    framesRead += frames;
+    buffer.heard.sinceStart = ToTime(framesRead, source->sampleRate);
 }
 
 void LPlayback::End(LPlayStatus reason) {

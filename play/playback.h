@@ -2,6 +2,7 @@
 
 #include "play/sound_channel.h"
 #include "sound/sound_source.h"
+#include "sound/stages/peak_limit.h"
 #include "sys/desktop/queued_notify.h"
 #include "sys/thread.h"
 #include "sys/thread_check.h"
@@ -29,13 +30,15 @@ public:
     struct Report {
         int position = 0; ///< in frames of what is to be played
         LDBMC levels;     ///< of the block that ends there
+        LSoundHeard heard;
     };
 
-    /// `prepared` is what the output gets of `toPlay`, which it reads, and is the thread's from `Begin` on.
+    /// `prepared` is what the output gets of `toPlay`, which it reads, by way of the limiter whose news are
+    /// `limited`; all of them are the thread's from `Begin` on.
     /// `opener` makes the channel, on the thread; `toNotify` is posted to when there is a report, and once at
     /// the end.
-    LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared, const LSoundChannelOpener& opener,
-              LThreadQueuedNotify& toNotify);
+    LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared, std::shared_ptr<LLimiterNews> limited,
+              const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify);
     /// As `Finish`.
     ~LPlayback() override { Finish(); }
 
@@ -67,7 +70,7 @@ private:
     bool Refill();
     void QueueBlock(int frames);
     int ToOriginal(int position) const;
-    void MeasureLevels(LSoundPlayerBuffer& buffer, int frames) const;
+    void MeasureLevels(LSoundPlayerBuffer& buffer, int frames);
     void ReportHeard();
     void SendVolume();
     void Rest();
@@ -75,6 +78,7 @@ private:
     void End(LPlayStatus reason);
 
     const LSoundSource original, source;
+    const std::shared_ptr<LLimiterNews> limiter;
     const LSoundChannelOpener open;
     LThreadQueuedNotify& news;
     LSoundChannelRequest request{};
@@ -93,6 +97,7 @@ private:
     std::unique_ptr<LSoundChannel> channel;
     unsigned int written = 0;  ///< buffers queued
     unsigned int reported = 0; ///< buffers heard and reported
+    std::int64_t framesRead = 0;
     bool raised = false;
 
     LThreadCheck owner;

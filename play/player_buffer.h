@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sound/level.h"
+#include "play/sound_heard.h"
 #include "sys/signal_object.h"
 
 #include <array>
@@ -25,6 +25,7 @@ struct LSoundPlayerBuffer {
     std::atomic<bool> free = true; ///< set once the last frame has been heard
     int endPosition = NoEndPosition;
     LDBMC levels;
+    LSoundHeard heard;
 };
 
 /// All the buffers of one playback. Shared by the player and its channel, and so there until both are done

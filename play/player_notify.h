@@ -1,7 +1,6 @@
 #pragma once
 
-#include "sound/level.h"
-#include "sound/sound_time.h"
+#include "play/sound_heard.h"
 
 /// What a player reports, on the thread that owns it. `id` is the number that the owner gave.
 class LSoundPlayerNotify {
@@ -17,4 +16,6 @@ public:
     virtual void spntfTime(LSoundTime /*time*/, long /*id*/) {}
     /// The levels of the block that ends there; sent before its time.
     virtual void spntfLevel(const LDBMC& /*levels*/, long /*id*/) {}
+    /// The same for a meter and a clock; sent between the two.
+    virtual void spntfHeard(const LSoundHeard& /*heard*/, long /*id*/) {}
 };

@@ -6,14 +6,11 @@
 
 #include <algorithm>
 
-namespace {
-
-std::uint32_t ToVolumeWord(int decibels) {
+int GetVolumeLevel(LDB volume) {
+    const int decibels = volume.GetDecibels();
     const int level = 5 * decibels + 180; // Kept quirk: from 12 to 13 dB it jumps from 240 to 256
-    return 0x10001 * static_cast<std::uint32_t>(decibels < -36 ? 0 : decibels > 12 ? 256 : level);
+    return decibels < -36 ? 0 : decibels > 12 ? 256 : level;
 }
-
-} // namespace
 
 LSoundPlayer::LSoundPlayer(LSoundChannelOpener opener) : open(std::move(opener)) {
     owner.Check();
@@ -53,12 +50,13 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
 
 bool LSoundPlayer::Open(const LSoundSource& toPlay, int lowestRate) {
     const int rate = std::clamp(toPlay->sampleRate, lowestRate, LSoundChannel::HighestRate);
+    const auto limiter = std::make_shared<LLimiterNews>();
     const LSoundSource prepared =
-        LSPPeakLimit(FullScale16).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
+        LSPPeakLimit(FullScale16, limiter).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
     if (prepared->status != SoundUsable)
         return false;
     LThreadQueuedNotify& news = *this;
-    playback = std::make_unique<LPlayback>(toPlay, prepared, open, news);
+    playback = std::make_unique<LPlayback>(toPlay, prepared, limiter, open, news);
     playback->Begin(playDevice, title, previous, volume);
     return true;
 }
@@ -90,7 +88,7 @@ LPlayStatus LSoundPlayer::GetStatus() const {
 
 void LSoundPlayer::SetPlayVolumeStandard(LDB level) {
     owner.Check();
-    volume = ToVolumeWord(level.GetDecibels());
+    volume = 0x10001 * static_cast<std::uint32_t>(GetVolumeLevel(level));
     if (playback)
         playback->SetVolume(*volume);
 }
@@ -110,11 +108,13 @@ void LSoundPlayer::EvNotify() {
     if (!report)
         return;
     notify->spntfLevel(report->levels, notifyId);
+    if (playback) // the owner may have stopped it
+        notify->spntfHeard(report->heard, notifyId);
     NotifyTime(report->position);
 }
 
 void LSoundPlayer::NotifyTime(int position) {
-    if (!playback) // the owner may have stopped it
+    if (!playback)
         return;
     LSoundTime time;
     time.SetSamples(position, playback->GetSource()->sampleRate);

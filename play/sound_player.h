@@ -5,6 +5,10 @@
 
 #include <string>
 
+/// What a volume leaves of the samples, in 256ths: none at -36 dB and less, 180 at 0 dB, 240 at 12 dB, all
+/// from 13 dB on.
+int GetVolumeLevel(LDB volume);
+
 /// Plays one source at a time through an output, at the source's rate and channel count in 16 bits; a source
 /// that may exceed them is limited, and one of a rate that no output takes is converted to the nearest. The
 /// owner, who made the player, gets the notifications from the event loop of its thread; no call waits for
@@ -35,8 +39,7 @@ public:
     /// Allocates: no.
     LPlayStatus GetStatus() const;
 
-    /// -36 dB and less is silence, 0 dB 180/256, 12 dB 240/256, and 13 dB and more leaves the samples as they
-    /// are. Stays until it is set again; without it, samples stay as they are. Thread: owner. Blocks: no.
+    /// Stays until it is set again; without it, samples stay as they are. Thread: owner. Blocks: no.
     /// Allocates: no.
     void SetPlayVolume(LDB level) { SetPlayVolumeStandard(level); }
     void SetPlayVolumeStandard(LDB level);

@@ -1,5 +1,6 @@
 #include "sound/level.h"
 
+#include "sound/fixed_point.h"
 #include "sound/stages/kernels.h"
 
 #include <cmath>
@@ -47,6 +48,17 @@ int LDB::GetPower() const {
 
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels) {
     return Kernels().getPeak(buffer, frames * channels);
+}
+
+int GetBufferPeakChan(std::uint8_t channel, const int* buffer, int frames, std::uint8_t channels) {
+    if (channels == 1)
+        return GetBufferPeak(buffer, frames, 1);
+    int largest = 0, smallest = 0;
+    for (std::ptrdiff_t i = 0; i < frames; ++i) {
+        largest = std::max(largest, buffer[i * channels + channel]);
+        smallest = std::min(smallest, buffer[i * channels + channel]);
+    }
+    return std::max(largest, WrapSubtract(0, smallest));
 }
 
 namespace {

@@ -51,6 +51,9 @@ private:
 /// The largest magnitude among all samples; 0 for an empty buffer.
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels);
 
+/// The same for one channel alone (0 is the first).
+int GetBufferPeakChan(std::uint8_t channel, const int* buffer, int frames, std::uint8_t channels);
+
 /// The mean of (sample >> 5)^2 over all samples; 0 for an empty buffer.
 /// Kept quirk: it is made of 32-bit sums whose lowest bits are dropped.
 std::uint32_t GetBufferMeanSquare(const int* buffer, int frames, std::uint8_t channels);

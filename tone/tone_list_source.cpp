@@ -126,7 +126,7 @@ LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
     if (tone.ReadFromFile(entry.file.c_str()))
         entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
                         "; an endless sine plays, and nothing behind it";
-    else if (!IsEverLeft(tone))
+    else if (entry.endless = !IsEverLeft(tone); entry.endless)
         entry.problem = "is endless; nothing behind it plays";
     if (const LFailure uncountable = tone.CheckCountable()) {
         entry.problem = uncountable.GetReason() + "; it is left out";

@@ -2,29 +2,24 @@
 
 #include "app/desktop/help_pages.h"
 #include "app/list_editor/list_dlg_layout.h"
+#include "app/list_editor/silence_box.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/time_text.h"
 #include "gui/file_chooser.h"
-#include "gui/numeric_edit.h"
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
-#include "sys/desktop/message_box.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_data.h"
 #include "tone/tone_list_file.h"
-#include "tone/tone_list_report.h"
 
-#include <algorithm>
-#include <climits>
+#include <ranges>
 
 namespace {
 
-constexpr LListColumn Columns[] = {{.title = "Tone", .fills = true}, {.title = "Problem"}};
 constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
-constexpr std::uint32_t UnknownLength = UINT32_MAX;
 
 } // namespace
 
@@ -38,11 +33,14 @@ void ListDlg::Command(int command) {
     case ListAddSilence:
         CmAddSilence();
         break;
+    case ListEditSilence:
+        CmEditSilence();
+        break;
     case ListMoveUp:
-        CmMoveUp();
+        CmMove(-1);
         break;
     case ListMoveDown:
-        CmMoveDown();
+        CmMove(1);
         break;
     case ListRemove:
         CmRemove();
@@ -53,24 +51,39 @@ void ListDlg::Command(int command) {
     case ListSaveAs:
         CmSaveAs();
         break;
+    case ListUndo:
+        CmUndo();
+        break;
+    case ListRedo:
+        CmRedo();
+        break;
     case ListRowsDragged:
         Modify();
         break;
+    case ListRowsMenu:
+        CmRowsMenu();
+        break;
+    case ListSelectionChanged:
+        rows->EndSeries();
+        [[fallthrough]];
     default:
         EnableControls();
     }
 }
 
 void ListDlg::InitDialog() {
-    list = std::make_unique<LListView>(*this, ListRows);
-    list->SetColumns(Columns);
-    list->BindCommands({.selection = ListSelectionChanged, .rowsMoved = ListRowsDragged});
-    list->EnableDragging();
+    rows = std::make_unique<EntryRows>(*this, ListRows);
+    rows->GetView().BindCommands({.selection = ListSelectionChanged,
+                                  .doubleClick = ListEditSilence,
+                                  .rightClick = ListRowsMenu,
+                                  .rowsMoved = ListRowsDragged});
     SetName(ListRows, "Entries");
+    SetKeys(ListDlgKeys);
     OpenList();
     modified = edited.IsRecovered();
-    list->SetFocus();
-    ShowTotal();
+    rows->Begin(!modified);
+    rows->GetView().SetFocus();
+    ShowState();
 }
 
 void ListDlg::OpenList() {
@@ -84,7 +97,7 @@ void ListDlg::ReadList() {
     ExpandedEntry opened = ExpandList(edited.GetPath());
     std::vector<LNotice> notices;
     {
-        const LListRebuild rebuild(*list);
+        const LListRebuild rebuild(rows->GetView());
         AddEntries(opened, 0, notices);
     }
     written = std::move(opened.written);
@@ -93,7 +106,7 @@ void ListDlg::ReadList() {
 }
 
 void ListDlg::DestroyDialog() {
-    list.reset();
+    rows.reset();
     if (!accepted)
         edited.Drop();
     const bool unasked = modified && !accepted && GetToolkit().IsSessionEnding();
@@ -102,9 +115,14 @@ void ListDlg::DestroyDialog() {
 }
 
 void ListDlg::EnableControls() {
-    const bool one = list->GetSelection().size() == 1;
+    const bool one = rows->GetView().GetSelection().size() == 1;
     EnableControl(ListMoveUp, one);
     EnableControl(ListMoveDown, one);
+}
+
+/// Return on anything but a silence is OK's.
+bool ListDlg::KeyPressed(const LKeyPress& key) {
+    return (key.virtualKey != LKeyReturn || GetSelectedSilence() >= 0) && LDialog::KeyPressed(key);
 }
 
 bool ListDlg::CmOk() {
@@ -124,7 +142,7 @@ void ListDlg::CmAddTone() {
         return;
     Setting::EntryReadFolder.Set(chooser.folder);
     std::vector<LNotice> notices;
-    if (AddFile(path, list->GetCount(), notices))
+    if (AddFile(path, rows->GetView().GetCount(), notices))
         ShowAdded();
     ShowNotices(notices);
 }
@@ -152,92 +170,117 @@ void ListDlg::AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNo
         if (const LFailure refusal = CheckListEntry(entry))
             notices.push_back(DescribeNotAdded(entry, refusal));
         else
-            InsertEntry(entry, row++);
+            rows->Insert(entry, row++);
     }
-}
-
-void ListDlg::InsertEntry(const std::string& entry, int row) {
-    const ToneListEntry measured = ExamineToneListEntry(entry);
-    const bool plays = measured.problem.empty();
-    list->InsertRow(row, entry,
-                    plays ? static_cast<std::uint32_t>(measured.length.GetMilliseconds()) : UnknownLength);
-    list->SetText(row, 1, measured.problem);
 }
 
 /// Files from the desktop are added like those of the button, in the order in which they were dropped.
 void ListDlg::EvDropFilesOnList(int /*control*/, const std::vector<std::string>& paths, int before) {
-    const int rowsBelow = list->GetCount() - before;
+    const LListView& view = rows->GetView();
+    const int rowsBelow = view.GetCount() - before;
     std::vector<LNotice> notices;
     bool added = false;
     for (const std::string& path : paths)
-        added = AddFile(path, list->GetCount() - rowsBelow, notices) || added;
+        added = AddFile(path, view.GetCount() - rowsBelow, notices) || added;
     if (added)
         Modify();
     ShowNotices(notices);
 }
 
 void ListDlg::CmAddSilence() {
-    LNumericEdit box("Add silence to list", "Please specify the length of silence in milliseconds:", "");
-    if (!box.RunModal(*this))
-        return;
-    if (box.GetEntry().find_first_not_of("0123456789.") != std::string::npos) {
-        LShowMessageBox("", "Duration should be specified as a numeric value.");
-        return;
+    if (const auto silence = AskForSilence(*this, "")) {
+        rows->Insert(*silence, rows->GetView().GetCount());
+        ShowAdded();
     }
-    InsertEntry(box.GetEntry() + SilenceSuffix, list->GetCount());
-    ShowAdded();
+}
+
+int ListDlg::GetSelectedSilence() const {
+    const std::vector<int>& selection = rows->GetView().GetSelection();
+    return selection.size() == 1 && IsSilence(rows->GetEntry(selection.front())) ? selection.front() : -1;
+}
+
+void ListDlg::CmEditSilence() {
+    const int row = GetSelectedSilence();
+    if (row < 0)
+        return;
+    if (const auto silence = AskForSilence(*this, rows->GetEntry(row))) {
+        rows->Replace(row, *silence);
+        Modify();
+    }
 }
 
 /// What has come to the end stands ready to be moved.
 void ListDlg::ShowAdded() {
-    list->SetCurrent(list->GetCount() - 1);
+    rows->GetView().SetCurrent(rows->GetView().GetCount() - 1);
     Modify();
 }
 
-void ListDlg::MoveRow(int step) {
-    const std::vector<int> selection = list->GetSelection();
-    if (selection.size() != 1)
+/// Kept quirk: a row that is at the end already, and stays there, counts as a change. So does removing none.
+void ListDlg::CmMove(int step) {
+    if (rows->GetView().GetSelection().empty())
         return;
-    list->MoveRow(selection.front(), selection.front() + step);
-    Modify();
+    rows->MoveSelected(step);
+    Modify(EntryRows::MovesOfTheSameRows);
 }
 
 void ListDlg::CmRemove() {
-    const std::vector<int> rows = list->GetSelection();
-    list->DeleteRows(rows);
-    if (!rows.empty())
-        list->SetCurrent(std::min(*std::min_element(rows.begin(), rows.end()), list->GetCount() - 1));
+    rows->RemoveSelected();
     Modify();
 }
 
-std::vector<std::string> ListDlg::GetEntries() const {
-    std::vector<std::string> entries;
-    entries.reserve(static_cast<std::size_t>(list->GetCount()));
-    for (int row = 0; row < list->GetCount(); ++row)
-        entries.push_back(list->GetText(row, 0));
-    return entries;
+void ListDlg::CmUndo() {
+    rows->Undo();
+    FollowHistory();
 }
 
-void ListDlg::Modify() {
+void ListDlg::CmRedo() {
+    rows->Redo();
+    FollowHistory();
+}
+
+void ListDlg::CmRowsMenu() {
+    LMenu menu(rows->GetView().CreatePopupMenu(), ListDlgMenu);
+    const bool any = !rows->GetView().GetSelection().empty();
+    menu.Enable(ListEditSilence, GetSelectedSilence() >= 0);
+    for (const int command : {ListMoveUp, ListMoveDown, ListRemove})
+        menu.Enable(command, any);
+    menu.Enable(ListUndo, rows->CanUndo());
+    menu.Enable(ListRedo, rows->CanRedo());
+    for (const LKeyMapEntry& key : std::views::reverse(ListDlgKeys))
+        menu.SetKeyText(key.command, DescribeKey(key));
+    if (const int chosen = menu.Choose(); chosen != 0)
+        Command(chosen);
+}
+
+void ListDlg::Modify(EntryRows::Series series) {
+    rows->Keep(series);
     modified = true;
-    EditedList::KeepDraft(GetEntries());
+    StoreDraft();
+    ShowState();
+}
+
+void ListDlg::FollowHistory() {
+    modified = !rows->AreSaved();
+    StoreDraft();
+    ShowState();
+}
+
+void ListDlg::StoreDraft() {
+    modified ? EditedList::KeepDraft(rows->GetEntries()) : EditedList::DropDraft();
+}
+
+void ListDlg::ShowState() {
+    const std::string& path = edited.GetPath();
+    const std::string name = path.empty() || IsTemporaryList(path) ? "Unsaved list" : GetFileName(path);
+    SetCaption((modified ? name + "*" : name) + " - Tone List");
     ShowTotal();
     EnableControls();
 }
 
 /// The length of one pass.
 void ListDlg::ShowTotal() {
-    std::int64_t total = 0;
-    int unknown = 0;
-    for (int row = 0; row < list->GetCount(); ++row) {
-        const std::uint32_t length = list->GetData(row);
-        if (length == UnknownLength)
-            ++unknown;
-        else
-            total += static_cast<std::int32_t>(length);
-    }
-    const auto shown = static_cast<int>(std::clamp<std::int64_t>(total, 0, INT_MAX));
-    SetText(ListTotal, "Total: " + FormatTime(LSoundTime(shown)) + (unknown > 0 ? " or more" : ""));
+    const int unknown = rows->CountWithoutLength();
+    SetText(ListTotal, "Total: " + FormatTime(rows->GetTotal()) + (unknown > 0 ? " or more" : ""));
     SetToolTip(ListTotal,
                unknown == 0 ? "" : "Entries that are endless or can't be read: " + std::to_string(unknown));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/list_editor/edited_list.h"
+#include "app/list_editor/entry_rows.h"
 #include "gui/dialog.h"
-#include "gui/list_view.h"
 #include "sys/notice.h"
 
 #include <map>
@@ -27,6 +27,7 @@ protected:
     void InitDialog() override;
     void DestroyDialog() override;
     void EnableControls() override;
+    bool KeyPressed(const LKeyPress& key) override;
     bool CmOk() override;
     void CmCancel() override;
     void CmHelp() override;
@@ -37,9 +38,12 @@ private:
 
     void CmAddTone();
     void CmAddSilence();
-    void CmMoveUp() { MoveRow(-1); }
-    void CmMoveDown() { MoveRow(1); }
+    void CmEditSilence();
+    void CmMove(int step);
     void CmRemove();
+    void CmUndo();
+    void CmRedo();
+    void CmRowsMenu();
     // True where the rows are in a file of the user's.
     bool CmSaveList();
     bool CmSaveAs();
@@ -48,11 +52,13 @@ private:
     /// False, with a notice, where the file is refused.
     bool AddFile(const std::string& path, int row, std::vector<LNotice>& notices);
     void AddEntries(const ExpandedEntry& expanded, int row, std::vector<LNotice>& notices);
-    void InsertEntry(const std::string& entry, int row);
     void ShowAdded();
-    void MoveRow(int step);
-    std::vector<std::string> GetEntries() const;
-    void Modify();
+    /// The silence that alone is selected, -1 where it is something else.
+    int GetSelectedSilence() const;
+    void Modify(EntryRows::Series series = EntryRows::NoSeries);
+    void FollowHistory();
+    void StoreDraft();
+    void ShowState();
     void ShowTotal();
 
     // list_dlg_save.cpp
@@ -63,8 +69,8 @@ private:
     bool MayDropChanges();
 
     EditedList edited;
-    std::unique_ptr<LListView> list; ///< the user data of a row is its length in ms, or `UnknownLength`
-    std::string openedIn;            ///< the folder of the list file
+    std::unique_ptr<EntryRows> rows;
+    std::string openedIn;                       ///< the folder of the list file
     std::map<std::string, std::string> written; ///< what entries that lie there are named in it
     bool modified = false;                      ///< the rows are others than in the list file
     bool accepted = false;                      ///< closed with OK

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "gui/control_layout.h"
+#include "gui/key_map.h"
+#include "gui/menu.h"
 
 /// The controls of the tone list editor.
 enum ListControl : int {
@@ -17,6 +19,11 @@ enum ListControl : int {
 
     ListSelectionChanged = 120, ///< commands of the list of rows
     ListRowsDragged = 121,
+    ListRowsMenu = 122,
+
+    ListEditSilence = 130, ///< commands without a button
+    ListUndo = 131,
+    ListRedo = 132,
 };
 
 inline constexpr unsigned WithLowerEdge = MoveDown | Widen;
@@ -35,6 +42,25 @@ inline constexpr LControlLayout ListDlgControls[] = {
     {ListTotal, LControlKind::Text, "", {132, 594, 160, 20}, WithLowerEdge},
     {LCommandCancel, LControlKind::Button, "Cancel", {304, 594, 100, 0}, MoveDown | MoveRight},
     {LCommandOk, LControlKind::Button, "OK", {418, 594, 100, 0}, MoveDown | MoveRight},
+};
+
+inline constexpr LKeyMapEntry ListDlgKeys[] = {
+    {LKeyReturn, 0, ListEditSilence},      {LKeyAlt | LKeyUp, 0, ListMoveUp},
+    {LKeyAlt | LKeyDown, 0, ListMoveDown}, {LKeyDelete, 0, ListRemove},
+    {LKeyControl, 'z', ListUndo},          {LKeyControl | LKeyShift, 'z', ListRedo},
+    {LKeyControl, 'y', ListRedo},
+};
+
+/// For a right click on the rows.
+inline constexpr LMenuEntry ListDlgMenu[] = {
+    {ListEditSilence, "Edit Silence..."},
+    {0},
+    {ListMoveUp, "Move Up"},
+    {ListMoveDown, "Move Down"},
+    {ListRemove, "Remove"},
+    {0},
+    {ListUndo, "Undo"},
+    {ListRedo, "Redo"},
 };
 
 inline constexpr LDialogLayout ListDlgLayout{"Tone List", 540, 630, ListDlgControls};

@@ -51,7 +51,7 @@ bool ListDlg::CmSaveAs() {
 
 /// What was named relative to the list stays so where the list does not move.
 std::vector<std::string> ListDlg::GetLines(const std::string& folder) const {
-    std::vector<std::string> lines = GetEntries();
+    std::vector<std::string> lines = rows->GetEntries();
     for (std::string& line : lines)
         if (const auto found = written.find(line); folder == openedIn && found != written.end())
             line = found->second;
@@ -59,7 +59,7 @@ std::vector<std::string> ListDlg::GetLines(const std::string& folder) const {
 }
 
 bool ListDlg::SaveTo(const std::string& path) {
-    const std::vector<std::string> entries = GetEntries();
+    const std::vector<std::string> entries = rows->GetEntries();
     LFailure failure = CheckListEntry(path);
     if (std::any_of(entries.begin(), entries.end(),
                     [&path](const std::string& entry) { return IsSameFile(entry, path); }))
@@ -71,8 +71,8 @@ bool ListDlg::SaveTo(const std::string& path) {
         return false;
     }
     edited.MoveTo(path);
-    EditedList::DropDraft();
-    modified = false;
+    rows->SetSaved();
+    FollowHistory();
     return true;
 }
 
@@ -81,7 +81,7 @@ bool ListDlg::SaveToTemporary() {
     std::string path;
     LFailure failure = CreateTemporaryList(path);
     if (!failure)
-        failure = WriteToneListFile(path.c_str(), GetEntries());
+        failure = WriteToneListFile(path.c_str(), rows->GetEntries());
     if (failure) {
         ShowNotice(path.empty() ? DescribeNoTemporary(failure) : DescribeUnwritten(path, failure));
         unlink(path.c_str());

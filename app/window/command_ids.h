@@ -70,6 +70,8 @@ enum MainControl : int {
     ControlToneKind = 307,
     ControlToneLevel = 308,
     ControlKeyHint = 309,
+    ControlMute = 310,
+    ControlVolumeText = 311,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

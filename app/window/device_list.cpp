@@ -5,6 +5,7 @@
 #include "sys/background.h"
 
 #include <mutex>
+#include <optional>
 
 /// What the background work and the window both hold. The toolkit is left, under the mutex, before it ends.
 struct DeviceList::Shared {
@@ -12,7 +13,7 @@ struct DeviceList::Shared {
     LToolkit* toolkit; ///< under the mutex
     std::function<std::vector<std::string>()> listNames;
     std::function<void(const std::vector<std::string>&)> changed; ///< empty once the window has left
-    std::vector<std::string> known;
+    std::optional<std::vector<std::string>> known;                ///< nothing before the first look
     bool looking = false;
 };
 
@@ -45,7 +46,7 @@ void DeviceList::Refresh() {
         state->toolkit->Post([state, names] {
             state->looking = false;
             if (state->changed && names != state->known)
-                state->changed(state->known = names);
+                state->changed(state->known.emplace(names));
         });
     });
 }

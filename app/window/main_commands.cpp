@@ -25,6 +25,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandRedo, [](MainDialog& window) { window.Restore(window.history.Redo(window.state)); }},
     {ControlDevice, [](MainDialog& window) { window.CmChooseDevice(); }},
     {ControlVolume, [](MainDialog& window) { window.playback.SetVolume(window.status.StoreVolume()); }},
+    {ControlMute, [](MainDialog& window) { window.playback.SetVolume(window.status.ToggleMute()); }},
 
     {CommandSelection,
      [](MainDialog& window) {

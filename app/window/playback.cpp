@@ -9,6 +9,7 @@
 #include "sys/file.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -18,6 +19,18 @@ void ReportLostOutput() {
                     "Unable to start playback.\r\n\r\nThis might be because the sound card is being used by "
                     "some other applications or because you have not selected the correct Sound Play Device "
                     "using Play Settings.");
+}
+
+double ToDecibels(double factor) {
+    return 20 * std::log10(factor);
+}
+
+LMeterLevels MeasureOutput(const LSoundHeard& heard, LDB volume) {
+    LMeterLevels levels{.peaks = {}, .limiter = ToDecibels(heard.limiterGain / double{UnityGain})};
+    for (std::size_t c = 0; c < heard.channels; ++c)
+        levels.peaks.push_back(
+            ToDecibels(heard.peaks[c] / double{FullScale16} * GetVolumeLevel(volume) / 256));
+    return levels;
 }
 
 } // namespace
@@ -49,7 +62,7 @@ void Playback::CmPlay() {
         devices.Refresh();
     player.SetDevice(LSoundPlayDevice::OfNameOrDefault(Setting::OutDevice.Get()));
     player.SetTitle(tone.GetToneName());
-    player.SetPlayVolume(ReadPlayVolume());
+    SetVolume(ReadPlayVolume());
     const SoundInput input = OpenToneInput(tone, SoundLength::Any);
     if (input.failure) {
         player.Stop();
@@ -58,9 +71,22 @@ void Playback::CmPlay() {
     }
     TellProblems(input);
     news = input.news;
-    view.SetLength(input.endless ? LSoundTime() : input.source.GetEnd());
+    TellLength(input);
     if (!player.Start(input.source))
         ReportLostOutput();
+}
+
+void Playback::TellLength(const SoundInput& input) {
+    endless = input.endless;
+    sinceStart = LSoundTime();
+    const bool loops = endless && tone.repeat != 0;
+    const LSoundTime turn(loops && tone.HasFlag(ToneFlagDuration) ? static_cast<int>(tone.durationMs) : 0);
+    view.SetLength(endless ? turn : input.source.GetEnd(), loops);
+}
+
+void Playback::SetVolume(LDB decibels) {
+    volume = decibels;
+    player.SetPlayVolume(volume);
 }
 
 /// Once for all the times that the list plays as it is, and while it does.
@@ -106,10 +132,11 @@ void Playback::TellNews() {
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
     TellNews();
     if (player.IsPlaying())
-        view.ShowPosition(time);
+        view.ShowPosition(endless ? sinceStart : time);
 }
 
-void Playback::spntfLevel(const LDBMC& levels, long /*id*/) {
+void Playback::spntfHeard(const LSoundHeard& heard, long /*id*/) {
+    sinceStart = heard.sinceStart;
     if (player.IsPlaying())
-        view.ShowLevels(levels);
+        view.ShowLevels(MeasureOutput(heard, volume));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/window/device_list.h"
+#include "gui/level_meter.h"
 #include "play/sound_player.h"
 #include "sound/source_news.h"
 #include "tone/tone_data.h"
@@ -13,10 +14,12 @@ class PlaybackView {
 public:
     virtual ~PlaybackView() = default;
 
-    /// Of what is about to play; 0 for a tone without an end.
-    virtual void SetLength(LSoundTime length) = 0;
+    /// Of what is about to play, or of one turn of what `loops`; 0 for a tone without an end.
+    virtual void SetLength(LSoundTime length, bool loops) = 0;
+    /// The time since Play for what has no end.
     virtual void ShowPosition(LSoundTime position) = 0;
-    virtual void ShowLevels(const LDBMC& levels) = 0;
+    /// Of what leaves the program.
+    virtual void ShowLevels(const LMeterLevels& levels) = 0;
     virtual void ShowStopped() = 0;
 };
 
@@ -41,15 +44,16 @@ public:
     void Restart();
     bool IsPlaying() const { return player.IsPlaying(); }
     /// Of what plays, too.
-    void SetVolume(LDB volume) { player.SetPlayVolume(volume); }
+    void SetVolume(LDB decibels);
 
 private:
     void TellProblems(const SoundInput& input);
     void TellNews();
+    void TellLength(const SoundInput& input);
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
     void spntfTime(LSoundTime time, long id) override;
-    void spntfLevel(const LDBMC& levels, long id) override;
+    void spntfHeard(const LSoundHeard& heard, long id) override;
 
     LToolkit& toolkit;
     const SonvireData& tone;
@@ -57,6 +61,9 @@ private:
     DeviceList& devices;
     std::function<void()> tellChange;
     LSoundPlayer player;
+    LDB volume;
+    bool endless = false;                                                ///< what plays
+    LSoundTime sinceStart;                                               ///< of the playback that is on
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
     std::vector<LFileWarning> problems; ///< of the list that played last, which the user has been told
 };

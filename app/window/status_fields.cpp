@@ -4,19 +4,23 @@
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/time_text.h"
-#include "play/play_device.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <strings.h>
 
 namespace {
 
 constexpr LStatusItem Items[] = {
     {ControlStatusText, LStatusKind::Text, "", ProductAndVersion},
-    {ControlPosition, LStatusKind::Text, "Position and length", "00:00.0 / 00:00.0"},
+    {ControlPosition, LStatusKind::Text, "Position and length", "00:00.0 / ↻ 00:00.0"},
     {ControlLevels, LStatusKind::Level, "Level"},
-    {ControlDevice, LStatusKind::Chooser, "Output device", "[Default Sound Out]"},
+    {ControlDevice, LStatusKind::Chooser, "Output device", LSoundPlayDevice::DefaultName},
+    {ControlMute, LStatusKind::Toggle, "Mute", "", "speaker"},
     {ControlVolume, LStatusKind::Slider, "Volume"},
+    {ControlVolumeText, LStatusKind::Text, "Volume; a double click on the slider takes nothing off",
+     "-34.2 dB"},
 };
 
 /// The volumes that differ: silence, and samples as they are.
@@ -27,6 +31,12 @@ bool IsSameName(const std::string& name, const std::string& other) {
     return strcasecmp(name.c_str(), other.c_str()) == 0;
 }
 
+/// What the volume takes off.
+std::string DescribeVolume(int decibels) {
+    const int level = GetVolumeLevel(LDB(static_cast<std::int8_t>(decibels)));
+    return level == 0 ? "muted" : FormatDecibels(20 * std::log10(level / 256.0), 1) + " dB";
+}
+
 } // namespace
 
 std::span<const LStatusItem> StatusFields::GetItems() {
@@ -35,56 +45,77 @@ std::span<const LStatusItem> StatusFields::GetItems() {
 
 void StatusFields::Init() {
     window.SetText(ControlStatusText, ProductAndVersion);
-    SetDevices({});
+    OfferDevices({}, ""); // it is not known yet what there is
     window.SetRange(ControlVolume, LeastVolume, MostVolume);
     window.SetValue(ControlVolume, ReadPlayVolume().GetDecibels());
-    ShowVolume(ReadPlayVolume().GetDecibels());
+    ShowVolume(window.GetValue(ControlVolume));
+    ShowStopped();
 }
 
 void StatusFields::SetDevices(const std::vector<std::string>& names) {
-    std::vector<std::string> choices = {LSoundPlayDevice::DefaultName};
-    choices.insert(choices.end(), names.begin(), names.end());
+    OfferDevices(names, " (not there)");
+}
+
+void StatusFields::OfferDevices(const std::vector<std::string>& names, const char* missingMark) {
+    devices = {LSoundPlayDevice::DefaultName};
+    devices.insert(devices.end(), names.begin(), names.end());
+    std::vector<std::string> choices = devices;
     const std::string chosen = Setting::OutDevice.Get();
-    auto found = std::find_if(choices.begin(), choices.end(),
+    auto found = std::find_if(devices.begin(), devices.end(),
                               [&chosen](const std::string& name) { return IsSameName(name, chosen); });
-    if (found == choices.end() && !chosen.empty())
-        found = choices.insert(found, chosen);
-    const int value = found == choices.end() ? 0 : static_cast<int>(found - choices.begin());
+    if (found == devices.end() && !chosen.empty()) {
+        choices.push_back(chosen + missingMark);
+        found = devices.insert(found, chosen);
+    }
     window.SetChoices(ControlDevice, choices);
-    window.SetValue(ControlDevice, value);
+    window.SetValue(ControlDevice, found == devices.end() ? 0 : static_cast<int>(found - devices.begin()));
+}
+
+void StatusFields::SetLength(LSoundTime time, bool loops) {
+    length = time.GetMilliseconds() > 0 ? (loops ? " / ↻ " : " / ") + FormatTime(time) : " / ∞";
 }
 
 void StatusFields::ShowPosition(LSoundTime position) {
-    const bool ends = length.GetMilliseconds() > 0;
-    window.SetText(ControlPosition, FormatTime(position) + (ends ? " / " + FormatTime(length) : ""));
+    window.SetText(ControlPosition, FormatTime(position) + length);
 }
 
-void StatusFields::ShowLevels(const LDBMC& levels) {
-    std::vector<int> decibels;
-    decibels.reserve(static_cast<std::size_t>(levels.GetChannels()));
-    for (int channel = 0; channel < levels.GetChannels(); ++channel)
-        decibels.push_back(levels[channel].GetDecibels());
-    channels = decibels.size();
-    window.SetLevels(ControlLevels, decibels);
+void StatusFields::ShowLevels(const LMeterLevels& levels) {
+    channels = levels.peaks.size();
+    window.SetLevels(ControlLevels, levels);
 }
 
 void StatusFields::ShowStopped() {
-    window.SetText(ControlPosition, "");
-    window.SetLevels(ControlLevels, std::vector<int>(channels, LDB::Silence));
+    window.SetText(ControlPosition, FormatTime({}));
+    ShowLevels({.peaks = std::vector<double>(channels, -std::numeric_limits<double>::infinity())});
 }
 
 void StatusFields::StoreDevice() {
-    Setting::OutDevice.Set(window.GetText(ControlDevice));
+    const auto chosen = static_cast<std::size_t>(window.GetValue(ControlDevice));
+    if (chosen < devices.size())
+        Setting::OutDevice.Set(devices[chosen]);
 }
 
 LDB StatusFields::StoreVolume() {
     const int decibels = window.GetValue(ControlVolume);
-    if (!window.IsHeld(ControlVolume)) // a store takes longer than a slider's next step
+    if (!window.IsHeld(ControlVolume)) { // a store takes longer than a slider's next step
+        const int before = ReadPlayVolume().GetDecibels();
+        if (decibels <= LeastVolume && before > LeastVolume)
+            Setting::UnmutedVolume.Set(before);
         Setting::PlayVolume.Set(decibels);
+    }
     ShowVolume(decibels);
     return LDB(static_cast<std::int8_t>(decibels));
 }
 
+LDB StatusFields::ToggleMute() {
+    const bool muted = window.GetValue(ControlVolume) <= LeastVolume;
+    window.SetValue(ControlVolume, muted ? Setting::UnmutedVolume.Get() : LeastVolume);
+    return StoreVolume();
+}
+
 void StatusFields::ShowVolume(int decibels) {
-    window.SetToolTip(ControlVolume, "Volume: " + std::to_string(decibels) + " dB");
+    const std::string text = DescribeVolume(decibels);
+    window.SetText(ControlVolumeText, text);
+    window.SetValueText(ControlVolume, text);
+    window.SetValue(ControlMute, decibels <= LeastVolume ? 1 : 0);
 }

@@ -5,6 +5,8 @@
 #include "gui/window.h"
 
 #include <span>
+#include <string>
+#include <vector>
 
 /// The status bar: product, position, levels, and the output and volume as controls that keep the user's
 /// choices in the settings.
@@ -17,22 +19,27 @@ public:
 
     /// Fills the fields in, once the window has them.
     void Init();
-    /// What can be chosen, besides the default output; the chosen one is offered even where it is not there.
+    /// What there is to be chosen besides the default output. The chosen one is offered, and marked, where it
+    /// is not there.
     void SetDevices(const std::vector<std::string>& names);
 
-    void SetLength(LSoundTime playedLength) override { length = playedLength; }
+    void SetLength(LSoundTime length, bool loops) override;
     void ShowPosition(LSoundTime position) override;
-    void ShowLevels(const LDBMC& levels) override;
+    void ShowLevels(const LMeterLevels& levels) override;
     void ShowStopped() override;
 
     /// Keep what the user has just chosen; a volume that is still being chosen is returned only.
     void StoreDevice();
     LDB StoreVolume();
+    /// Silent, or as loud as before.
+    LDB ToggleMute();
 
 private:
+    void OfferDevices(const std::vector<std::string>& names, const char* missingMark);
     void ShowVolume(int decibels);
 
     LWindow& window;
-    LSoundTime length;
-    std::size_t channels = 2; ///< that were shown last
+    std::vector<std::string> devices; ///< the names of what the chooser offers
+    std::string length;               ///< behind the position
+    std::size_t channels = 2;         ///< that were shown last
 };

@@ -4,5 +4,5 @@
 
 #include <string>
 
-/// Minutes, seconds and tenths: "02:03.4".
+/// Minutes, seconds and tenths: "02:03.4"; from an hour on, "1:02:03.4".
 std::string FormatTime(LSoundTime time);

@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -129,7 +130,8 @@ void LQtControls::Place(int id, const LRect& rect) {
     const int height = scale(rect.height);
     const int tall = FillsItsPlace(widget) ? height : std::max(height, widget->sizeHint().height());
     const int above = rect.height == 0 ? 0 : (tall - height) / 2;
-    widget->setGeometry(scale(rect.x), scale(rect.y) - above, scale(rect.width), tall);
+    const QRect place(scale(rect.x), scale(rect.y) - above, scale(rect.width), tall);
+    widget->setGeometry(QStyle::visualRect(parent->layoutDirection(), parent->rect(), place));
 }
 
 LRect LQtControls::GetPlace(int id) const {
@@ -137,7 +139,8 @@ LRect LQtControls::GetPlace(int id) const {
     if (!widget)
         return {};
     const auto scale = [this](int length) { return static_cast<int>(std::lround(length / unit)); };
-    return {scale(widget->x()), scale(widget->y()), scale(widget->width()), scale(widget->height())};
+    const QRect place = QStyle::visualRect(parent->layoutDirection(), parent->rect(), widget->geometry());
+    return {scale(place.x()), scale(place.y()), scale(place.width()), scale(place.height())};
 }
 
 void LQtControls::SetText(int id, const std::string& text) {
@@ -254,9 +257,14 @@ void LQtControls::SetChoices(int id, const std::vector<std::string>& choices) {
         combo->addItem(ToQt(choice));
 }
 
-void LQtControls::SetLevels(int id, const std::vector<int>& decibels) {
+void LQtControls::SetLevels(int id, const LMeterLevels& levels) {
     if (auto* meter = dynamic_cast<LQtLevelMeter*>(Find(id)))
-        meter->SetLevels(decibels);
+        meter->SetLevels(levels);
+}
+
+void LQtControls::SetValueText(int id, const std::string& text) {
+    if (QWidget* widget = Find(id))
+        widget->setAccessibleDescription(ToQt(text));
 }
 
 std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {

@@ -34,7 +34,8 @@ public:
     int GetValue(int id) const override;
     bool IsHeld(int id) const override;
     void SetChoices(int id, const std::vector<std::string>& choices) override;
-    void SetLevels(int id, const std::vector<int>& decibels) override;
+    void SetLevels(int id, const LMeterLevels& levels) override;
+    void SetValueText(int id, const std::string& text) override;
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& listEvents) override;
 
 private:

@@ -1,8 +1,11 @@
 #include "gui/qt/qt_dialog.h"
 
 #include "gui/qt/qt_active_window.h"
+#include "gui/qt/qt_keys.h"
 #include "gui/qt/qt_text.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -35,6 +38,7 @@ LQtDialog::LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEve
         setMaximumSize(size);
     resize(size.boundedTo(screen()->availableSize() - QSize(0, FrameHeight)).expandedTo(minimumSize()));
     setWindowModality(Qt::ApplicationModal);
+    qApp->installEventFilter(this);
 }
 
 void LQtDialog::SetCaption(const std::string& caption) {
@@ -51,6 +55,16 @@ void LQtDialog::End(bool ok) {
 
 void LQtDialog::ShowModal() {
     show();
+}
+
+/// Before the control that has the keyboard: a list has a use of its own for most of the keys.
+bool LQtDialog::eventFilter(QObject* watched, QEvent* event) {
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    if (event->type() != QEvent::KeyPress || !widget || widget->window() != this)
+        return QDialog::eventFilter(watched, event);
+    const LKeyPress key = ToKeyPress(static_cast<QKeyEvent&>(*event));
+    const bool inList = qobject_cast<const QAbstractItemView*>(widget);
+    return (inList || IsForTheWindow(key)) && events.KeyPressed(key);
 }
 
 void LQtDialog::keyPressEvent(QKeyEvent* event) {

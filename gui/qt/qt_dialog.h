@@ -19,6 +19,7 @@ public:
 private:
     /// Escape, and the button in the title bar.
     void reject() override { events.CloseAsked(); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

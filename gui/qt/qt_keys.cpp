@@ -17,6 +17,12 @@ unsigned NameKey(const QKeyEvent& event) {
         return LKeyPageDown;
     case Qt::Key_F1:
         return LKeyF1;
+    case Qt::Key_Delete:
+        return LKeyDelete;
+    case Qt::Key_Up:
+        return LKeyUp;
+    case Qt::Key_Down:
+        return LKeyDown;
     case Qt::Key_Plus:
         return event.modifiers().testFlag(Qt::KeypadModifier) ? LKeyKeypadPlus : LKeyNone;
     default:
@@ -43,13 +49,15 @@ bool MayNeedShift(char32_t character) {
 } // namespace
 
 LKeyPress ToKeyPress(const QKeyEvent& event) {
-    if (event.modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier))
+    if (event.modifiers().testFlag(Qt::MetaModifier))
         return {};
     const unsigned name = NameKey(event);
     const char32_t character = name == LKeyNone ? CharacterOf(event) : 0;
     const bool shift = event.modifiers().testFlag(Qt::ShiftModifier) && !MayNeedShift(character);
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
-    return {.virtualKey = name | (control ? LKeyControl : LKeyNone) | (shift ? LKeyShift : LKeyNone),
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    return {.virtualKey = name | (control ? LKeyControl : LKeyNone) | (shift ? LKeyShift : LKeyNone) |
+                          (alt ? LKeyAlt : LKeyNone),
             .character = character,
             .repeated = event.isAutoRepeat()};
 }

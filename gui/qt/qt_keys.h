@@ -4,8 +4,7 @@
 
 class QKeyEvent;
 
-/// The key as key maps know it. With Alt or the desktop's own key held it is no key of ours: both fields are
-/// 0.
+/// The key as key maps know it. With the desktop's own key held it is no key of ours: both fields are 0.
 LKeyPress ToKeyPress(const QKeyEvent& event);
 
 /// True for a key that no input of text or value has a use for: Escape, F1, and any with Ctrl.

@@ -1,55 +1,167 @@
 #include "gui/qt/qt_level_meter.h"
 
+#include "gui/qt/qt_text.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int FrameMs = 33;
-constexpr double LoudDecibels = -6; // from here on the bar warns
+constexpr int FrameMs = 40;
+constexpr int CalmMs = 1000;
+constexpr double MarkTextSize = 0.72; // of the other fields'
+constexpr double PeakWidth = 2, FullWidth = 5;
+const QString LampText = QStringLiteral("LIM");
+
+QColor Faint(const QPalette& palette, float alpha) {
+    QColor colour = palette.color(QPalette::WindowText);
+    colour.setAlphaF(alpha);
+    return colour;
+}
+
+/// Legible on what the theme has behind them.
+struct Colours {
+    QColor calm, loud, full;
+
+    explicit Colours(const QPalette& palette) {
+        const bool dark = palette.color(QPalette::Window).lightness() < 128;
+        calm = dark ? QColor(0x3f, 0xb9, 0x50) : QColor(0x1f, 0x8a, 0x3b);
+        loud = dark ? QColor(0xe3, 0xa0, 0x08) : QColor(0xb8, 0x6e, 0x00);
+        full = dark ? QColor(0xff, 0x5c, 0x57) : QColor(0xd1, 0x24, 0x2f);
+    }
+    QColor Of(double level) const {
+        return LLevelMeter::IsFull(level) ? full : level >= LLevelMeter::Loud ? loud : calm;
+    }
+};
 
 } // namespace
 
-LQtLevelMeter::LQtLevelMeter(QWidget* parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+LQtLevelMeter::LQtLevelMeter(QWidget* parent) : QWidget(parent) {}
+
+void LQtLevelMeter::SetLevels(const LMeterLevels& levels) {
+    meter.Take(levels);
+    if (!frames.isActive())
+        frames.start(FrameMs, this); // which draws
+    if (!calm.isActive())
+        Tell();
 }
 
-void LQtLevelMeter::SetLevels(const std::vector<int>& decibels) {
-    if (!decibels.empty())
-        channels.resize(decibels.size());
-    for (std::size_t i = 0; i < decibels.size(); ++i)
-        channels[i].Take(decibels[i]);
-    if (!timer.isActive())
-        timer.start(FrameMs, this);
+void LQtLevelMeter::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == calm.timerId())
+        return Tell();
+    meter.Advance(FrameMs);
+    if (!meter.IsMoving())
+        frames.stop();
     update();
 }
 
-void LQtLevelMeter::timerEvent(QTimerEvent* /*event*/) {
-    for (LLevelFall& channel : channels)
-        channel.Advance(FrameMs);
-    if (std::none_of(channels.begin(), channels.end(), [](const auto& each) { return each.IsFalling(); }))
-        timer.stop();
-    update();
+void LQtLevelMeter::Tell() {
+    const QString text = ToQt(meter.Describe(0));
+    if (text == accessibleDescription()) {
+        calm.stop();
+        return;
+    }
+    calm.start(CalmMs, this);
+    setAccessibleDescription(text);
+    QAccessibleValueChangeEvent change(this, meter.GetLoudest());
+    QAccessible::updateAccessibility(&change);
 }
 
-QRectF LQtLevelMeter::PlaceBar(std::size_t channel) const {
-    const double pitch = static_cast<double>(height()) / static_cast<double>(channels.size());
-    return {0, pitch * static_cast<double>(channel) + 1, static_cast<double>(width()), pitch - 2};
+bool LQtLevelMeter::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const std::string levels = meter.Describe(1);
+    const QString text = levels.empty() ? toolTip() : toolTip() + ": " + ToQt(levels);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, this);
+    return true;
+}
+
+QFont LQtLevelMeter::GetMarkFont() const {
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * MarkTextSize);
+    return small;
+}
+
+double LQtLevelMeter::GetScaleWidth() const {
+    return width() - QFontMetricsF(GetMarkFont()).horizontalAdvance(LampText) - 14;
+}
+
+double LQtLevelMeter::GetBarsHeight() const {
+    return height() - QFontMetricsF(GetMarkFont()).ascent() - 1;
+}
+
+QRectF LQtLevelMeter::Place(double left, double top, double right, double bottom) const {
+    const double x = isRightToLeft() ? width() - right : left;
+    return {x, top, right - left, bottom - top};
 }
 
 void LQtLevelMeter::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    QColor trough = palette().color(QPalette::WindowText);
-    trough.setAlphaF(0.18F);
-    const double loudFrom = 1 - LoudDecibels / LLevelFall::Silence;
-    for (std::size_t i = 0; i < channels.size(); ++i) {
-        const QRectF bar = PlaceBar(i);
-        const double lit = bar.width() * channels[i].GetFraction();
-        const double calm = std::min(lit, bar.width() * loudFrom);
-        painter.fillRect(bar, trough);
-        painter.fillRect(QRectF(bar.topLeft(), QSizeF(calm, bar.height())), QColor(0x2e, 0xa0, 0x43));
-        painter.fillRect(QRectF(bar.left() + calm, bar.top(), lit - calm, bar.height()),
-                         QColor(0xe0, 0x8a, 0x1e));
+    painter.setLayoutDirection(Qt::LeftToRight); // of numbers
+    const auto& channels = meter.GetChannels();
+    const double pitch = GetBarsHeight() / static_cast<double>(channels.size());
+    double top = 0;
+    for (const LLevelMeter::Channel& channel : channels) {
+        PaintBar(painter, channel, top, top + pitch - 1);
+        top += pitch;
     }
+    painter.setFont(GetMarkFont());
+    PaintMarks(painter);
+    PaintLamp(painter);
+}
+
+void LQtLevelMeter::PaintBar(QPainter& painter, const LLevelMeter::Channel& channel, double top,
+                             double bottom) const {
+    const Colours colours(palette());
+    const double end = GetScaleWidth();
+    const auto fill = [&](double left, double right, const QColor& colour) {
+        if (right > left)
+            painter.fillRect(Place(left, top, right, bottom), colour);
+    };
+    const double level = channel.bar.Get(), peak = channel.peak.Get();
+    const double lit = end * LLevelMeter::GetPlace(level);
+    const double loud = end * LLevelMeter::GetPlace(LLevelMeter::Loud);
+    fill(0, end, Faint(palette(), 0.18F));
+    fill(0, std::min(lit, loud), colours.calm);
+    fill(loud, lit, colours.loud);
+    if (LLevelMeter::IsFull(level))
+        fill(end - FullWidth, end, colours.full);
+    const double mark = end * LLevelMeter::GetPlace(peak);
+    if (peak > LLevelMeter::Least)
+        fill(std::max(0.0, mark - PeakWidth), mark, colours.Of(peak));
+}
+
+/// From full scale down, and no number into another: where there is little room the upper ones matter.
+void LQtLevelMeter::PaintMarks(QPainter& painter) const {
+    const double end = GetScaleWidth(), bars = GetBarsHeight();
+    const auto marks = LLevelMeter::GetMarks();
+    double free = width();
+    for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
+        const double at = end * LLevelMeter::GetPlace(*mark);
+        const QString text = ToQt(FormatDecibels(*mark, 0));
+        const double wide = painter.fontMetrics().horizontalAdvance(text);
+        const double left = std::max(0.0, at - wide / 2);
+        painter.fillRect(Place(at - (at > 0 ? 1 : 0), 0, at + (at > 0 ? 0 : 1), bars),
+                         Faint(palette(), 0.45F));
+        if (left + wide + 3 > free)
+            continue;
+        free = left;
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(Place(left - 1, bars, left + wide + 1, height()), Qt::AlignCenter, text);
+    }
+}
+
+void LQtLevelMeter::PaintLamp(QPainter& painter) const {
+    const QRectF lamp = Place(GetScaleWidth() + 6, 0, width(), GetBarsHeight() - 1);
+    const bool lit = meter.IsLimiting();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(lit ? Colours(palette()).loud : Faint(palette(), 0.12F));
+    painter.drawRoundedRect(lamp, 2, 2);
+    painter.setPen(lit ? palette().color(QPalette::Window) : Faint(palette(), 0.6F));
+    painter.drawText(lamp, Qt::AlignCenter, LampText);
 }

@@ -12,6 +12,7 @@ public:
     const QString& GetLinkText() const { return plainText; }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:

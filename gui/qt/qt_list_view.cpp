@@ -38,7 +38,7 @@ struct Mark {
     const char* name;
 };
 
-constexpr Mark Marks[] = {{"", ""}, {"missing", "Missing"}, {"endless", "Endless"}};
+constexpr Mark Marks[] = {{"", ""}, {"problem", "Problem"}, {"endless", "Endless"}};
 
 void ShowMark(QTreeWidgetItem& item) {
     const int mark = item.data(MarkColumn, MarkRole).toInt();

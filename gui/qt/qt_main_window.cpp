@@ -49,10 +49,12 @@ QRect FitInto(const QRect& room, const QRect& frame) {
 LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     : events(windowEvents),
       content(MakeChild<QWidget>(static_cast<QWidget*>(this))),
+      fields(MakeChild<LQtStatusFields>(static_cast<QWidget*>(statusBar()))),
       controls(std::make_unique<LQtControls>(content, 1.0, windowEvents)) {
     setCentralWidget(content);
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu);
+    statusBar()->addPermanentWidget(fields);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(StatusMargin, 0, StatusMargin, 0);
     content->installEventFilter(this);
@@ -149,15 +151,15 @@ std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateSmallToolBar(int control, LTo
 }
 
 void LQtMainWindow::AddStatusItem(const LStatusItem& item) {
-    QWidget* widget = MakeStatusWidget(item, statusBar());
     const bool takesTheRest = item.kind == LStatusKind::Text && !std::exchange(hasStatusText, true);
-    if (takesTheRest)
+    QWidget* widget = MakeStatusWidget(item, takesTheRest ? static_cast<QWidget*>(statusBar()) : fields);
+    if (takesTheRest) {
+        widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         statusBar()->addWidget(widget, 1);
-    else
-        statusBar()->addPermanentWidget(widget);
+    } else {
+        fields->Add(widget, item.kind);
+    }
     controls->Register(item.id, widget);
-    controls->SetToolTip(item.id, item.toolTip);
-    controls->SetName(item.id, item.toolTip);
 }
 
 bool LQtMainWindow::event(QEvent* event) {

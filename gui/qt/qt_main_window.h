@@ -3,6 +3,7 @@
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
 #include "gui/qt/qt_key_repeats.h"
+#include "gui/qt/qt_status_fields.h"
 
 #include <QMainWindow>
 
@@ -42,6 +43,7 @@ private:
 
     LWindowEvents& events;
     QWidget* content;
+    LQtStatusFields* fields;
     std::unique_ptr<LQtControls> controls;
     QString caption;
     QString documentName;

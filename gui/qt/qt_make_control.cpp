@@ -13,6 +13,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 
 namespace {
 
@@ -26,6 +27,9 @@ QFrame* MakeLine(QWidget* parent) {
 QLabel* MakeText(QWidget* parent, const QString& text) {
     auto* label = MakeChild<QLabel>(parent, text);
     label->setTextFormat(Qt::PlainText);
+    // With its window, and not with the language of its text.
+    label->setAlignment(QStyle::visualAlignment(parent->layoutDirection(), Qt::AlignLeading) |
+                        Qt::AlignVCenter);
     return label;
 }
 

@@ -1,53 +1,148 @@
 #include "gui/qt/qt_status_widget.h"
 
 #include "gui/qt/qt_child.h"
+#include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_tabular_font.h"
 #include "gui/status_bar.h"
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPainter>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QToolButton>
+#include <QWheelEvent>
+
+#include <cmath>
 
 namespace {
 
-int WidthOf(const QWidget& widget, const char* text) {
-    return widget.fontMetrics().horizontalAdvance(QString::fromUtf8(text));
-}
+constexpr int SliderWidth = 100, LeastSliderWidth = 50, LeastChooserWidth = 76;
+constexpr int TextMargins = 4;
+
+/// Keeps room for the widest text; a text that has less room than it needs ends in dots.
+class StatusLabel : public QLabel {
+public:
+    StatusLabel(const char* widestText, QWidget* parent) : QLabel(parent) {
+        setTextFormat(Qt::PlainText);
+        setFont(WithTabularFigures(font()));
+        widest = fontMetrics().horizontalAdvance(QString::fromUtf8(widestText));
+    }
+    QSize sizeHint() const override { return QLabel::sizeHint().expandedTo({widest, 0}); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setLayoutDirection(layoutDirection());
+        style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                              fontMetrics().elidedText(text(), Qt::ElideRight, width()), foregroundRole());
+    }
+
+private:
+    int widest;
+};
+
+/// Without the keyboard it leaves the wheel alone: a slip would send the sound elsewhere.
+class StatusChooser : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        const int room =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
+        option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room - TextMargins);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+    void wheelEvent(QWheelEvent* event) override {
+        event->ignore();
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+    }
+};
+
+class StatusSlider : public QSlider, public LQtSpokenValue {
+public:
+    using QSlider::QSlider;
+
+    QSize sizeHint() const override { return {SliderWidth, QSlider::sizeHint().height()}; }
+    QSize minimumSizeHint() const override { return {LeastSliderWidth, QSlider::minimumSizeHint().height()}; }
+    Range GetSpoken() const override {
+        return {static_cast<double>(minimum()), static_cast<double>(maximum()), static_cast<double>(value())};
+    }
+    void SetSpoken(double wanted) override { setValue(static_cast<int>(std::lround(wanted))); }
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* /*event*/) override { setValue(maximum()); }
+};
+
+class StatusToggle : public QToolButton {
+public:
+    StatusToggle(const std::string& picture, QWidget* parent)
+        : QToolButton(parent),
+          off(MakeIcon(picture)),
+          on(MakeIcon(picture + "-on")) {
+        setAutoRaise(true);
+        setCheckable(true);
+        setIcon(off);
+    }
+
+protected:
+    void nextCheckState() override {} // the window says
+    void checkStateSet() override { setIcon(isChecked() ? on : off); }
+
+private:
+    QIcon off, on;
+};
 
 QWidget* MakeLabel(const LStatusItem& item, QWidget* parent) {
-    auto* label = MakeChild<QLabel>(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(WidthOf(*label, item.widestText));
+    auto* label = MakeChild<StatusLabel>(parent, item.widestText);
+    label->setAccessibleDescription(QString::fromUtf8(item.toolTip)); // its name is what it shows
     return label;
 }
 
 QWidget* MakeChooser(const LStatusItem& item, QWidget* parent) {
-    auto* combo = MakeChild<QComboBox>(parent);
+    auto* combo = MakeChild<StatusChooser>(parent);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(static_cast<int>(qstrlen(item.widestText)));
-    combo->setFocusPolicy(Qt::TabFocus);
+    const QFontMetrics metrics = combo->fontMetrics();
+    const int width = metrics.horizontalAdvance(QString::fromUtf8(item.widestText));
+    combo->setMinimumContentsLength(1 + width / metrics.horizontalAdvance('X'));
+    combo->setMinimumWidth(LeastChooserWidth);
     return combo;
 }
 
-QWidget* MakeSlider(QWidget* parent) {
-    auto* slider = MakeChild<QSlider>(parent, Qt::Horizontal);
-    slider->setFixedWidth(110);
-    slider->setFocusPolicy(Qt::TabFocus);
-    return slider;
+QWidget* MakeWidget(const LStatusItem& item, QWidget* parent) {
+    switch (item.kind) {
+    case LStatusKind::Text:
+        return MakeLabel(item, parent);
+    case LStatusKind::Level:
+        return MakeChild<LQtLevelMeter>(parent);
+    case LStatusKind::Chooser:
+        return MakeChooser(item, parent);
+    case LStatusKind::Toggle:
+        return MakeChild<StatusToggle>(parent, item.picture);
+    case LStatusKind::Slider:
+        return MakeChild<StatusSlider>(parent, Qt::Horizontal);
+    }
+    return nullptr;
 }
 
 } // namespace
 
-QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* statusBar) {
-    switch (item.kind) {
-    case LStatusKind::Text:
-        return MakeLabel(item, statusBar);
-    case LStatusKind::Level:
-        return MakeChild<LQtLevelMeter>(statusBar);
-    case LStatusKind::Chooser:
-        return MakeChooser(item, statusBar);
-    case LStatusKind::Slider:
-        return MakeSlider(statusBar);
-    }
-    return nullptr;
+QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* parent) {
+    QWidget* widget = MakeWidget(item, parent);
+    const QString name = QString::fromUtf8(item.toolTip);
+    widget->setToolTip(name);
+    if (item.kind != LStatusKind::Text)
+        widget->setAccessibleName(name);
+    if (item.kind != LStatusKind::Text && item.kind != LStatusKind::Level)
+        widget->setFocusPolicy(Qt::TabFocus);
+    return widget;
 }

@@ -21,6 +21,14 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {}
 };
 
+/// Of a lit lamp, which is read although it can't be pressed.
+void ShowDisabledLabel(QWidget& button, bool shown) {
+    QPalette palette;
+    if (shown)
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, palette.color(QPalette::ButtonText));
+    button.setPalette(palette);
+}
+
 } // namespace
 
 QToolBar* MakeToolBar(QWidget* parent) {
@@ -74,8 +82,10 @@ void LQtToolBar::SetPressed(int command, bool pressed) {
     QAction* action = Find(command);
     if (!action)
         return;
-    if (lamps.contains(action))
+    if (lamps.contains(action)) {
         action->setCheckable(pressed); // a dark one is a button, which a press does not check
+        ShowDisabledLabel(*bar->widgetForAction(action), pressed);
+    }
     action->setChecked(pressed);
 }
 

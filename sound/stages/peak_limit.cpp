@@ -3,14 +3,13 @@
 #include "sound/level.h"
 #include "sound/stages/kernels.h"
 
-#include <algorithm>
-
-LSRCPeakLimit::LSRCPeakLimit(const LSoundSource& wrapped, int peakLimit)
+LSRCPeakLimit::LSRCPeakLimit(const LSoundSource& wrapped, int peakLimit, std::shared_ptr<LLimiterNews> told)
     : LSoundProcessBase(wrapped),
       limit(std::min(peakLimit, MaxLimit)),
       block(std::clamp(sampleRate / (input->IsStreaming() ? 70 : 35), 16, MaxBlockFrames)),
       delay(3 * block),
-      index(delay) {
+      index(delay),
+      news(std::move(told)) {
     peakMax = limit;
     for (Block& each : blocks)
         each.samples.resize(static_cast<std::size_t>(block) * channels);
@@ -89,9 +88,11 @@ void LSRCPeakLimit::Deliver(int* buffer, int frames) {
         return;
     }
     Kernels().applyGainLine(buffer, samples, frames, channels, gain, step);
+    if (news)
+        news->Note(std::min(gain, gain + step * (frames - 1))); // a line is lowest at one of its ends
     gain += step * frames;
 }
 
 LSoundSource LSPPeakLimit::OpenSource(const LSoundSource& input) const {
-    return input->peakMax > limit ? LSoundSource::Make<LSRCPeakLimit>(input, limit) : input;
+    return input->peakMax > limit ? LSoundSource::Make<LSRCPeakLimit>(input, limit, news) : input;
 }

@@ -2,8 +2,22 @@
 
 #include "sound/sound_process.h"
 
+#include <algorithm>
 #include <array>
+#include <memory>
+#include <utility>
 #include <vector>
+
+/// Tells whoever reads a limiter how far it has turned the sound down.
+class LLimiterNews {
+public:
+    /// The least gain since the last call, 8.24. Thread: reader. Blocks: no. Allocates: no.
+    int TakeLeastGain() { return std::exchange(least, UnityGain); }
+    void Note(int gain) { least = std::min(least, gain); }
+
+private:
+    int least = UnityGain;
+};
 
 /// Keeps samples within a magnitude by scaling the signal down, block by block, with a gain that moves in
 /// straight lines and looks ahead, so that it is low enough before a loud block begins. It only attenuates;
@@ -13,7 +27,8 @@ public:
     /// The largest limit there is; a higher one counts as this one.
     static constexpr int MaxLimit = 0x3FFFFF;
 
-    LSRCPeakLimit(const LSoundSource& wrapped, int peakLimit);
+    /// `told` may be null.
+    LSRCPeakLimit(const LSoundSource& wrapped, int peakLimit, std::shared_ptr<LLimiterNews> told = nullptr);
 
     void Read(int* buffer, int frames) override;
     int GetPositionSample() const override;
@@ -43,14 +58,19 @@ private:
     int previousGain = UnityGain;
     int gain = UnityGain; ///< of the next frame, 8.24
     int step = 0;         ///< added to the gain after each frame
+    std::shared_ptr<LLimiterNews> news;
 };
 
 /// Puts the limiter behind a source whose `peakMax` exceeds the limit; any other source passes unchanged.
 class LSPPeakLimit : public LSoundProcessor {
 public:
-    explicit LSPPeakLimit(int peakLimit) : limit(peakLimit) {}
+    /// `told` hears of what the limiter does, and may be null.
+    explicit LSPPeakLimit(int peakLimit, std::shared_ptr<LLimiterNews> told = nullptr)
+        : limit(peakLimit),
+          news(std::move(told)) {}
     LSoundSource OpenSource(const LSoundSource& input) const override;
 
 private:
     int limit;
+    std::shared_ptr<LLimiterNews> news;
 };

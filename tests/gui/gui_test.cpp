@@ -1,9 +1,11 @@
-#include "gui/level_fall.h"
+#include "gui/level_meter.h"
 #include "support/memory_toolkit.h"
 #include "support/temp_dir.h"
 #include "support/test_window.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace {
 
@@ -52,9 +54,12 @@ TEST(GuiList, KeepsTheOrderOfSelection) {
             EXPECT_EQ(list.GetSelection(), expected);
         }
         window.commands.clear();
-        list.SetLook(4, {.mark = LRowMark::Missing});
-        list.MoveRow(4, 0); // e a b c d
-        EXPECT_EQ(seen.looks[0].mark, LRowMark::Missing);
+        list.SetLook(4, {.mark = LRowMark::Problem});
+        list.SelectRows({4});
+        EXPECT_TRUE(list.MoveSelection(0)); // e a b c d
+        seen.Select({0, 3});
+        window.commands.clear();
+        EXPECT_EQ(seen.looks[0].mark, LRowMark::Problem);
         EXPECT_EQ(list.GetSelection(), (Ints{0, 3}));
         EXPECT_EQ(list.GetCurrent(), 3);
         list.InsertRow(0, "x"); // x e a b c d
@@ -158,18 +163,29 @@ TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     window.Run();
 }
 
-TEST(LevelFall, RisesAtOnceAndFallsFortyDecibelsASecond) {
-    LLevelFall bar;
-    bar.Take(5);
-    EXPECT_DOUBLE_EQ(bar.GetFraction(), 1) << "full scale is the end of the bar";
-    bar.Take(-6);
-    bar.Advance(1000);
-    EXPECT_DOUBLE_EQ(bar.GetFraction(), 0.9) << "not below the level itself";
-    bar.Take(-127);
-    bar.Advance(100);
-    EXPECT_DOUBLE_EQ(bar.GetDecibels(), -10);
-    bar.Take(-8);
-    EXPECT_DOUBLE_EQ(bar.GetDecibels(), -8);
+TEST(LevelMeter, RisesAtOnceHoldsItsPeaksAndFallsFortyDecibelsASecond) {
+    constexpr double Nothing = -std::numeric_limits<double>::infinity();
+    LLevelMeter meter;
+    // What is taken, and the milliseconds after that; then the first bar, its peak, and the text.
+    const std::tuple<LMeterLevels, int, double, double, const char*> steps[] = {
+        {{{Nothing, Nothing}, 0}, 0, -60, -60, "left -inf dBFS, right -inf dBFS"},
+        {{{-3.16, 0.0003}, -3.2}, 1000, -3.16, -3.16, "left -3.2 dBFS, right 0.0 dBFS, Limiter -3.2 dB"},
+        {{{-9.16, -72}, 0}, 100, -7.16, -3.16, "left -9.2 dBFS, right -72.0 dBFS, Limiter -3.2 dB"},
+        {{{-9.16, -72}, 0}, 450, -9.16, -5.16, "left -9.2 dBFS, right -72.0 dBFS, Limiter -1.2 dB"},
+        {{{-5}, 0}, 0, -5, -5, "-5.0 dBFS, Limiter -1.2 dB"},
+        {{{Nothing}, -0.04}, 3000, -60, -60, "-inf dBFS"}};
+    for (const auto& [levels, after, bar, peak, text] : steps) {
+        meter.Take(levels);
+        meter.Advance(after);
+        EXPECT_DOUBLE_EQ(meter.GetChannels()[0].bar.Get(), bar) << text;
+        EXPECT_DOUBLE_EQ(meter.GetChannels()[0].peak.Get(), peak) << text;
+        EXPECT_EQ(meter.Describe(1), text);
+    }
+    EXPECT_FALSE(meter.IsMoving());
+    constexpr double places[][2] = {{Nothing, 0}, {-60, 0}, {-9, 0.775}, {-3, 0.925}, {0, 1}, {1, 1}};
+    for (const auto& [decibels, place] : places)
+        EXPECT_DOUBLE_EQ(LLevelMeter::GetPlace(decibels), place);
+    EXPECT_EQ(FormatDecibels(-0.04, 1), "0.0");
 }
 
 } // namespace

@@ -129,11 +129,11 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_EQ(list->columnWidth(0), room / 3);
         EXPECT_EQ(list->columnWidth(1), room - room / 3);
 
-        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Missing, "why"});
+        window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Problem, "why"});
         window.list->SetText(0, 1, "gone");
         const QModelIndex marked = list->model()->index(0, 1);
         EXPECT_FALSE(marked.data(Qt::DecorationRole).value<QIcon>().isNull());
-        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Missing: gone");
+        EXPECT_EQ(marked.data(Qt::AccessibleTextRole), "Problem: gone");
         EXPECT_EQ(marked.data(Qt::ToolTipRole), "why");
         window.list->SetLook(1, {.shade = LRowShade::Plain});
         const QImage drawn = list->viewport()->grab().toImage();
@@ -273,6 +273,8 @@ constexpr LControlLayout FormControls[] = {
     {LCommandOk, LControlKind::Button, "OK", {280, 264, 100, 0}, MoveDown | MoveRight},
 };
 constexpr LDialogLayout FormLayout{"Form", 400, 300, FormControls};
+constexpr LKeyMapEntry FormKeys[] = {
+    {LKeyDelete, 0, 120}, {LKeyAlt | LKeyDown, 0, 121}, {LKeyControl, 'z', 122}, {LKeyReturn, 0, 123}};
 
 class Form : public LDialog {
 public:
@@ -280,8 +282,8 @@ public:
     Texts seen;
 
     void Command(int command) override {
-        if (command == 111)
-            seen.push_back(GetText(111));
+        if (command > 110)
+            seen.push_back(command == 111 ? GetText(111) : std::to_string(command));
     }
 
 private:
@@ -289,6 +291,7 @@ private:
         SetRange(108, 1, 12);
         SetValue(108, 11);
         CheckButton(107, true);
+        SetKeys(FormKeys);
     }
     void CmHelp() override { seen.emplace_back("help"); }
     bool CmOk() override {
@@ -317,6 +320,10 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_EQ(place(110).width(), qRound(360 * unit) + 100);
             EXPECT_EQ(place(LCommandOk).topLeft(), scaled(280, 264) + QPoint(100, 50));
             EXPECT_EQ(place(LCommandHelp).topLeft(), scaled(20, 264) + QPoint(0, 50));
+            dialog.setLayoutDirection(Qt::RightToLeft);
+            dialog.resize(dialog.width() + 10, dialog.height());
+            EXPECT_EQ(dialog.width() - 1 - place(LCommandHelp).right(), qRound(20 * unit)) << "mirrored";
+            dialog.setLayoutDirection(Qt::LeftToRight);
 
             const auto isChecked = [&](int id) {
                 return QTest::qWaitFor([&form, id] { return form.GetValue(id) == 1; });
@@ -344,7 +351,12 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             auto* link = Control<QWidget>(111, &dialog);
             QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(5, link->height() / 2));
             form.SetText(111, "C & D");
-            Control<QWidget>(110, &dialog)->setFocus();
+            auto* list = Control<QWidget>(110, &dialog);
+            list->setFocus();
+            for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Down, Qt::Key_Return})
+                QTest::keyClick(list, key, key == Qt::Key_Down ? Qt::AltModifier : Qt::NoModifier);
+            QTest::keyClick(number, Qt::Key_Delete); // which it has a use of its own for
+            QTest::keyClick(number, Qt::Key_Z, Qt::ControlModifier);
             QTest::keyClick(&dialog, Qt::Key_Tab);
             EXPECT_TRUE(link->hasFocus());
             QTest::keyClick(link, Qt::Key_Return);
@@ -354,7 +366,7 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             QTest::mouseClick(Control<QAbstractButton>(LCommandOk, &dialog), Qt::LeftButton);
         });
         EXPECT_TRUE(form.RunModal(window));
-        EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "C & D", "12"}));
+        EXPECT_EQ(form.seen, (Texts{"help", "13", "A < B", "120", "121", "123", "122", "C & D", "12"}));
     });
 }
 

@@ -261,10 +261,32 @@ TEST_F(Player, TheOwnerMayStopOrStartFromWithinAReport) {
     player.SetNotify(nullptr, 0);
 }
 
-TEST_F(Player, WhatIsTooLoudIsLimited) {
-    const auto loud = std::vector<int>(8000, 2 * FullScale16);
-    ASSERT_TRUE(Play(ArrayOf(loud, 8000, 1, SynthesisPeakMax), 8000));
-    EXPECT_THAT(output.Take(8000), Each(Ge(32700))) << "not wrapped around";
+TEST_F(Player, WhatIsTooLoudIsLimitedAndReported) {
+    class Metered : public Owner {
+    public:
+        void spntfHeard(const LSoundHeard& heard, long) override { last = heard; }
+        LSoundHeard last;
+    } metered;
+    player.SetNotify(&metered, 7);
+    std::vector<int> loud;
+    for (int i = 0; i < 8000; ++i) // twice as much as there is, and a quarter of that the other way
+        loud.insert(loud.end(), {2 * FullScale16, -FullScale16 / 2});
+    loud.resize(32000);
+    ASSERT_TRUE(Play(ArrayOf(loud, 8000, 2, SynthesisPeakMax), 16000));
+    const std::vector<int> played = output.Take(800);
+    for (std::size_t i = 0; i < played.size(); i += 2)
+        EXPECT_GE(played[i], 32700) << "not wrapped around";
+    ASSERT_TRUE(Wait([&] { return metered.last.channels == 2; }));
+    EXPECT_EQ(metered.last.limiterGain, 8388096); // 524272 * 512 / 16384 * 512 of 2^24
+    EXPECT_EQ(metered.last.peaks[0], 524239);     // 1048544 times that, by halves
+    EXPECT_EQ(metered.last.peaks[1], 131061);
+    output.Take(10400);
+    ASSERT_TRUE(Wait([&] { return metered.last.sinceStart.GetMilliseconds() == 1400; }));
+    output.Take(800);
+    ASSERT_TRUE(Wait([&] { return metered.last.sinceStart.GetMilliseconds() == 1500; }));
+    EXPECT_EQ(metered.last.limiterGain, 1 << 24);
+    EXPECT_EQ(metered.last.peaks[0], 0);
+    player.SetNotify(nullptr, 0);
 }
 
 TEST_F(Player, AFileThatIsStillBeingWrittenIsPlayedToItsEndAndReportedMeanwhile) {

@@ -65,11 +65,13 @@ struct MemoryControl {
     std::string text, toolTip;
     bool enabled = true, wrong = false;
     int value = 0, least = 0, most = 0;
+    LMeterLevels levels;
+    std::vector<std::string> choices;
     MemoryList* list = nullptr; ///< while its owner has it
 };
 
-/// Controls by their ids: those that were added, and no others. Where they stand, and what meters and
-/// choosers show, is tested in real windows.
+/// Controls by their ids: those that were added, and no others. Where they stand is tested in real
+/// windows.
 class MemoryControls : public LControlsPeer {
 public:
     int focus = 0;
@@ -121,8 +123,12 @@ public:
         const MemoryControl& control = (*this)[id];
         return control.kind == LControlKind::NumberEdit ? std::atoi(control.text.c_str()) : control.value;
     }
-    void SetChoices(int id, const std::vector<std::string>& /*choices*/) override { (*this)[id].value = 0; }
-    void SetLevels(int id, const std::vector<int>& /*decibels*/) override { (*this)[id]; }
+    void SetChoices(int id, const std::vector<std::string>& choices) override {
+        (*this)[id].choices = choices;
+        (*this)[id].value = 0;
+    }
+    void SetLevels(int id, const LMeterLevels& levels) override { (*this)[id].levels = levels; }
+    void SetValueText(int id, const std::string& text) override { (*this)[id].text = text; }
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) override {
         auto list = std::make_unique<MemoryList>(events, makeMenu);
         (*this)[id].list = list.get();

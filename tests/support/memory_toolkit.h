@@ -43,6 +43,7 @@ public:
                                               LWindowEvents& events) override {
         auto dialog = std::make_unique<MemoryDialog>(events);
         dialog->script = TakeNext(dialogScripts, {});
+        dialog->controls.makeMenu = [this] { return CreatePopupMenu(); };
         if (onDialog)
             onDialog(*dialog);
         return dialog;

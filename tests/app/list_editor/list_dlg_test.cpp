@@ -83,7 +83,6 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
 TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
     SonvireData looping = Tone440(true);
     looping.repeat = 1;
-    const std::string noNumber = "|Duration should be specified as a numeric value.";
     const std::string garbage = folder / "garbage.tdf", broken = folder / "two\nlines.wav";
     const auto error = [](const std::string& path, const std::string& reason) {
         return "Error|The file \"" + path + "\" can't be " + reason;
@@ -100,10 +99,15 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
         {ListAddTone, folder / "gone.tdl", "", error(folder / "gone.tdl", gone)},
         {ListAddTone, broken, "", error(broken, "added: there is a line break in its name.")},
         {ListAddTone, folder / "any.wav", folder / "any.wav", ""},
-        {ListAddSilence, "12a", "", noNumber},
-        {ListAddSilence, "-5", "", noNumber},
+        {ListAddSilence, "12a", "", ""}, // as all that follow that have no row: it can't be typed
+        {ListAddSilence, "-5", "", ""},
+        {ListAddSilence, "-1 s", "", ""},
+        {ListAddSilence, "1.2.3", "", ""},
+        {ListAddSilence, "9999 h", "", ""},
+        {ListAddSilence, "", "", ""},
         {ListAddSilence, "1.5", "1.5ms silence.", ""},
-        {ListAddSilence, "", "ms silence.", ""},
+        {ListAddSilence, "0.29 s", "290ms silence.", ""},
+        {ListAddSilence, "1:30", "90000ms silence.", ""},
     };
     OnEditor([&](MemoryDialog& dialog) {
         Texts rows;
@@ -118,7 +122,10 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(Boxes(), box) << given;
         }
         EXPECT_EQ(EditedRows().rows[0][1], "No such file or directory");
-        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0 or more");
+        EXPECT_EQ(EditedRows().looks[0].mark, LRowMark::Problem);
+        EXPECT_EQ(EditedRows().looks[0].toolTip, folder / "any.wav" + "\nNo such file or directory");
+        EXPECT_EQ(EditedRows().looks[2].toolTip, "Silence\nLength: 00:00.2");
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 01:30.2 or more");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });
     Run([&](MemoryMainWindow&) { Send({CommandNewList}); });
@@ -169,6 +176,65 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
         EXPECT_EQ(toolkit->boxes, Texts{Infinite});
+    });
+    Run([](MemoryMainWindow&) {}, {path});
+}
+
+TEST_F(ListEditor, EveryStepIsTakenBackAndTakenAgain) {
+    const std::string path = WriteList("list.tdl", "3ms silence.\n2ms silence.\n1ms silence.\n");
+    const std::string draft = GetUserDataFolder() + "/edited-list.tdl";
+    const std::string endless = WriteTone("endless.tdf", Tone440());
+    const std::string inner = WriteList("inner.tdl", endless + "\n8ms silence.\n");
+    OnEditor([&](MemoryDialog& dialog) {
+        MemoryList& list = EditedRows();
+        const auto type = [&](const std::string& text) { toolkit->dialogScripts = {Typed(text)}; };
+        const auto shown = [&] {
+            std::string all;
+            for (const std::string& row : RowsOf(dialog))
+                all += row[0];
+            return all;
+        };
+        const std::tuple<Ints, std::function<void()>, std::string> steps[] = {
+            {{0, 1}, [&] { dialog.Key(LKeyAlt | LKeyDown); }, "312"},
+            {{2}, [&] { list.events.RowsDragged(0); }, "231"},
+            {{1}, [&] { type("0.7 s"), dialog.Key(LKeyReturn); }, "271"},
+            {{2}, [&] { type("4"), list.events.DoubleClicked(); }, "274"},
+            {{0, 2}, [&] { dialog.Key(LKeyDelete); }, "7"},
+            {{0}, [&] { type("5"), dialog.Press(ListAddSilence); }, "75"},
+            {{0}, [&] { list.events.FilesDropped({inner}, 1); }, "78/5"},
+            {{3}, [&] { dialog.Key(LKeyAlt | LKeyUp), dialog.Key(LKeyAlt | LKeyUp); }, "758/"},
+            {{3}, [&] { type("9"), list.events.DoubleClicked(); }, "758/"}, // no silence
+        };
+        for (const auto& [selected, act, expected] : steps) {
+            list.Select(selected);
+            act();
+            EXPECT_EQ(shown(), expected);
+        }
+        EXPECT_EQ(list.looks[3].mark, LRowMark::Endless);
+        EXPECT_EQ(dialog.caption, "list.tdl* - Tone List");
+        for (const char* expected : {"78/5", "75", "7", "274", "271", "231", "312", "123", "123"}) {
+            EXPECT_TRUE(dialog.Key(LKeyControl, 'z'));
+            EXPECT_EQ(shown(), expected);
+        }
+        EXPECT_EQ(dialog.caption, "list.tdl - Tone List");
+        EXPECT_FALSE(std::filesystem::exists(draft)) << "as in the file";
+        for (const char* expected : {"312", "231", "271", "274", "7"}) {
+            EXPECT_EQ(ReadBytes(draft).empty(), shown() == "123");
+            dialog.Key(LKeyControl | LKeyShift, 'z');
+            EXPECT_EQ(shown(), expected);
+        }
+        toolkit->popupChoices = {ListUndo};
+        list.events.RightClicked();
+        EXPECT_EQ(list.selection, (Ints{0, 2})) << "what comes back";
+        EXPECT_EQ(toolkit->popup[ListRedo].key, "Ctrl+Shift+Z");
+        EXPECT_TRUE(toolkit->popup[ListEditSilence].enabled) << "the row that was left is selected";
+        dialog.Press(ListSave);
+        dialog.Key(LKeyControl, 'z');
+        EXPECT_EQ(dialog.caption, "list.tdl* - Tone List") << "others than in the file";
+        dialog.Key(LKeyControl | LKeyShift, 'z');
+        dialog.Press(LCommandOk);
+        EXPECT_TRUE(dialog.ended);
+        EXPECT_EQ(toolkit->boxes, Texts{}) << "nothing to save";
     });
     Run([](MemoryMainWindow&) {}, {path});
 }

@@ -11,9 +11,12 @@ class SeenPlayback : public PlaybackView {
 public:
     Texts seen;
 
-    void SetLength(LSoundTime length) override { Add("length", length); }
+    void SetLength(LSoundTime length, bool loops) override { Add(loops ? "loop of" : "length", length); }
     void ShowPosition(LSoundTime position) override { Add("at", position); }
-    void ShowLevels(const LDBMC& /*levels*/) override {}
+    void ShowLevels(const LMeterLevels& levels) override {
+        const double peak = levels.peaks.at(0);
+        seen.push_back(FormatDecibels(peak, 1) + " by " + FormatDecibels(levels.limiter, 1));
+    }
     void ShowStopped() override { seen.emplace_back("stopped"); }
 
 private:
@@ -44,10 +47,28 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     EXPECT_TRUE(Wait([&] { return !playback.IsPlaying(); }));
     EXPECT_EQ(changes, 4) << "two starts and two stops";
     EXPECT_THAT(view.seen, ::testing::IsSupersetOf({"length 1000", "length 500", "at 500", "stopped"}));
+    // What has no end shows the time since Play. A sine peaks at a quarter of full scale, and 180 of 256 take
+    // 3.1 dB off that; 16 sines add up to 4 times full scale.
+    tone.waveform = ToneSine;
+    const std::tuple<bool, std::uint8_t, int, Texts> endless[] = {
+        {true, 1, 0, {"loop of 500", "at 0", "-15.1 by 0.0", "at 1500"}},
+        {true, 1, -36, {"loop of 500", "-inf by 0.0"}},
+        {false, 16, 13, {"length 0", "0.0 by -12.0", "at 1500"}}};
+    for (const auto& [loops, tones, volume, shown] : endless) {
+        tone.repeat = loops ? 1 : 0;
+        tone.flags = loops ? tone.flags : 0;
+        tone.numTones = tones;
+        Setting::PlayVolume.Set(volume);
+        view.seen.clear();
+        const int before = output.opened;
+        playback.CmPlay();
+        EXPECT_TRUE(Wait([&] { return output.opened > before && output.queuedFrames >= 66150; }));
+        output.Take(66150);
+        EXPECT_TRUE(Wait([&] { return view.seen.back() == "at 1500"; }));
+        EXPECT_THAT(view.seen, ::testing::IsSupersetOf(shown));
+    }
     tone.repeat = 1;
-    playback.CmPlay();
-    EXPECT_EQ(view.seen.back(), "at 0");
-    EXPECT_EQ(view.seen[view.seen.size() - 2], "length 0") << "it has no end";
+    tone.flags = ToneFlagDuration;
     tone.SetDuration(24 * 3600 * 1000);
     for (const int waveform : {ToneSine, ToneWhiteNoise}) {
         tone.waveform = static_cast<std::uint8_t>(waveform);
@@ -56,7 +77,7 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
         EXPECT_THAT(toolkit->boxes.back(), ::testing::HasSubstr("can't be played: it lasts longer than"));
     }
     playback.End();
-    EXPECT_EQ(changes, 6);
+    EXPECT_EQ(changes, 10);
 }
 
 TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {

@@ -3,6 +3,7 @@
 #include "support/qt_windows.h"
 #include "support/test_window.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
@@ -29,6 +30,11 @@ protected:
         for (int i = 0; i < image.width() * image.height(); ++i)
             lit += image.pixelColor(i % image.width(), i / image.width()) == colour ? 1 : 0;
         return lit;
+    }
+    /// What a screen reader calls it, and says of its value.
+    static QString SpokenOf(QWidget* control) {
+        const auto* said = QAccessible::queryAccessibleInterface(control);
+        return said->text(QAccessible::Name) + " " + said->text(QAccessible::Value);
     }
     /// However busy the machine is.
     static bool Wait(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 30'000); }
@@ -90,7 +96,18 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
             << "one pixel is missing, and it is out of sight";
         EXPECT_GT(Control<QLabel>(ControlStatusText)->width(), Control<QLabel>(ControlPosition)->width())
             << "the text takes what the others leave";
-        EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although it is empty";
+        EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although less stands in it";
+        Main()->resize(480, 360);
+        QApplication::processEvents();
+        const QRect fields = Control<QWidget>(ControlLevels)->parentWidget()->rect();
+        for (int id = ControlPosition; id <= ControlVolumeText; ++id) {
+            const auto* field = Control<QWidget>(id);
+            EXPECT_TRUE(fields.contains(field->geometry())) << id;
+            EXPECT_GE(field->width(), field->minimumSizeHint().boundedTo({76, 99}).width()) << id;
+        }
+        EXPECT_EQ(Main()->width(), 480);
+        EXPECT_EQ(Control<QSlider>(ControlVolume)->width(), 100) << "others have given way";
+        Main()->resize(1000, 480);
 
         EXPECT_EQ(list->headerItem()->text(0) + list->headerItem()->text(1), "Tone DataValues");
         EXPECT_EQ(list->currentIndex().row(), 0);
@@ -106,19 +123,19 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
     constexpr std::uint32_t Both = 0x10001;
     Setting::OutDevice.Set("unplugged");
     Setting::PlayVolume.Set(-6);
-    const QColor calm(0x2e, 0xa0, 0x43), loud(0xe0, 0x8a, 0x1e);
+    const QColor calm(0x1f, 0x8a, 0x3b), loud(0xb8, 0x6e, 0x00);
     RunProgram([&] {
         auto* chooser = Control<QComboBox>(ControlDevice);
         EXPECT_EQ(chooser->currentText(), "unplugged") << "before it is known what there is";
         EXPECT_TRUE(Wait([&] { return chooser->count() == 4; }));
-        EXPECT_EQ(chooser->currentText(), "unplugged") << "behind the default, Hall and Studio";
+        EXPECT_EQ(chooser->currentText(), "unplugged (not there)") << "behind the default, Hall and Studio";
         EXPECT_EQ(chooser->toolTip(), "Output device");
 
         auto* volume = Control<QSlider>(ControlVolume);
         EXPECT_EQ(volume->minimum(), -36);
         EXPECT_EQ(volume->maximum(), 13);
         EXPECT_EQ(volume->value(), -6);
-        EXPECT_EQ(volume->toolTip(), "Volume: -6 dB");
+        EXPECT_EQ(SpokenOf(volume), "Volume -4.6 dB"); // 150 of 256
         for (QWidget* control : {static_cast<QWidget*>(volume), static_cast<QWidget*>(chooser)})
             EXPECT_EQ(control->focusPolicy(), Qt::TabFocus) << "a click leaves the keyboard in the list";
         auto* meter = Control<QWidget>(ControlLevels);
@@ -127,23 +144,34 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
             QTest::mouseClick(ToolButton(button), Qt::LeftButton);
         EXPECT_TRUE(Wait([&] { return output.queuedFrames >= 8820; }));
         output.Take(8820);
-        EXPECT_TRUE(Wait([&] { return CountLit(meter, loud) > 0; }));
-        EXPECT_EQ(CountLit(meter, calm), 9 * CountLit(meter, loud)) << "up to -6 of 60 dB";
-        EXPECT_EQ(meter->grab().toImage().pixelColor(1, meter->height() / 2), calm) << "one bar";
+        EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) > 0; }));
+        EXPECT_EQ(CountLit(meter, loud), 0);
+        EXPECT_TRUE(Wait([&] { return SpokenOf(meter) == "Level -17 dBFS"; }))
+            << "-12.04 and what the volume takes";
         EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
         volume->setSliderDown(true);
         volume->setValue(-20);
         EXPECT_TRUE(Wait([&] { return output.volume == 80 * Both; })) << "heard at once";
-        EXPECT_EQ(volume->toolTip(), "Volume: -20 dB");
+        EXPECT_EQ(Control<QLabel>(ControlVolumeText)->text(), "-10.1 dB"); // 80 of 256
         EXPECT_EQ(Setting::PlayVolume.Get(), -6) << "kept once it is let go";
         volume->setSliderDown(false);
         EXPECT_EQ(Setting::PlayVolume.Get(), -20);
+        QTest::mouseClick(Control<QToolButton>(ControlMute), Qt::LeftButton);
+        EXPECT_EQ(SpokenOf(volume) + " " + QString::number(volume->value()), "Volume muted -36");
+        EXPECT_TRUE(Control<QToolButton>(ControlMute)->isChecked());
+        QTest::mouseClick(Control<QToolButton>(ControlMute), Qt::LeftButton);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -20) << "as before";
+        QTest::mouseDClick(volume, Qt::LeftButton);
+        EXPECT_EQ(Control<QLabel>(ControlVolumeText)->text(), "0.0 dB");
         EXPECT_EQ(output.opened, 1) << "the volume changes without a restart";
+        QWheelEvent wheel({}, {}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(chooser, &wheel);
+        EXPECT_EQ(chooser->currentIndex(), 3) << "which has not the keyboard";
         QTest::keyClick(chooser, Qt::Key_Up);
         EXPECT_TRUE(Wait([&] { return output.opened == 2; })) << "another output is heard at once";
         EXPECT_EQ(Setting::OutDevice.Get(), "Studio");
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
-        EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "");
+        EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "00:00.0");
         EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
     });
 }
