@@ -33,7 +33,7 @@ public:
     virtual LWindowGeometry GetGeometry() const = 0;
     /// Names the document before the caption, with a mark where it has been changed.
     virtual void SetDocument(const LWindowDocument& document) = 0;
-    /// A line in the status bar, in the place of its first text, that goes by itself after some seconds.
+    /// A line over the start of the status bar that goes by itself after some seconds.
     virtual void ShowPassing(const std::string& text) = 0;
     virtual void Show() = 0;
     /// Brings the window before the others.

@@ -23,7 +23,6 @@ namespace {
 
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
-constexpr int PassingMs = 10'000;
 constexpr int FrameWaitMs = 100;
 
 /// What windows may take of the screen that the frame is on, or of the first one.
@@ -50,6 +49,7 @@ LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     : events(windowEvents),
       content(MakeChild<QWidget>(static_cast<QWidget*>(this))),
       fields(MakeChild<LQtStatusFields>(static_cast<QWidget*>(statusBar()))),
+      passing(MakeChild<LQtPassingLine>(static_cast<QWidget*>(statusBar()))),
       controls(std::make_unique<LQtControls>(content, 1.0, windowEvents)) {
     setCentralWidget(content);
     setAcceptDrops(true);
@@ -82,7 +82,7 @@ void LQtMainWindow::ShowTitle() {
 }
 
 void LQtMainWindow::ShowPassing(const std::string& text) {
-    statusBar()->showMessage(ToQt(text), PassingMs);
+    passing->Show(ToQt(text));
 }
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {

@@ -3,6 +3,7 @@
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
 #include "gui/qt/qt_key_repeats.h"
+#include "gui/qt/qt_passing_line.h"
 #include "gui/qt/qt_status_fields.h"
 
 #include <QMainWindow>
@@ -44,6 +45,7 @@ private:
     LWindowEvents& events;
     QWidget* content;
     LQtStatusFields* fields;
+    LQtPassingLine* passing;
     std::unique_ptr<LQtControls> controls;
     QString caption;
     QString documentName;
