@@ -47,7 +47,7 @@ void LQtToolkit::DisplayCheck::End() const {
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     displayCheck.End();
     BringPictures();
-    InstallSpokenTexts();
+    LQtSpokenText::Install();
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
