@@ -14,6 +14,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
 #include <utility>
 
@@ -75,8 +76,7 @@ void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
     QStringList titles;
     for (const LListColumn& column : columns)
         titles.append(QString::fromUtf8(column.title));
-    setColumnCount(static_cast<int>(columns.size()));
-    setHeaderLabels(titles);
+    setHeaderItem(std::make_unique<QTreeWidgetItem>(titles).release()); // which the list owns
     AlignValues(*headerItem());
     MeasureLater();
 }
