@@ -68,6 +68,10 @@ void LWindow::SetToolTip(int control, const std::string& text) {
     GetControls().SetToolTip(control, text);
 }
 
+void LWindow::SetName(int control, const std::string& name) {
+    GetControls().SetName(control, name);
+}
+
 void LWindow::ControlUsed(int id) {
     switch (id) {
     case LCommandOk:

@@ -35,6 +35,7 @@ public:
     void SetFocus(int control);
     void MarkWrong(int control, bool wrong);
     void SetToolTip(int control, const std::string& text);
+    void SetName(int control, const std::string& name);
 
     /// Runs the command, by whichever way it came.
     virtual void Command(int command) = 0;

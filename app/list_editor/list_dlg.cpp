@@ -58,6 +58,7 @@ void ListDlg::InitDialog() {
                                   .rightClick = ListRowsMenu,
                                   .rowsMoved = ListRowsDragged});
     SetKeys(ListDlgKeys);
+    SetName(ListRows, "Entries");
     OpenList();
     modified = edited.IsRecovered();
     rows->Begin(!modified);

@@ -116,12 +116,14 @@ void LQtMainWindow::Raise() {
 }
 
 std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
+    menuBar()->setAccessibleName("Menu bar");
     return std::make_unique<LQtMenu>(*menuBar(), events);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
     QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setAccessibleName("Main tool bar");
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }

@@ -3,6 +3,7 @@
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
 #include "gui/qt/qt_main_window.h"
+#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_spoken_value.h"
 #include "gui/qt/qt_text.h"
 
@@ -47,6 +48,7 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     displayCheck.End();
     BringPictures();
     LQtSpokenValue::Install();
+    InstallSpokenTexts();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
     QApplication::setWindowIcon(

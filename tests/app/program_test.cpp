@@ -23,7 +23,8 @@ protected:
     }
     ~Program() override {
         EndDesktop();
-        unsetenv("QT_SCALE_FACTOR");
+        for (const char* variable : {"QT_SCALE_FACTOR", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON"})
+            unsetenv(variable);
     }
 
     /// Starts a server; answers the line in which it tells where it is.
@@ -100,7 +101,8 @@ protected:
     }
     /// Where the window's frame is.
     static QRect Frame() {
-        const std::string told = RunProgram("xwininfo -frame -id $(xdotool search --onlyvisible --name ' - Sonvire$')").output;
+        const std::string told =
+            RunProgram("xwininfo -frame -id $(xdotool search --onlyvisible --name ' - Sonvire$')").output;
         const auto value = [&told](const std::string& name) {
             const std::size_t at = told.find(name);
             return at == std::string::npos ? -1 : std::atoi(told.c_str() + at + name.size());
@@ -169,7 +171,7 @@ TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
     StartDesktop();
     StartManager();
     ASSERT_TRUE(StartProgram(WriteTone()));
-    Keys({"Tab", "Tab", "Tab"});
+    Keys({"Tab", "Tab", "Tab", "Tab"}); // over output, mute and volume
     for (const bool plays : {true, false, true}) {
         Key("space");
         EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));
@@ -203,6 +205,41 @@ TEST_F(Program, TheWindowStandsWholeOnTheScreenAndStaysThere) {
             EXPECT_THAT(ReadBytes(settings), HasSubstr(each.kept));
         }
         EndDesktop();
+    }
+}
+
+TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
+    StartDesktop();
+    StartManager();
+    StartBus();
+    setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
+    ASSERT_TRUE(StartProgram(WriteTone()));
+    struct {
+        std::vector<std::string> keys;
+        std::string title;
+        std::vector<const char*> lines;
+    } const windows[] = {
+        {{},
+         "start.tdf - Sonvire",
+         {"tree|Tone data|", "tool bar|Main tool bar|", "tool bar|Tone tool bar|", "check box|Sine|checked",
+          "label|Position|", "combo box|Output device|[Default Sound Out]", "slider|Volume",
+          "push button|Play|"}},
+        {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|220.00Hz", "push button|OK|"}},
+        {{"alt+s", "p"},
+         "Play Settings",
+         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
+        {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "push button|Remove|"}},
+        {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|"}}};
+    for (const auto& [keys, title, lines] : windows) {
+        Keys(keys);
+        ASSERT_TRUE(WaitFor([&] { return IsShown("^" + title); })) << title;
+        const ProgramResult told = RunProgram(SONVIRE_ACCESSIBLE_CONTROLS " '" + title + "'");
+        EXPECT_EQ(told.status, 0) << title << "\n" << told.output;
+        for (const std::string line : lines)
+            EXPECT_THAT("\n" + told.output, HasSubstr("\n" + line));
+        Key("Escape");
+        ASSERT_TRUE(WaitFor([&] { return keys.empty() || !IsShown("^" + title); }));
+        EXPECT_TRUE(IsShown("Sonvire"));
     }
 }
 
