@@ -51,8 +51,11 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
-    QApplication::setWindowIcon(
-        QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
+    // Once the window is shown: the look through the themes takes as long as a tenth of the start.
+    Post([] {
+        QApplication::setWindowIcon(
+            QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
+    });
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
