@@ -8,6 +8,10 @@ void LWindow::SetCaption(const std::string& caption) {
     GetPeer()->SetCaption(caption);
 }
 
+void LWindow::SetDocument(const LWindowDocument& document) {
+    GetPeer()->SetDocument(document);
+}
+
 void LWindow::SetText(int control, const std::string& text) {
     GetControls().SetText(control, text);
 }

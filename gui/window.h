@@ -17,6 +17,7 @@ public:
     LControlsPeer& GetControls() const;
 
     void SetCaption(const std::string& caption);
+    void SetDocument(const LWindowDocument& document);
     void SetText(int control, const std::string& text);
     std::string GetText(int control) const;
     void EnableControl(int control, bool enabled);

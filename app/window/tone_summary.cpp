@@ -52,7 +52,7 @@ std::string DescribeOneComponent(const SonvireData& tone) {
     const std::string left = describe(tone.startLeftHz[0], tone.endLeftHz[0]);
     const std::string right = describe(tone.startRightHz[0], tone.endRightHz[0]);
     if (tone.HasFlag(ToneFlagStereo) && left != right)
-        return left + " left, " + right + " right";
+        return "L " + left + " · R " + right;
     const std::string note = sweep ? "" : DescribeNote(tone.startLeftHz[0]);
     return left + (note.empty() ? "" : " · " + note);
 }

@@ -65,22 +65,6 @@ LQtMainWindow::~LQtMainWindow() {
     qApp->removeEventFilter(this);
 }
 
-void LQtMainWindow::SetCaption(const std::string& text) {
-    caption = ToQt(text);
-    ShowTitle();
-}
-
-void LQtMainWindow::SetDocument(const LWindowDocument& shown) {
-    documentName = ToQt(shown.name).replace("[*]", "[*][*]");
-    ShowTitle();
-    setWindowFilePath(ToQt(shown.path));
-    setWindowModified(shown.changed);
-}
-
-void LQtMainWindow::ShowTitle() {
-    setWindowTitle(documentName.isEmpty() ? caption : documentName + "[*] - " + caption);
-}
-
 void LQtMainWindow::ShowPassing(const std::string& text) {
     passing->Show(ToQt(text));
 }

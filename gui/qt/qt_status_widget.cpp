@@ -107,9 +107,7 @@ private:
 };
 
 QWidget* MakeLabel(const LStatusItem& item, QWidget* parent) {
-    auto* label = MakeChild<StatusLabel>(parent, item.widestText);
-    label->setAccessibleDescription(QString::fromUtf8(item.toolTip)); // its name is what it shows
-    return label;
+    return MakeChild<StatusLabel>(parent, item.widestText);
 }
 
 QWidget* MakeChooser(const LStatusItem& item, QWidget* parent) {
@@ -144,8 +142,7 @@ QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* parent) {
     QWidget* widget = MakeWidget(item, parent);
     const QString name = QString::fromUtf8(item.toolTip);
     widget->setToolTip(name);
-    if (item.kind != LStatusKind::Text)
-        widget->setAccessibleName(name);
+    widget->setAccessibleName(name);
     if (item.kind != LStatusKind::Text && item.kind != LStatusKind::Level)
         widget->setFocusPolicy(Qt::TabFocus);
     return widget;

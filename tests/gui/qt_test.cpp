@@ -126,8 +126,8 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
         EXPECT_GT(list->columnWidth(1), text("No such file")) << "the problem is the last to be elided";
         show(filling, longText, longText);
-        EXPECT_EQ(list->columnWidth(0), room / 3);
-        EXPECT_EQ(list->columnWidth(1), room - room / 3);
+        EXPECT_EQ(list->columnWidth(0), room / 2);
+        EXPECT_EQ(list->columnWidth(1), room - room / 2);
 
         window.list->SetLook(0, {LRowShade::Shaded, LRowMark::Problem, "why"});
         window.list->SetText(0, 1, "gone");
@@ -414,13 +414,25 @@ TEST_F(QtGui, AJobRunsUnderItsProgressDialogUntilItIsStopped) {
 TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile("/a b.tdf")});
-    const auto drop = [&files](QWidget* on, int y) {
+    Ints lines; // where a line shows the place of the drop
+    const auto findLine = [&lines] {
+        QWidget* rows = ListWidget()->viewport();
+        const QImage drawn = rows->grab().toImage();
+        for (int y = 1; y < rows->height(); ++y)
+            if (drawn.pixelColor(9, y) == rows->palette().color(QPalette::Highlight))
+                return lines.push_back(y);
+    };
+    const auto drop = [&](QWidget* on, int y) {
         QDragEnterEvent enter(QPoint(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(on, &enter);
         EXPECT_TRUE(enter.isAccepted());
+        QDragMoveEvent move(QPoint(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(on, &move);
+        findLine();
         QDropEvent event(QPointF(9, y), Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(on, &event);
         QApplication::processEvents();
+        findLine(); // there is none any more
     };
     window.init = [this] { window.MakeList(3); };
     Run([&] {
@@ -435,6 +447,7 @@ TEST_F(QtGui, FilesDropOnTheWindowOrBetweenTheRows) {
         drop(list->viewport(), list->viewport()->height() - 1);
         EXPECT_EQ(window.log, (Texts{"drop /a b.tdf", "drop /a b.tdf before 1", "drop /a b.tdf before 2",
                                      "drop /a b.tdf before 3"}));
+        EXPECT_EQ(lines, (Ints{second.top() - 1, second.bottom(), second.bottom() + second.height() - 1}));
     });
 }
 

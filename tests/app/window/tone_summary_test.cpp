@@ -30,7 +30,7 @@ TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
         {[&](auto& tone) { sweep(tone), tone.flags |= ToneFlagLogSweep, tone.flags &= ~ToneFlagDuration; },
          "20 Hz · D#0 +49 ct", "Sine, mono, endless", "Peak -12.04 dBFS"}, // it doesn't move
         {[](auto& tone) { tone.flags = ToneFlagStereo, tone.startRightHz[0] = 1010.5; },
-         "1000 Hz left, 1010.5 Hz right", "Sine, stereo, endless", "Peak -12.04 dBFS"},
+         "L 1000 Hz · R 1010.5 Hz", "Sine, stereo, endless", "Peak -12.04 dBFS"},
         {[](auto& tone) { tone.numTones = 5, tone.startLeftHz[3] = 440, tone.startRightHz[3] = 5; },
          "5 tones, 440 Hz to 1000 Hz", "Sine, mono, endless",
          "Peak up to 1.94 dBFS, limited to 0 dBFS"}, // 20 log10(5/4)

@@ -1,0 +1,232 @@
+#include "gui/qt/qt_list_widget.h"
+
+#include "gui/qt/qt_child.h"
+#include "gui/qt/qt_drop.h"
+#include "gui/qt/qt_tabular_font.h"
+
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTimer>
+#include <QToolTip>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+constexpr int RowPadding = 8; // above and below a row's text
+constexpr int ColumnSpace = 16;
+constexpr int FirstPart = 2; // of the room, which the first column keeps
+constexpr int LineWidth = 3; // of the line where a drop would go
+constexpr int LabelWidth = 240;
+constexpr int LabelMargin = 4;
+constexpr QPoint PointerRoom(16, 16); // between the pointer and what it drags
+
+/// The room beside the texts, which belongs to the rows as well.
+constexpr LListColumn Rest{.title = "", .fills = true};
+
+bool IsShaded(const QModelIndex& index) {
+    const auto shade =
+        static_cast<LRowShade>(index.siblingAtColumn(0).data(LQtListWidget::ShadeRole).toInt());
+    return shade == LRowShade::Alternate ? index.row() % 2 == 1 : shade == LRowShade::Shaded;
+}
+
+class RowDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    static int HeightFor(const QFontMetrics& font) { return font.height() + 2 * RowPadding; }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), HeightFor(option.fontMetrics)};
+    }
+};
+
+} // namespace
+
+LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
+    SetColumns({});
+    setRootIsDecorated(false);
+    setItemDelegate(MakeChild<RowDelegate>(static_cast<QObject*>(this)));
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle); // of a path both ends matter
+    setAcceptDrops(false);             // left to the window
+    header()->setSectionsMovable(false);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
+    header()->setStretchLastSection(false);
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), change, this, &LQtListWidget::MeasureLater);
+    connect(model(), &QAbstractItemModel::dataChanged, this, &LQtListWidget::MeasureLater);
+}
+
+void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
+    columns = shown;
+    if (std::none_of(columns.begin(), columns.end(), [](const LListColumn& column) { return column.fills; }))
+        columns.push_back(Rest);
+    asked.clear();
+    QStringList titles;
+    for (const LListColumn& column : columns)
+        titles.append(QString::fromUtf8(column.title));
+    setColumnCount(static_cast<int>(columns.size()));
+    setHeaderLabels(titles);
+    AlignValues(*headerItem());
+    MeasureLater();
+}
+
+void LQtListWidget::AlignValues(QTreeWidgetItem& item) const {
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+        if (columns[static_cast<std::size_t>(i)].values) {
+            item.setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
+            item.setFont(i, WithTabularFigures(QFont()));
+        }
+}
+
+int LQtListWidget::GetFullHeight() const {
+    return header()->sizeHint().height() + topLevelItemCount() * RowDelegate::HeightFor(fontMetrics()) +
+           2 * frameWidth();
+}
+
+void LQtListWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+    if (IsShaded(index))
+        painter->fillRect(option.rect, option.palette.alternateBase());
+    QTreeWidget::drawRow(painter, option, index);
+}
+
+void LQtListWidget::resizeEvent(QResizeEvent* event) {
+    QTreeWidget::resizeEvent(event);
+    FitColumns();
+}
+
+/// Once for all the changes that are made together.
+void LQtListWidget::MeasureLater() {
+    if (!std::exchange(measured, false))
+        return;
+    const auto measure = [this] {
+        measured = true;
+        asked.clear();
+        for (int i = 0; i < columnCount(); ++i) {
+            const bool isRest = columns[static_cast<std::size_t>(i)].title == Rest.title;
+            const int width = std::max(sizeHintForColumn(i), header()->sectionSizeHint(i)) + ColumnSpace;
+            asked.push_back(isRest ? 0 : width);
+        }
+        FitColumns();
+    };
+    QMetaObject::invokeMethod(this, measure, Qt::QueuedConnection);
+}
+
+void LQtListWidget::FitColumns() {
+    const int room = viewport()->width();
+    int left = room - std::accumulate(asked.begin(), asked.end(), 0);
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+        const int least = std::min(asked[i], i == 0 ? room / FirstPart : 0);
+        const int change = left < 0 ? std::max(left, least - asked[i]) : columns[i].fills ? left : 0;
+        header()->resizeSection(static_cast<int>(i), asked[i] + change);
+        left -= change;
+    }
+}
+
+void LQtListWidget::EnableDragging() {
+    setDragDropMode(DragDrop);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(false); // which is faint: see ShowDropLine
+}
+
+/// A label beside the pointer, rather than the rows themselves, which would cover where they go.
+void LQtListWidget::startDrag(Qt::DropActions /*actions*/) {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    if (rows.isEmpty())
+        return;
+    const QString name =
+        fontMetrics().elidedText(rows.front().data().toString(), textElideMode(), LabelWidth);
+    QLabel label(rows.size() == 1 ? name : QString("%1 (+%2)").arg(name).arg(rows.size() - 1));
+    label.setTextFormat(Qt::PlainText);
+    label.setPalette(QToolTip::palette());
+    label.setFrameShape(QFrame::Box);
+    label.setMargin(LabelMargin);
+    auto* drag = MakeChild<QDrag>(this); // which Qt destroys once it is over
+    drag->setMimeData(model()->mimeData(selectedIndexes()));
+    drag->setPixmap(label.grab());
+    drag->setHotSpot(-PointerRoom);
+    drag->exec(Qt::MoveAction);
+}
+
+void LQtListWidget::ShowDropLine(std::optional<int> before) {
+    dropBefore = before;
+    viewport()->update();
+}
+
+/// With an edge in the colour of the ground, so that it stands out from a selected row as well.
+void LQtListWidget::paintEvent(QPaintEvent* event) {
+    QTreeWidget::paintEvent(event);
+    if (!dropBefore)
+        return;
+    const bool behindAll = *dropBefore == topLevelItemCount();
+    const QRect row = visualItemRect(topLevelItem(behindAll ? *dropBefore - 1 : *dropBefore));
+    const int y = std::max(behindAll ? row.bottom() : row.top(), LineWidth / 2 + 1);
+    const QRect line(0, y - LineWidth / 2, viewport()->width(), LineWidth);
+    QPainter painter(viewport());
+    painter.fillRect(line.adjusted(0, -1, 0, 1), palette().base());
+    painter.fillRect(line, palette().highlight());
+}
+
+void LQtListWidget::contextMenuEvent(QContextMenuEvent* event) {
+    menuPlace = event->reason() == QContextMenuEvent::Keyboard
+                    ? viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft())
+                    : event->globalPos();
+    if (events)
+        events->RightClicked();
+}
+
+int LQtListWidget::RowBelow(const QPoint& position) const {
+    const QModelIndex index = indexAt(position);
+    if (!index.isValid())
+        return topLevelItemCount();
+    return index.row() + (position.y() > visualRect(index).center().y() ? 1 : 0);
+}
+
+bool LQtListWidget::Accepts(const QDropEvent& event) const {
+    return events && (event.source() == this || !LocalFilesIn(*event.mimeData()).empty());
+}
+
+void LQtListWidget::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(Accepts(*event));
+}
+
+void LQtListWidget::dragMoveEvent(QDragMoveEvent* event) {
+    QTreeWidget::dragMoveEvent(event); // scrolls where it is at an end
+    event->setAccepted(Accepts(*event));
+    ShowDropLine(event->isAccepted() ? std::optional(RowBelow(event->position().toPoint())) : std::nullopt);
+}
+
+void LQtListWidget::dragLeaveEvent(QDragLeaveEvent* event) {
+    QTreeWidget::dragLeaveEvent(event);
+    ShowDropLine({});
+}
+
+void LQtListWidget::dropEvent(QDropEvent* event) {
+    const int before = RowBelow(event->position().toPoint());
+    const bool own = event->source() == this;
+    const std::vector<std::string> paths = LocalFilesIn(*event->mimeData());
+    event->setDropAction(own ? Qt::IgnoreAction
+                             : Qt::CopyAction); // the rows are moved by the owner of the list
+    event->accept();
+    stopAutoScroll();
+    ShowDropLine({});
+    setState(NoState);
+    // Once the drag is over: it still holds on to the rows.
+    QTimer::singleShot(0, this, [this, own, paths, before] {
+        if (!events)
+            return;
+        own ? events->RowsDragged(before) : events->FilesDropped(paths, before);
+    });
+}
