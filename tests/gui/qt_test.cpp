@@ -526,6 +526,7 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
     EXPECT_EQ(lamp.pixmap({22, 22}, QIcon::Disabled, QIcon::On).toImage().pixelColor(11, 11),
               QColor(0x1f, 0x88, 0x3d));
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
+    toolkit.DispatchPending();
     EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }
 
