@@ -57,8 +57,8 @@ void ListDlg::InitDialog() {
                                   .doubleClick = ListEditSilence,
                                   .rightClick = ListRowsMenu,
                                   .rowsMoved = ListRowsDragged});
-    SetKeys(ListDlgKeys);
     SetName(ListRows, "Entries");
+    SetKeys(ListDlgKeys);
     OpenList();
     modified = edited.IsRecovered();
     rows->Begin(!modified);

@@ -61,9 +61,11 @@ void LQtMenu::Enable(int id, bool enabled) {
     EnableMenuOf(*action);
 }
 
-/// A menu opens where there is something to choose in it.
+/// A menu within another one opens where there is something to choose in it.
 void LQtMenu::EnableMenuOf(const QAction& item) {
     const auto* menu = qobject_cast<QMenu*>(item.parent());
+    if (!qobject_cast<QMenu*>(menu->parent()))
+        return;
     const QList<QAction*> all = menu->actions();
     menu->menuAction()->setEnabled(std::any_of(all.begin(), all.end(), [](const QAction* each) {
         return !each->isSeparator() && each->isEnabled() && each->isVisible();

@@ -4,7 +4,6 @@
 
 #include <QAccessibleWidget>
 #include <QComboBox>
-#include <QLabel>
 
 #include <memory>
 
@@ -13,7 +12,9 @@ namespace {
 /// The text has neither a cursor nor a selection.
 class SpokenText : public QAccessibleWidget, public QAccessibleTextInterface {
 public:
-    SpokenText(QWidget* widget, QAccessible::Role kind) : QAccessibleWidget(widget, kind) {}
+    SpokenText(QWidget* widget, const LQtSpokenText& textOf, QAccessible::Role kind)
+        : QAccessibleWidget(widget, kind),
+          shown(textOf) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         if (type == QAccessible::TextInterface)
@@ -21,11 +22,12 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? Shown() : QAccessibleWidget::text(kind);
+        const bool isText = kind == QAccessible::Value || (kind == QAccessible::Name && !HasName());
+        return isText ? shown.GetSpoken() : QAccessibleWidget::text(kind);
     }
 
-    QString text(int start, int end) const override { return Shown().mid(start, end - start); }
-    int characterCount() const override { return static_cast<int>(Shown().size()); }
+    QString text(int start, int end) const override { return shown.GetSpoken().mid(start, end - start); }
+    int characterCount() const override { return static_cast<int>(shown.GetSpoken().size()); }
     QRect characterRect(int /*offset*/) const override { return rect(); }
     int offsetAtPoint(const QPoint& /*point*/) const override { return -1; }
     QString attributes(int /*offset*/, int* start, int* end) const override {
@@ -42,28 +44,31 @@ public:
     void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
     void scrollToSubstring(int /*start*/, int /*end*/) override {}
 
-protected:
-    virtual QString Shown() const { return static_cast<const QLabel*>(widget())->text(); }
+private:
+    bool HasName() const { return !widget()->accessibleName().isEmpty(); }
+
+    const LQtSpokenText& shown;
 };
 
 /// Qt's own has the text as its name and leaves the rest to a label, which a status bar has no room for.
 class SpokenChooser : public SpokenText {
 public:
-    explicit SpokenChooser(QComboBox* chooser) : SpokenText(chooser, QAccessible::ComboBox) {}
+    SpokenChooser(QComboBox* widget, const LQtSpokenText& textOf)
+        : SpokenText(widget, textOf, QAccessible::ComboBox),
+          chooser(widget) {}
 
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
     QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
     void doAction(const QString& name) override {
         if (name == showMenuAction())
-            Chooser()->showPopup();
+            chooser->showPopup();
         else
             SpokenText::doAction(name);
     }
 
 private:
-    QComboBox* Chooser() const { return static_cast<QComboBox*>(widget()); }
-    QString Shown() const override { return Chooser()->currentText(); }
+    QComboBox* chooser;
 };
 
 class SpokenLink : public QAccessibleWidget {
@@ -88,18 +93,17 @@ private:
 QAccessibleInterface* MakeSpokenText(const QString& /*className*/, QObject* object) {
     if (auto* link = dynamic_cast<LQtLink*>(object))
         return std::make_unique<SpokenLink>(link).release();
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (!widget || widget->accessibleName().isEmpty())
+    const auto* shown = dynamic_cast<const LQtSpokenText*>(object);
+    if (!shown)
         return nullptr;
-    if (auto* chooser = qobject_cast<QComboBox*>(widget))
-        return std::make_unique<SpokenChooser>(chooser).release();
-    return qobject_cast<QLabel*>(widget)
-               ? std::make_unique<SpokenText>(widget, QAccessible::StaticText).release()
-               : nullptr;
+    if (auto* chooser = qobject_cast<QComboBox*>(object))
+        return std::make_unique<SpokenChooser>(chooser, *shown).release();
+    auto* widget = qobject_cast<QWidget*>(object);
+    return std::make_unique<SpokenText>(widget, *shown, QAccessible::StaticText).release();
 }
 
 } // namespace
 
-void InstallSpokenTexts() {
+void LQtSpokenText::Install() {
     QAccessible::installFactory(MakeSpokenText);
 }

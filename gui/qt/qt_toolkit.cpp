@@ -47,8 +47,8 @@ void LQtToolkit::DisplayCheck::End() const {
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     displayCheck.End();
     BringPictures();
+    LQtSpokenText::Install();
     LQtSpokenValue::Install();
-    InstallSpokenTexts();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
     QApplication::setWindowIcon(
