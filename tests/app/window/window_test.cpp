@@ -100,7 +100,8 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         Main()->resize(480, 360);
         QApplication::processEvents();
         const QRect fields = Control<QWidget>(ControlLevels)->parentWidget()->rect();
-        for (int id = ControlPosition; id <= ControlVolumeText; ++id) {
+        for (const int id : Ints{ControlPosition, ControlLevels, ControlDevice, ControlVolume, ControlMute,
+                                 ControlVolumeText}) {
             const auto* field = Control<QWidget>(id);
             EXPECT_TRUE(fields.contains(field->geometry())) << id;
             EXPECT_GE(field->width(), field->minimumSizeHint().boundedTo({76, 99}).width()) << id;
