@@ -24,8 +24,10 @@ public:
     virtual void SetText(int id, const std::string& text) = 0;
     virtual std::string GetText(int id) const = 0;
     virtual void Enable(int id, bool enabled) = 0;
-    /// The tool tip, which is also what a screen reader says of a control without a text.
     virtual void SetToolTip(int id, const std::string& text) = 0;
+    /// What a screen reader calls a control that has no text, nor a text, box or radio button in the row
+    /// before it, which name an input as well.
+    virtual void SetName(int id, const std::string& name) = 0;
     /// Marks a text as one that can't be taken.
     virtual void MarkWrong(int id, bool wrong) = 0;
     /// Gives the control the keyboard; the text of an input is selected.

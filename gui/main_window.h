@@ -52,7 +52,6 @@ protected:
     /// the tool tips of the tool bars in brackets; both are set before.
     void SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table);
 
-    void SetDocument(const LWindowDocument& document) { peer->SetDocument(document); }
     void ShowPassing(const std::string& text) { peer->ShowPassing(text); }
 
     LMenu& GetMenu() const { return *menu; }

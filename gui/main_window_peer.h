@@ -17,13 +17,6 @@ struct LWindowGeometry {
     bool operator==(const LWindowGeometry&) const = default;
 };
 
-/// What a window shows, and a desktop tells windows apart by.
-struct LWindowDocument {
-    std::string name;
-    std::string path{};   ///< empty where it has no file
-    bool changed = false; ///< there is something that is not in its file
-};
-
 /// The toolkit's side of the main window. Its controls stand in the space that menu bar, tool bar and status
 /// bar leave.
 class LMainWindowPeer : public LWindowPeer {
@@ -31,9 +24,7 @@ public:
     /// A frame that is not whole on a screen is shifted, and made smaller where it has to be.
     virtual void SetGeometry(const LWindowGeometry& geometry) = 0;
     virtual LWindowGeometry GetGeometry() const = 0;
-    /// Names the document before the caption, with a mark where it has been changed.
-    virtual void SetDocument(const LWindowDocument& document) = 0;
-    /// A line in the status bar, in the place of its first text, that goes by itself after some seconds.
+    /// A line over the start of the status bar that goes by itself after some seconds.
     virtual void ShowPassing(const std::string& text) = 0;
     virtual void Show() = 0;
     /// Brings the window before the others.

@@ -34,6 +34,7 @@ bool LProgressDialog::IsToStop() const {
 void LProgressDialog::InitDialog() {
     SetCaption(title);
     SetText(ProgressTitle, title);
+    SetName(ProgressBar, title);
 }
 
 void LProgressDialog::Close(int /*ok*/) {

@@ -8,6 +8,10 @@ void LWindow::SetCaption(const std::string& caption) {
     GetPeer()->SetCaption(caption);
 }
 
+void LWindow::SetDocument(const LWindowDocument& document) {
+    GetPeer()->SetDocument(document);
+}
+
 void LWindow::SetText(int control, const std::string& text) {
     GetControls().SetText(control, text);
 }
@@ -62,6 +66,10 @@ void LWindow::MarkWrong(int control, bool wrong) {
 
 void LWindow::SetToolTip(int control, const std::string& text) {
     GetControls().SetToolTip(control, text);
+}
+
+void LWindow::SetName(int control, const std::string& name) {
+    GetControls().SetName(control, name);
 }
 
 void LWindow::ControlUsed(int id) {

@@ -17,6 +17,7 @@ public:
     LControlsPeer& GetControls() const;
 
     void SetCaption(const std::string& caption);
+    void SetDocument(const LWindowDocument& document);
     void SetText(int control, const std::string& text);
     std::string GetText(int control) const;
     void EnableControl(int control, bool enabled);
@@ -34,6 +35,7 @@ public:
     void SetFocus(int control);
     void MarkWrong(int control, bool wrong);
     void SetToolTip(int control, const std::string& text);
+    void SetName(int control, const std::string& name);
 
     /// Runs the command, by whichever way it came.
     virtual void Command(int command) = 0;

@@ -20,6 +20,13 @@ public:
     virtual void FilesDropped(const std::vector<std::string>& paths) = 0;
 };
 
+/// What a window shows, and a desktop tells windows apart by.
+struct LWindowDocument {
+    std::string name;
+    std::string path{};   ///< empty where it has no file
+    bool changed = false; ///< there is something that is not in its file
+};
+
 /// The toolkit's side of any window. Its events end with it.
 class LWindowPeer {
 public:
@@ -27,6 +34,8 @@ public:
 
     virtual LControlsPeer& Controls() = 0;
     virtual void SetCaption(const std::string& caption) = 0;
+    /// Names the document before the caption, with a mark where it has been changed.
+    virtual void SetDocument(const LWindowDocument& document) = 0;
 };
 
 /// The toolkit's side of a dialog, modal to the whole application.

@@ -12,7 +12,7 @@
 /// What an entry of a tone list is and whether it can be used.
 struct ToneListEntry {
     std::string file;     ///< empty for a silence
-    int depth;            ///< 0 in the list itself, 1 in a list that it includes, and so on
+    int depth = 0;        ///< 0 in the list itself, 1 in a list that it includes, and so on
     LSoundTime length;    ///< how long it plays
     std::string problem;  ///< why it doesn't play as its user would expect; empty where it does
     bool endless = false; ///< what stands behind it is never reached

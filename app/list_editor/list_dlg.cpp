@@ -26,49 +26,29 @@ constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
 ListDlg::ListDlg(EditedList editedList) : LDialog(ListDlgLayout), edited(std::move(editedList)) {}
 
 void ListDlg::Command(int command) {
-    switch (command) {
-    case ListAddTone:
-        CmAddTone();
-        break;
-    case ListAddSilence:
-        CmAddSilence();
-        break;
-    case ListEditSilence:
-        CmEditSilence();
-        break;
-    case ListMoveUp:
-        CmMove(-1);
-        break;
-    case ListMoveDown:
-        CmMove(1);
-        break;
-    case ListRemove:
-        CmRemove();
-        break;
-    case ListSave:
-        CmSaveList();
-        break;
-    case ListSaveAs:
-        CmSaveAs();
-        break;
-    case ListUndo:
-        CmUndo();
-        break;
-    case ListRedo:
-        CmRedo();
-        break;
-    case ListRowsDragged:
-        Modify();
-        break;
-    case ListRowsMenu:
-        CmRowsMenu();
-        break;
-    case ListSelectionChanged:
-        rows->EndSeries();
-        [[fallthrough]];
-    default:
-        EnableControls();
-    }
+    struct Action {
+        int command;
+        void (*act)(ListDlg& dialog);
+    };
+    static constexpr Action actions[] = {
+        {ListAddTone, [](ListDlg& dialog) { dialog.CmAddTone(); }},
+        {ListAddSilence, [](ListDlg& dialog) { dialog.CmAddSilence(); }},
+        {ListEditSilence, [](ListDlg& dialog) { dialog.CmEditSilence(); }},
+        {ListMoveUp, [](ListDlg& dialog) { dialog.CmMove(-1); }},
+        {ListMoveDown, [](ListDlg& dialog) { dialog.CmMove(1); }},
+        {ListRemove, [](ListDlg& dialog) { dialog.CmRemove(); }},
+        {ListUndo, [](ListDlg& dialog) { dialog.CmUndo(); }},
+        {ListRedo, [](ListDlg& dialog) { dialog.CmRedo(); }},
+        {ListSave, [](ListDlg& dialog) { dialog.CmSaveList(); }},
+        {ListSaveAs, [](ListDlg& dialog) { dialog.CmSaveAs(); }},
+        {ListRowsDragged, [](ListDlg& dialog) { dialog.Modify(); }},
+        {ListRowsMenu, [](ListDlg& dialog) { dialog.CmRowsMenu(); }},
+        {ListSelectionChanged, [](ListDlg& dialog) { dialog.rows->EndSeries(); }},
+    };
+    for (const Action& action : actions)
+        if (action.command == command)
+            action.act(*this);
+    EnableControls();
 }
 
 void ListDlg::InitDialog() {
@@ -77,6 +57,7 @@ void ListDlg::InitDialog() {
                                   .doubleClick = ListEditSilence,
                                   .rightClick = ListRowsMenu,
                                   .rowsMoved = ListRowsDragged});
+    SetName(ListRows, "Entries");
     SetKeys(ListDlgKeys);
     OpenList();
     modified = edited.IsRecovered();
@@ -229,12 +210,12 @@ void ListDlg::CmRemove() {
 
 void ListDlg::CmUndo() {
     rows->Undo();
-    FollowHistory();
+    Follow(!rows->AreSaved());
 }
 
 void ListDlg::CmRedo() {
     rows->Redo();
-    FollowHistory();
+    Follow(!rows->AreSaved());
 }
 
 void ListDlg::CmRowsMenu() {
@@ -253,27 +234,23 @@ void ListDlg::CmRowsMenu() {
 
 void ListDlg::Modify(EntryRows::Series series) {
     rows->Keep(series);
-    modified = true;
-    StoreDraft();
-    ShowState();
+    Follow(true);
 }
 
-void ListDlg::FollowHistory() {
-    modified = !rows->AreSaved();
-    StoreDraft();
-    ShowState();
-}
-
-void ListDlg::StoreDraft() {
+/// What is not in the list's file is kept in a draft.
+void ListDlg::Follow(bool changed) {
+    modified = changed;
     modified ? EditedList::KeepDraft(rows->GetEntries()) : EditedList::DropDraft();
+    ShowState();
 }
 
 void ListDlg::ShowState() {
     const std::string& path = edited.GetPath();
-    const std::string name = path.empty() || IsTemporaryList(path) ? "Unsaved list" : GetFileName(path);
-    SetCaption((modified ? name + "*" : name) + " - Tone List");
+    const bool isUnnamed = path.empty() || IsTemporaryList(path);
+    SetDocument({.name = isUnnamed ? "Unsaved list" : GetFileName(path),
+                 .path = isUnnamed ? "" : path,
+                 .changed = modified});
     ShowTotal();
-    EnableControls();
 }
 
 /// The length of one pass.

@@ -56,8 +56,7 @@ private:
     /// The silence that alone is selected, -1 where it is something else.
     int GetSelectedSilence() const;
     void Modify(EntryRows::Series series = EntryRows::NoSeries);
-    void FollowHistory();
-    void StoreDraft();
+    void Follow(bool changed);
     void ShowState();
     void ShowTotal();
 

@@ -72,7 +72,7 @@ bool ListDlg::SaveTo(const std::string& path) {
     }
     edited.MoveTo(path);
     rows->SetSaved();
-    FollowHistory();
+    Follow(false);
     return true;
 }
 

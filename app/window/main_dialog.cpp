@@ -51,6 +51,9 @@ void MainDialog::InitDialog() {
     status.Init();
     SetToolBar(GetMainToolBar());
     SetToolBarSmallIcons(ControlSmallToolBar, smallToolBar, GetSmallToolBar());
+    SetName(ControlSmallToolBar, "Tone tool bar");
+    SetName(ControlList, "Tone data");
+    SetName(ControlPosition, "Position");
     SetMenu(GetMainMenu());
     SetKeys(*this, GetMainKeys());
     playback.Begin([this] { EnableControls(); });

@@ -126,6 +126,10 @@ void ToneFiles::CmSaveTDF(const std::string& path) {
     tellSaved(DescribeSavedTone(path, tone));
 }
 
+void ToneFiles::TellSavedList(const std::string& path) {
+    tellSaved(DescribeSavedSound(path, tone.durationMs / 1000.0, {}));
+}
+
 void ToneFiles::CmSaveWave(const std::string& path) {
     if (!tone.IsFinite()) {
         LShowMessageBox(

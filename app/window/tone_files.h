@@ -33,6 +33,8 @@ public:
     void CmSaveAsWav();
     /// Renders the tone into this file.
     void CmSaveWave(const std::string& path);
+    /// Tells that the list has been saved, of which the tone knows the length.
+    void TellSavedList(const std::string& path);
 
 private:
     std::optional<LNotice> Read(const std::string& path, const std::string& fullPath);

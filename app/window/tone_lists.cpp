@@ -149,6 +149,7 @@ bool ToneLists::CmSaveList() {
     SetListPath(tone, path);
     if (edited.GetPath() == list)
         edited.MoveTo(path);
+    files.TellSavedList(path);
     return true;
 }
 

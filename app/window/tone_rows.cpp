@@ -22,6 +22,9 @@
 namespace {
 
 constexpr LListColumn Columns[] = {{.title = "Tone Data"}, {.title = "Values", .values = true}};
+constexpr LListColumn ListColumns[] = {
+    {.title = "Tone Data"}, {.title = "Values"}, {.title = "Order", .values = true}};
+constexpr int OrderColumn = 2;
 constexpr const char* ToneHint = "Tone details (double click to modify)";
 constexpr const char* ListHint =
     "The entries of the list, of which the lowest plays first (double click to edit)";
@@ -32,12 +35,12 @@ FrequencyStep ReadFrequencyStep() {
             .hz = std::strtof(Setting::StepHz.Get().c_str(), nullptr)};
 }
 
-/// Why entries of a list don't play as they should, by their files.
-std::map<std::string, std::string> FindProblems(const std::string& list) {
-    std::map<std::string, std::string> problems;
+/// The entries of a list that don't play as they should, by their files.
+std::map<std::string, ToneListEntry> FindProblems(const std::string& list) {
+    std::map<std::string, ToneListEntry> problems;
     for (const ToneListEntry& entry : ExamineToneList(list).entries)
         if (entry.depth == 0 && !entry.problem.empty())
-            problems.emplace(entry.file, entry.problem);
+            problems.emplace(entry.file, entry);
     return problems;
 }
 
@@ -53,7 +56,6 @@ void ToneRows::Create() {
 }
 
 void ToneRows::Begin() {
-    list->SetColumns(Columns);
     SetupListViewData();
     list->SetFocus();
     list->SetCurrent(0);
@@ -67,6 +69,7 @@ void ToneRows::SetupListViewData() {
     std::vector<LNotice> missing;
     {
         const LListRebuild rebuild(*list);
+        list->SetColumns(tone.IsList() ? std::span(ListColumns) : std::span<const LListColumn>(Columns));
         for (const unsigned int item : GetShownItems(tone))
             InsertListViewItem(item, missing);
     }
@@ -94,21 +97,36 @@ void ToneRows::InsertListRows(unsigned int item, std::vector<LNotice>& missing) 
     if (const LFailure failure = ReadToneListLines(lines, path.c_str())) {
         list->AppendRow(NameOf(path), item);
         list->SetText(0, 1, "can't be read: " + failure.GetReason());
+        list->SetLook(0, {.mark = LRowMark::Problem});
         return;
     }
-    const std::map<std::string, std::string> problems = FindProblems(path);
+    const std::map<std::string, ToneListEntry> problems = FindProblems(path);
     for (const std::string& line : lines) {
         const std::string file = IsSilence(line) ? "" : FindListEntry(line, GetFolder(path));
         if (!file.empty() && !FileExists(file))
             missing.push_back({"Error", "File \"" + line + "\" does not exist."});
+        const auto found = problems.find(file);
         list->AppendRow(line, item);
-        if (const auto problem = problems.find(file); problem != problems.end())
-            list->SetText(list->GetCount() - 1, 1, problem->second);
+        ShowEntry(file.empty() ? line : file, static_cast<int>(lines.size()),
+                  found == problems.end() ? ToneListEntry{} : found->second);
     }
     if (list->GetCount() == 0)
         list->AppendRow(path, item);
     else
         ShowListName(NameOf(path));
+}
+
+/// In the last row, of an entry that may have a problem.
+void ToneRows::ShowEntry(const std::string& name, int count, const ToneListEntry& entry) {
+    const int row = list->GetCount() - 1;
+    const std::string order = std::to_string(count - row);
+    const std::string& problem = entry.problem;
+    const LRowMark mark = entry.endless ? LRowMark::Endless : LRowMark::Problem;
+    list->SetText(row, 1, problem);
+    list->SetText(row, OrderColumn, order);
+    list->SetLook(row, {.mark = problem.empty() ? LRowMark::None : mark,
+                        .toolTip = name + "\nPlays as number " + order + " of " + std::to_string(count) +
+                                   (problem.empty() ? "" : "\n") + problem});
 }
 
 /// A problem of the entry whose row it is goes on naming it.

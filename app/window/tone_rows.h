@@ -7,6 +7,8 @@
 
 #include <functional>
 
+struct ToneListEntry;
+
 /// The rows of the main window's list: they show the items of the tone and edit them, or show the lines of
 /// the list that it plays.
 class ToneRows {
@@ -39,6 +41,7 @@ public:
 private:
     void InsertListViewItem(unsigned int item, std::vector<LNotice>& missing);
     void InsertListRows(unsigned int item, std::vector<LNotice>& missing);
+    void ShowEntry(const std::string& name, int count, const ToneListEntry& entry);
     void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
     bool StepSelectedItems(const std::function<void(unsigned int)>& step);

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QStyle>
@@ -27,6 +28,25 @@ namespace {
 /// A frame fills its place; what holds text is as tall as the text needs, around the middle of its place.
 bool FillsItsPlace(const QWidget* widget) {
     return qobject_cast<const QGroupBox*>(widget) || dynamic_cast<const LQtListWidget*>(widget);
+}
+
+bool IsInput(LControlKind kind) {
+    return kind == LControlKind::Edit || kind == LControlKind::NumberEdit || kind == LControlKind::NumberText;
+}
+
+template <class Widget>
+void SetMarkedText(Widget& widget, LQtLetters& letters, const QString& text) {
+    letters.Release(widget.text());
+    widget.setText(letters.Mark(text));
+}
+
+/// Tab leads to the checked one of several radio buttons; the arrow keys lead on from there.
+void CheckButton(QAbstractButton& button, bool checked) {
+    button.setChecked(checked);
+    if (!checked || !qobject_cast<QRadioButton*>(&button))
+        return;
+    for (auto* each : button.parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
+        each->setFocusPolicy(each == &button ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 } // namespace
@@ -74,10 +94,27 @@ QWidget* LQtControls::Make(const LControlLayout& control) {
     return number ? number->GetLine() : nullptr;
 }
 
+/// An input is called by the text before it, and reached by that one's letter.
+void LQtControls::NameBy(QWidget* before, QWidget* input) {
+    if (auto* label = qobject_cast<QLabel*>(before)) {
+        label->setBuddy(input);
+        label->setText(letters.Mark(label->text()));
+    } else if (const auto* button = qobject_cast<QAbstractButton*>(before)) {
+        input->setAccessibleName(LQtLetters::Strip(button->text()));
+    } else if (before) {
+        input->setAccessibleName(before->accessibleName());
+    }
+}
+
 void LQtControls::Add(const LControlLayout& control) {
     QWidget* widget = Make(control);
     if (!widget)
         return;
+    if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        button->setText(letters.Mark(button->text()));
+    if (IsInput(control.kind))
+        NameBy(lastAdded, widget);
+    lastAdded = widget;
     if (control.kind == LControlKind::Group)
         widget->lower(); // its frame stands around controls that are not its own
     Register(control.id, widget);
@@ -110,12 +147,14 @@ void LQtControls::SetText(int id, const std::string& text) {
     QWidget* widget = Find(id);
     if (auto* link = dynamic_cast<LQtLink*>(widget))
         link->SetLinkText(ToQt(text));
-    else if (auto* label = qobject_cast<QLabel*>(widget))
+    else if (auto* label = qobject_cast<QLabel*>(widget); label && label->buddy())
+        SetMarkedText(*label, letters, ToQt(text));
+    else if (label)
         label->setText(ToQt(text));
     else if (auto* edit = qobject_cast<QLineEdit*>(widget))
         edit->setText(ToQt(text));
     else if (auto* button = qobject_cast<QAbstractButton*>(widget))
-        button->setText(ToQt(text));
+        SetMarkedText(*button, letters, ToQt(text));
     else if (auto* group = qobject_cast<QGroupBox*>(widget))
         group->setTitle(ToQt(text));
 }
@@ -125,11 +164,11 @@ std::string LQtControls::GetText(int id) const {
     if (const auto* link = dynamic_cast<const LQtLink*>(widget))
         return FromQt(link->GetLinkText());
     if (const auto* label = qobject_cast<const QLabel*>(widget))
-        return FromQt(label->text());
+        return FromQt(label->buddy() ? LQtLetters::Strip(label->text()) : label->text());
     if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
         return FromQt(edit->text());
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-        return FromQt(button->text());
+        return FromQt(LQtLetters::Strip(button->text()));
     if (const auto* combo = qobject_cast<const QComboBox*>(widget))
         return FromQt(combo->currentText());
     return {};
@@ -141,12 +180,13 @@ void LQtControls::Enable(int id, bool enabled) {
 }
 
 void LQtControls::SetToolTip(int id, const std::string& text) {
-    QWidget* widget = Find(id);
-    if (!widget)
-        return;
-    widget->setToolTip(ToQt(text));
-    if (GetText(id).empty())
-        widget->setAccessibleName(ToQt(text));
+    if (QWidget* widget = Find(id))
+        widget->setToolTip(ToQt(text));
+}
+
+void LQtControls::SetName(int id, const std::string& name) {
+    if (QWidget* widget = Find(id))
+        widget->setAccessibleName(ToQt(name));
 }
 
 void LQtControls::MarkWrong(int id, bool wrong) {
@@ -176,7 +216,7 @@ void LQtControls::SetValue(int id, int value) {
     QWidget* widget = Find(id);
     const QSignalBlocker blocker(widget);
     if (auto* button = qobject_cast<QAbstractButton*>(widget))
-        button->setChecked(value != 0);
+        CheckButton(*button, value != 0);
     else if (auto* number = dynamic_cast<LQtNumberEdit*>(widget))
         number->SetValue(value);
     else if (auto* bar = qobject_cast<QProgressBar*>(widget))

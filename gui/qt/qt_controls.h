@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/controls_peer.h"
+#include "gui/qt/qt_letters.h"
 
 #include <map>
 
@@ -25,6 +26,7 @@ public:
     std::string GetText(int id) const override;
     void Enable(int id, bool enabled) override;
     void SetToolTip(int id, const std::string& text) override;
+    void SetName(int id, const std::string& name) override;
     void MarkWrong(int id, bool wrong) override;
     void SetFocus(int id) override;
     void SetRange(int id, int least, int most) override;
@@ -39,10 +41,13 @@ public:
 private:
     QWidget* Make(const LControlLayout& control);
     void Connect(int id, QWidget* widget);
+    void NameBy(QWidget* before, QWidget* input);
 
     QWidget* parent;
     double unit;
     LWindowEvents& events;
     std::map<int, QWidget*> widgets;
-    int numberEdit = 0; ///< the id of the number edit added last
+    int numberEdit = 0;           ///< the id of the number edit added last
+    QWidget* lastAdded = nullptr; ///< of all
+    LQtLetters letters;
 };

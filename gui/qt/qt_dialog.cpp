@@ -2,7 +2,6 @@
 
 #include "gui/qt/qt_active_window.h"
 #include "gui/qt/qt_keys.h"
-#include "gui/qt/qt_text.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -39,10 +38,6 @@ LQtDialog::LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEve
     resize(size.boundedTo(screen()->availableSize() - QSize(0, FrameHeight)).expandedTo(minimumSize()));
     setWindowModality(Qt::ApplicationModal);
     qApp->installEventFilter(this);
-}
-
-void LQtDialog::SetCaption(const std::string& caption) {
-    setWindowTitle(ToQt(caption));
 }
 
 bool LQtDialog::RunModal() {

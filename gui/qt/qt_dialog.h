@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/qt/qt_controls.h"
+#include "gui/qt/qt_title.h"
 #include "gui/window_peer.h"
 
 #include <QDialog>
@@ -11,7 +12,8 @@ public:
     LQtDialog(const LDialogLayout& dialogLayout, LWindowEvents& windowEvents);
 
     LControlsPeer& Controls() override { return controls; }
-    void SetCaption(const std::string& caption) override;
+    void SetCaption(const std::string& text) override { title.SetCaption(text); }
+    void SetDocument(const LWindowDocument& document) override { title.SetDocument(document); }
     bool RunModal() override;
     void End(bool ok) override;
     void ShowModal() override;
@@ -25,4 +27,5 @@ private:
 
     LWindowEvents& events;
     LQtControls controls;
+    LQtTitle title{*this};
 };

@@ -23,11 +23,30 @@ struct Mark {
 
 constexpr Mark Marks[] = {{"", ""}, {"problem", "Problem"}, {"endless", "Endless"}};
 
+/// Without a word to the view where nothing changes: there may be a great many rows.
+void Set(QTreeWidgetItem& item, int column, int role, const QVariant& value) {
+    if (item.data(column, role) != value)
+        item.setData(column, role, value);
+}
+
 void ShowMark(QTreeWidgetItem& item) {
-    const int mark = item.data(MarkColumn, MarkRole).toInt();
-    const QString said = QString("%1: %2").arg(Marks[mark].name, item.text(MarkColumn));
-    item.setIcon(MarkColumn, MakeIcon(Marks[mark].icon));
-    item.setData(MarkColumn, Qt::AccessibleTextRole, mark == 0 ? QVariant() : QVariant(said));
+    const Mark& mark = Marks[item.data(MarkColumn, MarkRole).toInt()];
+    const bool isNone = &mark == Marks;
+    const QString said = QString("%1: %2").arg(mark.name, item.text(MarkColumn));
+    Set(item, MarkColumn, Qt::DecorationRole, isNone ? QVariant() : QVariant(MakeIcon(mark.icon)));
+    Set(item, MarkColumn, Qt::AccessibleTextRole, isNone ? QVariant() : QVariant(said));
+}
+
+QVariant ToToolTip(const std::string& text) {
+    const QString tip = ToQt(text);
+    if (tip.isEmpty())
+        return {};
+    return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
+}
+
+/// As an invalid value where it is 0, like one that is not set.
+QVariant ToValue(auto number) {
+    return static_cast<int>(number) == 0 ? QVariant() : QVariant(static_cast<int>(number));
 }
 
 } // namespace
@@ -90,11 +109,10 @@ void LQtListView::SetLook(int row, const LRowLook& look) {
     QTreeWidgetItem* item = list->topLevelItem(row);
     if (!item)
         return;
-    item->setData(0, LQtListWidget::ShadeRole, static_cast<int>(look.shade));
-    const QString tip = ToQt(look.toolTip);
+    Set(*item, 0, LQtListWidget::ShadeRole, ToValue(look.shade));
+    Set(*item, MarkColumn, MarkRole, ToValue(look.mark));
     for (int column = 0; column < list->columnCount(); ++column)
-        item->setToolTip(column, Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip);
-    item->setData(MarkColumn, MarkRole, static_cast<int>(look.mark));
+        Set(*item, column, Qt::ToolTipRole, ToToolTip(look.toolTip));
     ShowMark(*item);
 }
 

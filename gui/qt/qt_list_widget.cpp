@@ -14,6 +14,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
 #include <utility>
 
@@ -25,6 +26,8 @@ constexpr int FirstPart = 2; // of the room, which the first column keeps
 constexpr int LineWidth = 3; // of the line where a drop would go
 constexpr int LabelWidth = 240;
 constexpr int LabelMargin = 4;
+constexpr QChar LeftToRight(0x202A), EndOfDirection(0x202C);
+constexpr Qt::Alignment ValueAlignment = Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter;
 constexpr QPoint PointerRoom(16, 16); // between the pointer and what it drags
 
 /// The room beside the texts, which belongs to the rows as well.
@@ -44,6 +47,14 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         return {QStyledItemDelegate::sizeHint(option, index).width(), HeightFor(option.fontMetrics)};
+    }
+
+protected:
+    /// In a mirrored window "-6dB" and "/home" would read "6dB-" and "home/".
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->direction == Qt::RightToLeft && !option->text.isRightToLeft())
+            option->text = LeftToRight + option->text + EndOfDirection;
     }
 };
 
@@ -75,8 +86,7 @@ void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
     QStringList titles;
     for (const LListColumn& column : columns)
         titles.append(QString::fromUtf8(column.title));
-    setColumnCount(static_cast<int>(columns.size()));
-    setHeaderLabels(titles);
+    setHeaderItem(std::make_unique<QTreeWidgetItem>(titles).release()); // which the list owns
     AlignValues(*headerItem());
     MeasureLater();
 }
@@ -84,7 +94,7 @@ void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
 void LQtListWidget::AlignValues(QTreeWidgetItem& item) const {
     for (int i = 0; i < static_cast<int>(columns.size()); ++i)
         if (columns[static_cast<std::size_t>(i)].values) {
-            item.setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
+            item.setTextAlignment(i, ValueAlignment);
             item.setFont(i, WithTabularFigures(QFont()));
         }
 }

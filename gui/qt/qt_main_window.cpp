@@ -23,7 +23,6 @@ namespace {
 
 constexpr QSize SmallestFrame(100, 100);
 constexpr int StatusMargin = 6;
-constexpr int PassingMs = 10'000;
 constexpr int FrameWaitMs = 100;
 
 /// What windows may take of the screen that the frame is on, or of the first one.
@@ -50,6 +49,7 @@ LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     : events(windowEvents),
       content(MakeChild<QWidget>(static_cast<QWidget*>(this))),
       fields(MakeChild<LQtStatusFields>(static_cast<QWidget*>(statusBar()))),
+      passing(MakeChild<LQtPassingLine>(static_cast<QWidget*>(statusBar()))),
       controls(std::make_unique<LQtControls>(content, 1.0, windowEvents)) {
     setCentralWidget(content);
     setAcceptDrops(true);
@@ -65,24 +65,8 @@ LQtMainWindow::~LQtMainWindow() {
     qApp->removeEventFilter(this);
 }
 
-void LQtMainWindow::SetCaption(const std::string& text) {
-    caption = ToQt(text);
-    ShowTitle();
-}
-
-void LQtMainWindow::SetDocument(const LWindowDocument& shown) {
-    documentName = ToQt(shown.name).replace("[*]", "[*][*]");
-    ShowTitle();
-    setWindowFilePath(ToQt(shown.path));
-    setWindowModified(shown.changed);
-}
-
-void LQtMainWindow::ShowTitle() {
-    setWindowTitle(documentName.isEmpty() ? caption : documentName + "[*] - " + caption);
-}
-
 void LQtMainWindow::ShowPassing(const std::string& text) {
-    statusBar()->showMessage(ToQt(text), PassingMs);
+    passing->Show(ToQt(text));
 }
 
 void LQtMainWindow::SetGeometry(const LWindowGeometry& geometry) {
@@ -132,12 +116,14 @@ void LQtMainWindow::Raise() {
 }
 
 std::unique_ptr<LMenuPeer> LQtMainWindow::CreateMenuBar() {
+    menuBar()->setAccessibleName("Menu bar");
     return std::make_unique<LQtMenu>(*menuBar(), events);
 }
 
 std::unique_ptr<LToolBarPeer> LQtMainWindow::CreateToolBar(LToolBarEvents& toolBarEvents) {
     QToolBar* bar = MakeToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setAccessibleName("Main tool bar");
     addToolBar(bar);
     return std::make_unique<LQtToolBar>(*bar, toolBarEvents);
 }

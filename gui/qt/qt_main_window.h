@@ -3,7 +3,9 @@
 #include "gui/main_window_peer.h"
 #include "gui/qt/qt_controls.h"
 #include "gui/qt/qt_key_repeats.h"
+#include "gui/qt/qt_passing_line.h"
 #include "gui/qt/qt_status_fields.h"
+#include "gui/qt/qt_title.h"
 
 #include <QMainWindow>
 
@@ -14,9 +16,9 @@ public:
     ~LQtMainWindow() override;
 
     LControlsPeer& Controls() override { return *controls; }
-    void SetCaption(const std::string& text) override;
+    void SetCaption(const std::string& text) override { title.SetCaption(text); }
 
-    void SetDocument(const LWindowDocument& shown) override;
+    void SetDocument(const LWindowDocument& document) override { title.SetDocument(document); }
     void ShowPassing(const std::string& text) override;
 
     void SetGeometry(const LWindowGeometry& geometry) override;
@@ -38,15 +40,14 @@ private:
     void dropEvent(QDropEvent* event) override;
 
     bool TakesKey(const QObject& watched, const QKeyEvent& event);
-    void ShowTitle();
     void FollowFrame();
 
     LWindowEvents& events;
     QWidget* content;
     LQtStatusFields* fields;
+    LQtPassingLine* passing;
     std::unique_ptr<LQtControls> controls;
-    QString caption;
-    QString documentName;
+    LQtTitle title{*this};
     LQtKeyRepeats keyRepeats;
     QRect normalFrame;         ///< where the frame is or shall be while the window is not maximized
     QSize fittedMargins{0, 0}; ///< of the frame that the window was fitted into last

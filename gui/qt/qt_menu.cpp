@@ -58,10 +58,17 @@ void LQtMenu::Enable(int id, bool enabled) {
     if (!action)
         return;
     action->setEnabled(enabled);
-    const auto* menu = qobject_cast<QMenu*>(action->parent());
+    EnableMenuOf(*action);
+}
+
+/// A menu within another one opens where there is something to choose in it.
+void LQtMenu::EnableMenuOf(const QAction& item) {
+    const auto* menu = qobject_cast<QMenu*>(item.parent());
+    if (!qobject_cast<QMenu*>(menu->parent()))
+        return;
     const QList<QAction*> all = menu->actions();
     menu->menuAction()->setEnabled(std::any_of(all.begin(), all.end(), [](const QAction* each) {
-        return !each->isSeparator() && each->isEnabled();
+        return !each->isSeparator() && each->isEnabled() && each->isVisible();
     }));
 }
 
@@ -97,6 +104,7 @@ void LQtMenu::SetText(int id, const std::string& text) {
         return;
     action->setVisible(!text.empty());
     action->setText('&' + ToQt(text).replace('&', "&&"));
+    EnableMenuOf(*action);
 }
 
 void LQtMenu::SetKeyText(int id, const std::string& key) {

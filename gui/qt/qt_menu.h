@@ -35,6 +35,7 @@ public:
 private:
     QString WithLetter(const std::string& text);
     QAction* Find(int id) const;
+    static void EnableMenuOf(const QAction& item);
     void Mark(QAction* action, bool marked);
     void RestoreMarks();
 

@@ -3,6 +3,7 @@
 #include "gui/qt/qt_child.h"
 #include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_tabular_font.h"
 #include "gui/status_bar.h"
 
@@ -24,13 +25,14 @@ constexpr int SliderWidth = 100, LeastSliderWidth = 50, LeastChooserWidth = 76;
 constexpr int TextMargins = 4;
 
 /// Keeps room for the widest text; a text that has less room than it needs ends in dots.
-class StatusLabel : public QLabel {
+class StatusLabel : public QLabel, public LQtSpokenText {
 public:
     StatusLabel(const char* widestText, QWidget* parent) : QLabel(parent) {
         setTextFormat(Qt::PlainText);
         setFont(WithTabularFigures(font()));
         widest = fontMetrics().horizontalAdvance(QString::fromUtf8(widestText));
     }
+    QString GetSpoken() const override { return text(); }
     QSize sizeHint() const override { return QLabel::sizeHint().expandedTo({widest, 0}); }
 
 protected:
@@ -46,9 +48,11 @@ private:
 };
 
 /// Without the keyboard it leaves the wheel alone: a slip would send the sound elsewhere.
-class StatusChooser : public QComboBox {
+class StatusChooser : public QComboBox, public LQtSpokenText {
 public:
     using QComboBox::QComboBox;
+
+    QString GetSpoken() const override { return currentText(); }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
@@ -103,9 +107,7 @@ private:
 };
 
 QWidget* MakeLabel(const LStatusItem& item, QWidget* parent) {
-    auto* label = MakeChild<StatusLabel>(parent, item.widestText);
-    label->setAccessibleDescription(QString::fromUtf8(item.toolTip)); // its name is what it shows
-    return label;
+    return MakeChild<StatusLabel>(parent, item.widestText);
 }
 
 QWidget* MakeChooser(const LStatusItem& item, QWidget* parent) {
@@ -140,8 +142,7 @@ QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* parent) {
     QWidget* widget = MakeWidget(item, parent);
     const QString name = QString::fromUtf8(item.toolTip);
     widget->setToolTip(name);
-    if (item.kind != LStatusKind::Text)
-        widget->setAccessibleName(name);
+    widget->setAccessibleName(name);
     if (item.kind != LStatusKind::Text && item.kind != LStatusKind::Level)
         widget->setFocusPolicy(Qt::TabFocus);
     return widget;

@@ -40,6 +40,13 @@ QToolBar* MakeToolBar(QWidget* parent) {
     return bar;
 }
 
+LQtToolBar::LQtToolBar(QToolBar& toolBar, LToolBarEvents& toolBarEvents)
+    : bar(&toolBar),
+      events(toolBarEvents) {
+    if (auto* rest = bar->findChild<QToolButton*>("qt_toolbar_ext_button"))
+        rest->setAccessibleName("More items");
+}
+
 void LQtToolBar::AddItem(const LToolBarItem& item) {
     if (item.kind == LToolBarItemKind::Separator) {
         bar->addSeparator();

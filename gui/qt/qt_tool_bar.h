@@ -14,7 +14,7 @@ QToolBar* MakeToolBar(QWidget* parent);
 /// A tool bar's peer. The bar may go before it does.
 class LQtToolBar : public LToolBarPeer {
 public:
-    LQtToolBar(QToolBar& toolBar, LToolBarEvents& toolBarEvents) : bar(&toolBar), events(toolBarEvents) {}
+    LQtToolBar(QToolBar& toolBar, LToolBarEvents& toolBarEvents);
 
     void AddItem(const LToolBarItem& item) override;
     void Enable(int command, bool enabled) override;

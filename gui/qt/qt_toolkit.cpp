@@ -3,6 +3,7 @@
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
 #include "gui/qt/qt_main_window.h"
+#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_spoken_value.h"
 #include "gui/qt/qt_text.h"
 
@@ -46,6 +47,7 @@ void LQtToolkit::DisplayCheck::End() const {
 LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     displayCheck.End();
     BringPictures();
+    LQtSpokenText::Install();
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);

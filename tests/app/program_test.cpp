@@ -23,7 +23,8 @@ protected:
     }
     ~Program() override {
         EndDesktop();
-        unsetenv("QT_SCALE_FACTOR");
+        for (const char* variable : {"QT_SCALE_FACTOR", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON"})
+            unsetenv(variable);
     }
 
     /// Starts a server; answers the line in which it tells where it is.
@@ -98,15 +99,21 @@ protected:
         Key("Escape");
         ASSERT_TRUE(WaitFor([] { return !IsShown("Select Tone to Open") && IsShown("Sonvire"); }));
     }
-    /// Where the window's frame is.
+    /// Where the window's frame is; nowhere while it has none.
     static QRect Frame() {
-        const std::string told = RunProgram("xwininfo -frame -id $(xdotool search --onlyvisible --name ' - Sonvire$')").output;
-        const auto value = [&told](const std::string& name) {
-            const std::size_t at = told.find(name);
-            return at == std::string::npos ? -1 : std::atoi(told.c_str() + at + name.size());
+        const std::string told = RunProgram("id=$(xdotool search --onlyvisible --name ' - Sonvire$')\n"
+                                            "xwininfo -id $id; xprop -id $id _NET_FRAME_EXTENTS")
+                                     .output;
+        const auto numbers = [&told](const char* format, auto*... values) {
+            const std::size_t at =
+                told.find(std::string(format).substr(0, std::strchr(format, '%') - format));
+            return at != std::string::npos && std::sscanf(told.c_str() + at, format, values...) > 0;
         };
-        return {value("Absolute upper-left X:"), value("Absolute upper-left Y:"), value("Width:"),
-                value("Height:")};
+        int x = 0, y = 0, width = 0, height = 0, left = 0, right = 0, top = 0, bottom = 0;
+        const bool framed = numbers("upper-left X:  %d", &x) && numbers("upper-left Y:  %d", &y) &&
+                            numbers("Width: %d", &width) && numbers("Height: %d", &height) &&
+                            numbers("(CARDINAL) = %d, %d, %d, %d", &left, &right, &top, &bottom);
+        return framed ? QRect(x, y, width, height).adjusted(-left, -top, right, bottom) : QRect(-1, -1, 0, 0);
     }
     bool IsPlaying() { return !server.Control("list short sink-inputs").empty(); }
 
@@ -169,7 +176,7 @@ TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
     StartDesktop();
     StartManager();
     ASSERT_TRUE(StartProgram(WriteTone()));
-    Keys({"Tab", "Tab", "Tab"});
+    Keys({"Tab", "Tab", "Tab", "Tab"}); // over what the status bar has
     for (const bool plays : {true, false, true}) {
         Key("space");
         EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));
@@ -203,6 +210,42 @@ TEST_F(Program, TheWindowStandsWholeOnTheScreenAndStaysThere) {
             EXPECT_THAT(ReadBytes(settings), HasSubstr(each.kept));
         }
         EndDesktop();
+    }
+}
+
+TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
+    StartDesktop();
+    StartManager();
+    StartBus();
+    setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
+    ASSERT_TRUE(StartProgram(WriteTone()));
+    Key("Page_Up"); // whatever is shown follows
+    struct {
+        std::vector<std::string> keys;
+        std::string title;
+        std::vector<const char*> lines;
+    } const windows[] = {
+        {{},
+         "start.tdf* - Sonvire",
+         {"tree|Tone data|", "tool bar|Main tool bar|", "tool bar|Tone tool bar|", "check box|Sine|checked",
+          "label|440 Hz · A4", "label|Position|00:00.0", "combo box|Output device|[Default Sound Out]",
+          "slider|Volume", "push button|Play|"}},
+        {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "push button|OK|"}},
+        {{"alt+s", "p"},
+         "Play Settings",
+         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
+        {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "push button|Remove|"}},
+        {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|"}}};
+    for (const auto& [keys, title, lines] : windows) {
+        Keys(keys);
+        ASSERT_TRUE(keys.empty() || WaitFor([&] { return IsShown("^" + title); })) << title;
+        const ProgramResult told = RunProgram(SONVIRE_ACCESSIBLE_CONTROLS " '" + title + "'");
+        EXPECT_EQ(told.status, 0) << title << "\n" << told.output;
+        for (const std::string line : lines)
+            EXPECT_THAT("\n" + told.output, HasSubstr("\n" + line));
+        Key("Escape");
+        ASSERT_TRUE(WaitFor([&] { return keys.empty() || !IsShown("^" + title); }));
+        EXPECT_TRUE(IsShown("Sonvire"));
     }
 }
 

@@ -236,6 +236,9 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
                 auto* input = Control<QLineEdit>(102, &dialog);
                 EXPECT_EQ(input->selectedText(), "440.0 Hz");
                 EXPECT_TRUE(input->hasFocus());
+                Control<QAbstractButton>(LCommandCancel, &dialog)->setFocus();
+                QTest::keyClick(&dialog, Qt::Key_S, Qt::AltModifier); // of the text before it
+                EXPECT_TRUE(input->hasFocus());
                 const auto tint = [input] { return input->palette().color(QPalette::Base); };
                 const QColor plain = tint();
                 QTest::keyClicks(input, "44");
@@ -322,8 +325,17 @@ TEST_F(QtGui, ADialogStandsAsItsTableSaysGrowsAndIsUsed) {
             EXPECT_EQ(dialog.width() - 1 - place(LCommandHelp).right(), qRound(20 * unit)) << "mirrored";
             dialog.setLayoutDirection(Qt::LeftToRight);
 
-            QTest::mouseClick(Control<QAbstractButton>(104, &dialog), Qt::LeftButton, {}, QPoint(5, 10));
-            EXPECT_EQ(form.GetValue(104), 1);
+            const auto isChecked = [&](int id) {
+                return QTest::qWaitFor([&form, id] { return form.GetValue(id) == 1; });
+            };
+            QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+            EXPECT_TRUE(isChecked(102)) << "by the letter of \"Check\"";
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+            EXPECT_TRUE(Control<QWidget>(107, &dialog)->hasFocus()) << "the radio button that is checked";
+            form.SetText(104, "Special"); // whose first letter "Second" has
+            QTest::keyClick(&dialog, Qt::Key_P, Qt::AltModifier);
+            EXPECT_EQ(form.GetText(104), "Special");
+            EXPECT_TRUE(isChecked(104));
             EXPECT_EQ(form.GetValue(107), 0);
             auto* number = Control<QAbstractSpinBox>(108, &dialog);
             QTest::keyClick(number, Qt::Key_Up);

@@ -101,6 +101,7 @@ public:
     void Enable(int id, bool enabled) override { (*this)[id].enabled = enabled; }
     void SetToolTip(int id, const std::string& text) override { (*this)[id].toolTip = text; }
     void MarkWrong(int id, bool wrong) override { (*this)[id].wrong = wrong; }
+    void SetName(int id, const std::string& /*name*/) override { (*this)[id]; }
     void SetFocus(int id) override {
         (*this)[id];
         focus = id;

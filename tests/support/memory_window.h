@@ -98,6 +98,7 @@ public:
 
     MemoryControls controls;
     std::string caption;
+    LWindowDocument document;
 
     /// Presses a button, or uses any other control; as all that follows only where it is enabled.
     void Press(int id) {
@@ -124,6 +125,7 @@ public:
 
     LControlsPeer& Controls() override { return controls; }
     void SetCaption(const std::string& text) override { caption = text; }
+    void SetDocument(const LWindowDocument& shown) override { document = shown; }
 
 protected:
     LWindowEvents& events;
@@ -156,7 +158,6 @@ public:
     using MemoryWindow::MemoryWindow;
 
     LWindowGeometry geometry;
-    LWindowDocument document;
     std::string passing; ///< the last line that went by
     bool visible = false;
     int raised = 0;
@@ -172,7 +173,6 @@ public:
 
     void SetGeometry(const LWindowGeometry& wanted) override { geometry = wanted; }
     LWindowGeometry GetGeometry() const override { return geometry; }
-    void SetDocument(const LWindowDocument& shown) override { document = shown; }
     void ShowPassing(const std::string& text) override { passing = text; }
     void Show() override { visible = true; }
     void Raise() override { ++raised; }

@@ -257,6 +257,11 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         [&](MemoryMainWindow&) {
             EXPECT_EQ(Rows(), (Texts{"500ms silence.=", (folder / "gone.tdf") + "=" + why,
                                      "tone.tdf=", list + "=\"any.xyz\" is of an unknown type and left out"}));
+            EXPECT_EQ(List().rows[0][2] + List().rows[3][2], "41") << "the lowest plays first";
+            EXPECT_EQ(List().looks[1].mark, LRowMark::Problem);
+            EXPECT_EQ(List().looks[3].toolTip, folder / "any.xyz" + "\nPlays as number 1 of 4\nis of an "
+                                                                    "unknown type and left out")
+                << "the entry whose row it is";
             EXPECT_EQ(toolkit->boxes.at(0), "Error|File \"" + (folder / "gone.tdf") + "\" does not exist.");
             Send({CommandLoop, CommandLoop, CommandLoop});
             toolkit->DispatchPending();
