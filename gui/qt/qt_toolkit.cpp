@@ -51,8 +51,8 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
-    QApplication::setWindowIcon(
-        QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
+    // The desktop finds its theme's by the name; to look for it here as well takes a tenth of the start.
+    QApplication::setWindowIcon(QIcon(QString(":/program/%1.svg").arg(ProgramName)));
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
