@@ -3,6 +3,7 @@
 #include "gui/status_bar.h"
 
 #include <QWidget>
+#include <QWidgetItem>
 
 #include <vector>
 
