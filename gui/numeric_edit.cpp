@@ -43,7 +43,7 @@ void LNumericEdit::EnableControls() {
         return;
     const LEntryReading reading = rules.read(GetText(Input));
     SetText(Reading, reading.words);
-    MarkWrong(Input, !reading.isTaken);
+    MarkWrong(Input, !reading.isTaken && !GetText(Input).empty());
     EnableControl(LCommandOk, reading.isTaken);
 }
 
