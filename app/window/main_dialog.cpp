@@ -65,7 +65,6 @@ void MainDialog::InitDialog() {
     lists.RemoveUnused();
     rows.Begin();
     ShowSummary();
-    devices.Refresh();
     if (Setting::Autoplay.Get())
         playback.CmPlay();
 }
