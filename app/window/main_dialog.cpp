@@ -142,7 +142,7 @@ bool MainDialog::MayReplaceTone() {
 void MainDialog::Restart(bool changed) {
     if (!changed)
         return;
-    ShowSummary();
+    summary.Show(tone);
     playback.Restart();
 }
 

@@ -57,7 +57,12 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
+<<<<<<< HEAD
     Post(ShowProgramIcon);
+=======
+    // The desktop finds its theme's by the name; to look for it here as well takes a tenth of the start.
+    QApplication::setWindowIcon(QIcon(QString(":/program/%1.svg").arg(ProgramName)));
+>>>>>>> looks
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {
