@@ -63,6 +63,8 @@ bool LQtDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void LQtDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) // the key that has opened the dialog may still be held
+        return;
     if (event->key() == Qt::Key_F1 && controls.Find(LCommandHelp))
         events.ControlUsed(LCommandHelp);
     else

@@ -24,6 +24,12 @@ static void BringPictures() {
     Q_INIT_RESOURCE(program_icon);
 }
 
+/// Looking through the themes and drawing takes longer than the rest of this file: the window comes first.
+static void ShowProgramIcon() {
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
+}
+
 /// Qt would go on to abort.
 static void ExplainNoDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (type == QtFatalMsg) {
@@ -51,8 +57,7 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     LQtSpokenValue::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
-    QApplication::setWindowIcon(
-        QIcon::fromTheme(ProgramName, QIcon(QString(":/program/%1.svg").arg(ProgramName))));
+    Post(ShowProgramIcon);
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {

@@ -176,7 +176,7 @@ TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
     StartDesktop();
     StartManager();
     ASSERT_TRUE(StartProgram(WriteTone()));
-    Keys({"Tab", "Tab", "Tab", "Tab"}); // over what the status bar has
+    Keys({"Tab", "Tab", "Tab", "Tab"}); // over output, mute and volume
     for (const bool plays : {true, false, true}) {
         Key("space");
         EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));

@@ -119,6 +119,11 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_LT(list->columnViewportPosition(1), text("Sine 1 Frequency") + 50) << "next to the names";
         EXPECT_LT(list->columnViewportPosition(1) + list->columnWidth(1), room);
         EXPECT_NE(list->topLevelItem(0)->textAlignment(1) & Qt::AlignRight, 0);
+        const int wide = list->columnWidth(1);
+        window.list->SetText(0, 1, "1Hz");
+        window.list->SetText(1, 1, "1Hz");
+        QApplication::processEvents();
+        EXPECT_EQ(list->columnWidth(1), wide) << "no jumps while a value is stepped";
         show(filling, "a", "gone");
         EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
         EXPECT_GT(list->columnWidth(0), list->columnWidth(1));
@@ -252,6 +257,9 @@ TEST_F(QtGui, TheEntryBoxSelectsItsTextAndTakesReturnAndEscape) {
                                   Qt::NoScrollPhase, false);
                 QApplication::sendEvent(input, &wheel);
                 EXPECT_EQ(Control<QLabel>(103, &dialog)->text(), "441") << "read as it changes";
+                QKeyEvent held(QEvent::KeyPress, pressed, {}, "", true);
+                QApplication::sendEvent(input, &held);
+                EXPECT_TRUE(dialog.isVisible()) << "as the key that has opened it may be";
                 QTest::keyClick(input, pressed);
             });
             EXPECT_EQ(box.RunModal(window), ok);
@@ -523,6 +531,7 @@ TEST_F(QtGui, EveryPictureIsDrawnInTheThemesColour) {
     EXPECT_EQ(lamp.pixmap({22, 22}, QIcon::Disabled, QIcon::On).toImage().pixelColor(11, 11),
               QColor(0x1f, 0x88, 0x3d));
     EXPECT_TRUE(MakeIcon("no such picture").isNull());
+    toolkit.DispatchPending();
     EXPECT_FALSE(QApplication::windowIcon().pixmap(16, 16).isNull());
 }
 
