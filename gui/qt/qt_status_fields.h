@@ -2,6 +2,7 @@
 
 #include "gui/status_bar.h"
 
+#include <QLayoutItem>
 #include <QWidget>
 
 #include <vector>
