@@ -5,7 +5,7 @@ namespace {
 enum : int { Prompt = 101, Input = 102, Reading = 103, Range = 104, Place = 105, Rest = 106 };
 
 constexpr LControlLayout Controls[] = {
-    {Prompt, LControlKind::Text, "", {20, 14, 290, 20}},
+    {Prompt, LControlKind::Text, "", {20, 14, 380, 20}},
     {Input, LControlKind::Edit, "", {20, 42, 380, 24}},
     {Place, LControlKind::Text, "", {310, 14, 90, 20}},
     {Reading, LControlKind::Text, "", {20, 72, 380, 20}},
@@ -43,7 +43,7 @@ void LNumericEdit::EnableControls() {
         return;
     const LEntryReading reading = rules.read(GetText(Input));
     SetText(Reading, reading.words);
-    MarkWrong(Input, !reading.isTaken);
+    MarkWrong(Input, !reading.isTaken && !GetText(Input).empty());
     EnableControl(LCommandOk, reading.isTaken);
 }
 

@@ -1,14 +1,13 @@
 #include "play/cubeb_output.h"
 
 #include "play/channel_feed.h"
+#include "play/cubeb_library.h"
 #include "play/jack_guard.h"
 #include "play/output_names.h"
 #include "play/pulse_pin.h"
 #include "play/room_for_output.h"
 #include "play/server_turn.h"
 #include "sys/background.h"
-
-#include <cubeb/cubeb.h>
 
 #include <algorithm>
 #include <chrono>
@@ -39,7 +38,7 @@ class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (!HasRoomForOutput() || Open("pulse"))
+        if (!Cubeb().isThere || !HasRoomForOutput() || Open("pulse"))
             return;
         isJack = IsJackRunning() && Open("jack");
         isAlsa = !isJack && Open("alsa");
@@ -57,16 +56,16 @@ public:
 private:
     /// cubeb takes another backend where this one is not there; such a one is not kept.
     bool Open(const char* backend) {
-        if (cubeb_init(&context, ProgramName, backend) != CUBEB_OK)
+        if (Cubeb().init(&context, ProgramName, backend) != CUBEB_OK)
             context = nullptr;
         if (context &&
-            !std::string_view(cubeb_get_backend_id(context)).starts_with(backend)) // or "pulse-rust"
+            !std::string_view(Cubeb().get_backend_id(context)).starts_with(backend)) // or "pulse-rust"
             Close();
         return context != nullptr;
     }
     void Close() {
         if (context)
-            cubeb_destroy(context);
+            Cubeb().destroy(context);
         context = nullptr;
     }
 
@@ -79,11 +78,11 @@ class Outputs {
 public:
     explicit Outputs(const Context& from) : context(from) {
         if (context.Get())
-            valid = cubeb_enumerate_devices(context.Get(), CUBEB_DEVICE_TYPE_OUTPUT, &found) == CUBEB_OK;
+            valid = Cubeb().enumerate_devices(context.Get(), CUBEB_DEVICE_TYPE_OUTPUT, &found) == CUBEB_OK;
     }
     ~Outputs() {
         if (valid)
-            cubeb_device_collection_destroy(context.Get(), &found);
+            Cubeb().device_collection_destroy(context.Get(), &found);
     }
     Outputs(const Outputs&) = delete;
     Outputs& operator=(const Outputs&) = delete;
@@ -156,7 +155,7 @@ struct Shared {
 long FillOutput(cubeb_stream* stream, void* user, const void* /*input*/, void* output, long frames) {
     LChannelFeed& feed = static_cast<Shared*>(user)->feed;
     std::uint64_t position = 0;
-    const bool known = stream && cubeb_stream_get_position(stream, &position) == CUBEB_OK;
+    const bool known = stream && Cubeb().stream_get_position(stream, &position) == CUBEB_OK;
     feed.Fill(static_cast<std::int16_t*>(output), static_cast<int>(frames));
     if (known)
         feed.SetPosition(position);
@@ -179,21 +178,21 @@ public:
                                    .channels = request.channels,
                                    .layout = CUBEB_LAYOUT_UNDEFINED,
                                    .prefs = CUBEB_STREAM_PREF_DISABLE_DEVICE_SWITCHING};
-        if (cubeb_stream_init(context.Get(), &stream, request.title.c_str(), nullptr, nullptr, device,
-                              &format, static_cast<std::uint32_t>(GetLatencyFrames(request)), FillOutput,
-                              NoteState, &shared) != CUBEB_OK)
+        if (Cubeb().stream_init(context.Get(), &stream, request.title.c_str(), nullptr, nullptr, device,
+                                &format, static_cast<std::uint32_t>(GetLatencyFrames(request)), FillOutput,
+                                NoteState, &shared) != CUBEB_OK)
             stream = nullptr;
     }
     ~Stream() {
         if (!stream)
             return;
-        cubeb_stream_stop(stream);
-        cubeb_stream_destroy(stream);
+        Cubeb().stream_stop(stream);
+        Cubeb().stream_destroy(stream);
     }
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
 
-    bool Play() { return stream && cubeb_stream_start(stream) == CUBEB_OK; }
+    bool Play() { return stream && Cubeb().stream_start(stream) == CUBEB_OK; }
 
 private:
     cubeb_stream* stream = nullptr;

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 int GetVolumeLevel(LDB volume) {
-    const int decibels = volume.GetDecibels();
+    const std::int8_t decibels = volume.GetDecibels();
     const int level = 5 * decibels + 180; // Kept quirk: from 12 to 13 dB it jumps from 240 to 256
     return decibels < -36 ? 0 : decibels > 12 ? 256 : level;
 }

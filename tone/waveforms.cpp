@@ -5,8 +5,6 @@
 #include "tone/tone_oscillator.h"
 #include "tone/white_noise.h"
 
-#include <algorithm>
-
 namespace {
 
 std::uint32_t GetDurationMs(const SonvireData& tone) {
@@ -26,14 +24,14 @@ LSoundSource OpenList(const SonvireData& tone, ToneListReport* report) {
 }
 
 constexpr ToneWaveformRow Waveforms[] = {
-    {"Sine", {"sine"}, true, GetSineTable, nullptr},
-    {"Square", {"square"}, true, GetSquareTable, nullptr},
-    {"Triangular", {"triangular", "triangle", "tri"}, true, GetTriangularTable, nullptr},
-    {"Saw Tooth", {"saw", "sawtooth"}, true, GetSawToothTable, nullptr},
-    {"Impulse", {"impulse"}, true, nullptr, nullptr},
-    {"White Noise", {"white", "whitenoise"}, false, nullptr, OpenWhiteNoise},
-    {"Pink Noise", {"pink", "pinknoise"}, false, nullptr, OpenPinkNoise},
-    {"From List", {}, false, nullptr, OpenList},
+    {"Sine", {"sine"}, true, 131070, GetSineTable, nullptr},
+    {"Square", {"square"}, true, 92682, GetSquareTable, nullptr},
+    {"Triangular", {"triangular", "triangle", "tri"}, true, 165794, GetTriangularTable, nullptr},
+    {"Saw Tooth", {"saw", "sawtooth"}, true, 165794, GetSawToothTable, nullptr},
+    {"Impulse", {"impulse"}, true, SSTonePole::ImpulseLevel, nullptr, nullptr},
+    {"White Noise", {"white", "whitenoise"}, false, 0, nullptr, OpenWhiteNoise},
+    {"Pink Noise", {"pink", "pinknoise"}, false, 0, nullptr, OpenPinkNoise},
+    {"From List", {}, false, 0, nullptr, OpenList},
 };
 
 } // namespace
@@ -44,10 +42,7 @@ std::span<const ToneWaveformRow> GetWaveforms() {
 
 double GetWaveformPeak(unsigned int code) {
     const ToneWaveformRow* waveform = FindWaveform(code);
-    int peak = code == ToneImpulse ? SSTonePole::ImpulseLevel : 0;
-    if (waveform && waveform->getTable)
-        peak = *std::max_element(waveform->getTable().begin(), waveform->getTable().end());
-    return static_cast<double>(peak) / (16 * 32768);
+    return waveform ? static_cast<double>(waveform->peak) / (16 * 32768) : 0;
 }
 
 const ToneWaveformRow* FindWaveform(unsigned int code) {

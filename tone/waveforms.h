@@ -15,6 +15,7 @@ struct ToneWaveformRow {
     std::array<const char*, 3>
         typedNames;     ///< in small letters without blanks, the usual one first; null ends them
     bool hasComponents; ///< frequencies, levels, sweeps and channels apply to it
+    int peak;           ///< of a component at 0 dB, in internal samples; 0 for noise and lists
     const ToneWaveTable& (*getTable)(); ///< one cycle of it; null where it is no table
     /// Opens its sound, played once; null where `SSTone` plays it. The report is a list's, and may be null.
     LSoundSource (*open)(const SonvireData& tone, ToneListReport* report);

@@ -15,7 +15,7 @@
 #include "tone/tone_data.h"
 #include "tone/tone_list_file.h"
 
-#include <ranges>
+#include <iterator>
 
 namespace {
 
@@ -226,8 +226,8 @@ void ListDlg::CmRowsMenu() {
         menu.Enable(command, any);
     menu.Enable(ListUndo, rows->CanUndo());
     menu.Enable(ListRedo, rows->CanRedo());
-    for (const LKeyMapEntry& key : std::views::reverse(ListDlgKeys))
-        menu.SetKeyText(key.command, DescribeKey(key));
+    for (auto key = std::rbegin(ListDlgKeys); key != std::rend(ListDlgKeys); ++key) // the first one stays
+        menu.SetKeyText(key->command, DescribeKey(*key));
     if (const int chosen = menu.Choose(); chosen != 0)
         Command(chosen);
 }

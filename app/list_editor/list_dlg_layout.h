@@ -45,9 +45,13 @@ inline constexpr LControlLayout ListDlgControls[] = {
 };
 
 inline constexpr LKeyMapEntry ListDlgKeys[] = {
-    {LKeyReturn, 0, ListEditSilence},      {LKeyAlt | LKeyUp, 0, ListMoveUp},
-    {LKeyAlt | LKeyDown, 0, ListMoveDown}, {LKeyDelete, 0, ListRemove},
-    {LKeyControl, 'z', ListUndo},          {LKeyControl | LKeyShift, 'z', ListRedo},
+    {LKeyReturn, 0, ListEditSilence},
+    {LKeyAlt | LKeyUp, 0, ListMoveUp},
+    {LKeyAlt | LKeyDown, 0, ListMoveDown},
+    {LKeyDelete, 0, ListRemove},
+    {LKeyControl, 's', ListSave},
+    {LKeyControl, 'z', ListUndo},
+    {LKeyControl | LKeyShift, 'z', ListRedo},
     {LKeyControl, 'y', ListRedo},
 };
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -25,15 +26,21 @@ std::string ReadLength(const std::string& text) {
     return IsPlainNumber(text) ? text : std::to_string(std::llround(*ms));
 }
 
+long long ToMs(const std::string& length) {
+    return std::atoll(length.c_str());
+}
+
 LEntryReading Read(const std::string& text) {
     const std::string length = ReadLength(text);
+    if (text.empty())
+        return {.isTaken = false, .words = ""};
     if (length.empty())
         return {.isTaken = false, .words = "Duration should be specified as a numeric value."};
-    return {.words = "= " + length.substr(0, length.find('.')) + "ms"};
+    return {.words = "= " + std::to_string(ToMs(length)) + "ms"};
 }
 
 std::string Step(const std::string& text, int steps) {
-    return std::to_string(std::max(0LL, std::atoll(ReadLength(text).c_str()) + steps * StepMs));
+    return std::to_string(std::max(0LL, ToMs(ReadLength(text)) + steps * StepMs));
 }
 
 } // namespace

@@ -65,7 +65,6 @@ void MainDialog::InitDialog() {
     lists.RemoveUnused();
     rows.Begin();
     ShowSummary();
-    devices.Refresh();
     if (Setting::Autoplay.Get())
         playback.CmPlay();
 }
@@ -143,7 +142,7 @@ bool MainDialog::MayReplaceTone() {
 void MainDialog::Restart(bool changed) {
     if (!changed)
         return;
-    ShowSummary();
+    summary.Show(tone);
     playback.Restart();
 }
 

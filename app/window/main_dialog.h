@@ -38,7 +38,7 @@ private:
     LWindowGeometry ReadGeometry() override;
     void WriteGeometry(const LWindowGeometry& geometry) override;
     MainState GetState() const;
-    /// After every change of the tone.
+    /// The words under the rows, and the room that these leave.
     void ShowSummary();
     /// After every change of what rows the tone has.
     void RelistandStart();

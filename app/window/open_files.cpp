@@ -41,6 +41,7 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     if (count > 1)
         Record([this, path = arguments[1]] { OpenFromUser(path); });
     GetToolkit().Post([this] {
+        devices.Refresh();
         OfferCrashReport(*this);
         Record([this] { Relist(lists.OfferLostList()); });
     });

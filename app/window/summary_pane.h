@@ -2,8 +2,6 @@
 
 #include "tone/tone_data.h"
 
-#include <string>
-
 struct LRect;
 class LWindow;
 
@@ -15,7 +13,7 @@ public:
 
     /// Puts its texts into the window.
     void Create();
-    /// After every change of the tone; the texts are then to be placed anew.
+    /// After every change of the tone; after one of its rows the texts are to be placed anew.
     void Show(const SonvireData& tone);
     /// One below the other; those that have no room stand beyond its lower edge, out of sight.
     void Place(const LRect& room);

@@ -40,7 +40,9 @@ struct Colours {
 
 } // namespace
 
-LQtLevelMeter::LQtLevelMeter(QWidget* parent) : QWidget(parent) {}
+LQtLevelMeter::LQtLevelMeter(QWidget* parent) : QWidget(parent) {
+    Measure();
+}
 
 void LQtLevelMeter::SetLevels(const LMeterLevels& levels) {
     meter.Take(levels);
@@ -56,7 +58,24 @@ void LQtLevelMeter::timerEvent(QTimerEvent* event) {
     meter.Advance(FrameMs);
     if (!meter.IsMoving())
         frames.stop();
-    update();
+    const std::vector<int> picture = GetPicture();
+    if (picture == drawn)
+        return;
+    const bool lampChanges = drawn.empty() || drawn.back() != picture.back();
+    drawn = picture;
+    const QRectF bars = Place(0, 0, lampChanges ? width() : GetScaleWidth(), GetBarsHeight());
+    update(bars.toAlignedRect()); // without the numbers, which take longer than all the rest
+}
+
+std::vector<int> LQtLevelMeter::GetPicture() const {
+    std::vector<int> picture;
+    for (const LLevelMeter::Channel& channel : meter.GetChannels())
+        for (const double level : {channel.bar.Get(), channel.peak.Get()}) {
+            picture.push_back(qRound(GetScaleWidth() * LLevelMeter::GetPlace(level)));
+            picture.push_back(LLevelMeter::IsFull(level) ? 1 : 0);
+        }
+    picture.push_back(meter.IsLimiting() ? 1 : 0);
+    return picture;
 }
 
 void LQtLevelMeter::Tell() {
@@ -80,18 +99,18 @@ bool LQtLevelMeter::event(QEvent* event) {
     return true;
 }
 
-QFont LQtLevelMeter::GetMarkFont() const {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * MarkTextSize);
-    return small;
+void LQtLevelMeter::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange)
+        Measure();
+    QWidget::changeEvent(event);
 }
 
-double LQtLevelMeter::GetScaleWidth() const {
-    return width() - QFontMetricsF(GetMarkFont()).horizontalAdvance(LampText) - 14;
-}
-
-double LQtLevelMeter::GetBarsHeight() const {
-    return height() - QFontMetricsF(GetMarkFont()).ascent() - 1;
+void LQtLevelMeter::Measure() {
+    markFont = font();
+    markFont.setPointSizeF(markFont.pointSizeF() * MarkTextSize);
+    const QFontMetricsF metrics(markFont);
+    lampWidth = metrics.horizontalAdvance(LampText) + 8;
+    numbersHeight = metrics.ascent() + 1;
 }
 
 QRectF LQtLevelMeter::Place(double left, double top, double right, double bottom) const {
@@ -99,7 +118,11 @@ QRectF LQtLevelMeter::Place(double left, double top, double right, double bottom
     return {x, top, right - left, bottom - top};
 }
 
-void LQtLevelMeter::paintEvent(QPaintEvent* /*event*/) {
+QRectF LQtLevelMeter::PlaceLamp() const {
+    return Place(GetScaleWidth() + 6, 0, width(), GetBarsHeight() - 1);
+}
+
+void LQtLevelMeter::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setLayoutDirection(Qt::LeftToRight); // of numbers
     const auto& channels = meter.GetChannels();
@@ -109,9 +132,13 @@ void LQtLevelMeter::paintEvent(QPaintEvent* /*event*/) {
         PaintBar(painter, channel, top, top + pitch - 1);
         top += pitch;
     }
-    painter.setFont(GetMarkFont());
     PaintMarks(painter);
-    PaintLamp(painter);
+    painter.setFont(markFont);
+    const QRectF part = event->rect();
+    if (part.bottom() > GetBarsHeight() + 1)
+        PaintNumbers(painter);
+    if (part.intersects(PlaceLamp()))
+        PaintLamp(painter);
 }
 
 void LQtLevelMeter::PaintBar(QPainter& painter, const LLevelMeter::Channel& channel, double top,
@@ -135,8 +162,15 @@ void LQtLevelMeter::PaintBar(QPainter& painter, const LLevelMeter::Channel& chan
         fill(std::max(0.0, mark - PeakWidth), mark, colours.Of(peak));
 }
 
-/// From full scale down, and no number into another: where there is little room the upper ones matter.
 void LQtLevelMeter::PaintMarks(QPainter& painter) const {
+    for (const double mark : LLevelMeter::GetMarks()) {
+        const double left = (GetScaleWidth() - 1) * LLevelMeter::GetPlace(mark);
+        painter.fillRect(Place(left, 0, left + 1, GetBarsHeight()), Faint(palette(), 0.45F));
+    }
+}
+
+/// From full scale down, and no number into another: where there is little room the upper ones matter.
+void LQtLevelMeter::PaintNumbers(QPainter& painter) const {
     const double end = GetScaleWidth(), bars = GetBarsHeight();
     const auto marks = LLevelMeter::GetMarks();
     double free = width();
@@ -145,8 +179,6 @@ void LQtLevelMeter::PaintMarks(QPainter& painter) const {
         const QString text = ToQt(FormatDecibels(*mark, 0));
         const double wide = painter.fontMetrics().horizontalAdvance(text);
         const double left = std::max(0.0, at - wide / 2);
-        painter.fillRect(Place(at - (at > 0 ? 1 : 0), 0, at + (at > 0 ? 0 : 1), bars),
-                         Faint(palette(), 0.45F));
         if (left + wide + 3 > free)
             continue;
         free = left;
@@ -156,7 +188,7 @@ void LQtLevelMeter::PaintMarks(QPainter& painter) const {
 }
 
 void LQtLevelMeter::PaintLamp(QPainter& painter) const {
-    const QRectF lamp = Place(GetScaleWidth() + 6, 0, width(), GetBarsHeight() - 1);
+    const QRectF lamp = PlaceLamp();
     const bool lit = meter.IsLimiting();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -21,21 +21,29 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
     /// Of what is drawn, from left to right; mirrored where the desktop is.
     QRectF Place(double left, double top, double right, double bottom) const;
-    double GetScaleWidth() const;
-    double GetBarsHeight() const;
-    QFont GetMarkFont() const;
+    QRectF PlaceLamp() const;
+    double GetScaleWidth() const { return width() - lampWidth - 6; }
+    double GetBarsHeight() const { return height() - numbersHeight; }
+    void Measure();
     void PaintBar(QPainter& painter, const LLevelMeter::Channel& channel, double top, double bottom) const;
     void PaintMarks(QPainter& painter) const;
+    void PaintNumbers(QPainter& painter) const;
     void PaintLamp(QPainter& painter) const;
+    /// What of the bars can be told apart on the screen.
+    std::vector<int> GetPicture() const;
     void Tell();
 
+    QFont markFont;
+    double lampWidth = 0, numbersHeight = 0; ///< in that font
     LLevelMeter meter;
-    QBasicTimer frames; ///< runs only while something moves
-    QBasicTimer calm;   ///< since the meter was told
+    std::vector<int> drawn; ///< the last picture
+    QBasicTimer frames;     ///< runs only while something moves
+    QBasicTimer calm;       ///< since the meter was told
 };

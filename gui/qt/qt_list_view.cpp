@@ -5,6 +5,7 @@
 #include "gui/qt/qt_text.h"
 
 #include <QSignalBlocker>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <cmath>

@@ -74,21 +74,20 @@ LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionResizeMode(QHeaderView::Fixed);
     header()->setStretchLastSection(false);
     for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(model(), change, this, &LQtListWidget::MeasureLater);
+        connect(model(), change, this, &LQtListWidget::MeasureAnew);
     connect(model(), &QAbstractItemModel::dataChanged, this, &LQtListWidget::MeasureLater);
 }
 
 void LQtListWidget::SetColumns(const std::vector<LListColumn>& shown) {
     columns = shown;
+    MeasureAnew();
     if (std::none_of(columns.begin(), columns.end(), [](const LListColumn& column) { return column.fills; }))
         columns.push_back(Rest);
-    asked.clear();
     QStringList titles;
     for (const LListColumn& column : columns)
         titles.append(QString::fromUtf8(column.title));
     setHeaderItem(std::make_unique<QTreeWidgetItem>(titles).release()); // which the list owns
     AlignValues(*headerItem());
-    MeasureLater();
 }
 
 void LQtListWidget::AlignValues(QTreeWidgetItem& item) const {
@@ -116,17 +115,23 @@ void LQtListWidget::resizeEvent(QResizeEvent* event) {
     FitColumns();
 }
 
-/// Once for all the changes that are made together.
+void LQtListWidget::MeasureAnew() {
+    asked.clear();
+    MeasureLater();
+}
+
+/// Once for all the changes that are made together. As long as the rows stay, no column gets narrower: it
+/// would jump under a value that is stepped.
 void LQtListWidget::MeasureLater() {
     if (!std::exchange(measured, false))
         return;
     const auto measure = [this] {
         measured = true;
-        asked.clear();
-        for (int i = 0; i < columnCount(); ++i) {
-            const bool isRest = columns[static_cast<std::size_t>(i)].title == Rest.title;
-            const int width = std::max(sizeHintForColumn(i), header()->sectionSizeHint(i)) + ColumnSpace;
-            asked.push_back(isRest ? 0 : width);
+        asked.resize(columns.size());
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const int column = static_cast<int>(i);
+            const int text = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
+            asked[i] = columns[i].title == Rest.title ? 0 : std::max(asked[i], text + ColumnSpace);
         }
         FitColumns();
     };

@@ -41,6 +41,7 @@ private:
     bool Accepts(const QDropEvent& event) const;
     void ShowDropLine(std::optional<int> before);
 
+    void MeasureAnew();
     void MeasureLater();
     void FitColumns();
 
@@ -48,6 +49,6 @@ private:
     QPoint menuPlace;
     std::optional<int> dropBefore; ///< the row before which what is dragged would be dropped
     std::vector<LListColumn> columns;
-    std::vector<int> asked; ///< how wide each column would be
+    std::vector<int> asked; ///< how wide each column would be; empty until the rows have been measured
     bool measured = true;   ///< `asked` follows from the texts as they are
 };

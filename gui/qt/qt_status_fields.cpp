@@ -1,7 +1,6 @@
 #include "gui/qt/qt_status_fields.h"
 
 #include <QEvent>
-#include <QLayoutItem>
 #include <QStyle>
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 
 #include <QLayoutItem>
 #include <QWidget>
+#include <QWidgetItem>
 
 #include <vector>
 

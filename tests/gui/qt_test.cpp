@@ -119,6 +119,11 @@ TEST_F(QtGui, TheListLooksAsItsColumnsAndRowsSay) {
         EXPECT_LT(list->columnViewportPosition(1), text("Sine 1 Frequency") + 50) << "next to the names";
         EXPECT_LT(list->columnViewportPosition(1) + list->columnWidth(1), room);
         EXPECT_NE(list->topLevelItem(0)->textAlignment(1) & Qt::AlignRight, 0);
+        const int wide = list->columnWidth(1);
+        window.list->SetText(0, 1, "1Hz");
+        window.list->SetText(1, 1, "1Hz");
+        QApplication::processEvents();
+        EXPECT_EQ(list->columnWidth(1), wide) << "no jumps while a value is stepped";
         show(filling, "a", "gone");
         EXPECT_EQ(list->columnWidth(0) + list->columnWidth(1), room);
         EXPECT_GT(list->columnWidth(0), list->columnWidth(1));

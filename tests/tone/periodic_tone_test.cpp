@@ -1,12 +1,14 @@
 #include "support/array_source.h"
 #include "support/reference.h"
 #include "tone/tone_engine.h"
+#include "tone/waveforms.h"
 
 #include "sound/stages/convert_rate.h"
 #include "sound/stages/peak_limit.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -166,6 +168,11 @@ TEST(PeriodicTone, AnyRecordIsSafe) {
     }
     tone.startLeftHz[0] = 44100.0 * 3 + 11025; // modulo the sampling rate
     EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 1), std::vector<int>{131070});
+}
+
+TEST(PeriodicTone, ReachesThePeakThatItsWaveformStates) {
+    for (const ToneWaveformRow& row : GetWaveforms().first(ToneImpulse))
+        EXPECT_EQ(std::ranges::max(row.getTable()), row.peak) << row.szToneName;
 }
 
 } // namespace

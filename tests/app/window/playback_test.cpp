@@ -1,4 +1,5 @@
 #include "app/window/playback.h"
+#include "app/window/time_text.h"
 #include "sound/files/wave_file.h"
 #include "support/app_window.h"
 
@@ -78,6 +79,33 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     }
     playback.End();
     EXPECT_EQ(changes, 10);
+}
+
+TEST_F(App, OutputAndVolumeAreShownAsTheyAre) {
+    Setting::OutDevice.Set("Gone");
+    Run([&](MemoryMainWindow& window) {
+        EXPECT_TRUE(Wait([&] {
+            return Control(ControlDevice).choices == Texts{"[Default Sound Out]", "Gone (not there)"};
+        }));
+        window.Set(ControlDevice, 1);
+        EXPECT_EQ(Setting::OutDevice.Get(), "Gone");
+        // 20 log of 5, 180, 240 and 256 of 256
+        for (const auto& [volume, shown] : {std::pair{-35, "-34.2 dB"},
+                                            {0, "-3.1 dB"},
+                                            {12, "-0.6 dB"},
+                                            {13, "0.0 dB"},
+                                            {-20, "-10.1 dB"}}) {
+            window.Set(ControlVolume, volume);
+            EXPECT_EQ(Control(ControlVolumeText).text, shown);
+        }
+        window.Press(ControlMute);
+    });
+    Run([&](MemoryMainWindow& window) {
+        EXPECT_EQ(Control(ControlVolume).text + std::to_string(Setting::PlayVolume.Get()), "muted-36");
+        window.Press(ControlMute);
+        EXPECT_EQ(Setting::PlayVolume.Get(), -20) << "as before it was muted, in the run before";
+    });
+    EXPECT_EQ(FormatTime(LSoundTime(3723499)), "1:02:03.4");
 }
 
 TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
