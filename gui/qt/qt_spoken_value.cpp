@@ -10,8 +10,8 @@ namespace {
 class SpokenValueAccess : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     SpokenValueAccess(QWidget* widget, LQtSpokenValue& valueOf)
-        : QAccessibleWidget(widget, qobject_cast<QAbstractSlider*>(widget) ? QAccessible::Slider
-                                                                           : QAccessible::Indicator),
+        : QAccessibleWidget(widget,
+                            qobject_cast<QAbstractSlider*>(widget) ? QAccessible::Slider : QAccessible::Dial),
           value(valueOf) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
