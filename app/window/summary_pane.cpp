@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int Inset = 12;
+constexpr int LeastBelow = 6; ///< a text on the edge would look cut off
 
 struct Line {
     int control;
@@ -45,7 +46,7 @@ void SummaryPane::Place(const LRect& room) {
         LRect place{room.x + Inset, y + line.above, room.width - 2 * Inset, 0};
         controls.Place(line.control, place);
         y = place.y + controls.GetPlace(line.control).height;
-        if (y <= end)
+        if (y + LeastBelow <= end)
             continue;
         place.y = y = end;
         controls.Place(line.control, place);

@@ -11,9 +11,9 @@ public:
     /// Of a tone that no file has been made of yet; it starts as the default tone.
     ToneDocument() = default;
     /// The content is nothing where the file can't be read.
-    ToneDocument(std::string file, std::optional<SonvireData> fileContent)
+    ToneDocument(std::string file, const std::optional<SonvireData>& fileContent)
         : path(std::move(file)),
-          content(std::move(fileContent)) {}
+          content(fileContent) {}
 
     const std::string& GetPath() const { return path; }
     /// The tone has been written to this file, which is what it is of from here on.

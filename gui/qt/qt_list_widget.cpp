@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QToolTip>
@@ -21,7 +22,8 @@
 namespace {
 
 constexpr int RowPadding = 8; // above and below a row's text
-constexpr int ColumnSpace = 16;
+constexpr int SidePadding = 7, HeaderPadding = 6;
+constexpr int ColumnSpace = 8;
 constexpr int FirstPart = 2; // of the room, which the first column keeps
 constexpr int LineWidth = 3; // of the line where a drop would go
 constexpr int LabelWidth = 240;
@@ -38,6 +40,16 @@ bool IsShaded(const QModelIndex& index) {
         static_cast<LRowShade>(index.siblingAtColumn(0).data(LQtListWidget::ShadeRole).toInt());
     return shade == LRowShade::Alternate ? index.row() % 2 == 1 : shade == LRowShade::Shaded;
 }
+
+/// Texts stand away from the edges, as they do elsewhere in the window.
+class RoomyStyle : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        if (metric == PM_FocusFrameHMargin)
+            return SidePadding;
+        return metric == PM_HeaderMargin ? HeaderPadding : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
 
 class RowDelegate : public QStyledItemDelegate {
 public:
@@ -61,6 +73,10 @@ protected:
 } // namespace
 
 LQtListWidget::LQtListWidget(QWidget* parent) : QTreeWidget(parent) {
+    auto* roomy = new RoomyStyle;
+    roomy->setParent(this);
+    setStyle(roomy);
+    header()->setStyle(roomy);
     SetColumns({});
     setRootIsDecorated(false);
     setItemDelegate(MakeChild<RowDelegate>(static_cast<QObject*>(this)));

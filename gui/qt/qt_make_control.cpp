@@ -50,9 +50,9 @@ QLabel* MakeHint(QWidget* parent, const QString& text) {
 }
 
 /// Drawn by each screen's own pixels.
-class LQtPicture : public QWidget {
+class LQtPicture : public QLabel {
 public:
-    LQtPicture(const QString& name, QWidget* parent) : QWidget(parent) { setAccessibleName(name); }
+    LQtPicture(const QString& name, QWidget* parent) : QLabel(parent) { setAccessibleName(name); }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {

@@ -22,7 +22,8 @@ namespace {
 constexpr int SliderWidth = 100, LeastSliderWidth = 50, LeastChooserWidth = 76;
 constexpr int TextMargins = 4;
 
-/// Keeps room for the widest text; a text that has less room than it needs ends in dots.
+/// Keeps room for the widest text; a text that has less room than it needs ends in dots, but for one that
+/// takes what the others leave: that one stands there whole or not at all.
 class StatusLabel : public QLabel, public LQtSpokenText {
 public:
     StatusLabel(const char* widestText, QWidget* parent) : QLabel(parent) {
@@ -35,6 +36,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
+        const bool isWhole = fontMetrics().horizontalAdvance(text()) <= width();
+        if (!isWhole && sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
+            return;
         QPainter painter(this);
         painter.setLayoutDirection(layoutDirection());
         style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),

@@ -229,22 +229,24 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
          "start.tdf* - Sonvire",
          {"tree|Tone data|", "tool bar|Main tool bar|", "tool bar|Tone tool bar|", "check box|Sine|checked",
           "label|440 Hz · A4", "label|Position|00:00.0", "combo box|Output device|[Default Sound Out]",
-          "label|Level|left -inf dBFS, right -inf dBFS", "slider|Volume|0", "push button|Play|"}},
-        {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "push button|OK|"}},
+          "label|Level|left -inf dBFS, right -inf dBFS", "slider|Volume|0", "button|Play|"}},
+        {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "button|OK|"}},
         {{"alt+s", "p"},
          "Play Settings",
          {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
-        {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "push button|Remove|"}},
-        {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|"}}};
-    for (const auto& [keys, title, lines] : windows) {
-        Keys(keys);
-        ASSERT_TRUE(keys.empty() || WaitFor([&] { return IsShown("^" + title); })) << title;
-        const ProgramResult told = RunProgram(SONVIRE_ACCESSIBLE_CONTROLS " '" + title + "'");
-        EXPECT_EQ(told.status, 0) << title << "\n" << told.output;
-        for (const std::string line : lines)
+        {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "button|Remove|"}},
+        {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|", "label|Sonvire's icon|"}}};
+    for (const auto& each : windows) {
+        SCOPED_TRACE(each.title);
+        const auto isOpen = [&] { return each.keys.empty() || IsShown("^" + each.title); };
+        Keys(each.keys);
+        ASSERT_TRUE(WaitFor(isOpen));
+        const ProgramResult told = RunProgram(SONVIRE_ACCESSIBLE_CONTROLS " '" + each.title + "'");
+        EXPECT_EQ(told.status, 0) << told.output;
+        for (const std::string line : each.lines)
             EXPECT_THAT("\n" + told.output, HasSubstr("\n" + line));
         Key("Escape");
-        ASSERT_TRUE(WaitFor([&] { return keys.empty() || !IsShown("^" + title); }));
+        ASSERT_TRUE(WaitFor([&] { return each.keys.empty() || !isOpen(); }));
         EXPECT_TRUE(IsShown("Sonvire"));
     }
 }
