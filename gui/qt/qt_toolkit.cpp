@@ -57,7 +57,7 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     LQtSpokenSlider::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
-    Post(ShowProgramIcon);
+    LQtToolkit::Post(ShowProgramIcon);
 }
 
 std::unique_ptr<LMainWindowPeer> LQtToolkit::CreateMainWindow(LWindowEvents& events) {

@@ -10,7 +10,6 @@
 namespace {
 
 using ::testing::Each;
-using ::testing::Ge;
 using Texts = std::vector<std::string>;
 
 LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {

@@ -11,9 +11,12 @@
 
 bool WaitFor(const std::function<bool()>& holds) {
     const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!holds() && std::chrono::steady_clock::now() < latest)
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() >= latest)
+            return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    return holds();
+    }
+    return true;
 }
 
 static std::uintmax_t SizeOf(const std::string& file) {
