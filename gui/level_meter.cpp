@@ -76,13 +76,6 @@ bool LLevelMeter::IsLimiting() const {
     return reduction.Get() >= LeastTold;
 }
 
-double LLevelMeter::GetLoudest() const {
-    double loudest = Least;
-    for (const double peak : last.peaks)
-        loudest = std::max(loudest, peak);
-    return loudest;
-}
-
 std::string LLevelMeter::Describe(int places) const {
     std::string text;
     for (std::size_t i = 0; i < last.peaks.size(); ++i)

@@ -53,8 +53,6 @@ public:
     const std::vector<Channel>& GetChannels() const { return channels; }
     /// True while, and a little after, it takes off what can be told.
     bool IsLimiting() const;
-    /// The loudest channel, at least `Least`.
-    double GetLoudest() const;
     /// "left -12.0 dBFS, right -inf dBFS, Limiter -3.2 dB" with as many places.
     std::string Describe(int places) const;
 

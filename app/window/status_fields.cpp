@@ -19,8 +19,7 @@ constexpr LStatusItem Items[] = {
     {ControlDevice, LStatusKind::Chooser, "Output device", LSoundPlayDevice::DefaultName},
     {ControlMute, LStatusKind::Toggle, "Mute", "", "speaker"},
     {ControlVolume, LStatusKind::Slider, "Volume"},
-    {ControlVolumeText, LStatusKind::Text, "Volume; a double click on the slider takes nothing off",
-     "-34.2 dB"},
+    {ControlVolumeText, LStatusKind::Text, "Volume below unity", "-34.2 dB"},
 };
 
 /// The volumes that differ: silence, and samples as they are.

@@ -8,6 +8,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -79,15 +80,18 @@ std::vector<int> LQtLevelMeter::GetPicture() const {
 }
 
 void LQtLevelMeter::Tell() {
-    const QString text = ToQt(meter.Describe(0));
-    if (text == accessibleDescription()) {
+    const QString text = GetSpoken();
+    if (text == told) {
         calm.stop();
         return;
     }
     calm.start(CalmMs, this);
-    setAccessibleDescription(text);
-    QAccessibleValueChangeEvent change(this, meter.GetLoudest());
+    QAccessibleTextUpdateEvent change(this, 0, std::exchange(told, text), text);
     QAccessible::updateAccessibility(&change);
+}
+
+QString LQtLevelMeter::GetSpoken() const {
+    return ToQt(meter.Describe(0));
 }
 
 bool LQtLevelMeter::event(QEvent* event) {

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "gui/level_meter.h"
-#include "gui/qt/qt_spoken_value.h"
+#include "gui/qt/qt_spoken_text.h"
 
 #include <QBasicTimer>
 #include <QWidget>
 
 /// A level meter: a bar with a peak mark for each channel over one scale, and a lamp for the limiter. It is
 /// drawn at most 25 times a second, and told to screen readers once a second, both only while it changes.
-class LQtLevelMeter : public QWidget, public LQtSpokenValue {
+class LQtLevelMeter : public QWidget, public LQtSpokenText {
 public:
     explicit LQtLevelMeter(QWidget* parent);
 
@@ -17,7 +17,7 @@ public:
     QSize sizeHint() const override { return {176, 26}; }
     QSize minimumSizeHint() const override { return {96, 20}; }
 
-    Range GetSpoken() const override { return {LLevelMeter::Least, 0, meter.GetLoudest()}; }
+    QString GetSpoken() const override;
 
 protected:
     bool event(QEvent* event) override;
@@ -45,5 +45,6 @@ private:
     LLevelMeter meter;
     std::vector<int> drawn; ///< the last picture
     QBasicTimer frames;     ///< runs only while something moves
-    QBasicTimer calm;       ///< since the meter was told
+    QBasicTimer calm;       ///< since the levels were told
+    QString told;
 };

@@ -3,6 +3,7 @@
 #include "gui/qt/qt_child.h"
 #include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_spoken_slider.h"
 #include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_tabular_font.h"
 #include "gui/status_bar.h"
@@ -10,14 +11,11 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPainter>
-#include <QSlider>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QToolButton>
 #include <QWheelEvent>
-
-#include <cmath>
 
 namespace {
 
@@ -76,16 +74,12 @@ protected:
     }
 };
 
-class StatusSlider : public QSlider, public LQtSpokenValue {
+class StatusSlider : public LQtSpokenSlider {
 public:
-    using QSlider::QSlider;
+    using LQtSpokenSlider::LQtSpokenSlider;
 
     QSize sizeHint() const override { return {SliderWidth, QSlider::sizeHint().height()}; }
     QSize minimumSizeHint() const override { return {LeastSliderWidth, QSlider::minimumSizeHint().height()}; }
-    Range GetSpoken() const override {
-        return {static_cast<double>(minimum()), static_cast<double>(maximum()), static_cast<double>(value())};
-    }
-    void SetSpoken(double wanted) override { setValue(static_cast<int>(std::lround(wanted))); }
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent* /*event*/) override { setValue(maximum()); }

@@ -4,7 +4,7 @@
 #include "gui/qt/qt_file_chooser.h"
 #include "gui/qt/qt_main_window.h"
 #include "gui/qt/qt_spoken_text.h"
-#include "gui/qt/qt_spoken_value.h"
+#include "gui/qt/qt_spoken_slider.h"
 #include "gui/qt/qt_text.h"
 
 #include <QDesktopServices>
@@ -54,7 +54,7 @@ LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
     displayCheck.End();
     BringPictures();
     LQtSpokenText::Install();
-    LQtSpokenValue::Install();
+    LQtSpokenSlider::Install();
     QApplication::setQuitOnLastWindowClosed(false); // the main window says when
     QApplication::setDesktopFileName(ProgramName);
     LQtToolkit::Post(ShowProgramIcon);

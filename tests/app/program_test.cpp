@@ -229,7 +229,7 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
          "start.tdf* - Sonvire",
          {"tree|Tone data|", "tool bar|Main tool bar|", "tool bar|Tone tool bar|", "check box|Sine|checked",
           "label|440 Hz · A4", "label|Position|00:00.0", "combo box|Output device|[Default Sound Out]",
-          "dial|Level|-60", "slider|Volume", "button|Play|"}},
+          "label|Level|left -inf dBFS, right -inf dBFS", "slider|Volume|0", "button|Play|"}},
         {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "button|OK|"}},
         {{"alt+s", "p"},
          "Play Settings",
