@@ -27,11 +27,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {ControlVolume, [](MainDialog& window) { window.playback.SetVolume(window.status.StoreVolume()); }},
     {ControlMute, [](MainDialog& window) { window.playback.SetVolume(window.status.ToggleMute()); }},
 
-    {CommandSelection,
-     [](MainDialog& window) {
-         window.history.EndSeries();
-         window.EnableControls();
-     }},
+    {CommandSelection, [](MainDialog& window) { window.EnableControls(); }},
     {CommandIncrease, [](MainDialog& window) { window.Restart(window.rows.IncreaseListViewData(1)); }},
     {CommandDecrease, [](MainDialog& window) { window.Restart(window.rows.DecreaseListViewData(1)); }},
     {CommandIncreaseLarge,

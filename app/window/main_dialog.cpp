@@ -19,6 +19,14 @@ std::string CurrentTonePath() {
     return GetUserDataFolder() + "/current.tdf";
 }
 
+/// The length of a list is that of its file, which is not the tone's to go back from.
+bool IsSameState(const SonvireData& one, const SonvireData& other) {
+    SonvireData same = one;
+    if (one.IsList() && other.IsList())
+        same.durationMs = other.durationMs;
+    return same == other;
+}
+
 std::shared_ptr<ToneDocument> OpenLastDocument() {
     const std::string path = Setting::Document.Get();
     if (path.empty())
@@ -60,6 +68,7 @@ void MainDialog::InitDialog() {
     static_cast<void>(tone.ReadFromFile(CurrentTonePath().c_str())); // at first there is none
     state.document = OpenLastDocument();
     ShowDocument();
+    RememberDocument();
     ShowRecent();
     witness.Watch(CurrentTonePath());
     lists.RemoveUnused();
@@ -155,10 +164,13 @@ void MainDialog::Record(const std::function<void()>& change, int series) {
     const ToneState before = state;
     change();
     recording = false;
-    if (before.tone != tone)
+    if (!IsSameState(before.tone, tone))
         history.Keep(before, series);
+    else if (series == ToneHistory::NoSeries)
+        history.EndSeries();
     lists.RemoveUnused();
     ShowDocument();
+    RememberDocument();
 }
 
 void MainDialog::Restore(const std::optional<ToneState>& past) {
@@ -174,11 +186,15 @@ void MainDialog::ShowDocument() {
     SetDocument(document);
     GetMenu().Enable(CommandUndo, history.CanUndo());
     GetMenu().Enable(CommandRedo, history.CanRedo());
-    if (std::exchange(shownPath, document.path) == document.path)
+    if (std::exchange(shownPath, document.path) != document.path)
+        Setting::Document.Set(state.document->GetPath());
+}
+
+/// Only what was opened or saved: what is gone back to keeps its place.
+void MainDialog::RememberDocument() {
+    if (shownPath.empty() || shownPath == recent.GetPath(0))
         return;
-    Setting::Document.Set(state.document->GetPath());
-    if (!document.path.empty())
-        recent.Add(document.path);
+    recent.Add(shownPath);
     ShowRecent();
 }
 

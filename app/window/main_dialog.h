@@ -50,8 +50,9 @@ private:
     /// Makes a change that can be undone; without effect it is none.
     void Record(const std::function<void()>& change, int series = ToneHistory::NoSeries);
     void Restore(const std::optional<ToneState>& past);
-    /// In the title, and among those that were opened last.
+    /// In the title.
     void ShowDocument();
+    void RememberDocument();
     void ShowRecent();
 
     // open_files.cpp: documents from outside.

@@ -94,6 +94,15 @@ TEST_F(History, TheTitleTellsTheFileAndWhetherItHoldsTheTone) {
             EXPECT_EQ(window.passing, "Saved copy.tdf in " + GetFolder(copy) + ": endless, peak -12.04 dBFS");
             Undo();
             EXPECT_EQ(Title(), "copy.tdf*") << "still of that file";
+            Redo();
+            for (const int command : {CommandIncrease, CommandSave, CommandIncrease}) {
+                toolkit->answers = {LMessageAnswer::Yes};
+                toolkit->chosenFiles = {{copy}};
+                Send({command});
+            }
+            Undo();
+            EXPECT_EQ(Title(), "copy.tdf") << "a step does not join one before the save";
+            Undo();
         },
         {tone});
     Run([&](MemoryMainWindow& window) {
@@ -104,6 +113,12 @@ TEST_F(History, TheTitleTellsTheFileAndWhetherItHoldsTheTone) {
         toolkit->dialogScripts = {PressOk, PressOk};
         window.Drop({list});
         EXPECT_EQ(Title(), "list.tdl");
+        toolkit->dialogScripts = {PressOk, PressOk};
+        WriteBytes(list, "700ms silence.\n");
+        Send({CommandEditValue});
+        Undo();
+        EXPECT_EQ(Title(), "copy.tdf*") << "a list's length is no step";
+        Redo();
         Send({CommandNewList});
         EXPECT_EQ(Title() + window.document.path, "Unsaved list*");
     });
@@ -150,6 +165,11 @@ TEST_F(History, FilesOpenedLastAreOfferedTheNewestFirst) {
         window.Drop({tones[5]});
     });
     Run([&](MemoryMainWindow& window) {
+        EXPECT_EQ(Menu(CommandOpenRecent + 1).text.substr(0, 10), "tone11.tdf");
+        window.Choose(CommandOpenRecent + 1);
+        Undo();
+        EXPECT_EQ(Menu(CommandOpenRecent).text.substr(0, 10), "tone11.tdf") << "what is gone back to stays";
+        window.Drop({tones[5]});
         Texts names;
         for (int i = 0; i < 10; ++i)
             names.push_back(Menu(CommandOpenRecent + i).text.substr(4, 2));
