@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <utility>
 
 namespace {
 
@@ -65,24 +66,26 @@ void ToneRows::Begin() {
 }
 
 void ToneRows::SetupListViewData() {
-    const int place = list->GetSelection().empty() ? 0 : list->GetSelection().front();
-    std::vector<LNotice> missing;
+    const bool isOfOneKind = std::exchange(showsList, tone.IsList()) == tone.IsList();
+    const bool hasPlace = isOfOneKind && !list->GetSelection().empty();
+    const int place = hasPlace ? list->GetSelection().front() : 0;
+    missing->clear(); // what has not been told yet was of other rows
     {
         const LListRebuild rebuild(*list);
         list->SetColumns(tone.IsList() ? std::span(ListColumns) : std::span<const LListColumn>(Columns));
         for (const unsigned int item : GetShownItems(tone))
-            InsertListViewItem(item, missing);
+            InsertListViewItem(item);
     }
     window.SetToolTip(ControlList, tone.IsList() ? ListHint : ToneHint);
-    if (list->GetSelection().empty())
+    if (list->GetSelection().empty() || !isOfOneKind)
         list->SetCurrent(std::min(place, list->GetCount() - 1)); // so that a key has something to step
-    if (!missing.empty())                                        // once the window shows the rows
-        window.GetToolkit().Post([missing] { ShowNotices(missing); });
+    if (!missing->empty())                                       // once the window shows the rows
+        window.GetToolkit().Post([missing = missing] { ShowNotices(std::exchange(*missing, {})); });
 }
 
-void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missing) {
+void ToneRows::InsertListViewItem(unsigned int item) {
     if (tone.IsList()) {
-        InsertListRows(item, missing);
+        InsertListRows(item);
         return;
     }
     list->AppendRow(tone.GetItemName(item), item);
@@ -91,7 +94,7 @@ void ToneRows::InsertListViewItem(unsigned int item, std::vector<LNotice>& missi
 
 /// One row for each line of the list file, with what is wrong with its entry.
 /// Kept quirk: the last one shows the list's own name instead of its entry.
-void ToneRows::InsertListRows(unsigned int item, std::vector<LNotice>& missing) {
+void ToneRows::InsertListRows(unsigned int item) {
     const std::string path = tone.GetListPath();
     std::vector<std::string> lines;
     if (const LFailure failure = ReadToneListLines(lines, path.c_str())) {
@@ -104,7 +107,7 @@ void ToneRows::InsertListRows(unsigned int item, std::vector<LNotice>& missing) 
     for (const std::string& line : lines) {
         const std::string file = IsSilence(line) ? "" : FindListEntry(line, GetFolder(path));
         if (!file.empty() && !FileExists(file))
-            missing.push_back({"Error", "File \"" + line + "\" does not exist."});
+            missing->push_back({"Error", "File \"" + line + "\" does not exist."});
         const auto found = problems.find(file);
         list->AppendRow(line, item);
         ShowEntry(file.empty() ? line : file, static_cast<int>(lines.size()),

@@ -39,8 +39,8 @@ public:
     bool ChangeListViewData();
 
 private:
-    void InsertListViewItem(unsigned int item, std::vector<LNotice>& missing);
-    void InsertListRows(unsigned int item, std::vector<LNotice>& missing);
+    void InsertListViewItem(unsigned int item);
+    void InsertListRows(unsigned int item);
     void ShowEntry(const std::string& name, int count, const ToneListEntry& entry);
     void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
@@ -53,4 +53,7 @@ private:
     LWindow& window;
     SonvireData& tone;
     std::unique_ptr<LListView> list;
+    bool showsList = false;
+    /// Files of the list that are told to be missing once the window shows the rows.
+    std::shared_ptr<std::vector<LNotice>> missing = std::make_shared<std::vector<LNotice>>();
 };

@@ -279,6 +279,14 @@ TEST_F(App, AListShowsItsLinesAndItsName) {
         {list});
     EXPECT_EQ(KeptTone().GetListPath(), list);
     EXPECT_EQ(KeptTone().repeat, 1);
+    Run(
+        [&](MemoryMainWindow&) {
+            EXPECT_EQ(Boxes(), "") << "of a list that is no longer there";
+            EXPECT_EQ(List().selection, Ints{0}) << "not the length, as the list's rows";
+        },
+        {folder / "tone.tdf"});
+    dialogs = {PressOk};
+    Run([](MemoryMainWindow&) {}, {list});
     WriteBytes(list, "");
     Run([&](MemoryMainWindow&) { EXPECT_EQ(Rows(), Texts{list + "="}); });
     WriteBytes(list, "500ms silence.\n250ms silence.\n");
