@@ -22,6 +22,7 @@
 namespace {
 
 constexpr QSize SmallestFrame(100, 100);
+constexpr QSize SmallestWindow(400, 240); // where its fields are still of use
 constexpr int StatusMargin = 6;
 constexpr int FrameWaitMs = 100;
 
@@ -49,9 +50,10 @@ LQtMainWindow::LQtMainWindow(LWindowEvents& windowEvents)
     : events(windowEvents),
       content(MakeChild<QWidget>(static_cast<QWidget*>(this))),
       fields(MakeChild<LQtStatusFields>(static_cast<QWidget*>(statusBar()))),
-      passing(MakeChild<LQtPassingLine>(static_cast<QWidget*>(statusBar()))),
+      passing(MakeChild<LQtPassingLine>(static_cast<QWidget*>(statusBar()), fields)),
       controls(std::make_unique<LQtControls>(content, 1.0, windowEvents)) {
     setCentralWidget(content);
+    setMinimumSize(SmallestWindow);
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu);
     statusBar()->addPermanentWidget(fields);
