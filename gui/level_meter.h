@@ -53,6 +53,8 @@ public:
     const std::vector<Channel>& GetChannels() const { return channels; }
     /// True while, and a little after, it takes off what can be told.
     bool IsLimiting() const;
+    /// What it takes off, in dB.
+    double GetReduction() const { return reduction.Get(); }
     /// "left -12.0 dBFS, right -inf dBFS, Limiter -3.2 dB" with as many places.
     std::string Describe(int places) const;
 

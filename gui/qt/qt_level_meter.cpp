@@ -75,7 +75,7 @@ std::vector<int> LQtLevelMeter::GetPicture() const {
             picture.push_back(qRound(GetScaleWidth() * LLevelMeter::GetPlace(level)));
             picture.push_back(LLevelMeter::IsFull(level) ? 1 : 0);
         }
-    picture.push_back(meter.IsLimiting() ? 1 : 0);
+    picture.push_back(meter.IsLimiting() ? 1 + qRound(meter.GetReduction()) : 0);
     return picture;
 }
 
@@ -199,5 +199,5 @@ void LQtLevelMeter::PaintLamp(QPainter& painter) const {
     painter.setBrush(lit ? Colours(palette()).loud : Faint(palette(), 0.12F));
     painter.drawRoundedRect(lamp, 2, 2);
     painter.setPen(lit ? palette().color(QPalette::Window) : Faint(palette(), 0.6F));
-    painter.drawText(lamp, Qt::AlignCenter, LampText);
+    painter.drawText(lamp, Qt::AlignCenter, lit ? ToQt(FormatDecibels(-meter.GetReduction(), 0)) : LampText);
 }

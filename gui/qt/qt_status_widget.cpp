@@ -64,13 +64,22 @@ protected:
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
         const int room =
             style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
-        option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room - TextMargins);
+        option.currentText = Elide(option.currentText, room - TextMargins);
         painter.drawControl(QStyle::CE_ComboBoxLabel, option);
     }
     void wheelEvent(QWheelEvent* event) override {
         event->ignore();
         if (hasFocus())
             QComboBox::wheelEvent(event);
+    }
+
+private:
+    /// What stands in brackets behind a name is said of it, and stays.
+    QString Elide(const QString& text, int room) const {
+        const qsizetype bracket = text.endsWith(')') ? text.lastIndexOf(" (") : text.size();
+        const QString remark = bracket < 0 ? QString() : text.mid(bracket);
+        const int left = room - fontMetrics().horizontalAdvance(remark);
+        return fontMetrics().elidedText(text.chopped(remark.size()), Qt::ElideRight, left) + remark;
     }
 };
 
