@@ -27,7 +27,7 @@ constexpr const char* NoFrequency = "is no frequency from 0 to 22050 Hz";
 constexpr QuantityRow Quantities[] = {
     {nullptr, "", "", ""},
     {ParseFrequency, "%.9g", "Hz, 0 to 22050; also 1.5k, A4, C#5 +3 ct", NoFrequency},
-    {ParseLevel, "%.0f", "dB, -127 to 0", "is no level from -127 to 0 dB"},
+    {ParseLevel, "%.0f", "whole dB, -127 to 0", "is no level from -127 to 0 dB"},
     {ParseDuration, "%.0f", "ms, from 1; also 0.5 s, 1:30, 2min, 1h", "is no duration"},
 };
 
@@ -56,15 +56,20 @@ bool IsHeardAsItIs(double hz) {
     return hz >= 0 && hz <= ToneSampleRate / 2.0;
 }
 
+std::string ExplainComma(const std::string& text) {
+    return text.find(',') == std::string::npos ? "" : "; a comma before three digits may mean two things";
+}
+
 } // namespace
 
 TypedItem ReadTypedItem(const SonvireData& tone, unsigned int item, const std::string& text) {
     const QuantityRow& row = GetRow(item);
     const std::optional<double> number = row.parse ? row.parse(text) : std::nullopt;
     if (!number || (GetQuantity(item) == Quantity::Frequency && !IsHeardAsItIs(*number)))
-        return {.value = {}, .words = row.misread};
+        return {.value = {}, .words = row.misread + ExplainComma(text)};
     char value[64];
-    std::snprintf(value, sizeof value, row.format, std::clamp<double>(*number, INT_MIN, INT_MAX));
+    const double noMinusZero = *number + 0.0;
+    std::snprintf(value, sizeof value, row.format, std::clamp<double>(noMinusZero, INT_MIN, INT_MAX));
     SonvireData made = tone;
     if (const auto refused = made.SetItemValue(item, value))
         return {.value = {}, .words = refused->text};

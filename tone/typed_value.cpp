@@ -15,8 +15,15 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+/// What typesetters put for a minus sign and for blanks.
+constexpr std::pair<std::string_view, std::string_view> Typographic[] = {
+    {"\u2212", "-"}, {"\u00A0", ""}, {"\u2009", ""}, {"\u202F", ""}};
+
 /// Without blanks, in small letters, with a point for the comma; empty where the comma may not be one.
-std::string Simplify(const std::string& text) {
+std::string Simplify(std::string text) {
+    for (const auto& [typed, meant] : Typographic)
+        for (std::size_t at = text.find(typed); at != std::string::npos; at = text.find(typed))
+            text.replace(at, typed.size(), meant);
     std::string simple;
     for (const char c : text)
         if (std::isspace(static_cast<unsigned char>(c)) == 0)

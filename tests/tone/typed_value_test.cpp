@@ -19,7 +19,7 @@ TEST(TypedValue, IsReadAsPeopleWriteIt) {
     const Values durations = {{"500", 500},           {"0.5 s", 500},      {"2min", 120'000},
                               {"1h", 3'600'000},      {"1:30", 90'000},    {"0:00.25", 250},
                               {"1:00:01", 3'601'000}, {"90:00", 5'400'000}};
-    const Values levels = {{"-3 dB", -3}, {"-0,5", -0.5}};
+    const Values levels = {{"-3 dB", -3}, {"-0,5", -0.5}, {"\u22123\u00A0dB", -3}, {"-1\u202F2", -12}};
     for (const auto& [parse, values] : {std::pair<Parser, Values>{ParseFrequency, frequencies},
                                         {ParseDuration, durations},
                                         {ParseLevel, levels}})
