@@ -4,6 +4,7 @@
 #include "sys/file.h"
 
 #include <set>
+#include <utility>
 #include <vector>
 
 /// The tone list that the user edits: the file that it is in, which the settings keep as well, and the one
@@ -29,6 +30,13 @@ public:
     LFailure CreateFile();
     /// The list has been written to this file.
     void MoveTo(const std::string& file);
+    /// The same, and its user has asked for it.
+    void SaveTo(const std::string& file) {
+        MoveTo(file);
+        saved = true;
+    }
+    /// True where it was since the last call.
+    bool TakeSaved() { return std::exchange(saved, false); }
 
     // What is in the editor but not in the list's file is kept beside the tone, however the program ends.
     /// Done after every change; a failure is not told, as the rows are still there.
@@ -53,6 +61,7 @@ private:
     std::string path;
     LFileState state; ///< that its file was in
     bool untitled = true;
+    bool saved = false;
     std::string recovered;             ///< the temporary list of what an earlier run has left
     std::string begun;                 ///< what it was in when it was begun
     std::string before;                ///< the list that was edited before

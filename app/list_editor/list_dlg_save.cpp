@@ -70,7 +70,7 @@ bool ListDlg::SaveTo(const std::string& path) {
         ShowNotice(DescribeUnwritten(path, failure));
         return false;
     }
-    edited.MoveTo(path);
+    edited.SaveTo(path);
     rows->SetSaved();
     Follow(false);
     return true;

@@ -127,7 +127,11 @@ void ToneFiles::CmSaveTDF(const std::string& path) {
 }
 
 void ToneFiles::TellSavedList(const std::string& path) {
-    tellSaved(DescribeSavedSound(path, tone.durationMs / 1000.0, {}));
+    SonvireData list;
+    list.waveform = ToneFromList;
+    SetListPath(list, path);
+    TakeLength(list);
+    tellSaved(DescribeSavedSound(path, list.durationMs / 1000.0, {}));
 }
 
 void ToneFiles::CmSaveWave(const std::string& path) {

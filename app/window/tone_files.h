@@ -33,7 +33,7 @@ public:
     void CmSaveAsWav();
     /// Renders the tone into this file.
     void CmSaveWave(const std::string& path);
-    /// Tells that the list has been saved, of which the tone knows the length.
+    /// Tells that a list has been saved, and how long it is.
     void TellSavedList(const std::string& path);
 
 private:

@@ -40,7 +40,10 @@ bool ToneLists::CmEditList(const std::string& path) {
         return false;
     }
     edited.Begin(path);
-    if (!OpenToneListDialog(window, edited) || edited.GetPath().empty()) {
+    const bool ok = OpenToneListDialog(window, edited);
+    if (edited.TakeSaved())
+        files.TellSavedList(edited.GetPath());
+    if (!ok || edited.GetPath().empty()) {
         RemoveUnused();
         return false;
     }

@@ -440,8 +440,9 @@ TEST_F(ListEditor, ATemporaryFileStaysAsLongAsTheListIsInIt) {
         EXPECT_TRUE(std::filesystem::exists(last));
         dialog.Press(LCommandCancel);
     });
-    Run([&](MemoryMainWindow&) {
+    Run([&](MemoryMainWindow& window) {
         Send({CommandNewList, CommandEditValue, CommandEditValue, CommandEditValue, CommandNewList});
+        EXPECT_EQ(window.passing, "Saved named.tdl in " + GetFolder(folder / "named.tdl") + ": 0.001 s");
         EXPECT_EQ(Rows().back(), folder / "named.tdl" + "=") << "a cancelled list changes nothing";
         EXPECT_EQ(Boxes(), AskToSave);
     });
