@@ -69,5 +69,6 @@ void PlayDisplay::Draw(LSoundTime position) const {
     for (int c = 0; c < levels.GetChannels(); ++c)
         meters += FormatMeter(levels[c]);
     const std::string total = endless ? "endless" : FormatTime(length.GetMilliseconds());
-    std::fprintf(stderr, "\r%s / %s%s ", FormatTime(position.GetMilliseconds()).c_str(), total.c_str(), meters.c_str());
+    std::fprintf(stderr, "\r%s / %s%s ", FormatTime(position.GetMilliseconds()).c_str(), total.c_str(),
+                 meters.c_str());
 }

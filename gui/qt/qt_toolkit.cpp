@@ -3,8 +3,8 @@
 #include "gui/qt/qt_dialog.h"
 #include "gui/qt/qt_file_chooser.h"
 #include "gui/qt/qt_main_window.h"
-#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_spoken_slider.h"
+#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_text.h"
 
 #include <QDesktopServices>

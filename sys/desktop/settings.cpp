@@ -31,7 +31,8 @@ LFailure ReadStore(std::string& content) {
     if (!file.IsOpen())
         return file.GetFailure().GetError() == ENOENT ? LFailure() : file.GetFailure();
     content.resize(static_cast<std::size_t>(file.GetSize()));
-    return file.Read(content.data(), content.size()) == content.size() ? LFailure() : "the file can't be read";
+    return file.Read(content.data(), content.size()) == content.size() ? LFailure()
+                                                                       : "the file can't be read";
 }
 
 /// A new store is nobody else's business; one that is there keeps its permissions.
