@@ -27,7 +27,8 @@ public:
 private:
     template <class Result, class... Arguments>
     static Result Call(const char* function, Arguments... arguments) {
-        return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_DEFAULT, function))(arguments...);
+        static void* const library = dlopen("libjack.so.0", RTLD_LAZY); // with jackd, which runs
+        return reinterpret_cast<Result (*)(Arguments...)>(dlsym(library, function))(arguments...);
     }
     static int Process(unsigned int frames, void* self) {
         auto& [client, ports, heard] = *static_cast<JackRecorder*>(self);
