@@ -162,6 +162,7 @@ void MainDialog::Record(const std::function<void()>& change, int series) {
         return;
     }
     const ToneState before = state;
+    const std::string pathBefore = shownPath;
     change();
     recording = false;
     if (!IsSameState(before.tone, tone))
@@ -170,7 +171,8 @@ void MainDialog::Record(const std::function<void()>& change, int series) {
         history.EndSeries();
     lists.RemoveUnused();
     ShowDocument();
-    RememberDocument();
+    if (shownPath != pathBefore)
+        RememberDocument();
 }
 
 void MainDialog::Restore(const std::optional<ToneState>& past) {

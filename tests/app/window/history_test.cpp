@@ -168,6 +168,7 @@ TEST_F(History, FilesOpenedLastAreOfferedTheNewestFirst) {
         EXPECT_EQ(Menu(CommandOpenRecent + 1).text.substr(0, 10), "tone11.tdf");
         window.Choose(CommandOpenRecent + 1);
         Undo();
+        Send({CommandSelection});
         EXPECT_EQ(Menu(CommandOpenRecent).text.substr(0, 10), "tone11.tdf") << "what is gone back to stays";
         window.Drop({tones[5]});
         Texts names;
