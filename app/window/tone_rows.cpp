@@ -2,51 +2,28 @@
 
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
+#include "app/window/list_rows.h"
 #include "app/window/notices.h"
 #include "app/window/tone_commands.h"
 #include "gui/toolkit.h"
 #include "gui/window.h"
-#include "jobs/tone_lists.h"
-#include "sys/file.h"
-#include "sys/path.h"
 #include "tone/frequency_step.h"
 #include "tone/tone_items.h"
-#include "tone/tone_list_report.h"
-#include "tone/tone_list_source.h"
 #include "tone/typed_item.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
 #include <utility>
 
 namespace {
 
 constexpr LListColumn Columns[] = {{.title = "Tone Data"}, {.title = "Values", .values = true}};
-constexpr LListColumn ListColumns[] = {
-    {.title = "Tone Data"}, {.title = "Values"}, {.title = "Order", .values = true}};
-constexpr int OrderColumn = 2;
 constexpr const char* ToneHint = "Tone details (double click to modify)";
-constexpr const char* ListHint =
-    "The entries of the list, of which the lowest plays first (double click to edit)";
 
 FrequencyStep ReadFrequencyStep() {
     return {.bySemitones = Setting::StepsBySemitone.Get(),
             .semitones = Setting::StepSemitones.Get(),
             .hz = std::strtof(Setting::StepHz.Get().c_str(), nullptr)};
-}
-
-/// The entries of a list that don't play as they should, by their files.
-std::map<std::string, ToneListEntry> FindProblems(const std::string& list) {
-    std::map<std::string, ToneListEntry> problems;
-    for (const ToneListEntry& entry : ExamineToneList(list).entries)
-        if (entry.depth == 0 && !entry.problem.empty())
-            problems.emplace(entry.file, entry);
-    return problems;
-}
-
-std::string NameOf(const std::string& list) {
-    return IsTemporaryList(list) ? "Unsaved list" : list;
 }
 
 } // namespace
@@ -72,7 +49,7 @@ void ToneRows::SetupListViewData() {
     missing->clear(); // what has not been told yet was of other rows
     {
         const LListRebuild rebuild(*list);
-        list->SetColumns(tone.IsList() ? std::span(ListColumns) : std::span<const LListColumn>(Columns));
+        list->SetColumns(tone.IsList() ? GetListColumns() : Columns);
         for (const unsigned int item : GetShownItems(tone))
             InsertListViewItem(item);
     }
@@ -85,59 +62,11 @@ void ToneRows::SetupListViewData() {
 
 void ToneRows::InsertListViewItem(unsigned int item) {
     if (tone.IsList()) {
-        InsertListRows(item);
+        *missing = ShowListRows(*list, tone.GetListPath(), item);
         return;
     }
     list->AppendRow(tone.GetItemName(item), item);
     UpdateListViewItem(item, list->GetCount() - 1);
-}
-
-/// One row for each line of the list file, with what is wrong with its entry.
-/// Kept quirk: the last one shows the list's own name instead of its entry.
-void ToneRows::InsertListRows(unsigned int item) {
-    const std::string path = tone.GetListPath();
-    std::vector<std::string> lines;
-    if (const LFailure failure = ReadToneListLines(lines, path.c_str())) {
-        list->AppendRow(NameOf(path), item);
-        list->SetText(0, 1, "can't be read: " + failure.GetReason());
-        list->SetLook(0, {.mark = LRowMark::Problem});
-        return;
-    }
-    const std::map<std::string, ToneListEntry> problems = FindProblems(path);
-    for (const std::string& line : lines) {
-        const std::string file = IsSilence(line) ? "" : FindListEntry(line, GetFolder(path));
-        if (!file.empty() && !FileExists(file))
-            missing->push_back({"Error", "File \"" + line + "\" does not exist."});
-        const auto found = problems.find(file);
-        list->AppendRow(line, item);
-        ShowEntry(file.empty() ? line : file, static_cast<int>(lines.size()),
-                  found == problems.end() ? ToneListEntry{} : found->second);
-    }
-    if (list->GetCount() == 0)
-        list->AppendRow(path, item);
-    else
-        ShowListName(NameOf(path));
-}
-
-/// In the last row, of an entry that may have a problem.
-void ToneRows::ShowEntry(const std::string& name, int count, const ToneListEntry& entry) {
-    const int row = list->GetCount() - 1;
-    const std::string order = std::to_string(count - row);
-    const std::string& problem = entry.problem;
-    const LRowMark mark = entry.endless ? LRowMark::Endless : LRowMark::Problem;
-    list->SetText(row, 1, problem);
-    list->SetText(row, OrderColumn, order);
-    list->SetLook(row, {.mark = problem.empty() ? LRowMark::None : mark,
-                        .toolTip = name + "\nPlays as number " + order + " of " + std::to_string(count) +
-                                   (problem.empty() ? "" : "\n") + problem});
-}
-
-/// A problem of the entry whose row it is goes on naming it.
-void ToneRows::ShowListName(const std::string& name) {
-    const int last = list->GetCount() - 1;
-    if (const std::string problem = list->GetText(last, 1); !problem.empty())
-        list->SetText(last, 1, "\"" + list->GetText(last, 0) + "\" " + problem);
-    list->SetText(last, 0, name);
 }
 
 void ToneRows::UpdateListViewItem(unsigned int item, int row) {

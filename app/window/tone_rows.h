@@ -7,8 +7,6 @@
 
 #include <functional>
 
-struct ToneListEntry;
-
 /// The rows of the main window's list: they show the items of the tone and edit them, or show the lines of
 /// the list that it plays.
 class ToneRows {
@@ -40,9 +38,6 @@ public:
 
 private:
     void InsertListViewItem(unsigned int item);
-    void InsertListRows(unsigned int item);
-    void ShowEntry(const std::string& name, int count, const ToneListEntry& entry);
-    void ShowListName(const std::string& name);
     void UpdateListViewItem(unsigned int item, int row);
     bool StepSelectedItems(const std::function<void(unsigned int)>& step);
     LEntryRules MakeEntryRules(unsigned int item);
