@@ -174,6 +174,17 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
         EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "00:00.0");
         EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
+
+        const auto lamp = [meter] { return meter->grab().toImage().pixelColor(meter->width() - 3, 5); };
+        EXPECT_NE(lamp(), loud);
+        for (QAction* action : Main()->findChildren<QAction*>())
+            if (action->data() == CommandSixteenTones)
+                action->trigger();
+        QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Space);
+        EXPECT_TRUE(Wait([&] { return output.opened == 3 && output.queuedFrames >= 8820; }));
+        output.Take(8820);
+        EXPECT_TRUE(Wait([&] { return lamp() == loud; })) << "sixteen sines are four times too loud";
+        EXPECT_EQ(SpokenOf(meter), "Level 0 dBFS, Limiter -12.0 dB");
     });
 }
 
