@@ -26,10 +26,11 @@ void LDialog::Destroy() {
 
 void LDialog::SetKeys(std::span<const LKeyMapEntry> table) {
     keys = table;
-    for (const LControlLayout& control : layout.controls)
-        for (const LKeyMapEntry& key : keys)
-            if (key.command == control.id)
-                SetToolTip(control.id, DescribeKey(key));
+    ShowKeys(keys, [this](int command, const std::string& key) {
+        for (const LControlLayout& control : layout.controls)
+            if (control.id == command)
+                SetToolTip(command, key);
+    });
 }
 
 bool LDialog::KeyPressed(const LKeyPress& key) {

@@ -38,6 +38,13 @@ struct LKeyMapEntry {
 /// How the key is written beside a menu entry, such as "Ctrl+S".
 std::string DescribeKey(const LKeyMapEntry& key);
 
+/// Calls `show` with each command and how its key is written: of several, the first row's.
+template <class Show>
+void ShowKeys(std::span<const LKeyMapEntry> keys, Show show) {
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) // so that the first one comes last, and stays
+        show(key->command, DescribeKey(*key));
+}
+
 /// The row that stands for this key, null where there is none.
 const LKeyMapEntry* FindKey(std::span<const LKeyMapEntry> keys, const LKeyPress& key);
 

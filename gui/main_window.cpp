@@ -83,7 +83,7 @@ bool LMainWindow::KeyPressed(const LKeyPress& key) {
 
 void LMainWindow::SetMenu(std::span<const LMenuEntry> entries) {
     menu = std::make_unique<LMenu>(peer->CreateMenuBar(), entries);
-    ShowKeys(StandardKeys);
+    ShowKeysOf(StandardKeys);
 }
 
 void LMainWindow::SetToolBar(std::span<const LToolBarItem> items) {
@@ -104,15 +104,14 @@ void LMainWindow::SetStatusBar(std::span<const LStatusItem> items) {
 void LMainWindow::SetKeys(LKeyHandler& handler, std::span<const LKeyMapEntry> table) {
     keys = &handler;
     handler.SetKeyMap(table);
-    ShowKeys(table);
+    ShowKeysOf(table);
 }
 
-void LMainWindow::ShowKeys(std::span<const LKeyMapEntry> table) {
-    // From the last row to the first one, which is to stay.
-    for (auto key = table.rbegin(); key != table.rend(); ++key) {
+void LMainWindow::ShowKeysOf(std::span<const LKeyMapEntry> table) {
+    ShowKeys(table, [this](int command, const std::string& key) {
         if (menu)
-            menu->SetKeyText(key->command, DescribeKey(*key));
+            menu->SetKeyText(command, key);
         for (LToolBar* bar : toolBars)
-            bar->ShowKey(key->command, DescribeKey(*key));
-    }
+            bar->ShowKey(command, key);
+    });
 }

@@ -58,7 +58,7 @@ protected:
     LToolBar& GetToolBar() { return mainToolBar; }
 
 private:
-    void ShowKeys(std::span<const LKeyMapEntry> table);
+    void ShowKeysOf(std::span<const LKeyMapEntry> table);
 
     int argumentCount;
     const char* const* arguments;

@@ -6,6 +6,7 @@
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/time_text.h"
+#include "app/window/tone_document.h"
 #include "gui/file_chooser.h"
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
@@ -14,8 +15,6 @@
 #include "sys/path.h"
 #include "tone/tone_data.h"
 #include "tone/tone_list_file.h"
-
-#include <iterator>
 
 namespace {
 
@@ -226,8 +225,7 @@ void ListDlg::CmRowsMenu() {
         menu.Enable(command, any);
     menu.Enable(ListUndo, rows->CanUndo());
     menu.Enable(ListRedo, rows->CanRedo());
-    for (auto key = std::rbegin(ListDlgKeys); key != std::rend(ListDlgKeys); ++key) // the first one stays
-        menu.SetKeyText(key->command, DescribeKey(*key));
+    ShowKeys(ListDlgKeys, [&menu](int command, const std::string& key) { menu.SetKeyText(command, key); });
     if (const int chosen = menu.Choose(); chosen != 0)
         Command(chosen);
 }
@@ -245,11 +243,9 @@ void ListDlg::Follow(bool changed) {
 }
 
 void ListDlg::ShowState() {
-    const std::string& path = edited.GetPath();
-    const bool isUnnamed = path.empty() || IsTemporaryList(path);
-    SetDocument({.name = isUnnamed ? "Unsaved list" : GetFileName(path),
-                 .path = isUnnamed ? "" : path,
-                 .changed = modified});
+    LWindowDocument document = DescribeList(edited.GetPath());
+    document.changed = modified;
+    SetDocument(document);
     ShowTotal();
 }
 

@@ -1,5 +1,6 @@
 #include "app/window/list_rows.h"
 
+#include "app/window/tone_document.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
 #include "sys/path.h"
@@ -24,7 +25,7 @@ std::map<std::string, ToneListEntry> FindProblems(const std::string& list) {
 }
 
 std::string NameOf(const std::string& list) {
-    return IsTemporaryList(list) ? "Unsaved list" : list;
+    return IsTemporaryList(list) ? UnsavedList : list;
 }
 
 /// In the last row, of an entry that may have a problem.

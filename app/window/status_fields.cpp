@@ -4,11 +4,11 @@
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/time_text.h"
+#include "play/output_names.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <strings.h>
 
 namespace {
 
@@ -25,10 +25,6 @@ constexpr LStatusItem Items[] = {
 /// The volumes that differ: silence, and samples as they are.
 constexpr int LeastVolume = -36;
 constexpr int MostVolume = 13;
-
-bool IsSameName(const std::string& name, const std::string& other) {
-    return strcasecmp(name.c_str(), other.c_str()) == 0;
-}
 
 /// What the volume takes off.
 std::string DescribeVolume(int decibels) {
@@ -61,7 +57,7 @@ void StatusFields::OfferDevices(const std::vector<std::string>& names, const cha
     std::vector<std::string> choices = devices;
     const std::string chosen = Setting::OutDevice.Get();
     auto found = std::find_if(devices.begin(), devices.end(),
-                              [&chosen](const std::string& name) { return IsSameName(name, chosen); });
+                              [&chosen](const std::string& name) { return IsSameOutputName(name, chosen); });
     if (found == devices.end() && !chosen.empty()) {
         choices.push_back(chosen + missingMark);
         found = devices.insert(found, chosen);

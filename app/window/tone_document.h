@@ -5,6 +5,12 @@
 
 #include <memory>
 
+/// What a list is called that is in no file of the user's.
+inline constexpr const char* UnsavedList = "Unsaved list";
+
+/// How a window names a list, by its file; one that is in none of the user's has changed.
+LWindowDocument DescribeList(const std::string& list);
+
 /// The file that a tone is of, and what stands in it.
 class ToneDocument {
 public:

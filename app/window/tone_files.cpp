@@ -150,7 +150,7 @@ void ToneFiles::CmSaveWave(const std::string& path) {
         input, {.path = path},
         {.confirm = ConfirmProblems, .run = [&](auto& job) { return RunJob(window, job, measure); }});
     if (outcome.result == LProcessResult::Completed)
-        tellSaved(DescribeSavedSound(path, double{1} * measure.frames / input.source->sampleRate,
+        tellSaved(DescribeSavedSound(path, static_cast<double>(measure.frames) / input.source->sampleRate,
                                      GetSamplePeakDbfs(measure.peak)));
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));

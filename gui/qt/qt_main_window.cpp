@@ -21,7 +21,6 @@
 
 namespace {
 
-constexpr QSize SmallestFrame(100, 100);
 constexpr QSize SmallestWindow(400, 240); // where its fields are still of use
 constexpr int StatusMargin = 6;
 constexpr int FrameWaitMs = 100;
@@ -36,7 +35,7 @@ QRect FindRoom(const QRect& frame) {
 
 /// Shifted, and made smaller where it has to be, so that all of it can be seen.
 QRect FitInto(const QRect& room, const QRect& frame) {
-    QRect fitted(frame.topLeft(), frame.size().expandedTo(SmallestFrame).boundedTo(room.size()));
+    QRect fitted(frame.topLeft(), frame.size().expandedTo(SmallestWindow).boundedTo(room.size()));
     fitted.moveRight(std::min(fitted.right(), room.right()));
     fitted.moveBottom(std::min(fitted.bottom(), room.bottom()));
     fitted.moveLeft(std::max(fitted.left(), room.left()));
