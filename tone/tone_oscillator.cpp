@@ -2,7 +2,7 @@
 
 #include "sound/fixed_point.h"
 #include "sound/level.h"
-#include "sound/stages/kernels.h"
+#include "sound/kernels/kernels.h"
 
 #include <algorithm>
 #include <cmath>
