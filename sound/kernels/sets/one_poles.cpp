@@ -1,7 +1,6 @@
 #include "sound/kernels/kernel_set.h"
 
 #include <cstring>
-#include <limits>
 
 // Each filter waits for its own last output; two stand in a register. The additions need not wait as well:
 // those of two frames are done at once, in the order that holds for each.
@@ -14,7 +13,6 @@ using Pair = double __attribute__((vector_size(2 * sizeof(double))));
 using PairOfInts = int __attribute__((vector_size(2 * sizeof(int))));
 
 constexpr int Pairs = LOnePoles::Count / 2;
-constexpr double Lowest = std::numeric_limits<int>::min(), Highest = std::numeric_limits<int>::max();
 
 /// One number for each filter.
 struct Six {
@@ -39,12 +37,6 @@ struct Six {
     return sums;
 }
 
-[[gnu::always_inline]] inline PairOfInts Truncate(Pair values) {
-    constexpr Pair lowest = {Lowest, Lowest}, highest = {Highest, Highest};
-    const Pair above = values < lowest ? lowest : values;
-    return __builtin_convertvector(above > highest ? highest : above, PairOfInts);
-}
-
 } // namespace
 
 void Filter(const LOnePoles& filters, LOnePoles::State& state, const double* in, int* out, int count) {
@@ -57,11 +49,11 @@ void Filter(const LOnePoles& filters, LOnePoles::State& state, const double* in,
         const Six first = outputs;
         if (!isLast)
             MoveOn(outputs, poles, gains, inputs[1]);
-        const PairOfInts sums =
-            Truncate(AddUp(first, outputs) + filters.delayed * before + filters.direct * inputs);
-        out[i] = sums[0];
+        const Pair sums = AddUp(first, outputs) + filters.delayed * before + filters.direct * inputs;
+        const auto whole = __builtin_convertvector(sums, PairOfInts);
+        out[i] = whole[0];
         if (!isLast)
-            out[i + 1] = sums[1];
+            out[i + 1] = whole[1];
         state.input = isLast ? inputs[0] : inputs[1];
     }
     std::memcpy(state.outputs, outputs.pairs, sizeof state.outputs);
