@@ -77,7 +77,7 @@ struct LKernels {
                      int frames);
 
     /// Writes for each input the sum of the outputs, the input before and the input, added up in this order,
-    /// truncated.
+    /// truncated; 32 bits have to hold it.
     void (*filter)(const LOnePoles& filters, LOnePoles::State& state, const double* in, int* out, int count);
 };
 

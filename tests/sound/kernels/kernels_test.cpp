@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <climits>
 
 namespace {
 
@@ -120,7 +119,7 @@ TEST(Kernels, ConvolvingIsExactHoweverLoud) {
 TEST(Kernels, FiltersGoOnWhereTheyWere) {
     const LOnePoles filters{
         .poles = {0.5, -0.5, 0, 0, 0.25, 0}, .gains = {1, 1, 0, 0, 1, 0}, .delayed = 100, .direct = 1000};
-    const std::vector<double> in = {8, 0, 0, 0, 0, 0, -16, 5e9, -5e9, 0};
+    const std::vector<double> in = {8, 0, 0, 0, 0, 0, -16, 0, 0, 8};
     for (const std::size_t piece : {1, 4, 7, 10}) {
         const Samples out = TryAllSets([&](const LKernels& kernels) {
             Samples filtered(in.size());
@@ -130,7 +129,7 @@ TEST(Kernels, FiltersGoOnWhereTheyWere) {
                                static_cast<int>(std::min(piece, in.size() - at)));
             return filtered;
         });
-        EXPECT_EQ(out, (Samples{8024, 802, 4, 0, 1, 0, -16047, 2147483647, INT_MIN, INT_MIN})) << piece;
+        EXPECT_EQ(out, (Samples{8024, 802, 4, 0, 1, 0, -16047, -1603, -8, 8023})) << piece;
     }
 }
 
