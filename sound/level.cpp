@@ -7,43 +7,35 @@
 #include <cstddef>
 #include <limits>
 
-/// The factors of all 256 levels, made once before the first use.
-class LDB::LDBTablesClass {
-public:
-    static const LDBTablesClass& Get() {
-        static const LDBTablesClass tables;
-        return tables;
-    }
+namespace {
 
-    int GetAmplitude(int db) const { return amplitude[Index(db)]; }
-    int GetPower(int db) const { return power[Index(db)]; }
-
-private:
-    LDBTablesClass() {
-        for (int db = Silence + 1; db <= 127; ++db) {
-            amplitude[Index(db)] = Fixed824(std::pow(10.0L, db / 20.0L));
-            power[Index(db)] = Fixed824(std::pow(10.0L, db / 10.0L));
-        }
-    }
-
-    static std::size_t Index(int db) { return static_cast<std::size_t>(db + 128); }
-
-    static int Fixed824(long double factor) {
-        const long double value = std::floor(factor * 16777216.0L + 0.5L);
-        constexpr int top = std::numeric_limits<int>::max();
-        return value < static_cast<long double>(top) ? static_cast<int>(value) : top;
-    }
-
-    std::array<int, 256> amplitude{};
-    std::array<int, 256> power{};
-};
-
-int LDB::GetAmplitude() const {
-    return LDBTablesClass::Get().GetAmplitude(db);
+constexpr std::size_t Index(int db) {
+    return static_cast<std::size_t>(db + 128);
 }
 
-int LDB::GetPower() const {
-    return LDBTablesClass::Get().GetPower(db);
+constexpr int ToFixed824(long double factor) {
+    const long double value = factor * 16777216 + 0.5L;
+    constexpr int top = std::numeric_limits<int>::max();
+    return value < top ? static_cast<int>(value) : top;
+}
+
+/// Of all 256 levels, worked out by the compiler: at run time that would take longer than to render a short
+/// tone.
+constexpr std::array<int, 256> Amplitudes = [] {
+    constexpr long double step = 1.12201845430196343559103894647790574L; // 10^(1/20)
+    std::array<int, 256> table{};
+    long double louder = 1, softer = 1;
+    for (int db = 0; db <= 127; ++db, louder *= step, softer /= step) {
+        table[Index(db)] = ToFixed824(louder);
+        table[Index(-db)] = -db > LDB::Silence ? ToFixed824(softer) : 0;
+    }
+    return table;
+}();
+
+} // namespace
+
+int LDB::GetAmplitude() const {
+    return Amplitudes[Index(db)];
 }
 
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels) {
