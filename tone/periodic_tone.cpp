@@ -64,8 +64,7 @@ void SSTone::CountDownSweep(int frames, int lastFrame) {
         return;
     const double fraction = static_cast<double>(WrapAdd(position, lastFrame)) / endSample;
     for (int c = 0; c < channels; ++c)
-        for (SSTonePole& oscillator : GetOscillators(c))
-            oscillator.Sweep(fraction, logSweep);
+        SweepOscillators(GetOscillators(c), fraction, logSweep);
     sweepCountdown = SweepFrames;
 }
 

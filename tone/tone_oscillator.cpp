@@ -1,8 +1,8 @@
 #include "tone/tone_oscillator.h"
 
 #include "sound/fixed_point.h"
-#include "sound/level.h"
 #include "sound/kernels/kernels.h"
+#include "sound/level.h"
 
 #include <algorithm>
 #include <cmath>
@@ -97,13 +97,6 @@ void SSTonePole::Init(double startHz, double endHz, std::int8_t amplitudeDb, boo
     gain = LDB(amplitudeDb).GetAmplitude();
 }
 
-void SSTonePole::Sweep(double fraction, bool logSweep) {
-    if (logSweep)
-        currentIncrement = ToIncrement(startIncrement * std::pow(sweepParameter, fraction));
-    else
-        currentIncrement = ToIncrement(fraction * sweepParameter) + startIncrement;
-}
-
 void SSTonePole::Restart() {
     phase = 0;
     currentIncrement = startIncrement;
@@ -123,4 +116,11 @@ void SumOscillators(std::span<SSTonePole> oscillators, const ToneWaveTable* tabl
     Sum({oscillators.begin(), others}, look, out, stride, frames);
     for (SSTonePole& other : std::span(others, oscillators.end()))
         AddAtGain(other, look, out, stride, frames);
+}
+
+void SweepOscillators(std::span<SSTonePole> oscillators, double fraction, bool logSweep) {
+    for (SSTonePole& each : oscillators)
+        each.currentIncrement =
+            logSweep ? ToIncrement(each.startIncrement * std::pow(each.sweepParameter, fraction))
+                     : ToIncrement(fraction * each.sweepParameter) + each.startIncrement;
 }

@@ -16,9 +16,6 @@ struct SSTonePole {
     /// taken modulo 2^32, 0 where the number is not finite. `amplitudeDb`: see `LDB`.
     void Init(double startHz, double endHz, std::int8_t amplitudeDb, bool logSweep);
 
-    /// Moves the frequency to where it is after `fraction` of the sweep.
-    void Sweep(double fraction, bool logSweep);
-
     bool IsAtUnity() const { return gain == UnityGain; }
 
     /// Back to the start frequency and phase 0.
@@ -35,3 +32,6 @@ struct SSTonePole {
 /// to out[0], out[stride], ...; without a table they are impulses.
 void SumOscillators(std::span<SSTonePole> oscillators, const ToneWaveTable* table, int* out, int stride,
                     int frames);
+
+/// Moves the frequencies to where they are after `fraction` of the sweep.
+void SweepOscillators(std::span<SSTonePole> oscillators, double fraction, bool logSweep);
