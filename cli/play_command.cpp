@@ -9,7 +9,7 @@
 #include "play/cubeb_output.h"
 #include "play/room_for_output.h"
 #include "play/sound_player.h"
-#include "sys/desktop/event_loop.h"
+#include "sys/event_loop.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int EventLoopDescriptors = 8;
+constexpr int OwnDescriptors = 8; // of the event loop, Ctrl-C and the player
 
 struct PlayOptions {
     std::string input;
@@ -45,7 +45,7 @@ int RefuseStatus(LPlayStatus status, const PlayOptions& options, const std::stri
 }
 
 int PlayThrough(const PlayOptions& options, const std::string& name, const SoundInput& input) {
-    if (!HasRoomForOutput(EventLoopDescriptors))
+    if (!HasRoomForOutput(OwnDescriptors))
         return Refuse(name, "can't be played: this process may have no more files or threads");
     CatchInterrupts();
     LEventLoop loop;
@@ -58,8 +58,7 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Sound
     player.SetNotify(&display, 0);
     if (!player.Start(input.source))
         return Refuse(name, "can't be played");
-    if (GetInterruptDescriptor() >= 0)
-        loop.Watch(GetInterruptDescriptor(), [&] { player.Stop(); });
+    loop.Watch(GetInterruptDescriptor(), [&] { player.Stop(); });
     loop.Run();
     if (player.GetStatus() != PlayUsable)
         return RefuseStatus(player.GetStatus(), options, name, input.source);

@@ -2,7 +2,7 @@
 
 #include "jobs/sound_input.h"
 #include "play/player_notify.h"
-#include "sys/desktop/event_loop.h"
+#include "sys/event_loop.h"
 
 #include <memory>
 

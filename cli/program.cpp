@@ -9,7 +9,34 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 namespace {
+
+struct Command {
+    std::string_view name;
+    void (*add)(CLI::App& program, int& status);
+};
+constexpr Command Commands[] = {
+    {"render", AddRenderCommand}, {"make", AddMakeCommand},
+    {"list", AddListCommand},     {"show", AddShowCommand},
+#ifdef SONVIRE_PLAYS
+    {"play", AddPlayCommand},     {"devices", AddDevicesCommand},
+#endif
+};
+
+/// Adds the command that is asked for, which then starts without setting up the options of the others; all of
+/// them where it is none.
+void AddCommands(CLI::App& program, std::string_view asked, int& status) {
+    const auto* const found = std::find_if(std::begin(Commands), std::end(Commands),
+                                           [asked](const Command& each) { return each.name == asked; });
+    if (found != std::end(Commands))
+        return found->add(program, status);
+    for (const Command& each : Commands)
+        each.add(program, status);
+}
 
 /// What can be written where `command` was understood so far.
 std::vector<std::string> ListNames(const CLI::App& command, bool options) {
@@ -52,14 +79,7 @@ int RunCommandLine(int argc, const char* const* argv) {
     program.set_version_flag("--version", "sonvire-cli " SONVIRE_VERSION);
     program.require_subcommand(0, 1);
     int status = ExitCompleted;
-    AddRenderCommand(program, status);
-    AddMakeCommand(program, status);
-    AddListCommand(program, status);
-    AddShowCommand(program, status);
-#ifdef SONVIRE_PLAYS
-    AddPlayCommand(program, status);
-    AddDevicesCommand(program, status);
-#endif
+    AddCommands(program, argc > 1 ? argv[1] : "", status);
     FormatHelp(program);
     try {
         program.parse(argc, argv);

@@ -3,7 +3,7 @@
 #include "play/sound_channel.h"
 #include "sound/sound_source.h"
 #include "sound/stages/peak_limit.h"
-#include "sys/desktop/queued_notify.h"
+#include "sys/queued_notify.h"
 #include "sys/thread.h"
 #include "sys/thread_check.h"
 

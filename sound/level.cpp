@@ -7,43 +7,52 @@
 #include <cstddef>
 #include <limits>
 
-/// The factors of all 256 levels, made once before the first use.
+/// The factors of all 256 levels, worked out by the compiler: when the program runs, that would take longer
+/// than to render a short tone.
 class LDB::LDBTablesClass {
 public:
-    static const LDBTablesClass& Get() {
-        static const LDBTablesClass tables;
-        return tables;
+    constexpr LDBTablesClass() {
+        Fill(amplitude, 1.12201845430196343559103894647790574L); // 10^(1/20)
+        Fill(power, 1.25892541179416721042395410639580061L);     // 10^(1/10)
     }
 
-    int GetAmplitude(int db) const { return amplitude[Index(db)]; }
-    int GetPower(int db) const { return power[Index(db)]; }
+    constexpr int GetAmplitude(int db) const { return amplitude[Index(db)]; }
+    constexpr int GetPower(int db) const { return power[Index(db)]; }
 
 private:
-    LDBTablesClass() {
-        for (int db = Silence + 1; db <= 127; ++db) {
-            amplitude[Index(db)] = Fixed824(std::pow(10.0L, db / 20.0L));
-            power[Index(db)] = Fixed824(std::pow(10.0L, db / 10.0L));
+    using Table = std::array<int, 256>;
+
+    static constexpr std::size_t Index(int db) { return static_cast<std::size_t>(db + 128); }
+
+    static constexpr void Fill(Table& table, long double step) {
+        long double louder = 1, softer = 1;
+        for (int db = 0; db <= 127; ++db, louder *= step, softer /= step) {
+            table[Index(db)] = ToFixed824(louder);
+            table[Index(-db)] = -db > Silence ? ToFixed824(softer) : 0;
         }
     }
 
-    static std::size_t Index(int db) { return static_cast<std::size_t>(db + 128); }
-
-    static int Fixed824(long double factor) {
-        const long double value = std::floor(factor * 16777216.0L + 0.5L);
+    static constexpr int ToFixed824(long double factor) {
+        const long double value = factor * 16777216 + 0.5L;
         constexpr int top = std::numeric_limits<int>::max();
         return value < static_cast<long double>(top) ? static_cast<int>(value) : top;
     }
 
-    std::array<int, 256> amplitude{};
-    std::array<int, 256> power{};
+    Table amplitude{}, power{};
 };
 
+namespace {
+
+constexpr LDB::LDBTablesClass Tables;
+
+} // namespace
+
 int LDB::GetAmplitude() const {
-    return LDBTablesClass::Get().GetAmplitude(db);
+    return Tables.GetAmplitude(db);
 }
 
 int LDB::GetPower() const {
-    return LDBTablesClass::Get().GetPower(db);
+    return Tables.GetPower(db);
 }
 
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels) {

@@ -36,5 +36,5 @@ void LSignalObject::Reset() {
     ssize_t got = 0;
     do {
         got = read(ends[0], drained, sizeof drained);
-    } while (got > 0 || (got < 0 && errno == EINTR));
+    } while (got == sizeof drained || (got < 0 && errno == EINTR));
 }

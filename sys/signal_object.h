@@ -8,6 +8,8 @@ public:
     /// Waits until this object or `other` is set, for at most `milliseconds`. True where either is; false on
     /// time-out or when a signal handler ran. What is set stays set.
     bool WaitSignalDual(LSignalObjectRef other, unsigned int milliseconds) const;
+    /// For an event loop: can be read from while the object is set, but only `Reset` reads from it.
+    int GetDescriptor() const { return descriptor; }
 
 private:
     int descriptor;

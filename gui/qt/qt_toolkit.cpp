@@ -6,6 +6,7 @@
 #include "gui/qt/qt_spoken_slider.h"
 #include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_text.h"
+#include "sys/queued_notify.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -50,8 +51,11 @@ void LQtToolkit::DisplayCheck::End() const {
     qInstallMessageHandler(nullptr);
 }
 
-LQtToolkit::LQtToolkit(int& argc, char** argv) : application(argc, argv) {
+LQtToolkit::LQtToolkit(int& argc, char** argv)
+    : application(argc, argv),
+      posted(LThreadQueuedNotify::GetDescriptor(), QSocketNotifier::Read) {
     displayCheck.End();
+    QObject::connect(&posted, &QSocketNotifier::activated, [] { LThreadQueuedNotify::DeliverNext(); });
     BringPictures();
     LQtSpokenText::Install();
     LQtSpokenSlider::Install();

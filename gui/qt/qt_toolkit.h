@@ -5,6 +5,7 @@
 #include "gui/toolkit.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 
 /// The windows of the program on Qt Widgets. Shows the message boxes too. One for the process, made in
 /// `main`.
@@ -35,6 +36,7 @@ private:
 
     DisplayCheck displayCheck;
     QApplication application;
+    QSocketNotifier posted; ///< `LThreadQueuedNotify`s
     LQtSessionEnd sessionEnd;
     LQtMessageBoxes messageBoxes{sessionEnd};
 };

@@ -4,6 +4,7 @@
 #include "support/qt_windows.h"
 #include "support/temp_dir.h"
 #include "support/test_window.h"
+#include "sys/queued_notify.h"
 
 #include <QAbstractSpinBox>
 #include <QContextMenuEvent>
@@ -23,6 +24,7 @@
 #include <QWheelEvent>
 
 #include <csignal>
+#include <thread>
 
 namespace {
 
@@ -489,6 +491,35 @@ TEST_F(QtGui, AMessageBoxAnswersWithWhatWasPressed) {
         });
         EXPECT_EQ(LShowMessageBox("Title", "<b>One\r\n\r\nTwo", buttons), answer);
     }
+}
+
+TEST_F(QtGui, NotificationsArriveInOrderAlsoUnderABoxThatOneOfThemShows) {
+    struct Notified : LThreadQueuedNotify {
+        void EvNotify() override { react(); }
+        std::function<void()> react;
+    };
+    std::vector<std::string> log;
+    Notified asks, next;
+    auto gone = std::make_unique<Notified>();
+    asks.react = [&] {
+        Then([&](QWidget& box) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() == 2; }));
+            box.close();
+        });
+        LShowMessageBox("", "", LMessageButtons::Ok);
+        log.emplace_back("answered");
+    };
+    next.react = [&] {
+        log.emplace_back("next");
+        gone.reset();
+    };
+    gone->react = [&] { log.emplace_back("gone"); };
+    std::thread([&] {
+        for (LThreadQueuedNotify* each : {&asks, &next, gone.get(), &next})
+            each->PostQueueNotify();
+    }).join();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() == 3; }));
+    EXPECT_EQ(log, (std::vector<std::string>{"next", "next", "answered"}));
 }
 
 TEST_F(QtGui, AFileChooserStartsAsAsked) {

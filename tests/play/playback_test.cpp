@@ -124,7 +124,7 @@ TEST_F(Playback, ManyPlaybacksLeaveNothingBehind) {
         source->Seek(0);
         player.Start(source);
         player.SetTitle("of the next one"); // while the thread of this one begins
-        loop.Run(static_cast<unsigned int>(milliseconds), [&] { loop.Quit(); });
+        RunFor(loop, milliseconds);
         player.Stop();
     };
     play(50);
@@ -176,9 +176,9 @@ TEST_F(Playback, OutputsOfOneNameAreToldApart) {
 
 TEST_F(Playback, AServerThatPausesPlaysOnAndOneThatDoesNotAnswerIsToldOf) {
     Recording recording(*server, "main", 44100, 1);
-    const auto stopServer = [&](unsigned int milliseconds) {
+    const auto stopServer = [&](int milliseconds) {
         server->Send(SIGSTOP);
-        loop.Run(milliseconds, [&] { loop.Quit(); });
+        RunFor(loop, milliseconds);
     };
     Play(Numbered(66150));
     ASSERT_TRUE(WaitForSound());
@@ -192,7 +192,7 @@ TEST_F(Playback, AServerThatPausesPlaysOnAndOneThatDoesNotAnswerIsToldOf) {
     const std::size_t threads = CountEntries("/proc/self/task"), descriptors = CountEntries("/proc/self/fd");
     for (int step = 0; step < 300; ++step) { // a key that is held
         Play(Numbered(44100));
-        loop.Run(1, [&] { loop.Quit(); });
+        RunFor(loop, 1);
     }
     EXPECT_LE(CountEntries("/proc/self/task"), threads + 20);
     EXPECT_LE(CountEntries("/proc/self/fd"), descriptors + 40);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "play/player_notify.h"
-#include "sys/desktop/event_loop.h"
+#include "sys/event_loop.h"
 
 #include <chrono>
 #include <functional>
@@ -11,12 +11,15 @@
 /// Runs the event loop until the condition holds; false when that takes so long that something hangs.
 inline bool WaitUntil(LEventLoop& loop, const std::function<bool()>& holds) {
     const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    if (!holds())
-        loop.Run(1, [&] {
-            if (holds() || std::chrono::steady_clock::now() > latest)
-                loop.Quit();
-        });
+    while (!holds() && std::chrono::steady_clock::now() < latest)
+        loop.RunOnce(1);
     return holds();
+}
+
+inline void RunFor(LEventLoop& loop, int milliseconds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (std::chrono::steady_clock::now() < end)
+        loop.RunOnce(1);
 }
 
 /// Writes down what a player reports.

@@ -1,5 +1,5 @@
 #include "sys/background.h"
-#include "sys/desktop/queued_notify.h"
+#include "sys/queued_notify.h"
 #include "sys/thread.h"
 #include "sys/thread_check.h"
 
