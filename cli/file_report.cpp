@@ -132,7 +132,7 @@ FileReport ReportList(const std::string& path) {
     object["rateHz"] = source->sampleRate;
     object["channels"] = source->channels;
     object["durationMs"] = total;
-    object["entries"] = entries;
+    object["entries"] = std::move(entries);
     report.json = Write(object);
     return report;
 }

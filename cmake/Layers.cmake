@@ -70,9 +70,10 @@ function(sonvire_precompile target)
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
 endfunction()
 
-# sonvire_kernels(NAME file): builds one file of inner loops into the layer once for every instruction set, each time
-# in a namespace of its own (KERNEL_ISA); the code picks one when it runs.
-function(sonvire_kernels name file)
+# sonvire_kernels(NAME subfolder): builds the inner loops that stand there into the layer once for every instruction set,
+# each time in a namespace of its own (KERNEL_ISA); the code picks one when it runs.
+function(sonvire_kernels name subfolder)
+  file(GLOB loops CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${subfolder}/*.cpp)
   set(sets baseline)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
     list(APPEND sets avx2)
@@ -80,7 +81,7 @@ function(sonvire_kernels name file)
     target_compile_definitions(sonvire_${name} PRIVATE SONVIRE_HAS_AVX2)
   endif()
   foreach(set ${sets})
-    add_library(sonvire_${name}_${set} OBJECT ${file})
+    add_library(sonvire_${name}_${set} OBJECT ${loops})
     target_compile_definitions(sonvire_${name}_${set} PRIVATE KERNEL_ISA=${set} SONVIRE_ISA_NAME="${set}")
     target_compile_options(sonvire_${name}_${set} PRIVATE ${flags_${set}})
     target_link_libraries(sonvire_${name}_${set} PRIVATE sonvire_options)

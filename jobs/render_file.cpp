@@ -43,9 +43,7 @@ bool IsNoFile(const std::string& path) {
 LFailure CheckOutput(const std::string& output, const SoundInput& input) {
     const bool standard = WaveOutput::IsStandardOutput(output);
     const std::string written = standard ? "/dev/stdout" : output;
-    const bool isRead = std::any_of(input.files.begin(), input.files.end(),
-                                    [&](const std::string& file) { return IsSameFile(file, written); });
-    if (isRead)
+    if (IsOneOfFiles(written, input.files))
         return "is read by the input";
     const bool fits = standard || HasExtension(output, ".wav") || IsNoFile(output);
     return fits ? LFailure() : "is no name for a WAVE file, which ends in .wav";

@@ -137,6 +137,6 @@ SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> d
     if (LFailure failure = CheckReadable(path))
         return Refused(std::move(failure));
     SoundInput input = OpenByKind(path, durationMs, length);
-    input.files.insert(input.files.begin(), path);
+    input.files.insert(path);
     return input;
 }

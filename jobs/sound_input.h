@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ struct SoundInput {
     std::vector<LFileWarning> warnings{};
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read
     std::vector<LNotice> notices{};                                      ///< what whoever plays it is told
-    std::vector<std::string> files{}; ///< all that is read, the input itself and a list's entries included
+    std::set<std::string> files{}; ///< all that is read, the input itself and a list's entries included
 };
 
 /// Opens a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), told apart by the extension in any case.

@@ -130,8 +130,7 @@ LFailure CopyListFile(const std::string& from, const std::string& to) {
 }
 
 bool IsReadByList(const std::string& file, const ToneListReport& report) {
-    return std::any_of(report.files.begin(), report.files.end(),
-                       [&file](const std::string& each) { return IsSameFile(each, file); });
+    return IsOneOfFiles(file, report.files);
 }
 
 LFailure CheckListEntry(const std::string& path) {

@@ -1,7 +1,7 @@
 #include "sound/level.h"
 
 #include "sound/fixed_point.h"
-#include "sound/stages/kernels.h"
+#include "sound/kernels/kernels.h"
 
 #include <cmath>
 #include <cstddef>

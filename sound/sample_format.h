@@ -1,9 +1,12 @@
 #pragma once
 
+#include "sound/kernels/kernels.h"
 #include "sound/sound_source.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <type_traits>
 
 /// External sample formats: each names the type of one stored sample and how it converts to and from an
 /// internal one.
@@ -26,10 +29,10 @@ struct LSF16 {
     static constexpr int bytesPerSample = 2;
     static constexpr int peak = FullScale16;
 
-    static constexpr int In(Stored stored) { return stored * 16; }
-    static constexpr Stored Out(int sample) {
-        return static_cast<Stored>((sample + 8u) >>
-                                   4); // the bits that an arithmetic shift would differ in are cut
+    [[gnu::always_inline]] static constexpr int In(Stored stored) { return stored * 16; }
+    [[gnu::always_inline]] static constexpr Stored Out(int sample) {
+        // The bits that an arithmetic shift would differ in are cut.
+        return static_cast<Stored>((sample + 8u) >> 4);
     }
 };
 
@@ -50,17 +53,27 @@ private:
     }
 };
 
+/// Whether samples are stored as `LSF16` stores them.
+template <class Format>
+inline constexpr bool IsStoredAs16 = std::is_same_v<Format, LSF16> ||
+                                     (std::is_same_v<Format, LSFLE16> &&
+                                      std::endian::native == std::endian::little);
+
 /// Converts `count` single samples (frames * channels) from and to an external format; the buffers don't
 /// overlap.
 /// Thread: any. Blocks: no. Allocates: no.
 template <class Format>
 void ConvertSamplesIn(int* out, const typename Format::Stored* in, int count) {
-    for (int i = 0; i < count; ++i)
-        out[i] = Format::In(in[i]);
+    if constexpr (IsStoredAs16<Format>)
+        Kernels().widen(out, in, count);
+    else
+        std::transform(in, in + count, out, Format::In);
 }
 
 template <class Format>
 void ConvertSamplesOut(typename Format::Stored* out, const int* in, int count) {
-    for (int i = 0; i < count; ++i)
-        out[i] = Format::Out(in[i]);
+    if constexpr (IsStoredAs16<Format>)
+        Kernels().narrow(out, in, count);
+    else
+        std::transform(in, in + count, out, Format::Out);
 }

@@ -30,6 +30,12 @@ bool FileExists(const std::string& path) {
 }
 
 bool IsSameFile(const std::string& path, const std::string& otherPath) {
+    return IsOneOfFiles(path, {otherPath});
+}
+
+bool IsOneOfFiles(const std::string& path, const std::set<std::string>& others) {
     const LFileIdentity identity = GetFileIdentity(path.c_str());
-    return identity.Exists() && identity == GetFileIdentity(otherPath.c_str());
+    return identity.Exists() && std::any_of(others.begin(), others.end(), [&](const std::string& other) {
+               return identity == GetFileIdentity(other.c_str());
+           });
 }

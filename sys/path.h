@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 // Paths as texts, and what stands at them.
@@ -16,3 +17,5 @@ bool HasExtension(const std::string& path, const char* extension);
 bool FileExists(const std::string& path);
 /// True where both paths lead to one existing file, whatever links lie between.
 bool IsSameFile(const std::string& path, const std::string& otherPath);
+/// The same for any of many.
+bool IsOneOfFiles(const std::string& path, const std::set<std::string>& others);

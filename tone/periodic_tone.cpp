@@ -7,13 +7,13 @@
 namespace {
 
 constexpr int SweepFrames = 32;
-/// What one oscillator produces before it is the next one's turn; short enough to stay in the fastest cache.
-constexpr int RunFrames = 1024;
 
-/// Silence for an impulse, which is no table, and for an unknown waveform.
-const ToneWaveTable& FindTable(const SonvireData& tone) {
+/// Null for impulses, silence for an unknown waveform.
+const ToneWaveTable* FindTable(const SonvireData& tone) {
     const ToneWaveformRow* waveform = FindWaveform(tone.waveform);
-    return waveform && waveform->getTable ? waveform->getTable() : GetSilentTable();
+    if (!waveform)
+        return &GetSilentTable();
+    return waveform->getTable ? &waveform->getTable() : nullptr;
 }
 
 } // namespace
@@ -23,48 +23,34 @@ SSTone::SSTone(const SonvireData& tone)
       table(FindTable(tone)),
       endSample(tone.GetDurationFrames()),
       logSweep(tone.HasFlag(ToneFlagLogSweep)),
-      toneCount(tone.GetToneCount()),
-      stereo(tone.HasFlag(ToneFlagStereo)) {
+      toneCount(tone.GetToneCount()) {
     if (tone.HasFlag(ToneFlagSweep) && endSample > 0)
         sweepCountdown = SweepFrames;
     InitOscillators(tone);
 }
 
 void SSTone::InitOscillators(const SonvireData& tone) {
-    const bool impulse = tone.waveform == ToneImpulse;
     for (std::size_t i = 0; i < toneCount; ++i) {
         const std::int8_t db = tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[i] : std::int8_t{0};
-        left[i].Init(tone.startLeftHz[i], tone.endLeftHz[i], db, impulse, logSweep);
-        right[i].Init(tone.startRightHz[i], tone.endRightHz[i], db, impulse, logSweep);
+        left[i].Init(tone.startLeftHz[i], tone.endLeftHz[i], db, logSweep);
+        right[i].Init(tone.startRightHz[i], tone.endRightHz[i], db, logSweep);
     }
-}
-
-template <class Do>
-void SSTone::ForEachOscillator(Do doThis) {
-    for (std::size_t i = 0; i < toneCount; ++i) {
-        doThis(left[i], 0, i == 0);
-        if (stereo)
-            doThis(right[i], 1, i == 0);
-    }
+    for (Oscillators* each : {&left, &right})
+        std::partition(each->begin(), each->begin() + toneCount,
+                       [](const SSTonePole& oscillator) { return oscillator.IsAtUnity(); });
 }
 
 void SSTone::Read(int* out, int frames) {
-    if (toneCount == 0)
-        ClearAudioBuffer(out, frames, channels);
     for (int done = 0; done < frames;) {
-        const int run = std::min(frames - done, sweepCountdown > 0 ? sweepCountdown : RunFrames);
-        SumOscillators(out + std::ptrdiff_t{done} * channels, run);
+        const int run = sweepCountdown > 0 ? std::min(frames - done, sweepCountdown) : frames - done;
+        for (int c = 0; c < channels; ++c)
+            SumOscillators(GetOscillators(c), table, out + c, channels, run);
+        out += std::ptrdiff_t{run} * channels;
         done += run;
         CountDownSweep(run, done - 1);
     }
     if (endSample > 0)
         position = WrapAdd(position, frames);
-}
-
-void SSTone::SumOscillators(int* out, int frames) {
-    ForEachOscillator([&](SSTonePole& oscillator, int channel, bool first) {
-        oscillator.Produce(out + channel, channels, frames, table, !first);
-    });
 }
 
 void SSTone::CountDownSweep(int frames, int lastFrame) {
@@ -74,7 +60,8 @@ void SSTone::CountDownSweep(int frames, int lastFrame) {
     if (sweepCountdown > 0)
         return;
     const double fraction = static_cast<double>(WrapAdd(position, lastFrame)) / endSample;
-    ForEachOscillator([&](SSTonePole& oscillator, int, bool) { oscillator.Sweep(fraction, logSweep); });
+    for (int c = 0; c < channels; ++c)
+        SweepOscillators(GetOscillators(c), fraction, logSweep);
     sweepCountdown = SweepFrames;
 }
 
@@ -84,6 +71,6 @@ int SSTone::GetEndSample() const {
 
 void SSTone::Seek(int sample) {
     position = sample;
-    for (std::size_t i = 0; i < toneCount; ++i)
-        left[i].Restart();
+    for (SSTonePole& oscillator : GetOscillators(0))
+        oscillator.Restart();
 }

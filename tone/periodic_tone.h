@@ -5,6 +5,7 @@
 #include "tone/tone_oscillator.h"
 
 #include <array>
+#include <span>
 
 /// Synthesises the periodic waveforms: up to 16 components, mono or stereo, constant or sweeping, at 44100
 /// Hz. The components are summed without saturation, so `peakMax` exceeds full scale. An unknown waveform is
@@ -27,18 +28,17 @@ private:
     using Oscillators = std::array<SSTonePole, MaxTones>;
 
     void InitOscillators(const SonvireData& tone);
-    void SumOscillators(int* out, int frames);
     void CountDownSweep(int frames, int lastFrame);
+    /// Those that play on a channel.
+    std::span<SSTonePole> GetOscillators(int channel) {
+        return std::span(channel == 0 ? left : right).first(toneCount);
+    }
 
-    template <class Do>
-    void ForEachOscillator(Do doThis);
-
-    const ToneWaveTable& table;
+    const ToneWaveTable* table; ///< null for impulses
     int position = 0;
     int endSample; ///< 0 = endless
     Oscillators left, right;
     int sweepCountdown = -1; ///< samples until the next sweep update, 1..32; -1 = no sweep
     bool logSweep;
     unsigned int toneCount; ///< 0..16
-    bool stereo;
 };

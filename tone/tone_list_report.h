@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,8 +27,8 @@ struct ToneListReport {
     /// In playing order, an included list before its own entries. Where there are too many, the last one
     /// names the list itself and has that problem.
     std::vector<ToneListEntry> entries;
-    std::vector<std::string> files; ///< every file that is read, lists and the list itself included
-    std::vector<LNotice> notices;   ///< what whoever plays the list is told
+    std::set<std::string> files;  ///< every file that is read, lists and the list itself included
+    std::vector<LNotice> notices; ///< what whoever plays the list is told
     /// What happens to its files while it plays.
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>();
 };

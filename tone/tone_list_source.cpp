@@ -1,27 +1,10 @@
 #include "tone/tone_list_source.h"
 
 #include "sound/files/waiting_wave.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_engine.h"
 
 #include <utility>
-
-namespace {
-
-constexpr int MaxEntryChannels = 2; // what a list can bring to one layout
-
-/// Kept quirk: from the last "." of the whole path on, also where that stands in a folder's name.
-std::string GetEntryExtension(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    return dot == std::string::npos ? std::string() : path.substr(dot);
-}
-
-bool IsEverLeft(const SonvireData& tone) {
-    return tone.IsList() ? tone.repeat == 0 : tone.IsFinite() && tone.GetDurationFrames() > 0;
-}
-
-} // namespace
 
 bool ToneListOpening::MayAddEntry() {
     if (nesting.CountEntry())
@@ -41,30 +24,13 @@ LSoundSource ToneListOpening::OpenList(const std::string& path, std::string& pro
         Tell(path, problem);
         return {};
     }
-    report.files.push_back(path);
-    LList<ToneItem> list;
-    GetToneListFromFile(list, path.c_str());
-    LSoundSource source = SSFromList(list, GetFolder(path), *this).OpenSource();
+    report.files.insert(path);
+    const auto [list, isNew] = lists.try_emplace(path);
+    if (isNew)
+        GetToneListFromFile(list->second, path.c_str());
+    LSoundSource source = SSFromList(list->second, GetFolder(path), *this).OpenSource();
     nesting.Leave();
     return source;
-}
-
-LSoundSource ToneListOpening::OpenWave(ToneListEntry& entry) {
-    const LWaveFile wave = LWaveFile::Open(entry.file.c_str());
-    if (wave.source->status != SoundUsable) {
-        if (entry.problem.empty())
-            entry.problem = LWaveFile::ExplainStatus(wave.source->status);
-        return {};
-    }
-    if (wave.source->channels > MaxEntryChannels) {
-        entry.problem = "has " + std::to_string(wave.source->channels) +
-                        " channels and is left out: lists play mono and stereo";
-        return {};
-    }
-    if (wave.header.IsCutShort())
-        entry.problem = LWaveFile::CutShortText;
-    entry.length = wave.source.GetEnd();
-    return LSoundSource::Make<LWaitingWave>(entry.file, wave.source, report.news);
 }
 
 void ToneListOpening::Tell(const std::string& path, const std::string& why) {
@@ -90,59 +56,46 @@ SSFromList::SSFromList(const LList<ToneItem>& list, const std::string& listFolde
 }
 
 void SSFromList::AddFile(const std::string& written) {
+    const ListedFile& file = opening.files.Find(written, folder);
     ToneListReport& report = opening.report;
-    ToneListEntry entry{.file = FindListEntry(written, folder),
-                        .depth = opening.nesting.GetDepth(),
-                        .length = {},
-                        .problem = {}};
-    entry.problem = CheckReadable(entry.file).GetReason();
-    report.files.push_back(entry.file);
     const std::size_t place = report.entries.size(); // before the entries of a list
+    ToneListEntry entry = file.entry;
+    entry.depth = opening.nesting.GetDepth();
+    report.files.insert(entry.file);
     report.entries.push_back(entry);
-    const LSoundSource source = OpenFile(GetEntryExtension(written), entry);
+    const LSoundSource source = OpenFile(file, entry);
     report.entries[place] = std::move(entry);
     AddSource(source);
     source->Unload();
 }
 
-LSoundSource SSFromList::OpenFile(const std::string& extension, ToneListEntry& entry) {
-    if (extension == ".wav")
-        return opening.OpenWave(entry);
-    if (extension == ".tdf")
-        return OpenTone(entry);
-    if (extension == ".tdl")
+LSoundSource SSFromList::OpenFile(const ListedFile& file, ToneListEntry& entry) {
+    ToneListReport& report = opening.report;
+    if (file.extension == ".wav")
+        return file.wave->status == SoundUsable
+                   ? LSoundSource::Make<LWaitingWave>(entry.file, file.wave, report.news)
+                   : LSoundSource();
+    if (file.extension == ".tdf")
+        return file.isTooLong ? LSoundSource() : OpenTone(file.tone, entry);
+    if (file.extension == ".tdl")
         return OpenNested(entry.file, entry);
-    entry.problem = "is of an unknown type and left out";
-    opening.report.notices.push_back(
+    report.notices.push_back(
         {.title = "Unrecognized file type",
-         .text = "File type of extension \"" + extension + "\" is not recognized as a tone file.",
+         .text = "File type of extension \"" + file.extension + "\" is not recognized as a tone file.",
          .mayBeLast = true});
     return {};
 }
 
-/// Kept quirk: an endless, looped or unreadable tone is never left, and what follows never reached.
-LSoundSource SSFromList::OpenTone(ToneListEntry& entry) {
-    SonvireData tone;
-    if (tone.ReadFromFile(entry.file.c_str()))
-        entry.problem = (entry.problem.empty() ? "is not a whole tone" : entry.problem) +
-                        "; an endless sine plays, and nothing behind it";
-    else if (entry.endless = !IsEverLeft(tone); entry.endless)
-        entry.problem = "is endless; nothing behind it plays";
-    if (const LFailure uncountable = tone.CheckCountable()) {
-        entry.problem = uncountable.GetReason() + "; it is left out";
-        return {};
-    }
+LSoundSource SSFromList::OpenTone(const SonvireData& tone, ToneListEntry& entry) {
     if (!tone.IsList()) {
         LSoundSource source = OpenToneEngine(tone);
         entry.length = source.GetEnd();
         return source;
     }
-    const std::string path = tone.GetListPath();
-    if (const LFailure unreadable = CheckReadable(path))
-        entry.problem = "plays the list \"" + path + "\": " + unreadable.GetReason();
-    const LSoundSource list = OpenNested(path, entry);
-    LSoundSource source = LoopTone(tone, list);
-    if (tone.repeat != 0)
+    const SonvireData kept = tone; // the files in the list may take its place
+    const LSoundSource list = OpenNested(kept.GetListPath(), entry);
+    LSoundSource source = LoopTone(kept, list);
+    if (kept.repeat != 0)
         entry.length = source.GetEnd();
     return source;
 }
@@ -167,11 +120,4 @@ LSoundSource OpenToneList(const std::string& path, ToneListReport* report) {
     if (report)
         *report = std::move(opening.report);
     return source;
-}
-
-std::string FindListEntry(const std::string& path, const std::string& folder) {
-    if (folder.empty() || folder == "." || path.empty() || path.front() == '/')
-        return path;
-    const std::string beside = folder + "/" + path;
-    return FileExists(beside) ? beside : path;
 }

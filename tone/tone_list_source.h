@@ -1,11 +1,13 @@
 #pragma once
 
 #include "sound/stages/concatenation.h"
+#include "tone/listed_file.h"
 #include "tone/tone_list_file.h"
 #include "tone/tone_list_nesting.h"
 #include "tone/tone_list_report.h"
 
 #include <string>
+#include <unordered_map>
 
 /// What goes along while a list and the lists in it are opened.
 struct ToneListOpening {
@@ -14,14 +16,13 @@ struct ToneListOpening {
     /// Opens a list, with its entries in the report. One that is left out is a source with nothing behind it;
     /// `problem` then says why.
     LSoundSource OpenList(const std::string& path, std::string& problem);
-    /// Opens the WAVE file of an entry, which waits unloaded. One that is left out is a source with nothing
-    /// behind it, and a problem of the entry's.
-    LSoundSource OpenWave(ToneListEntry& entry);
     /// Notes that something of a list is left out.
     void Tell(const std::string& path, const std::string& why);
 
     ToneListReport report{};
     ToneListNesting nesting{};
+    ListedFiles files{};
+    std::unordered_map<std::string, LList<ToneItem>> lists{}; ///< by path, each read once
     bool full = false;
 };
 
@@ -40,8 +41,8 @@ public:
 
 private:
     void AddFile(const std::string& written);
-    LSoundSource OpenFile(const std::string& extension, ToneListEntry& entry);
-    LSoundSource OpenTone(ToneListEntry& entry);
+    LSoundSource OpenFile(const ListedFile& file, ToneListEntry& entry);
+    LSoundSource OpenTone(const SonvireData& tone, ToneListEntry& entry);
     LSoundSource OpenNested(const std::string& path, ToneListEntry& entry);
 
     std::string folder;
@@ -52,6 +53,3 @@ private:
 /// left out, and so is what exceeds `MaxListDepth` and `MaxListEntries`. The report, where one is asked for,
 /// says what is wrong.
 LSoundSource OpenToneList(const std::string& path, ToneListReport* report = nullptr);
-
-/// Where an entry's file is: in `folder` where it is relative and found there, else `path` as it stands.
-std::string FindListEntry(const std::string& path, const std::string& folder);

@@ -10,10 +10,6 @@ namespace {
 constexpr int MaxPeakToDouble = 0x100000;
 constexpr int LastRefillStart = 32511; // a buffer filled beyond this is moved to its front first
 
-bool Fits16(int value) {
-    return value == static_cast<std::int16_t>(value);
-}
-
 int RaisePeak(int peak) {
     return peak <= MaxPeakToDouble ? peak * 2 : peak;
 }
@@ -87,12 +83,9 @@ void LSRCConvertRate::ReadBuffer() {
 
     const int frames = GetFramesToRead();
     input->Read(reach + samples(Taps), frames);
-    const int reachable = samples(Taps + frames);
     SetInputShift(GetBufferPeak(reach, Taps + frames, channels));
-    const int half = inputShift == 0 ? 0 : 1 << (inputShift - 1);
-    for (int i = 0; i < reachable && inputShift != 0; ++i)
-        reach[i] = WrapAdd(reach[i], half) >> inputShift;
-    PackSamples(Taps + frames);
+    negatedStart = fill;
+    samplesFit = channels <= 2 && Kernels().pack(reach, Taps + frames, inputShift, GetNegated(fill));
     fill += frames;
 }
 
@@ -105,18 +98,10 @@ void LSRCConvertRate::SetInputShift(int peak) {
     rounding = fits ? (1 << outputShift) >> 1 : 0;
 }
 
-void LSRCConvertRate::PackSamples(int frames) {
-    const int* reach = WorkFrame(fill);
-    negatedStart = fill;
-    samplesFit = true;
-    for (int c = 0; c < channels; ++c) {
-        std::int16_t* out = &negated[static_cast<std::size_t>(c) * NarrowFrames];
-        for (int i = 0; i < frames; ++i) {
-            const int sample = WrapSubtract(0, reach[i * channels + c]);
-            samplesFit &= Fits16(sample);
-            out[i] = static_cast<std::int16_t>(sample);
-        }
-    }
+LChannelSamples LSRCConvertRate::GetNegated(int frame) {
+    return {.first = &negated[static_cast<std::size_t>(frame - negatedStart)],
+            .distance = NarrowFrames,
+            .channels = channels};
 }
 
 void LSRCConvertRate::Read(int* buffer, int frames) {
@@ -155,7 +140,7 @@ void LSRCConvertRate::MoveOn(int frames) {
     phaseAccumulator = static_cast<int>(last % phases) + filter.GetStep();
 }
 
-void LSRCConvertRate::Produce(int* buffer, int frames) const {
+void LSRCConvertRate::Produce(int* buffer, int frames) {
     const LPolyphaseRun run = {
         .rows = design->rows.data(),
         .middle = design->middle.data(),
@@ -165,12 +150,7 @@ void LSRCConvertRate::Produce(int* buffer, int frames) const {
         .rounding = rounding,
         .shift = outputShift,
     };
-    for (int c = 0; c < channels; ++c) {
-        const std::size_t first = static_cast<std::size_t>(c) * NarrowFrames;
-        Kernels().convolve(run, phaseAccumulator,
-                           &negated[first + static_cast<std::size_t>(spanStart - negatedStart)], buffer + c,
-                           channels, frames);
-    }
+    Kernels().convolve(run, phaseAccumulator, GetNegated(spanStart), buffer, frames);
 }
 
 /// The same from the work buffer: for the smallest of all samples, whose magnitude no 32 bits hold, and what

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sound/kernels/kernels.h"
 #include "sound/sound_process.h"
-#include "sound/stages/kernels.h"
 #include "sound/stages/shared_filter.h"
 
 #include <array>
@@ -43,11 +43,11 @@ private:
     void ReadBuffer();
     int GetFramesToRead() const;
     void SetInputShift(int peak);
-    void PackSamples(int frames);
+    LChannelSamples GetNegated(int frame);
 
     void EnterSubPhase();
     int GetFramesInBuffer() const;
-    void Produce(int* buffer, int frames) const;
+    void Produce(int* buffer, int frames);
     void ProduceWide(int* buffer, int frames) const;
     void MoveOn(int frames);
 

@@ -1,7 +1,7 @@
 #include "sound/stages/peak_limit.h"
 
+#include "sound/kernels/kernels.h"
 #include "sound/level.h"
-#include "sound/stages/kernels.h"
 
 LSRCPeakLimit::LSRCPeakLimit(const LSoundSource& wrapped, int peakLimit, std::shared_ptr<LLimiterNews> told)
     : LSoundProcessBase(wrapped),

@@ -1,7 +1,5 @@
 #include "sound/stages/shared_filter.h"
 
-#include "sound/stages/kernels.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <mutex>
@@ -35,23 +33,28 @@ std::shared_ptr<const LSharedFilter> LSharedFilter::Get(int inRate, int outRate,
     return kept.back().filter;
 }
 
-LSharedFilter::LSharedFilter(int inRate, int outRate, bool wide) : filter(inRate, outRate, Taps, wide) {
-    constexpr int half = Taps >> 1;
-    static_assert(LPolyphaseRun::RowLength == Taps + 1);
-    for (int p = 0; p < filter.GetPhases(); ++p) {
-        const int* row = filter.GetRow(p);
-        int magnitudes[2] = {0, 0}; // of each half
-        for (int t = 0; t < Taps; ++t) {
-            const bool apart = t == half || t == half + 1;
-            const auto low = static_cast<std::int16_t>(row[t]);
-            rows.push_back(apart ? std::int16_t{0} : low);
-            if (apart)
-                middle.push_back(row[t]);
-            else
-                magnitudes[t > half ? 1 : 0] += std::abs(row[t]);
-            rowsFit = rowsFit && (apart || low == row[t]);
+LSharedFilter::LSharedFilter(int inRate, int outRate, bool wide)
+    : filter(inRate, outRate, Taps, wide),
+      rows(static_cast<std::size_t>(filter.GetPhases())) {
+    for (int p = 0; p < filter.GetPhases(); ++p)
+        rowsFit = FillRow(rows[static_cast<std::size_t>(p)], filter.GetRow(p)) && rowsFit;
+}
+
+/// False where the taps can't be taken so.
+bool LSharedFilter::FillRow(LPolyphaseRow& row, const int* taps) {
+    static_assert(LPolyphaseRow::Length == Taps + 1);
+    constexpr int half = Taps >> 1, coarse = LPolyphaseRow::Coarse;
+    int magnitudes[2] = {0, 0}; // of each half
+    bool fits = true;
+    for (int t = 0; t < Taps; ++t) {
+        int tap = taps[t];
+        if (t == half || t == half + 1) {
+            middle.push_back(static_cast<std::int16_t>((tap + coarse / 2) / coarse));
+            tap -= middle.back() * coarse;
         }
-        rows.push_back(0);
-        rowsFit = rowsFit && std::max(magnitudes[0], magnitudes[1]) <= LPolyphaseRun::MaxHalfRow;
+        row.taps[t] = static_cast<std::int16_t>(tap);
+        magnitudes[t > half ? 1 : 0] += std::abs(tap);
+        fits = fits && row.taps[t] == tap;
     }
+    return fits && std::max(magnitudes[0], magnitudes[1]) <= LPolyphaseRow::MaxHalf;
 }

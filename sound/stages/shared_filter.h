@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sound/kernels/kernels.h"
 #include "sound/stages/resample_filter.h"
 
 #include <cstdint>
@@ -18,7 +19,10 @@ struct LSharedFilter {
     LSharedFilter(int inRate, int outRate, bool wide);
 
     LConvertRateBase filter;
-    std::vector<std::int16_t> rows; ///< the coefficients as `LPolyphaseRun` takes them
-    std::vector<int> middle;
+    std::vector<LPolyphaseRow> rows; ///< the coefficients as `LPolyphaseRun` takes them
+    std::vector<std::int16_t> middle;
     bool rowsFit = true; ///< whether they can be taken so
+
+private:
+    bool FillRow(LPolyphaseRow& row, const int* taps);
 };

@@ -202,7 +202,8 @@ TEST_F(ToneList, ThousandsOfFilesNeedFewHandles) {
     std::vector<std::string> entries;
     for (int i = 0; i < 300; ++i)
         entries.push_back(Wave("w" + std::to_string(i) + ".wav", 10, 16 * (i + 1)));
-    const LSoundSource source = Open(List("many.tdl", entries));
+    const std::string tone = Tone("many.tdf", {}, 0, 0, List("many.tdl", entries));
+    const LSoundSource source = Open(List("outer.tdl", {tone}));
     ASSERT_EQ(source->GetEndSample(), 3000);
     for (int round = 0; round < 2; ++round) {
         const std::vector<int> out = ReadFrames(*source, 3000);

@@ -78,29 +78,6 @@ TEST(ConvertRate, MatchesTheReference) {
     }
 }
 
-TEST(ConvertRate, EveryInstructionSetGivesTheSameBits) {
-    std::vector<std::int16_t> rows, samples;
-    for (const int value : ReferenceNoise(4096, 60000))
-        samples.push_back(static_cast<std::int16_t>(value));
-    for (int i = 100; i < 100 + 3 * 64; ++i)
-        rows.push_back(samples[static_cast<std::size_t>(i)] / 17); // halves of a magnitude of 65535 at most
-    samples[40] = samples[41] = -32768;
-    const int middle[] = {65536, -20, 63000, 41700, -65536, 7};
-    const LPolyphaseRun run{rows.data(), middle, 3, 1, 2, 1 << 10, 11};
-    const std::vector<int> loud = ReferenceNoise(5003, 2000000);
-
-    std::vector<std::vector<std::vector<int>>> results;
-    for (const LKernels* kernels : GetUsableKernels()) {
-        std::vector<int> mono(5003), stereo(5002), convolved(2000);
-        kernels->applyGainLine(mono.data(), loud.data(), 5003, 1, 9000000, -321);
-        kernels->applyGainLine(stereo.data(), loud.data(), 2501, 2, 0x1000000, -4321);
-        kernels->convolve(run, 2, samples.data(), convolved.data(), 1, 2000);
-        results.push_back({mono, stereo, convolved, {kernels->getPeak(loud.data(), 5003)}});
-    }
-    for (const auto& each : results)
-        EXPECT_EQ(each, results.front());
-}
-
 TEST(ConvertRate, AConstantComesOutAsItself) {
     // 65535 is halved to one more than 16 bits hold by rounding, 1 << 29 is the largest that needs no shift
     // on the way out, and 1 << 30 would need one to the left.

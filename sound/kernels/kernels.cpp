@@ -1,4 +1,4 @@
-#include "sound/stages/kernels.h"
+#include "sound/kernels/kernels.h"
 
 namespace baseline {
 extern const LKernels kernels;
