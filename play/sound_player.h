@@ -11,8 +11,8 @@ int GetVolumeLevel(LDB volume);
 
 /// Plays one source at a time through an output, at the source's rate and channel count in 16 bits; a source
 /// that may exceed them is limited, and one of a rate that no output takes is converted to the nearest. The
-/// owner, who made the player, gets the notifications from the event loop of its thread; no call waits for
-/// the output.
+/// owner, who made the player on the main thread, gets the notifications from its event loop; no call waits
+/// for the output.
 class LSoundPlayer : private LThreadQueuedNotify, private LSoundPlayerNotify {
 public:
     /// `opener` makes the channel of every playback, on the playback's thread.

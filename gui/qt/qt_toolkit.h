@@ -36,7 +36,7 @@ private:
 
     DisplayCheck displayCheck;
     QApplication application;
-    QSocketNotifier posted; ///< `LThreadQueuedNotify`s
+    QSocketNotifier posted; ///< tells of `LThreadQueuedNotify`s
     LQtSessionEnd sessionEnd;
     LQtMessageBoxes messageBoxes{sessionEnd};
 };
