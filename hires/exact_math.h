@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+/// Functions made of additions, products and quotients of doubles alone, which every machine and compiler
+/// rounds in the same way; those of the system's library may differ in the last digit. All are within a few
+/// units of it.
+
+/// The sine of a whole turn's fraction `part` / `whole`; 0 <= part < whole <= 2^32, and 8 divides `whole`.
+double ExactSine(std::int64_t part, std::int64_t whole);
+/// The natural logarithm; `x` is positive and finite.
+double ExactLog(double x);
+/// e to the power of `x`, which lies within +-700.
+double ExactExp(double x);
+/// The same less one, exact for small `x` as well.
+double ExactExpLessOne(double x);
+/// The factor of an amplitude that is `db` decibels, within +-6000.
+double ExactAmplitude(double db);

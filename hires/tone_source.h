@@ -1,0 +1,17 @@
+#pragma once
+
+#include "hires/hires_source.h"
+#include "hires/settings.h"
+#include "sys/failure.h"
+#include "tone/tone_data.h"
+
+/// A tone that was opened, or why it can't be.
+struct HiresTone {
+    HiresSourcePtr source; ///< null with a failure
+    LFailure failure{};
+    double peak = 0; ///< the most that it reaches, in dBFS, as it stands; -infinity for silence
+};
+
+/// Opens a tone that is no list in the high-resolution engine; every field of it may hold anything.
+/// Frequencies beyond half the rate are silent, and a looped tone starts its sweep anew with each pass.
+HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings);
