@@ -7,35 +7,52 @@
 #include <cstddef>
 #include <limits>
 
+/// The factors of all 256 levels, worked out by the compiler: when the program runs, that would take longer
+/// than to render a short tone.
+class LDB::LDBTablesClass {
+public:
+    constexpr LDBTablesClass() {
+        Fill(amplitude, 1.12201845430196343559103894647790574L); // 10^(1/20)
+        Fill(power, 1.25892541179416721042395410639580061L);     // 10^(1/10)
+    }
+
+    constexpr int GetAmplitude(int db) const { return amplitude[Index(db)]; }
+    constexpr int GetPower(int db) const { return power[Index(db)]; }
+
+private:
+    using Table = std::array<int, 256>;
+
+    static constexpr std::size_t Index(int db) { return static_cast<std::size_t>(db + 128); }
+
+    static constexpr void Fill(Table& table, long double step) {
+        long double louder = 1, softer = 1;
+        for (int db = 0; db <= 127; ++db, louder *= step, softer /= step) {
+            table[Index(db)] = ToFixed824(louder);
+            table[Index(-db)] = -db > Silence ? ToFixed824(softer) : 0;
+        }
+    }
+
+    static constexpr int ToFixed824(long double factor) {
+        const long double value = factor * 16777216 + 0.5L;
+        constexpr int top = std::numeric_limits<int>::max();
+        return value < static_cast<long double>(top) ? static_cast<int>(value) : top;
+    }
+
+    Table amplitude{}, power{};
+};
+
 namespace {
 
-constexpr std::size_t Index(int db) {
-    return static_cast<std::size_t>(db + 128);
-}
-
-constexpr int ToFixed824(long double factor) {
-    const long double value = factor * 16777216 + 0.5L;
-    constexpr int top = std::numeric_limits<int>::max();
-    return value < top ? static_cast<int>(value) : top;
-}
-
-/// Of all 256 levels, worked out by the compiler: at run time that would take longer than to render a short
-/// tone.
-constexpr std::array<int, 256> Amplitudes = [] {
-    constexpr long double step = 1.12201845430196343559103894647790574L; // 10^(1/20)
-    std::array<int, 256> table{};
-    long double louder = 1, softer = 1;
-    for (int db = 0; db <= 127; ++db, louder *= step, softer /= step) {
-        table[Index(db)] = ToFixed824(louder);
-        table[Index(-db)] = -db > LDB::Silence ? ToFixed824(softer) : 0;
-    }
-    return table;
-}();
+constexpr LDB::LDBTablesClass Tables;
 
 } // namespace
 
 int LDB::GetAmplitude() const {
-    return Amplitudes[Index(db)];
+    return Tables.GetAmplitude(db);
+}
+
+int LDB::GetPower() const {
+    return Tables.GetPower(db);
 }
 
 int GetBufferPeak(const int* buffer, int frames, std::uint8_t channels) {

@@ -16,8 +16,12 @@ public:
 
     /// 10^(dB/20) in 8.24 fixed point, rounded; 0 for silence, 2147483647 from +43 dB on.
     int GetAmplitude() const;
+    /// 10^(dB/10) in 8.24 fixed point, rounded; 0 for silence, 2147483647 from +22 dB on.
+    int GetPower() const;
 
     constexpr bool operator==(const LDB&) const = default;
+
+    class LDBTablesClass;
 
 private:
     std::int8_t db = Silence;

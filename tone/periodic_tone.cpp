@@ -22,21 +22,24 @@ SSTone::SSTone(const SonvireData& tone)
     : LSoundSourceBase(ToneSampleRate, tone.HasFlag(ToneFlagStereo) ? 2 : 1, SynthesisPeakMax),
       table(FindTable(tone)),
       endSample(tone.GetDurationFrames()),
-      logSweep(tone.HasFlag(ToneFlagLogSweep)),
-      toneCount(tone.GetToneCount()) {
+      left(tone.GetToneCount()),
+      right(channels == 2 ? left.size() : 0),
+      logSweep(tone.HasFlag(ToneFlagLogSweep)) {
     if (tone.HasFlag(ToneFlagSweep) && endSample > 0)
         sweepCountdown = SweepFrames;
     InitOscillators(tone);
 }
 
 void SSTone::InitOscillators(const SonvireData& tone) {
-    for (std::size_t i = 0; i < toneCount; ++i) {
-        const std::int8_t db = tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[i] : std::int8_t{0};
-        left[i].Init(tone.startLeftHz[i], tone.endLeftHz[i], db, logSweep);
-        right[i].Init(tone.startRightHz[i], tone.endRightHz[i], db, logSweep);
-    }
-    for (Oscillators* each : {&left, &right})
-        std::partition(each->begin(), each->begin() + toneCount,
+    const auto getLevel = [&](std::size_t i) {
+        return tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[i] : std::int8_t{0};
+    };
+    for (std::size_t i = 0; i < left.size(); ++i)
+        left[i].Init(tone.startLeftHz[i], tone.endLeftHz[i], getLevel(i), logSweep);
+    for (std::size_t i = 0; i < right.size(); ++i)
+        right[i].Init(tone.startRightHz[i], tone.endRightHz[i], getLevel(i), logSweep);
+    for (std::vector<SSTonePole>* each : {&left, &right})
+        std::partition(each->begin(), each->end(),
                        [](const SSTonePole& oscillator) { return oscillator.IsAtUnity(); });
 }
 

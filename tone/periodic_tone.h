@@ -4,8 +4,7 @@
 #include "tone/tone_data.h"
 #include "tone/tone_oscillator.h"
 
-#include <array>
-#include <span>
+#include <vector>
 
 /// Synthesises the periodic waveforms: up to 16 components, mono or stereo, constant or sweeping, at 44100
 /// Hz. The components are summed without saturation, so `peakMax` exceeds full scale. An unknown waveform is
@@ -25,20 +24,15 @@ public:
     void Seek(int sample) override;
 
 private:
-    using Oscillators = std::array<SSTonePole, MaxTones>;
-
     void InitOscillators(const SonvireData& tone);
     void CountDownSweep(int frames, int lastFrame);
     /// Those that play on a channel.
-    std::span<SSTonePole> GetOscillators(int channel) {
-        return std::span(channel == 0 ? left : right).first(toneCount);
-    }
+    std::vector<SSTonePole>& GetOscillators(int channel) { return channel == 0 ? left : right; }
 
     const ToneWaveTable* table; ///< null for impulses
     int position = 0;
-    int endSample; ///< 0 = endless
-    Oscillators left, right;
-    int sweepCountdown = -1; ///< samples until the next sweep update, 1..32; -1 = no sweep
+    int endSample;                       ///< 0 = endless
+    std::vector<SSTonePole> left, right; ///< up to 16; the right ones where it is stereo
+    int sweepCountdown = -1;             ///< samples until the next sweep update, 1..32; -1 = no sweep
     bool logSweep;
-    unsigned int toneCount; ///< 0..16
 };

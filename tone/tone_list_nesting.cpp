@@ -10,7 +10,10 @@ const std::string ToneListNesting::TooManyEntries =
     " entries, those of the lists in it included; the rest is left out";
 
 LFailure ToneListNesting::Enter(const std::string& path) {
-    const LFileIdentity file = GetFileIdentity(path.c_str());
+    const auto [known, isNew] = identities.try_emplace(path);
+    if (isNew)
+        known->second = GetFileIdentity(path.c_str());
+    const LFileIdentity file = known->second;
     if (file.Exists() && std::find(open.begin(), open.end(), file) != open.end())
         return "includes itself; it is left out there";
     if (open.size() == MaxListDepth)

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// The most lists that lie within each other.
@@ -33,6 +34,7 @@ public:
 
 private:
     std::vector<LFileIdentity> open;
+    std::unordered_map<std::string, LFileIdentity> identities; ///< of all lists so far
     std::string outermost;
     int entries = 0;
     bool told = false;

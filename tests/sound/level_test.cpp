@@ -8,12 +8,25 @@
 namespace {
 
 TEST(Level, FactorsAreTheRoundedPowersOfTen) {
-    constexpr int cases[][2] = {{0, 16777216},  {-6, 8408526},   {-20, 1677722},   {6, 33474947},
-                                {-10, 5305422}, {20, 167772160}, {40, 1677721600}, {42, 2112126356},
-                                {43, INT_MAX},  {127, INT_MAX},  {-126, 8},        {-127, 0},
-                                {-128, 0}};
-    for (const auto& [db, amplitude] : cases)
-        EXPECT_EQ(LDB(static_cast<std::int8_t>(db)).GetAmplitude(), amplitude) << db;
+    constexpr int cases[][3] = {{0, 16777216, 16777216},
+                                {-6, 8408526, 4214246},
+                                {-20, 1677722, 167772},
+                                {6, 33474947, 66791300},
+                                {-10, 5305422, 1677722},
+                                {20, 167772160, 1677721600},
+                                {22, 211212636, INT_MAX},
+                                {40, 1677721600, INT_MAX},
+                                {42, 2112126356, INT_MAX},
+                                {43, INT_MAX, INT_MAX},
+                                {127, INT_MAX, INT_MAX},
+                                {-126, 8, 0},
+                                {-127, 0, 0},
+                                {-128, 0, 0}};
+    for (const auto& [db, amplitude, power] : cases) {
+        const LDB level(static_cast<std::int8_t>(db));
+        EXPECT_EQ(level.GetAmplitude(), amplitude) << db;
+        EXPECT_EQ(level.GetPower(), power) << db;
+    }
 }
 
 TEST(Level, MeasuresABuffer) {
