@@ -1,0 +1,107 @@
+#include "hires/files/file_writer.h"
+
+#include "hires/files/sample_bits.h"
+#include "hires/files/sound_stream.h"
+#include "sound/sound_source.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace {
+
+int GetWaveType(const HiresFileFormat& format) {
+    if (IsBeyond4GiB(format))
+        return SF_FORMAT_RF64;
+    return format.samples == HiresSamples::Int16 ? SF_FORMAT_WAV : SF_FORMAT_WAVEX;
+}
+
+int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
+    switch (container) {
+    case HiresFileKind::Container::Flac:
+        return SF_FORMAT_FLAC;
+    case HiresFileKind::Container::Aiff:
+        return SF_FORMAT_AIFF;
+    case HiresFileKind::Container::W64:
+        return SF_FORMAT_W64;
+    case HiresFileKind::Container::Caf:
+        return SF_FORMAT_CAF;
+    default:
+        return GetWaveType(format);
+    }
+}
+
+int GetSubtype(HiresSamples samples) {
+    switch (samples) {
+    case HiresSamples::Int16:
+        return SF_FORMAT_PCM_16;
+    case HiresSamples::Int24:
+        return SF_FORMAT_PCM_24;
+    case HiresSamples::Int32:
+        return SF_FORMAT_PCM_32;
+    default:
+        return SF_FORMAT_FLOAT;
+    }
+}
+
+void Describe(SNDFILE* file, const HiresFileTags& tags) {
+    sf_set_string(file, SF_STR_SOFTWARE, tags.program.c_str());
+    sf_set_string(file, SF_STR_COMMENT, tags.comment.c_str());
+}
+
+} // namespace
+
+HiresFileWriter::HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kind,
+                                 const HiresFileFormat& format, const HiresFileTags& tags)
+    : failure(kind.Check(format)),
+      channels(format.channels),
+      quantizer(GetBits(format.samples), format.dither && format.samples == HiresSamples::Int16, format.seed),
+      block(static_cast<std::size_t>(channels) * MaxBlockFrames) {
+    if (!failure)
+        Open(std::move(file), kind, format);
+    if (!failure)
+        Describe(stream->Get(), tags);
+}
+
+HiresFileWriter::~HiresFileWriter() = default;
+
+void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format) {
+    if (!file.IsOpen())
+        failure = file.GetFailure();
+    else if (file.GetOffset() < 0)
+        failure = "can't be rewound, which a file of high resolution needs";
+    if (failure)
+        return;
+    stream = std::make_unique<HiresSoundStream>(std::move(file),
+                                                GetType(kind.container, format) | GetSubtype(format.samples),
+                                                format.rate, format.channels);
+    if (!stream->Get()) {
+        failure = "can't be written as a file of this kind";
+        return;
+    }
+    sf_command(stream->Get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE); // it tells the time
+    sf_command(stream->Get(), SFC_SET_SCALE_INT_FLOAT_WRITE, nullptr, SF_TRUE);
+}
+
+LFailure HiresFileWriter::Write(const std::int32_t* samples, int frames) {
+    for (int done = 0; done < frames && !failure;) {
+        const int now = std::min(frames - done, MaxBlockFrames);
+        const std::int32_t* from = samples + static_cast<std::ptrdiff_t>(done) * channels;
+        std::copy_n(from, now * channels, block.begin());
+        quantizer.Quantize(block.data(), now * channels);
+        const bool isWritten = sf_writef_int(stream->Get(), block.data(), now) == now;
+        failure = stream->GetFailure();
+        if (!isWritten && !failure)
+            failure = LFailure::OfSystem(EIO);
+        done += now;
+    }
+    return failure;
+}
+
+LFailure HiresFileWriter::Finish() {
+    if (!stream)
+        return failure;
+    stream->Close();
+    if (!failure)
+        failure = stream->GetFailure();
+    return failure;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "sys/failure.h"
+#include "sys/file.h"
+
+#include <sndfile.h>
+
+/// libsndfile at work on a file of ours, so that what the system says of a write that fails is known.
+class HiresSoundStream {
+public:
+    /// Reads what is in the file.
+    explicit HiresSoundStream(LReadFile&& opened);
+    /// Replaces what is in the file from its offset on. `format` is one of libsndfile's.
+    HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels);
+    ~HiresSoundStream();
+    HiresSoundStream(const HiresSoundStream&) = delete;
+    HiresSoundStream& operator=(const HiresSoundStream&) = delete;
+
+    /// For libsndfile's functions; null where it can't read the file or write this format, and once closed.
+    SNDFILE* Get() const { return handle; }
+    const SF_INFO& GetInfo() const { return info; }
+
+    /// Completes the file.
+    void Close();
+    /// The first write that has failed.
+    const LFailure& GetFailure() const { return failure; }
+
+private:
+    struct Callbacks;
+
+    void Open(int mode);
+
+    LOpenFile file;
+    std::int64_t start; ///< offset of the sound file's first byte
+    LFailure failure;
+    SF_INFO info{};
+    SNDFILE* handle = nullptr;
+};
