@@ -2,7 +2,31 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 #include <utility>
+
+namespace {
+
+constexpr std::size_t ChunkHeader = 8, PeakTime = 12; ///< bytes, and where the time is in the chunk
+
+std::size_t GetChunkBytes(const std::string& file, std::size_t at) {
+    std::size_t bytes = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        bytes |= std::size_t{static_cast<unsigned char>(file[at + 4 + i])} << (8 * i);
+    return bytes;
+}
+
+/// The header of an RF64 file without the time in its PEAK chunk, which libsndfile can be told to leave out
+/// of all kinds but this.
+std::string BlankPeakTime(std::string header) {
+    for (std::size_t at = 12; at + PeakTime + 4 <= header.size();
+         at += ChunkHeader + (GetChunkBytes(header, at) + 1) / 2 * 2)
+        if (header.compare(at, 4, "PEAK") == 0)
+            std::fill_n(&header[at + PeakTime], 4, '\0');
+    return header;
+}
+
+} // namespace
 
 /// What libsndfile calls, with offsets from the start.
 struct HiresSoundStream::Callbacks {
@@ -27,13 +51,13 @@ struct HiresSoundStream::Callbacks {
     }
 
     static sf_count_t Write(const void* data, sf_count_t bytes, void* stream) {
-        LFailure& first = Of(stream).failure;
-        LFailure unwritten = Of(stream).file.Write(data, static_cast<std::size_t>(bytes));
-        if (!unwritten)
-            return bytes;
-        if (!first)
-            first = std::move(unwritten);
-        return 0;
+        const auto size = static_cast<std::size_t>(bytes);
+        HiresSoundStream& self = Of(stream);
+        const bool isRf64 = (self.info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_RF64;
+        self.Keep(isRf64 && Tell(stream) == 0
+                      ? self.file.Write(BlankPeakTime({static_cast<const char*>(data), size}).data(), size)
+                      : self.file.Write(data, size));
+        return self.failure ? 0 : bytes;
     }
 };
 
@@ -64,7 +88,10 @@ void HiresSoundStream::Open(int mode) {
 void HiresSoundStream::Close() {
     if (handle)
         sf_close(std::exchange(handle, nullptr));
-    LFailure lost = file.Close();
-    if (lost && !failure)
-        failure = std::move(lost);
+    Keep(file.Close());
+}
+
+void HiresSoundStream::Keep(LFailure unwritten) {
+    if (!failure)
+        failure = std::move(unwritten);
 }

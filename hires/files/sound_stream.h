@@ -29,6 +29,7 @@ private:
     struct Callbacks;
 
     void Open(int mode);
+    void Keep(LFailure unwritten);
 
     LOpenFile file;
     std::int64_t start; ///< offset of the sound file's first byte
