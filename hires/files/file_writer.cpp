@@ -86,8 +86,7 @@ LFailure HiresFileWriter::Write(const std::int32_t* samples, int frames) {
     for (int done = 0; done < frames && !failure;) {
         const int now = std::min(frames - done, MaxBlockFrames);
         const std::int32_t* from = samples + static_cast<std::ptrdiff_t>(done) * channels;
-        std::copy_n(from, now * channels, block.begin());
-        quantizer.Quantize(block.data(), now * channels);
+        quantizer.Quantize(from, block.data(), now * channels);
         const bool isWritten = sf_writef_int(stream->Get(), block.data(), now) == now;
         failure = stream->GetFailure();
         if (!isWritten && !failure)

@@ -20,14 +20,16 @@ std::int64_t HiresQuantizer::DrawDither() {
     return static_cast<std::int64_t>(drawn >> 32 & mask) - static_cast<std::int64_t>(drawn & mask);
 }
 
-void HiresQuantizer::Quantize(std::int32_t* samples, int count) {
-    if (dropped == 0)
-        return;
-    const std::int64_t half = std::int64_t{1} << (dropped - 1);
-    const std::int64_t highest = (std::int64_t{1} << (31 - dropped)) - 1;
-    for (std::int32_t* sample = samples; sample != samples + count; ++sample) {
-        const std::int64_t added = half + (isDithered ? DrawDither() : 0);
-        const std::int64_t rounded = std::clamp((*sample + added) >> dropped, -highest - 1, highest);
-        *sample = static_cast<std::int32_t>(rounded << dropped);
-    }
+void HiresQuantizer::Quantize(const std::int32_t* in, std::int32_t* out, int count) {
+    const std::int32_t half = dropped == 0 ? 0 : 1 << (dropped - 1);
+    const std::int32_t highest = INT32_MAX - half; // that is rounded up to a number that there is
+    const std::int32_t kept = -1 << dropped;
+    if (!isDithered)
+        for (int i = 0; i < count; ++i)
+            out[i] = (std::min(in[i], highest) + half) & kept;
+    else
+        for (int i = 0; i < count; ++i) {
+            const auto dithered = std::clamp<std::int64_t>(in[i] + DrawDither(), INT32_MIN, highest);
+            out[i] = (static_cast<std::int32_t>(dithered) + half) & kept;
+        }
 }

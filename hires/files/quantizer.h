@@ -13,7 +13,7 @@ public:
     /// resembles.
     HiresQuantizer(int bits, bool dithers, std::uint64_t seed);
 
-    void Quantize(std::int32_t* samples, int count);
+    void Quantize(const std::int32_t* in, std::int32_t* out, int count);
 
 private:
     std::int64_t DrawDither();

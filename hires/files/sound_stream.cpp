@@ -57,6 +57,7 @@ struct HiresSoundStream::Callbacks {
         self.Keep(isRf64 && Tell(stream) == 0
                       ? self.file.Write(BlankPeakTime({static_cast<const char*>(data), size}).data(), size)
                       : self.file.Write(data, size));
+        self.pace.KeepUp(self.file, self.file.GetOffset());
         return self.failure ? 0 : bytes;
     }
 };

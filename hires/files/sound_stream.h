@@ -2,6 +2,7 @@
 
 #include "sys/failure.h"
 #include "sys/file.h"
+#include "sys/write_pace.h"
 
 #include <sndfile.h>
 
@@ -33,6 +34,7 @@ private:
 
     LOpenFile file;
     std::int64_t start; ///< offset of the sound file's first byte
+    LWritePace pace{start};
     LFailure failure;
     SF_INFO info{};
     SNDFILE* handle = nullptr;
