@@ -124,7 +124,7 @@ void FileSource::ReadBlock(std::int32_t* out, int frames) {
 }
 
 void FileSource::Read(std::int32_t* out, int frames) {
-    if (position == 0)
+    if (position == 0 && length > 0)
         Open();
     std::int32_t* const end = out + static_cast<std::ptrdiff_t>(frames) * channels;
     while (reading && out != end && position < length) {

@@ -45,7 +45,7 @@ int GetSubtype(HiresSamples samples) {
 
 void Describe(SNDFILE* file, const HiresFileTags& tags) {
     sf_set_string(file, SF_STR_SOFTWARE, tags.program.c_str());
-    sf_set_string(file, SF_STR_COMMENT, tags.comment.c_str());
+    sf_set_string(file, SF_STR_COMMENT, tags.comment.substr(0, HiresFileTags::MostBytes).c_str());
 }
 
 } // namespace

@@ -18,8 +18,8 @@ const HiresFileTags Tags{"sonvire 1.2", "1 kHz, -3 dB"};
 
 /// Writes a file; answers what became of it.
 LFailure WriteTo(LReadWriteFile&& file, const std::string& name, const HiresFileFormat& format,
-                 const Frames& samples) {
-    HiresFileWriter writer(std::move(file), *HiresFileKind::Find(name), format, Tags);
+                 const Frames& samples, const HiresFileTags& tags = Tags) {
+    HiresFileWriter writer(std::move(file), *HiresFileKind::Find(name), format, tags);
     static_cast<void>(writer.Write(samples.data(), static_cast<int>(samples.size()) / format.channels));
     return writer.Finish();
 }
@@ -151,11 +151,26 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
     EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", {44100, 1}, {1, 2}).GetReason(),
               "can't be rewound, which a file of high resolution needs");
     EXPECT_EQ(close(ends[0]) + close(ends[1]), 0);
-    for (const HiresFileKind& kind : HiresFileKind::GetAll())
-        EXPECT_EQ(WriteTo(LSharedReadWriteFile("/dev/full"), kind.extensions[0], {44100, 1}, Frames(9999))
-                      .GetError(),
+    const TempDir dir;
+    for (const HiresFileKind& kind : HiresFileKind::GetAll()) {
+        const std::string name = kind.extensions[0];
+        EXPECT_EQ(WriteTo(LSharedReadWriteFile("/dev/full"), name, {44100, 1}, Frames(9999)).GetError(),
                   ENOSPC)
-            << kind.name;
+            << name;
+
+        // What stands before the offset stays, and nothing behind.
+        LSharedReadWriteFile file((dir / "behind").c_str());
+        EXPECT_FALSE(file.Write(std::string(9000, 'x').data(), 9000));
+        EXPECT_TRUE(file.SeekTo(10));
+        EXPECT_FALSE(WriteTo(std::move(file), name, {44100, 1}, Frames(99)));
+        EXPECT_FALSE(WriteFile(dir / name, {44100, 1}, Frames(99)));
+        EXPECT_EQ(ReadBytes(dir / "behind"), std::string(10, 'x') + ReadBytes(dir / name)) << name;
+
+        const HiresFileTags tooLong{"sonvire", std::string(20'000, 'x')};
+        EXPECT_FALSE(
+            WriteTo(LSharedReadWriteFile((dir / name).c_str()), name, {44100, 1}, Frames(99), tooLong));
+        EXPECT_EQ(ReadFile(dir / name).samples, Frames(99)) << name;
+    }
 }
 
 TEST(HiresFiles, DitherLeavesNoTraceOfTheSignal) {
@@ -270,14 +285,15 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
 
     // Any byte of a header may be wrong.
     for (const HiresFileKind& kind : HiresFileKind::GetAll()) {
-        const std::string name = dir / ("b" + std::string(kind.extensions[0]));
-        EXPECT_FALSE(WriteFile(name, {44100, 2}, Frames(noise.begin(), noise.begin() + 200)));
-        const std::string good = ReadBytes(name);
+        const std::string good = dir / ("good" + std::string(kind.extensions[0]));
+        EXPECT_FALSE(WriteFile(good, {44100, 2}, Frames(noise.begin(), noise.begin() + 200)));
+        std::string bytes = ReadBytes(good);
         for (std::size_t i = 0; i < 300; ++i) {
-            std::string bad = good;
-            bad[i] = static_cast<char>(i % 2 == 0 ? 0xFF : ~bad[i]);
-            WriteBytes(name, bad);
-            if (const HiresFileInput input = OpenHiresFile(name, 48000, 2, news); input.source)
+            const char byte = std::exchange(bytes[i], static_cast<char>(i % 2 == 0 ? 0xFF : ~bytes[i]));
+            const std::string bad = good + std::to_string(i);
+            WriteBytes(bad, bytes);
+            bytes[i] = byte;
+            if (const HiresFileInput input = OpenHiresFile(bad, 48000, 2, news); input.source)
                 ReadAll(*input.source, 100);
         }
     }
