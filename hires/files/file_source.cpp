@@ -124,17 +124,19 @@ void FileSource::ReadBlock(std::int32_t* out, int frames) {
 }
 
 void FileSource::Read(std::int32_t* out, int frames) {
-    if (position == 0 && length > 0)
+    if (position == 0)
         Open();
     std::int32_t* const end = out + static_cast<std::ptrdiff_t>(frames) * channels;
-    while (reading && out != end && position < length) {
-        const auto now = static_cast<int>(std::min<std::int64_t>(
-            {(end - out) / channels, std::int64_t{MaxBlockFrames}, length - position}));
+    const std::int64_t after = position + frames;
+    while (reading && position < std::min(after, length)) {
+        const auto now =
+            static_cast<int>(std::min(std::int64_t{MaxBlockFrames}, std::min(after, length) - position));
         ReadBlock(out, now);
         out += static_cast<std::ptrdiff_t>(now) * channels;
         position += now;
     }
     std::fill(out, end, 0);
+    position = after;
     if (exceeds)
         Tell("exceeds full scale and is clipped");
     if (position >= length)

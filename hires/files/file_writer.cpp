@@ -9,38 +9,16 @@
 
 namespace {
 
-int GetWaveType(const HiresFileFormat& format) {
+/// By `HiresSamples`, and by container but for WAVE.
+constexpr int Subtypes[] = {SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32, SF_FORMAT_FLOAT};
+constexpr int Types[] = {0, SF_FORMAT_FLAC, SF_FORMAT_AIFF, SF_FORMAT_W64, SF_FORMAT_CAF};
+
+int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
+    if (container != HiresFileKind::Container::Wave)
+        return Types[static_cast<int>(container)];
     if (IsBeyond4GiB(format))
         return SF_FORMAT_RF64;
     return format.samples == HiresSamples::Int16 ? SF_FORMAT_WAV : SF_FORMAT_WAVEX;
-}
-
-int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
-    switch (container) {
-    case HiresFileKind::Container::Flac:
-        return SF_FORMAT_FLAC;
-    case HiresFileKind::Container::Aiff:
-        return SF_FORMAT_AIFF;
-    case HiresFileKind::Container::W64:
-        return SF_FORMAT_W64;
-    case HiresFileKind::Container::Caf:
-        return SF_FORMAT_CAF;
-    default:
-        return GetWaveType(format);
-    }
-}
-
-int GetSubtype(HiresSamples samples) {
-    switch (samples) {
-    case HiresSamples::Int16:
-        return SF_FORMAT_PCM_16;
-    case HiresSamples::Int24:
-        return SF_FORMAT_PCM_24;
-    case HiresSamples::Int32:
-        return SF_FORMAT_PCM_32;
-    default:
-        return SF_FORMAT_FLOAT;
-    }
 }
 
 void Describe(SNDFILE* file, const HiresFileTags& tags) {
@@ -71,9 +49,9 @@ void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, con
         failure = "can't be rewound, which a file of high resolution needs";
     if (failure)
         return;
-    stream = std::make_unique<HiresSoundStream>(std::move(file),
-                                                GetType(kind.container, format) | GetSubtype(format.samples),
-                                                format.rate, format.channels);
+    stream = std::make_unique<HiresSoundStream>(
+        std::move(file), GetType(kind.container, format) | Subtypes[static_cast<int>(format.samples)],
+        format.rate, format.channels);
     if (!stream->Get()) {
         failure = "can't be written as a file of this kind";
         return;
