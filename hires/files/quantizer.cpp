@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr std::uint64_t OwnStream = 0x5DEECE66D1CE4E5B; ///< tells its seeds from those of noise
+/// Tells its seeds from those of noise, whose last bits would be the dither otherwise.
+constexpr std::uint64_t OwnStream = 0x5DEECE66D1CE4E5B;
 
 } // namespace
 
