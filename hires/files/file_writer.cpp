@@ -21,7 +21,10 @@ int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
     return format.samples == HiresSamples::Int16 ? SF_FORMAT_WAV : SF_FORMAT_WAVEX;
 }
 
-void Describe(SNDFILE* file, const HiresFileTags& tags) {
+/// What has to be said before the first sample.
+void Prepare(SNDFILE* file, const HiresFileTags& tags) {
+    sf_command(file, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE); // it tells the time
+    sf_command(file, SFC_SET_SCALE_INT_FLOAT_WRITE, nullptr, SF_TRUE);
     sf_set_string(file, SF_STR_SOFTWARE, tags.program.c_str());
     sf_set_string(file, SF_STR_COMMENT, tags.comment.substr(0, HiresFileTags::MostBytes).c_str());
 }
@@ -36,8 +39,10 @@ HiresFileWriter::HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kin
       block(static_cast<std::size_t>(channels) * MaxBlockFrames) {
     if (!failure)
         Open(std::move(file), kind, format);
-    if (!failure)
-        Describe(stream->Get(), tags);
+    if (failure)
+        return;
+    Prepare(stream->Get(), tags);
+    stream->BeginPipe(format.frames);
 }
 
 HiresFileWriter::~HiresFileWriter() = default;
@@ -45,19 +50,15 @@ HiresFileWriter::~HiresFileWriter() = default;
 void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format) {
     if (!file.IsOpen())
         failure = file.GetFailure();
-    else if (file.GetOffset() < 0)
-        failure = "can't be rewound, which a file of high resolution needs";
+    else if (file.GetOffset() < 0 && kind.container != HiresFileKind::Container::Wave)
+        failure = "can't be rewound, which all kinds but WAVE need";
     if (failure)
         return;
-    stream = std::make_unique<HiresSoundStream>(
-        std::move(file), GetType(kind.container, format) | Subtypes[static_cast<int>(format.samples)],
-        format.rate, format.channels);
-    if (!stream->Get()) {
+    const int type = GetType(kind.container, format) | Subtypes[static_cast<int>(format.samples)];
+    stream = std::make_unique<HiresSoundStream>(std::move(file), type, format.rate, format.channels,
+                                                format.frames * GetFrameBytes(format));
+    if (!stream->Get())
         failure = "can't be written as a file of this kind";
-        return;
-    }
-    sf_command(stream->Get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE); // it tells the time
-    sf_command(stream->Get(), SFC_SET_SCALE_INT_FLOAT_WRITE, nullptr, SF_TRUE);
 }
 
 LFailure HiresFileWriter::Write(const std::int32_t* samples, int frames) {

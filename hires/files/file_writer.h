@@ -24,7 +24,7 @@ struct HiresFileTags {
 /// Writes a sound file. Nothing in it depends on the time or the place: the same samples give the same bytes.
 ///
 /// A WAVE file of more than 16 bits has the extensible header, and one that may exceed 4 GiB is an RF64 file.
-/// Not for pipes: the header is completed last.
+/// In a pipe, where only a WAVE file can be written, the header tells the length that was expected.
 class HiresFileWriter {
 public:
     /// Goes on at the offset that `file` stands at, and replaces what is behind it.

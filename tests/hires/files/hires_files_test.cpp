@@ -132,12 +132,21 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
     for (const auto& [name, format, reason] : cases)
         EXPECT_EQ(HiresFileKind::Find(name)->Check(format).GetReason(), reason) << name;
 
+    // A pipe takes WAVE files alone, the same ones.
+    const TempDir dir;
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", {44100, 1}, {1, 2}).GetReason(),
-              "can't be rewound, which a file of high resolution needs");
+    EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.caf", {44100, 1}, {1, 2}).GetReason(),
+              "can't be rewound, which all kinds but WAVE need");
+    EXPECT_FALSE(
+        WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", {44100, 2, Float, 500}, Frames(1000, 7)));
+    EXPECT_FALSE(WriteFile(dir / "a.wav", {44100, 2, Float, 500}, Frames(1000, 7)));
+    const std::string expected = ReadBytes(dir / "a.wav");
+    std::string piped(expected.size(), '\0');
+    EXPECT_EQ(read(ends[0], piped.data(), piped.size()), static_cast<ssize_t>(piped.size()));
+    EXPECT_EQ(piped, expected);
     EXPECT_EQ(close(ends[0]) + close(ends[1]), 0);
-    const TempDir dir;
+
     for (const HiresFileKind& kind : HiresFileKind::GetAll()) {
         const std::string name = kind.extensions[0];
         const LFailure full = WriteTo(LSharedReadWriteFile("/dev/full"), name, {44100, 1}, Frames(9999));
