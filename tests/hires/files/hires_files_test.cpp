@@ -138,13 +138,14 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
     ASSERT_EQ(pipe(ends), 0);
     EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.caf", {44100, 1}, {1, 2}).GetReason(),
               "can't be rewound, which all kinds but WAVE need");
-    EXPECT_FALSE(
-        WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", {44100, 2, Float, 500}, Frames(1000, 7)));
-    EXPECT_FALSE(WriteFile(dir / "a.wav", {44100, 2, Float, 500}, Frames(1000, 7)));
-    const std::string expected = ReadBytes(dir / "a.wav");
-    std::string piped(expected.size(), '\0');
-    EXPECT_EQ(read(ends[0], piped.data(), piped.size()), static_cast<ssize_t>(piped.size()));
-    EXPECT_EQ(piped, expected);
+    for (const HiresFileFormat& format : {HiresFileFormat{44100, 2, Float, 500}, {44100, 1, Int24, 3}}) {
+        const Frames samples(static_cast<std::size_t>(format.frames * format.channels), 7 << 20);
+        EXPECT_FALSE(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", format, samples));
+        EXPECT_FALSE(WriteFile(dir / "a.wav", format, samples));
+        std::string piped = ReadBytes(dir / "a.wav");
+        EXPECT_EQ(read(ends[0], piped.data(), piped.size()), static_cast<ssize_t>(piped.size()));
+        EXPECT_EQ(piped, ReadBytes(dir / "a.wav"));
+    }
     EXPECT_EQ(close(ends[0]) + close(ends[1]), 0);
 
     for (const HiresFileKind& kind : HiresFileKind::GetAll()) {
