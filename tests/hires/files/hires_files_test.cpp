@@ -177,8 +177,8 @@ TEST(HiresFiles, DitherLeavesNoTraceOfTheSignal) {
             WriteFile(dir / "a.wav", {44100, 1, HiresSamples::Int16, 0, true, 7}, Frames(200'000, part)));
         const Frames stored = ReadFile(dir / "a.wav").samples;
         double sum = 0, power = 0, withLast = 0, last = 0;
-        for (std::size_t i = 0; i < stored.size(); ++i) {
-            const double error = (stored[i] - part) / 65536.0;
+        for (const std::int32_t sample : stored) {
+            const double error = (sample - part) / 65536.0;
             sum += error;
             power += error * error;
             withLast += error * std::exchange(last, error);
