@@ -39,8 +39,12 @@ void HiresHarmonics::Add(int harmonic, int sign) {
     const HiresSineTable& sine = GetHiresSineTable();
     std::int32_t* entries = &table[Before];
     const auto step = static_cast<unsigned int>(harmonic);
-    for (unsigned int i = 0, at = static_cast<unsigned int>(spectrum.ahead); i < Entries; ++i, at += step)
+    unsigned int at = static_cast<unsigned int>(spectrum.ahead);
+    for (unsigned int i = 0; i <= Entries / 2; ++i, at += step)
         entries[i] += Multiply(amplitude, sine[at % Entries]);
+    const int mirror = spectrum.ahead == 0 ? -1 : 1; // sines are odd, cosines even
+    for (unsigned int i = 1; i < Entries / 2; ++i)
+        entries[Entries - i] = mirror * entries[i];
     table.front() = entries[Entries - 1];
     std::copy_n(entries, After, entries + Entries);
 }

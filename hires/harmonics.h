@@ -18,8 +18,8 @@ struct HiresSpectrum {
 class HiresHarmonics {
 public:
     static constexpr int Entries = 32768;
-    /// More don't fit between the entries.
-    static constexpr int Most = Entries / 4;
+    /// What of a very low tone is beyond these is left out: it is beyond hearing, too.
+    static constexpr int Most = 4096;
     /// What stands for 1 in a table, so that overshoots fit.
     static constexpr double Unity = 1 << 30;
 

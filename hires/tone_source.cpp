@@ -180,10 +180,13 @@ LFailure ExplainHiresExcess(double level, double peak) {
 }
 
 HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings) {
-    const double peak = MeasureHiresPeak(tone, settings);
-    if (peak > 0 && !settings.fit)
+    auto source = std::make_unique<HiresToneSource>(tone, settings);
+    const double peak = ToDb(source->GetPeak());
+    if (peak <= 0)
+        return {.source = std::move(source), .peak = peak};
+    if (!settings.fit)
         return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
     HiresSettings fitting = settings;
-    fitting.level -= std::max(peak, 0.0);
-    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = std::min(peak, 0.0)};
+    fitting.level -= peak;
+    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = 0};
 }
