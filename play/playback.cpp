@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int BlocksPerSecond = 10;
 constexpr int FillPriority = 2;
 constexpr unsigned int RestMs = 250;
 /// Short, so that a stop need not wait for data.
@@ -31,19 +30,16 @@ LPlayback::LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared,
       limiter(std::move(limited)),
       open(opener),
       news(toNotify),
-      blockFrames(std::min(source->sampleRate / BlocksPerSecond, MaxBlockFrames)),
-      ring(std::make_shared<LSoundPlayerRing>(blockFrames, source->channels)),
-      work(static_cast<std::size_t>(blockFrames) * source->channels) {}
+      format{.rate = source->sampleRate, .channels = source->channels},
+      ring(std::make_shared<LSoundPlayerRing>()),
+      work(static_cast<std::size_t>(format.GetBlockFrames()) * source->channels) {
+    ring->MakeRoom(format);
+}
 
 void LPlayback::Begin(const LSoundPlayDevice& device, const std::string& title,
                       const LSoundPlayerRing::Silence& after, std::optional<std::uint32_t> volumeWord) {
     owner.Check();
-    request = {.rate = source->sampleRate,
-               .channels = source->channels,
-               .device = device,
-               .title = title,
-               .ring = ring,
-               .after = after};
+    request = {.format = format, .device = device, .title = title, .ring = ring, .after = after};
     volume = volumeWord;
     if (!Start(FillPriority))
         End(PlayNoOutput);
@@ -89,7 +85,7 @@ bool LPlayback::Refill() {
     const int remaining = WrapSubtract(source->GetEndSample(), source->GetPositionSample());
     const bool full = queued == LSoundPlayerRing::Buffers;
     if (!full && remaining > 0) {
-        QueueBlock(std::min(remaining, blockFrames));
+        QueueBlock(std::min(remaining, format.GetBlockFrames()));
     } else if (!full && source->IsStreaming()) {
         RaisePriority();
         source->WaitForStreamingData(StreamingRestMs);
@@ -142,7 +138,7 @@ void LPlayback::QueueBlock(int frames) {
     LSoundPlayerBuffer& buffer = ring->buffers[written % LSoundPlayerRing::Buffers];
     const int start = source->GetPositionSample();
     source->Read(work.data(), frames);
-    ConvertSamplesOut<LSF16>(buffer.samples, work.data(), frames * source->channels);
+    ConvertSamplesOut<LSF16>(buffer.GetSamples<std::int16_t>(), work.data(), frames * source->channels);
     MeasureLevels(buffer, frames);
     buffer.Write(*channel, frames, ToOriginal(WrapAdd(start, frames)));
     ++written;

@@ -91,7 +91,7 @@ private:
     std::atomic<LPlayStatus> status = PlayUsable;
 
     // The thread's.
-    const int blockFrames;
+    const LPlayFormat format;
     const std::shared_ptr<LSoundPlayerRing> ring;
     std::vector<int> work; ///< one block
     std::unique_ptr<LSoundChannel> channel;

@@ -180,7 +180,7 @@ TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
         const LSoundSource source = Constant(10000, 3 * rate / 2, rate);
         source->Seek(rate / 2);
         ASSERT_TRUE(Play(source, playedRate / 2));
-        EXPECT_EQ(output.GetRequest().rate, playedRate);
+        EXPECT_EQ(output.GetRequest().format.rate, playedRate);
         const std::vector<int> played = TakeAll();
         // The converter is a quarter of a percent off in pitch and in level at most, and fades at both ends.
         const auto sounding = std::count_if(played.begin(), played.end(), [](int s) { return s > 5000; });

@@ -13,7 +13,7 @@ class TestOutput {
 public:
     LSoundChannelOpener Opener() {
         return [this](const LSoundChannelRequest& request) {
-            auto feed = std::make_shared<LChannelFeed>(request.rate, request.channels, request.ring, 0);
+            auto feed = std::make_shared<LChannelFeed>(request.format, request.ring, 0);
             const std::scoped_lock lock(mutex);
             current = feed;
             asked = std::make_shared<LSoundChannelRequest>(request);
@@ -29,7 +29,7 @@ public:
     /// stands for an output that ran dry and counted on.
     std::vector<int> Take(int frames, int latency = 0) {
         const std::shared_ptr<LChannelFeed> feed = GetFeed();
-        std::vector<std::int16_t> out(static_cast<std::size_t>(frames * GetRequest().channels), 0x5EE);
+        std::vector<std::int16_t> out(static_cast<std::size_t>(frames * GetRequest().format.channels), 0x5EE);
         feed->Fill(out.data(), frames);
         taken += frames;
         feed->SetPosition(static_cast<std::uint64_t>(std::max(0L, taken - latency)));
