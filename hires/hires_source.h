@@ -4,7 +4,7 @@
 #include <memory>
 
 /// Hands out frames of the high-resolution engine on request, at any rate: samples of 32 bits, interleaved,
-/// 2^31 being full scale. The words for threads are those of `LSoundSourceBase`.
+/// 2^31 being full scale; once, from the beginning on. The words for threads are those of `LSoundSourceBase`.
 class HiresSource {
 public:
     HiresSource(const HiresSource&) = delete;
@@ -14,8 +14,6 @@ public:
     /// Fills all of `frames` * `channels` samples; silence lies behind the end.
     /// Thread: reader. Blocks: no. Allocates: no.
     virtual void Read(std::int32_t* out, int frames) = 0;
-    /// Back to the beginning. Thread: builder, reader. Blocks: no. Allocates: no.
-    virtual void Restart() = 0;
     /// How long it is, in frames; `Endless` where it has no end. Thread: any. Blocks: no. Allocates: no.
     virtual std::int64_t GetLength() const = 0;
 
