@@ -296,6 +296,16 @@ std::vector<CubebOutput> ListNow() {
     return Outputs(context).List();
 }
 
+int FindRateNow(const LSoundPlayDevice& device, const std::stop_token& unwanted) {
+    ServerTurn turn(listings);
+    if (!turn.Begin(unwanted))
+        return 0;
+    const Context context;
+    const Outputs outputs(context);
+    const cubeb_device_info* output = outputs.Find(device);
+    return output ? static_cast<int>(output->default_rate) : 0;
+}
+
 } // namespace
 
 std::vector<CubebOutput> ListCubebOutputs() {
@@ -311,6 +321,16 @@ std::vector<CubebOutput> ListCubebOutputs() {
     if (started)
         listing->finished.wait_for(lock, ServerQueue::Limit, [&] { return listing->done; });
     return listing->outputs;
+}
+
+std::shared_ptr<LOutputRate> FindCubebRate(const LSoundPlayDevice& device) {
+    const auto question = std::make_shared<LOutputRate>();
+    if (!RunInBackground([question, device] {
+            question->rate = FindRateNow(device, question->forgotten.get_token());
+            question->answered.Signal();
+        }))
+        question->answered.Signal();
+    return question;
 }
 
 std::unique_ptr<LSoundChannel> OpenCubebChannel(const LSoundChannelRequest& request) {

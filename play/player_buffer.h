@@ -10,16 +10,11 @@
 #include <cstdint>
 #include <memory>
 
-class LSoundChannel;
-
 /// One block of frames on its way to the output. While it is queued it belongs to the channel, which
 /// sets `free`; the rest is the player thread's.
 struct LSoundPlayerBuffer {
-    static constexpr int NoEndPosition = 0x7FFFFFFF;
-
-    /// Queues the first `frameCount` frames; `sourceEnd` is the position, in what is to be played, just
-    /// after the last of them.
-    void Write(LSoundChannel& channel, int frameCount, int sourceEnd);
+    /// Notes levels and peaks; the frames are in internal samples.
+    void Measure(const int* internal, int frameCount, std::uint8_t channels);
 
     /// Interleaved, in the format of the ring, which says what `Sample` is.
     template <class Sample>
@@ -30,7 +25,7 @@ struct LSoundPlayerBuffer {
     std::byte* samples = nullptr; ///< within the ring's pool
     int frames = 0;
     std::atomic<bool> free = true; ///< set once the last frame has been heard
-    int endPosition = NoEndPosition;
+    LSoundTime endTime;            ///< the position, in what is played, just after the last frame
     LDBMC levels;
     LSoundHeard heard;
 };
