@@ -195,7 +195,9 @@ TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
 
 TEST_F(Player, HighResolutionPlaysInFloatAtTheRateThatTheOutputHas) {
     // The rate that is found, and the one that is asked for.
-    for (const auto& [found, rate] : {std::pair{12800, 12800}, {0, 48000}, {4000, 8000}, {384000, 192000}}) {
+    constexpr int rates[][2] = {{12800, 12800}, {0, 48000}, {4000, 8000}, {384000, 192000}};
+    for (const int* each : rates) {
+        const int found = each[0], rate = each[1];
         owner = {};
         LSoundPlayer fine(output.Opener(), [found](const LSoundPlayDevice&) {
             auto answer = std::make_shared<LOutputRate>();
