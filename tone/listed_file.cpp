@@ -68,12 +68,12 @@ void ListedFile::FindTone() {
 }
 
 const ListedFile& ListedFiles::Find(const std::string& written, const std::string& listFolder) {
-    const std::string name = listFolder + "/" + written;
-    if (const auto found = known.find(name); found != known.end())
+    const std::pair place(listFolder, written);
+    if (const auto found = known.find(place); found != known.end())
         return found->second;
     if (known.size() == MostKept)
         known.clear();
-    return known.try_emplace(name, written, listFolder).first->second;
+    return known.try_emplace(place, written, listFolder).first->second;
 }
 
 std::string FindListEntry(const std::string& path, const std::string& folder) {

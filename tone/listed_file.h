@@ -5,8 +5,9 @@
 #include "tone/tone_list_report.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
-#include <unordered_map>
+#include <utility>
 
 /// A file that a list names, as it was found. What it is, its extension says.
 struct ListedFile {
@@ -33,7 +34,7 @@ public:
 
 private:
     static constexpr std::size_t MostKept = 256;
-    std::unordered_map<std::string, ListedFile> known; ///< by folder and name
+    std::map<std::pair<std::string, std::string>, ListedFile> known; ///< by folder and name
 };
 
 /// Where an entry's file is: in `folder` where it is relative and found there, else `path` as it stands.

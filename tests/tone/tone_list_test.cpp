@@ -133,6 +133,24 @@ TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
     EXPECT_EQ(OpenToneEngine(tone)->GetEndSample(), 44 + 8 * 44100);
 }
 
+TEST_F(ToneList, ANameStandsForAFileBesideItsListOrInTheWorkingFolder) {
+    for (const char* folder : {"a", "b", "b/c", "c"})
+        std::filesystem::create_directory(Path(folder));
+    Wave("a/x.wav", 2, 16);
+    Wave("b/x.wav", 3, 32);
+    const std::string a = List("a/list.tdl", {"x.wav"}), b = List("b/list.tdl", {"x.wav"});
+    EXPECT_EQ(ReadFrames(*Open(List("both.tdl", {a, b})), 5), (std::vector<int>{16, 16, 32, 32, 32}));
+
+    // Neither stands beside its list, where both would be the same.
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Path(""));
+    Wave("x.wav", 1, 48);
+    Wave("c/x.wav", 2, 64);
+    const std::string inner = List("b/c/inner.tdl", {"x.wav"});
+    EXPECT_EQ(ReadFrames(*Open(List("b/outer.tdl", {inner, "c/x.wav"})), 3), (std::vector<int>{48, 64, 64}));
+    std::filesystem::current_path(before);
+}
+
 TEST_F(ToneList, WhatCanNotBeUsedIsSkippedOrPlaysAsTheDefault) {
     std::filesystem::create_directory(Path("a.b"));
     const std::string list =
