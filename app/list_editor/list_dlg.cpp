@@ -251,10 +251,11 @@ void ListDlg::ShowState() {
 
 /// The length of one pass.
 void ListDlg::ShowTotal() {
-    const int unknown = rows->CountWithoutLength();
-    SetText(ListTotal, "Total: " + FormatTime(rows->GetTotal()) + (unknown > 0 ? " or more" : ""));
-    SetToolTip(ListTotal,
-               unknown == 0 ? "" : "Entries that are endless or can't be read: " + std::to_string(unknown));
+    const ToneListLength total = rows->Measure();
+    SetText(ListTotal, "Total: " + FormatLength(total));
+    SetToolTip(ListTotal, total.unknown == 0 ? ""
+                                             : "Entries that are endless or can't be read: " +
+                                                   std::to_string(total.unknown));
 }
 
 void ListDlg::CmHelp() {

@@ -109,7 +109,7 @@ TEST_F(History, TheTitleTellsTheFileAndWhetherItHoldsTheTone) {
         EXPECT_EQ(Title() + " " + window.document.path, "copy.tdf* " + copy) << "also at the next start";
         toolkit->chosenFiles = {{folder / "sound.wav"}};
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
-        EXPECT_EQ(window.passing, "Saved sound.wav in " + GetFolder(copy) + ": 1.000 s, peak -12.04 dBFS");
+        EXPECT_EQ(window.passing, "Saved sound.wav in " + GetFolder(copy) + ": 1 s, peak -12.04 dBFS");
         toolkit->dialogScripts = {PressOk, PressOk};
         window.Drop({list});
         EXPECT_EQ(Title(), "list.tdl");

@@ -103,7 +103,7 @@ TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
     RunList(list, [&] {
         Send({CommandSaveList});
         EXPECT_EQ(ReadBytes(same), ReadBytes(list)) << "byte for byte";
-        EXPECT_EQ(toolkit->mainWindow->passing, "Saved same.tdl in " + GetFolder(same) + ": 1.020 s");
+        EXPECT_EQ(toolkit->mainWindow->passing, "Saved same.tdl in " + GetFolder(same) + ": 1.02 s");
         Send({CommandSave});
         EXPECT_EQ(Rows().back(), copy + "=");
         EXPECT_EQ(ReadBytes(copy), (folder / "tone.tdf") + "\n20ms silence.\n");
