@@ -47,6 +47,7 @@ SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport 
     SoundInput input{.source = source, .endless = loops, .warnings = CollectWarnings(report)};
     input.frames = static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000;
     input.failure = CheckPlayable(input, length);
+    input.isNeverLeft = report.isNeverLeft;
     input.notices = std::move(report.notices);
     input.files = std::move(report.files);
     input.news = std::move(report.news);

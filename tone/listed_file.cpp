@@ -65,6 +65,7 @@ void ListedFile::FindTone() {
         if (const LFailure unreadable = CheckReadable(list))
             entry.problem = "plays the list \"" + list + "\": " + unreadable.GetReason();
     }
+    isNeverLeft = !isTooLong && !IsEverLeft(tone);
 }
 
 const ListedFile& ListedFiles::Find(const std::string& written, const std::string& listFolder) {

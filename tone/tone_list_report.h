@@ -37,6 +37,7 @@ struct ToneListReport {
     /// In playing order, an included list before its own entries. Where there are too many, the last one
     /// names the list itself and has that problem.
     std::vector<ToneListEntry> entries;
+    bool isNeverLeft = false;     ///< one of them goes on for ever
     std::set<std::string> files;  ///< every file that is read, lists and the list itself included
     std::vector<LNotice> notices; ///< what whoever plays the list is told
     /// What happens to its files while it plays.
