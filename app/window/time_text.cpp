@@ -25,15 +25,14 @@ std::string FormatTime(LSoundTime time) {
 }
 
 std::string FormatLength(std::int64_t ms) {
-    std::array<char, 32> text{};
     if (ms < 60'000) {
-        std::snprintf(text.data(), text.size(), "%g s",
-                      static_cast<double>(std::max<std::int64_t>(0, ms)) / 1000);
+        std::array<char, 32> text{};
+        std::snprintf(text.data(), text.size(), "%g s", std::max(0, static_cast<int>(ms)) / 1000.0);
         return text.data();
     }
-    if (ms % 100 != 0)
-        std::snprintf(text.data(), text.size(), "%02d", static_cast<int>(ms % 100));
-    return FormatClock(ms) + text.data();
+    std::string digits = std::to_string(100 + ms % 100).substr(1);
+    digits.erase(digits.find_last_not_of('0') + 1);
+    return FormatClock(ms) + digits;
 }
 
 std::string FormatLength(const ToneListLength& length) {
