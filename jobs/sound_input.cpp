@@ -65,7 +65,7 @@ SoundInput OpenListTone(const SonvireData& tone, SoundLength length) {
     const LSoundSource source = OpenToneEngine(tone, &report);
     SoundInput input = MakeListInput(source, tone.repeat != 0, std::move(report), length);
     if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
-        input.warnings.push_back({tone.GetListPath(), unreadable.GetReason()});
+        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
     return input;
 }
 

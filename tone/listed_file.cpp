@@ -23,7 +23,8 @@ bool IsEverLeft(const SonvireData& tone) {
 ListedFile::ListedFile(const std::string& written, const std::string& listFolder)
     : extension(GetEntryExtension(written)) {
     entry.file = FindListEntry(written, listFolder);
-    entry.problem = CheckReadable(entry.file).GetReason();
+    if (const LFailure unreadable = CheckReadable(entry.file))
+        entry.problem = "can't be read: " + unreadable.GetReason();
     if (extension == ".wav")
         FindWave();
     else if (extension == ".tdf")

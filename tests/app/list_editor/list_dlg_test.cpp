@@ -121,9 +121,10 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << given;
             EXPECT_EQ(Boxes(), box) << given;
         }
-        EXPECT_EQ(EditedRows().rows[0][1], "No such file or directory");
+        EXPECT_EQ(EditedRows().rows[0][1], "can't be read: No such file or directory");
         EXPECT_EQ(EditedRows().looks[0].mark, LRowMark::Problem);
-        EXPECT_EQ(EditedRows().looks[0].toolTip, folder / "any.wav" + "\nNo such file or directory");
+        EXPECT_EQ(EditedRows().looks[0].toolTip,
+                  folder / "any.wav" + "\ncan't be read: No such file or directory");
         EXPECT_EQ(EditedRows().looks[2].toolTip, "Silence\nLength: 0.29 s");
         EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 01:30.291 or more");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");

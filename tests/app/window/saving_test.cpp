@@ -36,7 +36,7 @@ TEST_F(Saving, WhatAListWillNotPlayIsToldFirst) {
         EXPECT_THAT(toolkit->boxes,
                     ElementsAre(::testing::AllOf(
                         HasSubstr("\"" + endless + "\" is endless; nothing behind it plays"),
-                        HasSubstr("\"" + gone + "\" No such file or directory; an endless"))));
+                        HasSubstr("\"" + gone + "\" can't be read: No such file or directory; an endless"))));
         EXPECT_FALSE(std::filesystem::exists(out)) << "cancelled";
         toolkit->answers = {LMessageAnswer::Ok};
         Send({CommandSaveAsWav});
