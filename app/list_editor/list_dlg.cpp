@@ -11,10 +11,8 @@
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_data.h"
-#include "tone/tone_list_file.h"
 
 namespace {
 

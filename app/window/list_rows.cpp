@@ -2,10 +2,9 @@
 
 #include "app/window/tone_document.h"
 #include "jobs/tone_lists.h"
-#include "sys/file.h"
 #include "sys/path.h"
-#include "tone/tone_list_report.h"
-#include "tone/tone_list_source.h"
+#include "tone/listed_file.h"
+#include "tone/tone_list_file.h"
 
 #include <map>
 
