@@ -25,6 +25,8 @@ public:
 
     void Command(int command) override;
     void EvDropFiles(const std::vector<std::string>& paths) override;
+    /// Among the files that were opened last.
+    void KeepForLater(const std::string& path) override { recent.Add(path); }
 
 private:
     // main_dialog.cpp: start, end and what any window has.
