@@ -36,5 +36,5 @@ std::string FormatLength(std::int64_t ms) {
 }
 
 std::string FormatLength(const ToneListLength& length) {
-    return FormatLength(length.ms) + (length.unknown > 0 ? " or more" : "");
+    return FormatLength((length.ms + 5) / 10 * 10) + (length.unknown > 0 ? " or more" : "");
 }

@@ -15,6 +15,7 @@
 #include "tone/tone_level.h"
 #include "tone/tone_list_report.h"
 
+#include <cmath>
 #include <span>
 
 namespace {
@@ -154,10 +155,9 @@ void ToneFiles::CmSaveWave(const std::string& path) {
         input, {.path = path},
         {.confirm = ConfirmProblems, .run = [&](auto& job) { return RunJob(window, job, measure); }});
     if (outcome.result == LProcessResult::Completed) {
-        LSoundTime length;
-        length.SetSamples(measure.frames, input.source->sampleRate);
+        const double seconds = static_cast<double>(measure.frames) / input.source->sampleRate;
         tellSaved(
-            DescribeSaved(path, FormatLength(length.GetMilliseconds()), GetSamplePeakDbfs(measure.peak)));
+            DescribeSaved(path, FormatLength(std::llround(1000 * seconds)), GetSamplePeakDbfs(measure.peak)));
     }
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));

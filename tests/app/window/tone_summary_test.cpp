@@ -48,7 +48,7 @@ TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
         {[](auto& tone) { tone.waveform = TonePinkNoise; }, "Pink Noise", "Mono, endless", ""},
         {plays(list), "Tone list", "2 entries, 12.5 s", ""},
         {[&](auto& tone) { plays(endless)(tone), tone.repeat = 1; }, "Tone list",
-         "3 entries, 01:15.234 or more, looped", ""}, // without the minute of what is never left
+         "3 entries, 01:15.23 or more, looped", ""}, // without the minute of what is never left
         {plays(missing), "Tone list", "can't be read", ""}};
     for (const auto& [change, headline, kind, level] : cases) {
         SonvireData tone;
