@@ -9,7 +9,7 @@
 namespace {
 
 std::string FormatClock(std::int64_t ms) {
-    const std::int64_t tenths = std::max<std::int64_t>(0, ms) / 100;
+    const std::int64_t tenths = ms / 100;
     const auto ofTheHour = static_cast<int>(tenths % 36000);
     const std::int64_t hours = tenths / 36000;
     std::array<char, 32> text{};
@@ -21,13 +21,14 @@ std::string FormatClock(std::int64_t ms) {
 } // namespace
 
 std::string FormatTime(LSoundTime time) {
-    return FormatClock(time.GetMilliseconds());
+    return FormatClock(std::max(0, time.GetMilliseconds()));
 }
 
 std::string FormatLength(std::int64_t ms) {
     if (ms < 60'000) {
         std::array<char, 32> text{};
-        std::snprintf(text.data(), text.size(), "%g s", std::max(0, static_cast<int>(ms)) / 1000.0);
+        std::snprintf(text.data(), text.size(), "%g s",
+                      static_cast<double>(std::max<std::int64_t>(0, ms)) / 1000);
         return text.data();
     }
     std::string digits = std::to_string(100 + ms % 100).substr(1);
