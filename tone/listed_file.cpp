@@ -23,7 +23,8 @@ bool IsEverLeft(const SonvireData& tone) {
 ListedFile::ListedFile(const std::string& written, const std::string& listFolder)
     : extension(GetEntryExtension(written)) {
     entry.file = FindListEntry(written, listFolder);
-    entry.problem = CheckReadable(entry.file).GetReason();
+    if (const LFailure unreadable = CheckReadable(entry.file))
+        entry.problem = "can't be read: " + unreadable.GetReason();
     if (extension == ".wav")
         FindWave();
     else if (extension == ".tdf")
@@ -65,6 +66,7 @@ void ListedFile::FindTone() {
         if (const LFailure unreadable = CheckReadable(list))
             entry.problem = "plays the list \"" + list + "\": " + unreadable.GetReason();
     }
+    isNeverLeft = !isTooLong && !IsEverLeft(tone);
 }
 
 const ListedFile& ListedFiles::Find(const std::string& written, const std::string& listFolder) {

@@ -14,11 +14,12 @@ struct ListedFile {
     /// Looks at it. `written` is what stands in the list, whose folder is searched first.
     ListedFile(const std::string& written, const std::string& listFolder);
 
-    std::string extension;  ///< as it is written
-    ToneListEntry entry;    ///< without its depth, and without the length of what is opened as a list
-    SonvireData tone;       ///< of a tone
-    LSoundSource wave;      ///< of a WAVE file, which waits; nothing behind it where that is left out
-    bool isTooLong = false; ///< a tone that is left out
+    std::string extension;    ///< as it is written
+    ToneListEntry entry;      ///< without its depth, and without the length of what is opened as a list
+    SonvireData tone;         ///< of a tone
+    LSoundSource wave;        ///< of a WAVE file, which waits; nothing behind it where that is left out
+    bool isTooLong = false;   ///< a tone that is left out
+    bool isNeverLeft = false; ///< a tone without an end, or another in its place
 
 private:
     void FindWave();

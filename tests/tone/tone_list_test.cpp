@@ -280,8 +280,9 @@ TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
         List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", {}), Tone("looped.tdf", 500, 1000, 1),
                           Tone("none.tdf", 0), Tone("wraps.tdf", 50'000'000), Path("odd.xyz")});
     EXPECT_THAT(DescribeReport(list),
-                ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ", "1 gone.wav 0 No such file or directory",
-                            "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
+                ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ",
+                            "1 gone.wav 0 can't be read: No such file or directory", "0  5 ",
+                            "0 endless.tdf 60000 is endless; nothing behind it plays",
                             "0 looped.tdf 8500 is endless; nothing behind it plays",
                             "0 none.tdf 60000 is endless; nothing behind it plays",
                             "0 wraps.tdf 0 lasts longer than the 13 and a half hours that a tone can be "
