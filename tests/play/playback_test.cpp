@@ -273,6 +273,16 @@ TEST_F(Playback, TheCommandLinePlays) {
 
     const ProgramResult shown = RunProgram("script -qec '" SONVIRE_CLI " play " + brief + "' /dev/null");
     EXPECT_THAT(shown.output, HasSubstr("0:00.2 / 0:00.2 [###############.....]   0 dB"));
+    const std::string stays = server->Path("stays.tdl"); // at its second entry
+    ASSERT_EQ(RunCli("list " + stays + " " + brief + " " + endless + " " + brief).status, 0);
+    const std::string typed = server->Path("typescript");
+    const auto isEndless = [&] { return ReadBytes(typed).find(" / endless ") != std::string::npos; };
+    RunProgram("exec script -qefc '" SONVIRE_CLI " play " + stays + "' " + typed + " >/dev/null",
+               [&](pid_t program) {
+                   WaitFor(isEndless);
+                   kill(program, SIGTERM);
+               });
+    EXPECT_TRUE(isEndless());
 
     ExpectRefused(RunCli("play --device nowhere " + brief), {": nowhere: there is no such sound output"});
     for (const char* few : {"6", "12", "30"}) // descriptors
