@@ -155,9 +155,11 @@ void HiresToneSource::RestartSweeps() {
             each.RestartSweep();
 }
 
+/// In millionths of a dB, so that what is full scale but for rounding is full scale.
 double ToDb(double factor) {
-    return factor > 0 ? ExactLog(factor) * (20 / std::numbers::ln10)
-                      : -std::numeric_limits<double>::infinity();
+    if (factor <= 0)
+        return -std::numeric_limits<double>::infinity();
+    return std::floor(ExactLog(factor) * (20 / std::numbers::ln10) * 1e6 + 0.5) / 1e6;
 }
 
 std::string DescribeLevel(double db) {
@@ -168,19 +170,20 @@ std::string DescribeLevel(double db) {
 
 } // namespace
 
+double MeasureHiresPeak(const SonvireData& tone, const HiresSettings& settings) {
+    return ToDb(HiresToneSource(tone, settings).GetPeak());
+}
+
+LFailure ExplainHiresExcess(double level, double peak) {
+    return "would exceed full scale by " + DescribeLevel(peak) + " dB; a level of " +
+           DescribeLevel(std::floor((level - peak) * 100) / 100) + " dBFS fits";
+}
+
 HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings) {
-    auto source = std::make_unique<HiresToneSource>(tone, settings);
-    const double peak = ToDb(source->GetPeak());
-    if (peak <= 0)
-        return {.source = std::move(source), .peak = peak};
-    const double fitting = std::floor((settings.level - peak) * 100) / 100;
-    if (!settings.fit)
-        return {.source = nullptr,
-                .failure = LFailure("would exceed full scale by " + DescribeLevel(peak) + " dB; a level of " +
-                                    DescribeLevel(fitting) + " dBFS fits")};
-    HiresSettings lower = settings;
-    lower.level = settings.level - peak - 1e-6;
-    source = std::make_unique<HiresToneSource>(tone, lower);
-    const double lowered = ToDb(source->GetPeak());
-    return {.source = std::move(source), .peak = lowered};
+    const double peak = MeasureHiresPeak(tone, settings);
+    if (peak > 0 && !settings.fit)
+        return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
+    HiresSettings fitting = settings;
+    fitting.level -= std::max(peak, 0.0);
+    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = std::min(peak, 0.0)};
 }

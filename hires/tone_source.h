@@ -15,3 +15,9 @@ struct HiresTone {
 /// Opens a tone that is no list in the high-resolution engine; every field of it may hold anything.
 /// Frequencies beyond half the rate are silent, and a looped tone starts its sweep anew with each pass.
 HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings);
+
+/// The most that a tone reaches, in dBFS; -infinity for silence.
+double MeasureHiresPeak(const SonvireData& tone, const HiresSettings& settings);
+
+/// Says what exceeds full scale by `peak` dB at this level, and which level fits.
+LFailure ExplainHiresExcess(double level, double peak);

@@ -1,0 +1,157 @@
+#include "hires/exact_math.h"
+#include "hires/frequency_path.h"
+#include "hires/list_source.h"
+#include "hires/tone_source.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+
+namespace {
+
+using Sweep = HiresFrequencyPath::Sweep;
+
+SonvireData ToneOf(int waveform, std::vector<double> hz, std::uint32_t ms = 1000) {
+    SonvireData tone;
+    tone.waveform = static_cast<std::uint8_t>(waveform);
+    tone.numTones = static_cast<std::uint8_t>(hz.size());
+    std::copy(hz.begin(), hz.end(), tone.startLeftHz);
+    tone.SetDuration(ms);
+    return tone;
+}
+
+std::vector<std::int32_t> ReadAll(HiresSource& source, int piece = 1000) {
+    std::vector<std::int32_t> samples(static_cast<std::size_t>(source.GetLength() * source.channels));
+    for (std::size_t done = 0; done < samples.size();) {
+        const int frames = std::min(piece, static_cast<int>(samples.size() - done) / source.channels);
+        source.Read(&samples[done], frames);
+        done += static_cast<std::size_t>(frames * source.channels);
+    }
+    return samples;
+}
+
+std::vector<std::int32_t> Render(const SonvireData& tone, const HiresSettings& settings, int piece = 1000) {
+    const HiresTone opened = OpenHiresTone(tone, settings);
+    EXPECT_FALSE(opened.failure) << opened.failure.GetReason();
+    return ReadAll(*opened.source, piece);
+}
+
+/// The part of a frequency in a sound, full scale being 1; exact for whole Hz in a whole second.
+double Measure(const std::vector<std::int32_t>& samples, double hz, int rate) {
+    std::complex<double> sum = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        sum += std::polar(samples[i] * 0x1p-31, -2 * std::numbers::pi * hz * static_cast<double>(i) / rate);
+    return 2 * std::abs(sum) / static_cast<double>(samples.size());
+}
+
+TEST(ExactMath, IsWithinTheLastDigits) {
+    for (const auto& [part, sine] : {std::pair{0, 0.0},
+                                     {1, 0.00019174759731070329},
+                                     {4096, 0.70710678118654752},
+                                     {8192, 1.0},
+                                     {16384, 0.0},
+                                     {28672, -0.70710678118654752}})
+        EXPECT_NEAR(ExactSine(part, 32768), sine, 2e-16) << part;
+    EXPECT_NEAR(ExactLog(1000), 6.9077552789821371, 2e-15);
+    EXPECT_NEAR(ExactLog(1e-9), -20.723265836946411, 1e-14);
+    EXPECT_NEAR(ExactExp(-20), 2.0611536224385579e-09, 1e-23);
+    EXPECT_NEAR(ExactExpLessOne(1e-7), 1.0000000500000017e-07, 1e-22);
+    EXPECT_NEAR(ExactAmplitude(-12.04), 0.25003453616964312, 1e-15);
+}
+
+TEST(FrequencyPath, EndsWithinAMillionthOfACycle) {
+    const struct {
+        double from, to;
+        std::int64_t frames;
+        int rate;
+        Sweep sweep;
+        double cycles; ///< of all frames together, worked out with 60 digits
+    } cases[] = {
+        {20, 20000, 960000, 96000, Sweep::Logarithmic, 28923.90843238137},
+        {20000, 20, 441000, 44100, Sweep::Logarithmic, 28924.239025960207},
+        {100, 1000, 132300, 44100, Sweep::Linear, 1649.9897959183673},
+        {-440, -440, 48000, 48000, Sweep::None, -440},
+    };
+    for (const auto& each : cases) {
+        HiresFrequencyPath path(each.from, each.to, each.sweep, each.frames, each.rate);
+        long double cycles = 0;
+        for (std::int64_t i = 0; i < each.frames; ++i) {
+            cycles += static_cast<std::int64_t>(path.GetIncrement()) * 0x1p-64L;
+            path.MoveOn();
+        }
+        EXPECT_NEAR(static_cast<double>(cycles), each.cycles, 1e-7) << each.from;
+    }
+}
+
+TEST(HiresTone, AWaveformHasItsHarmonicsAndNothingElse) {
+    const HiresSettings settings{.rate = 48000, .level = -6.0205999132796239}; // half of full scale
+    const double square = 92682.0 / 131070, sloped = 165794.0 / 131070, pi = std::numbers::pi;
+    const struct {
+        int waveform;
+        std::array<double, 4> harmonics; ///< of 4999 Hz: there is no fifth one
+    } cases[] = {
+        {ToneSine, {0.5, 0, 0, 0}},
+        {ToneSquare, {2 / pi * square, 0, 2 / pi * square / 3, 0}},
+        {ToneTriangular, {4 / pi / pi * sloped, 0, 4 / pi / pi * sloped / 9, 0}},
+        {ToneSawTooth, {sloped / pi, sloped / pi / 2, sloped / pi / 3, sloped / pi / 4}},
+    };
+    for (const auto& [waveform, harmonics] : cases) {
+        const std::vector<std::int32_t> samples = Render(ToneOf(waveform, {4999}), settings);
+        double rest = 0;
+        for (const std::int32_t sample : samples)
+            rest += 2 * std::pow(sample * 0x1p-31, 2) / static_cast<double>(samples.size());
+        for (std::size_t k = 0; k < harmonics.size(); ++k) {
+            const double measured = Measure(samples, 4999.0 * static_cast<double>(k + 1), 48000);
+            EXPECT_NEAR(measured, harmonics[k], 1e-7) << waveform << ", harmonic " << k + 1;
+            rest -= measured * measured;
+        }
+        EXPECT_LT(std::fabs(rest), 2e-14) << waveform; // -137 dB, which is what these sums are good for
+    }
+}
+
+TEST(HiresTone, WhatWouldExceedFullScaleIsRefusedOrLowered) {
+    const SonvireData loud = ToneOf(ToneSine, {1000, 1500, 2000, 2500, 3000}, 100);
+    const HiresTone refused = OpenHiresTone(loud, {.rate = 48000});
+    EXPECT_EQ(refused.source, nullptr);
+    EXPECT_EQ(refused.failure.GetReason(),
+              "would exceed full scale by 1.94 dB; a level of -13.98 dBFS fits"); // 20 lg 5 is 13.979
+    EXPECT_FALSE(OpenHiresTone(loud, {.rate = 48000, .level = -13.98}).failure);
+    EXPECT_NEAR(Measure(Render(loud, {.rate = 48000, .fit = true}), 1500, 48000), 0.2, 1e-6);
+    const SonvireData half = ToneOf(ToneSine, {24000, 30000}); // none of which can be had at this rate
+    for (const std::int32_t sample : Render(half, {.rate = 48000}))
+        ASSERT_EQ(sample, 0);
+}
+
+TEST(HiresTone, FadesAreRaisedCosines) {
+    HiresSettings settings{.rate = 48000, .level = 0, .fadeInMs = 10, .fadeOutMs = 20};
+    const std::vector<std::int32_t> plain = Render(ToneOf(ToneSine, {12000}), {.rate = 48000, .level = 0});
+    const std::vector<std::int32_t> faded = Render(ToneOf(ToneSine, {12000}), settings, 77);
+    for (const auto& [frame, gain] : {std::pair{1, 0.000010709168},
+                                      {121, 0.14876817},
+                                      {241, 0.50327247},
+                                      {481, 1.0},
+                                      {47039, 1.0},
+                                      {47519, 0.50163624},
+                                      {47999, 0.0000026772992}})
+        EXPECT_NEAR(faded[static_cast<std::size_t>(frame)], plain[static_cast<std::size_t>(frame)] * gain, 4)
+            << frame;
+}
+
+TEST(HiresTone, AnyRecordIsSafe) {
+    std::uint32_t random = 1;
+    for (int round = 0; round < 300; ++round) {
+        SonvireData tone;
+        auto* bytes = reinterpret_cast<unsigned char*>(static_cast<SonvireFile*>(&tone));
+        for (std::size_t i = 0; i < sizeof(SonvireFile); ++i)
+            bytes[i] = static_cast<unsigned char>((random = random * 1664525 + 1013904223) >> 24);
+        tone.waveform %= 9;
+        const HiresTone opened = OpenHiresTone(tone, {.rate = 8000 + round * 100, .fit = true});
+        std::vector<std::int32_t> out(2 * 441);
+        ASSERT_TRUE(opened.source);
+        opened.source->Read(out.data(), 441);
+    }
+}
+
+} // namespace
