@@ -67,10 +67,9 @@ void LPlayback::ThreadFunction() {
 /// False where there is nothing to play.
 bool LPlayback::Open() {
     const std::optional<LPlayFormat> format = sound->Open([this] { return FindRate(); });
-    if (IsStopRequested())
-        return false;
     if (!format) {
-        End(PlayNoSound);
+        if (!IsStopRequested())
+            End(PlayNoSound);
         return false;
     }
     request.format = *format;
