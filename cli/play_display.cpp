@@ -34,7 +34,7 @@ std::string FormatMeter(LDB level) {
 PlayDisplay::PlayDisplay(LEventLoop& ended, const SoundInput& input)
     : loop(ended),
       length(input.source.GetEnd()),
-      endless(input.endless),
+      endless(input.endless || input.isNeverLeft),
       news(input.news),
       visible(isatty(STDERR_FILENO) != 0) {}
 

@@ -3,7 +3,6 @@
 #include "gui/toolkit.h"
 #include "gui/window.h"
 #include "sys/desktop/message_box.h"
-#include "sys/file.h"
 #include "sys/path.h"
 
 #include <algorithm>

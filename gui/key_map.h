@@ -55,7 +55,6 @@ public:
 
     /// The table must outlive the handler.
     void SetKeyMap(std::span<const LKeyMapEntry> keys) { keyMap = keys; }
-    std::span<const LKeyMapEntry> GetKeyMap() const { return keyMap; }
     /// True where the map has the key: its command has then gone to one of the two below.
     bool HandleKey(const LKeyPress& key);
 

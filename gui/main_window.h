@@ -21,6 +21,8 @@ public:
     void OpenDocuments(const std::vector<std::string>& paths);
     /// Takes a file that a second start of the program was given as the first start takes its argument.
     void OpenArgument(const std::string& path);
+    /// Remembers a file that was to be opened, which the end has come before.
+    virtual void KeepForLater(const std::string& /*path*/) {}
     /// Brings the window to the front.
     void Activate();
     /// Between the end of its creation and its end; outside, it opens nothing.

@@ -7,7 +7,7 @@ enum : int { Prompt = 101, Input = 102, Reading = 103, Range = 104, Place = 105,
 constexpr LControlLayout Controls[] = {
     {Prompt, LControlKind::Text, "", {20, 14, 380, 20}},
     {Input, LControlKind::Edit, "", {20, 42, 380, 24}},
-    {Place, LControlKind::Text, "", {310, 14, 90, 20}},
+    {Place, LControlKind::Text, "", {342, 14, 58, 20}},
     {Reading, LControlKind::Text, "", {20, 72, 380, 20}},
     {Range, LControlKind::Text, "", {20, 94, 380, 20}},
     {LCommandCancel, LControlKind::Button, "Cancel", {186, 132, 100, 0}},

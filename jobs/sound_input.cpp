@@ -47,6 +47,7 @@ SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport 
     SoundInput input{.source = source, .endless = loops, .warnings = CollectWarnings(report)};
     input.frames = static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000;
     input.failure = CheckPlayable(input, length);
+    input.isNeverLeft = report.isNeverLeft;
     input.notices = std::move(report.notices);
     input.files = std::move(report.files);
     input.news = std::move(report.news);
@@ -64,7 +65,7 @@ SoundInput OpenListTone(const SonvireData& tone, SoundLength length) {
     const LSoundSource source = OpenToneEngine(tone, &report);
     SoundInput input = MakeListInput(source, tone.repeat != 0, std::move(report), length);
     if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
-        input.warnings.push_back({tone.GetListPath(), unreadable.GetReason()});
+        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
     return input;
 }
 

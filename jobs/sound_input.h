@@ -22,9 +22,10 @@ enum class SoundLength { Finite, Any };
 /// An input opened as the source of its sound.
 struct SoundInput {
     LSoundSource source;
-    LFailure failure{};   ///< why it can't be used
-    bool endless = false; ///< the reason is, or would be, that it has no end
-    double frames = 0;    ///< how long it is at its own rate, also where that is more than can be counted
+    LFailure failure{};       ///< why it can't be used
+    bool endless = false;     ///< the reason is, or would be, that it has no end
+    bool isNeverLeft = false; ///< a list that stays at an entry which goes on for ever, whatever it counts
+    double frames = 0;        ///< how long it is at its own rate, also where that is more than can be counted
     std::vector<LFileWarning> warnings{};
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read
     std::vector<LNotice> notices{};                                      ///< what whoever plays it is told

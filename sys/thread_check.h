@@ -5,6 +5,7 @@
 //   Thread: owner      the thread that made the object
 //           player     the thread of a playback, which reads the source and fills the output's buffers
 //           output     the output's own thread, which must be on time
+//           main       the one that runs the program's event loop
 //           any
 //   Blocks: yes        may wait for another thread, a file or a server for as long as that takes
 //           no         at most waits for a lock that is never held for longer than it takes to copy a few

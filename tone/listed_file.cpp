@@ -23,7 +23,8 @@ bool IsEverLeft(const SonvireData& tone) {
 ListedFile::ListedFile(const std::string& written, const std::string& listFolder)
     : extension(GetEntryExtension(written)) {
     entry.file = FindListEntry(written, listFolder);
-    entry.problem = CheckReadable(entry.file).GetReason();
+    if (const LFailure unreadable = CheckReadable(entry.file))
+        entry.problem = "can't be read: " + unreadable.GetReason();
     if (extension == ".wav")
         FindWave();
     else if (extension == ".tdf")
@@ -65,15 +66,16 @@ void ListedFile::FindTone() {
         if (const LFailure unreadable = CheckReadable(list))
             entry.problem = "plays the list \"" + list + "\": " + unreadable.GetReason();
     }
+    isNeverLeft = !isTooLong && !IsEverLeft(tone);
 }
 
 const ListedFile& ListedFiles::Find(const std::string& written, const std::string& listFolder) {
-    const std::string name = listFolder + "/" + written;
-    if (const auto found = known.find(name); found != known.end())
+    const std::pair place(listFolder, written);
+    if (const auto found = known.find(place); found != known.end())
         return found->second;
     if (known.size() == MostKept)
         known.clear();
-    return known.try_emplace(name, written, listFolder).first->second;
+    return known.try_emplace(place, written, listFolder).first->second;
 }
 
 std::string FindListEntry(const std::string& path, const std::string& folder) {

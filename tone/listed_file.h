@@ -5,19 +5,21 @@
 #include "tone/tone_list_report.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
-#include <unordered_map>
+#include <utility>
 
 /// A file that a list names, as it was found. What it is, its extension says.
 struct ListedFile {
     /// Looks at it. `written` is what stands in the list, whose folder is searched first.
     ListedFile(const std::string& written, const std::string& listFolder);
 
-    std::string extension;  ///< as it is written
-    ToneListEntry entry;    ///< without its depth, and without the length of what is opened as a list
-    SonvireData tone;       ///< of a tone
-    LSoundSource wave;      ///< of a WAVE file, which waits; nothing behind it where that is left out
-    bool isTooLong = false; ///< a tone that is left out
+    std::string extension;    ///< as it is written
+    ToneListEntry entry;      ///< without its depth, and without the length of what is opened as a list
+    SonvireData tone;         ///< of a tone
+    LSoundSource wave;        ///< of a WAVE file, which waits; nothing behind it where that is left out
+    bool isTooLong = false;   ///< a tone that is left out
+    bool isNeverLeft = false; ///< a tone without an end, or another in its place
 
 private:
     void FindWave();
@@ -33,7 +35,7 @@ public:
 
 private:
     static constexpr std::size_t MostKept = 256;
-    std::unordered_map<std::string, ListedFile> known; ///< by folder and name
+    std::map<std::pair<std::string, std::string>, ListedFile> known; ///< by folder and name
 };
 
 /// Where an entry's file is: in `folder` where it is relative and found there, else `path` as it stands.

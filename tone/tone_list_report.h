@@ -19,14 +19,25 @@ struct ToneListEntry {
     bool endless = false; ///< what stands behind it is never reached
 };
 
+/// How long entries play one after the other, as far as that is known.
+struct ToneListLength {
+    std::int64_t ms = 0;
+    int unknown = 0; ///< entries with a problem, which are not in it
+
+    ToneListLength& operator+=(const ToneListLength& more);
+};
+
 /// What opening a list finds.
 struct ToneListReport {
-    /// Of the whole list, also where that is more than frames can be counted.
+    /// Of all that plays, in the lists of the list as well.
+    ToneListLength Measure() const;
+    /// As it is counted, what is endless as a minute; also where that is more than frames can be counted.
     std::int64_t CountMilliseconds() const;
 
     /// In playing order, an included list before its own entries. Where there are too many, the last one
     /// names the list itself and has that problem.
     std::vector<ToneListEntry> entries;
+    bool isNeverLeft = false;     ///< one of them goes on for ever
     std::set<std::string> files;  ///< every file that is read, lists and the list itself included
     std::vector<LNotice> notices; ///< what whoever plays the list is told
     /// What happens to its files while it plays.
@@ -36,5 +47,5 @@ struct ToneListReport {
 /// Looks through a tone list file and the lists in it. Opens every file for a moment; reads no sound.
 ToneListReport ExamineToneList(const std::string& path);
 
-/// The same for one entry, given as its line in a list file.
-ToneListEntry ExamineToneListEntry(const std::string& line);
+/// The same for a list of this one line; its first entry is what stands there.
+ToneListReport ExamineToneListEntry(const std::string& line);

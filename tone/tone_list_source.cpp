@@ -63,6 +63,7 @@ void SSFromList::AddFile(const std::string& written) {
     entry.depth = opening.nesting.GetDepth();
     report.files.insert(entry.file);
     report.entries.push_back(entry);
+    report.isNeverLeft = report.isNeverLeft || file.isNeverLeft;
     const LSoundSource source = OpenFile(file, entry);
     report.entries[place] = std::move(entry);
     AddSource(source);

@@ -70,14 +70,26 @@ void Sum(std::span<SSTonePole> oscillators, Shape shape, int* out, int stride, i
 
 /// Adds what one oscillator has at its gain.
 template <class Shape>
-void AddAtGain(SSTonePole& oscillator, Shape shape, int* out, int stride, int frames) {
+void AddAtGain(SSTonePole& oscillator, Shape shape, int* sums, int frames) {
     int samples[GainFrames];
+    Produce(oscillator, shape, samples, 1, frames);
+    Kernels().applyGainLine(samples, samples, frames, 1, oscillator.gain, 0);
+    for (int i = 0; i < frames; ++i)
+        sums[i] = WrapAdd(sums[i], samples[i]);
+}
+
+/// The sum of oscillators of any gain.
+template <class Shape>
+void SumAtGains(std::span<SSTonePole> atUnity, std::span<SSTonePole> others, Shape shape, int* out,
+                int stride, int frames) {
     while (frames > 0) {
         const int count = std::min(frames, GainFrames);
-        Produce(oscillator, shape, samples, 1, count);
-        Kernels().applyGainLine(samples, samples, count, 1, oscillator.gain, 0);
+        int sums[GainFrames];
+        Sum(atUnity, shape, sums, 1, count);
+        for (SSTonePole& each : others)
+            AddAtGain(each, shape, sums, count);
         for (int i = 0; i < count; ++i)
-            out[i * stride] = WrapAdd(out[i * stride], samples[i]);
+            out[i * stride] = sums[i];
         out += count * stride;
         frames -= count;
     }
@@ -113,9 +125,10 @@ void SumOscillators(std::span<SSTonePole> oscillators, const ToneWaveTable* tabl
     };
     const auto atUnity = [](const SSTonePole& each) { return each.IsAtUnity(); };
     const auto others = std::find_if_not(oscillators.begin(), oscillators.end(), atUnity);
-    Sum({oscillators.begin(), others}, look, out, stride, frames);
-    for (SSTonePole& other : std::span(others, oscillators.end()))
-        AddAtGain(other, look, out, stride, frames);
+    if (others == oscillators.end())
+        Sum(oscillators, look, out, stride, frames);
+    else
+        SumAtGains({oscillators.begin(), others}, {others, oscillators.end()}, look, out, stride, frames);
 }
 
 void SweepOscillators(std::span<SSTonePole> oscillators, double fraction, bool logSweep) {

@@ -16,8 +16,8 @@ constexpr int SquarePeak = 92682;
 constexpr double TriangularSlope = 20.238549279785158;
 constexpr double SawToothSlope = TriangularSlope / 2;
 
-/// By the sine of a sum, from 384 sines and as many cosines instead of 32768 sines: no entry is so close to
-/// a whole number that the last bits of a double would count.
+/// By the sine of a sum, from 384 sines and as many cosines instead of 32768 sines: no entry but 0 is so
+/// close to a whole number that the last bits of a double would count.
 ToneWaveTable MakeSine() {
     constexpr int Fine = 128;
     std::array<double, Fine> sines, cosines;

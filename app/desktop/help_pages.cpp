@@ -3,7 +3,6 @@
 #include "gui/toolkit.h"
 #include "sys/desktop/folders.h"
 #include "sys/desktop/message_box.h"
-#include "sys/file.h"
 #include "sys/path.h"
 
 namespace {

@@ -1,10 +1,9 @@
 #include "app/list_editor/entry_rows.h"
 
+#include "app/window/list_rows.h"
 #include "app/window/time_text.h"
-#include "tone/tone_list_report.h"
 
 #include <algorithm>
-#include <climits>
 #include <set>
 #include <utility>
 
@@ -12,13 +11,9 @@ namespace {
 
 constexpr LListColumn Columns[] = {{.title = "Tone", .fills = true}, {.title = "Problem"}};
 
-LRowMark GetMark(const ToneListEntry& entry) {
-    return entry.endless ? LRowMark::Endless : entry.problem.empty() ? LRowMark::None : LRowMark::Problem;
-}
-
-std::string Describe(const ToneListEntry& entry) {
+std::string Describe(const ToneListEntry& entry, const ToneListLength& length) {
     return (entry.file.empty() ? "Silence" : entry.file) + "\n" +
-           (entry.problem.empty() ? "Length: " + FormatTime(entry.length) : entry.problem);
+           (entry.problem.empty() ? "Length: " + FormatLength(length) : entry.problem);
 }
 
 } // namespace
@@ -35,26 +30,21 @@ std::vector<std::string> EntryRows::GetEntries() const {
     return entries;
 }
 
-LSoundTime EntryRows::GetTotal() const {
-    std::int64_t total = 0;
+ToneListLength EntryRows::Measure() const {
+    ToneListLength length;
     for (const std::uint32_t entry : GetOrder())
-        total += known[entry].hasLength ? known[entry].ms : 0;
-    return LSoundTime(static_cast<int>(std::clamp<std::int64_t>(total, 0, INT_MAX)));
-}
-
-int EntryRows::CountWithoutLength() const {
-    const Order shown = GetOrder();
-    return static_cast<int>(std::count_if(shown.begin(), shown.end(),
-                                          [this](std::uint32_t entry) { return !known[entry].hasLength; }));
+        length += known[entry].length;
+    return length;
 }
 
 void EntryRows::Insert(const std::string& entry, int row) {
-    const ToneListEntry measured = ExamineToneListEntry(entry);
+    const ToneListReport report = ExamineToneListEntry(entry);
+    const ToneListEntry& found = report.entries.front();
+    const ToneListLength length = report.Measure();
     known.push_back({.text = entry,
-                     .problem = measured.problem,
-                     .look = {.mark = GetMark(measured), .toolTip = Describe(measured)},
-                     .ms = measured.length.GetMilliseconds(),
-                     .hasLength = measured.problem.empty()});
+                     .problem = found.problem,
+                     .look = {.mark = GetEntryMark(found), .toolTip = Describe(found, length)},
+                     .length = length});
     Show(static_cast<std::uint32_t>(known.size() - 1), row);
 }
 

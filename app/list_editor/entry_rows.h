@@ -2,9 +2,7 @@
 
 #include "app/edit_history.h"
 #include "gui/list_view.h"
-#include "sound/sound_time.h"
-
-struct ToneListEntry;
+#include "tone/tone_list_report.h"
 
 /// The rows of the tone list editor: entries in playing order, with what is wrong with them, and the orders
 /// that they stood in before, to which the user can go back.
@@ -19,9 +17,8 @@ public:
     LListView& GetView() { return view; }
     std::vector<std::string> GetEntries() const;
     std::string GetEntry(int row) const { return view.GetText(row, 0); }
-    /// How long they last together, but for those that are endless or can't be read.
-    LSoundTime GetTotal() const;
-    int CountWithoutLength() const;
+    /// Of all of them together.
+    ToneListLength Measure() const;
 
     void Insert(const std::string& entry, int row);
     void Replace(int row, const std::string& entry);
@@ -51,8 +48,7 @@ private:
         std::string text;
         std::string problem;
         LRowLook look;
-        int ms;
-        bool hasLength;
+        ToneListLength length;
     };
     /// The entries by their places in `known`, which are the user data of their rows.
     using Order = std::vector<std::uint32_t>;

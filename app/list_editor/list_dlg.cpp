@@ -11,10 +11,8 @@
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_data.h"
-#include "tone/tone_list_file.h"
 
 namespace {
 
@@ -251,10 +249,11 @@ void ListDlg::ShowState() {
 
 /// The length of one pass.
 void ListDlg::ShowTotal() {
-    const int unknown = rows->CountWithoutLength();
-    SetText(ListTotal, "Total: " + FormatTime(rows->GetTotal()) + (unknown > 0 ? " or more" : ""));
-    SetToolTip(ListTotal,
-               unknown == 0 ? "" : "Entries that are endless or can't be read: " + std::to_string(unknown));
+    const ToneListLength total = rows->Measure();
+    SetText(ListTotal, "Total: " + FormatLength(total));
+    SetToolTip(ListTotal, total.unknown == 0 ? ""
+                                             : "Entries that are endless or can't be read: " +
+                                                   std::to_string(total.unknown));
 }
 
 void ListDlg::CmHelp() {

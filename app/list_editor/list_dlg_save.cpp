@@ -7,7 +7,6 @@
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/desktop/message_box.h"
-#include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_list_file.h"
 

@@ -2,10 +2,9 @@
 
 #include "app/window/tone_document.h"
 #include "jobs/tone_lists.h"
-#include "sys/file.h"
 #include "sys/path.h"
-#include "tone/tone_list_report.h"
-#include "tone/tone_list_source.h"
+#include "tone/listed_file.h"
+#include "tone/tone_list_file.h"
 
 #include <map>
 
@@ -33,10 +32,9 @@ void ShowEntry(LListView& view, const std::string& name, int count, const ToneLi
     const int row = view.GetCount() - 1;
     const std::string order = std::to_string(count - row);
     const std::string& problem = entry.problem;
-    const LRowMark mark = entry.endless ? LRowMark::Endless : LRowMark::Problem;
     view.SetText(row, ProblemColumn, problem);
     view.SetText(row, OrderColumn, order);
-    view.SetLook(row, {.mark = problem.empty() ? LRowMark::None : mark,
+    view.SetLook(row, {.mark = GetEntryMark(entry),
                        .toolTip = name + "\nPlays as number " + order + " of " + std::to_string(count) +
                                   (problem.empty() ? "" : "\n") + problem});
 }
@@ -50,6 +48,10 @@ void ShowListName(LListView& view, const std::string& name) {
 }
 
 } // namespace
+
+LRowMark GetEntryMark(const ToneListEntry& entry) {
+    return entry.endless ? LRowMark::Endless : entry.problem.empty() ? LRowMark::None : LRowMark::Problem;
+}
 
 std::span<const LListColumn> GetListColumns() {
     return Columns;

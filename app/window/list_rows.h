@@ -3,11 +3,15 @@
 #include "gui/list_view.h"
 #include "sys/notice.h"
 
+struct ToneListEntry;
+
 // The rows of a tone that is a list: the lines of its file, with what is wrong with their entries and when
 // they play.
 
 inline constexpr const char* ListHint =
     "The entries of the list, of which the lowest plays first (double click to edit)";
+
+LRowMark GetEntryMark(const ToneListEntry& entry);
 
 std::span<const LListColumn> GetListColumns();
 

@@ -45,15 +45,17 @@ const MainDialog::Action MainDialog::Actions[] = {
      [](MainDialog& window) { window.CmToggle(CommandStereoToggle, CommandStereo, CommandMono); }},
 
     {CommandLoadTone,
-     [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.files.CmLoadTDF()); }},
+     [](MainDialog& window) { window.RelistandStart(window.MayReplaceTone() && window.files.CmLoadTDF()); }},
     {CommandSave, [](MainDialog& window) { window.CmSave(); }},
     {CommandSaveAsTone, [](MainDialog& window) { window.files.CmSaveAsTDF(); }},
     {CommandSaveAsWav, [](MainDialog& window) { window.files.CmSaveAsWav(); }},
     {CommandNewList,
-     [](MainDialog& window) { window.Relist(window.MayReplaceTone() && window.lists.CmCreateList()); }},
+     [](MainDialog& window) {
+         window.RelistandStart(window.MayReplaceTone() && window.lists.CmCreateList());
+     }},
     {CommandLoadListMenu, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
-    {CommandSaveList, [](MainDialog& window) { window.Relist(window.lists.CmSaveList()); }},
+    {CommandSaveList, [](MainDialog& window) { window.RelistandStart(window.lists.CmSaveList()); }},
 
     {CommandPreferences, [](MainDialog& window) { window.Restart(OpenSettingsDialog(window)); }},
     {CommandCloseWindow, [](MainDialog& window) { window.Close(0); }},
@@ -119,7 +121,7 @@ void MainDialog::CmToggle(int toggle, int on, int off) {
 
 void MainDialog::CmToneEditValue() {
     if (tone.IsList())
-        Relist(lists.CmEditList(tone.GetListPath()));
+        RelistandStart(lists.CmEditList(tone.GetListPath()));
     else
         Restart(rows.ChangeListViewData());
 }
@@ -133,7 +135,7 @@ void MainDialog::CmListViewRightClickMenu() {
 
 void MainDialog::CmSave() {
     if (tone.IsList())
-        Relist(lists.CmSaveList());
+        RelistandStart(lists.CmSaveList());
     else
         files.CmSave();
 }

@@ -128,7 +128,9 @@ void MainDialog::CmHelp() {
     OpenHelpPage(*this, HelpPage::Start);
 }
 
-void MainDialog::RelistandStart() {
+void MainDialog::RelistandStart(bool changed) {
+    if (!changed)
+        return;
     if (tone.IsList())
         TakeLength(tone);
     rows.SetupListViewData();
@@ -136,15 +138,10 @@ void MainDialog::RelistandStart() {
     playback.Restart();
 }
 
-void MainDialog::Relist(bool changed) {
-    if (changed)
-        RelistandStart();
-}
-
 bool MainDialog::MayReplaceTone() {
     const LMessageAnswer answer = lists.AskToSave();
     const bool saved = answer == LMessageAnswer::Yes && lists.CmSaveList();
-    Relist(saved);
+    RelistandStart(saved);
     return saved || answer == LMessageAnswer::No;
 }
 

@@ -25,6 +25,8 @@ public:
 
     void Command(int command) override;
     void EvDropFiles(const std::vector<std::string>& paths) override;
+    /// Among the files that were opened last.
+    void KeepForLater(const std::string& path) override { recent.Add(path); }
 
 private:
     // main_dialog.cpp: start, end and what any window has.
@@ -40,13 +42,12 @@ private:
     MainState GetState() const;
     /// The words under the rows, and the room that these leave.
     void ShowSummary();
-    /// After every change of what rows the tone has.
-    void RelistandStart();
-    void Relist(bool changed);
+    // What changes the tone ends in one of these, by which all that shows or plays it follows; where nothing
+    // has changed, they do nothing.
+    void Restart(bool changed);               ///< of values
+    void RelistandStart(bool changed = true); ///< of what rows it has
     /// Before another tone takes this one's place: false where a list would be lost that the user wants.
     bool MayReplaceTone();
-    /// After every change of a value.
-    void Restart(bool changed);
     /// Makes a change that can be undone; without effect it is none.
     void Record(const std::function<void()>& change, int series = ToneHistory::NoSeries);
     void Restore(const std::optional<ToneState>& past);

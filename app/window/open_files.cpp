@@ -31,7 +31,7 @@ void MainDialog::LoadDocuments(const std::vector<std::string>& paths) {
         if (auto notice = files.LoadDocument(path))
             notices.push_back(std::move(*notice));
     }
-    Relist(!paths.empty());
+    RelistandStart(!paths.empty());
     if (!notices.empty())
         GetToolkit().Post([notices] { ShowNotices(notices); });
 }
@@ -43,7 +43,7 @@ void MainDialog::EvRunArguments(const char* const* arguments, int count) {
     GetToolkit().Post([this] {
         devices.Refresh();
         OfferCrashReport(*this);
-        Record([this] { Relist(lists.OfferLostList()); });
+        Record([this] { RelistandStart(lists.OfferLostList()); });
     });
 }
 
@@ -56,7 +56,7 @@ void MainDialog::OpenFromUser(const std::string& path) {
         files.LoadNamed(path, MakeAbsolute(path));
         RelistandStart();
     } else if (HasExtension(path, ".tdl")) {
-        Relist(lists.CmEditList(MakeAbsolute(path)));
+        RelistandStart(lists.CmEditList(MakeAbsolute(path)));
     } else if (!GetExtension(path).empty()) {
         LShowMessageBox("Unrecognized file type.", "Sonvire does not process this type of file.",
                         LMessageButtons::OkCancel);

@@ -77,9 +77,9 @@ void Playback::CmPlay() {
 }
 
 void Playback::TellLength(const SoundInput& input) {
-    endless = input.endless;
+    endless = input.endless || input.isNeverLeft;
     sinceStart = LSoundTime();
-    const bool loops = endless && tone.repeat != 0;
+    const bool loops = input.endless && !input.isNeverLeft && tone.repeat != 0;
     const LSoundTime turn(loops && tone.HasFlag(ToneFlagDuration) ? static_cast<int>(tone.durationMs) : 0);
     view.SetLength(endless ? turn : input.source.GetEnd(), loops);
 }

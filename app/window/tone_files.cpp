@@ -3,8 +3,8 @@
 #include "app/file_kinds.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
-#include "app/window/saved_note.h"
-#include "app/window/tone_commands.h"
+#include "app/window/time_text.h"
+#include "app/window/tone_summary.h"
 #include "gui/file_chooser.h"
 #include "gui/process_dialog.h"
 #include "jobs/file_notices.h"
@@ -13,7 +13,9 @@
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 #include "tone/tone_level.h"
+#include "tone/tone_list_report.h"
 
+#include <cmath>
 #include <span>
 
 namespace {
@@ -39,6 +41,13 @@ bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
     return LShowMessageBox("Save List",
                            "Not all of the list can be saved as it should sound:" + ListWarnings(warnings),
                            LMessageButtons::OkCancel) == LMessageAnswer::Ok;
+}
+
+/// "Saved sweep.wav in /home/ann: 10 s, peak -12.04 dBFS"
+std::string DescribeSaved(const std::string& path, const std::string& length,
+                          std::optional<double> peakDbfs) {
+    return "Saved " + GetFileName(path) + " in " + GetFolder(path) + ": " + length +
+           (peakDbfs ? ", peak " + FormatDbfs(*peakDbfs) : "");
 }
 
 /// Runs the job under a progress dialog, and measures what it writes.
@@ -123,15 +132,11 @@ void ToneFiles::CmSaveTDF(const std::string& path) {
         return;
     }
     document->MoveTo(path, tone);
-    tellSaved(DescribeSavedTone(path, tone));
+    tellSaved(DescribeSaved(path, DescribeLength(tone), GetHighestPeakDbfs(tone)));
 }
 
 void ToneFiles::TellSavedList(const std::string& path) {
-    SonvireData list;
-    list.waveform = ToneFromList;
-    SetListPath(list, path);
-    TakeLength(list);
-    tellSaved(DescribeSavedSound(path, list.durationMs / 1000.0, {}));
+    tellSaved(DescribeSaved(path, FormatLength(ExamineToneList(path).Measure()), {}));
 }
 
 void ToneFiles::CmSaveWave(const std::string& path) {
@@ -149,9 +154,11 @@ void ToneFiles::CmSaveWave(const std::string& path) {
     const RenderOutcome outcome = RenderToFile(
         input, {.path = path},
         {.confirm = ConfirmProblems, .run = [&](auto& job) { return RunJob(window, job, measure); }});
-    if (outcome.result == LProcessResult::Completed)
-        tellSaved(DescribeSavedSound(path, static_cast<double>(measure.frames) / input.source->sampleRate,
-                                     GetSamplePeakDbfs(measure.peak)));
+    if (outcome.result == LProcessResult::Completed) {
+        const double seconds = static_cast<double>(measure.frames) / input.source->sampleRate;
+        tellSaved(
+            DescribeSaved(path, FormatLength(std::llround(1000 * seconds)), GetSamplePeakDbfs(measure.peak)));
+    }
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)

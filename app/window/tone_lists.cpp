@@ -120,11 +120,8 @@ bool ToneLists::CmLoadList() {
     Setting::ListReadFolder.Set(chooser.folder);
     if (!HasExtension(path, ".tdl"))
         LShowMessageBox("Unrecognized File Type", "Not a tone list file", LMessageButtons::OkCancel);
-    else if (!CmEditList(path)) {
-        if (!tone.IsList())
-            return false;
-        TakeLength(tone);
-    }
+    else if (!CmEditList(path))
+        return tone.IsList();
     return true;
 }
 

@@ -4,7 +4,6 @@
 #include "app/window/command_ids.h"
 #include "app/window/list_rows.h"
 #include "app/window/notices.h"
-#include "app/window/tone_commands.h"
 #include "gui/toolkit.h"
 #include "gui/window.h"
 #include "tone/frequency_step.h"

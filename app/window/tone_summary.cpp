@@ -4,6 +4,7 @@
 #include "tone/note_name.h"
 #include "tone/tone_level.h"
 #include "tone/tone_list_file.h"
+#include "tone/tone_list_report.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -26,17 +27,8 @@ std::string FormatRange(double from, double to) {
     return FormatHz(from) + (from == to ? "" : " to " + FormatHz(to));
 }
 
-std::string FormatLength(std::uint32_t ms) {
-    if (ms < 60'000)
-        return FormatNumber(ms / 1000.0, "s");
-    const std::uint32_t most = std::numeric_limits<int>::max();
-    return FormatTime(LSoundTime(static_cast<int>(std::min(ms, most))));
-}
-
-std::string DescribeLength(const SonvireData& tone) {
-    if (!tone.HasFlag(ToneFlagDuration))
-        return "endless";
-    return FormatLength(tone.durationMs) + (tone.repeat != 0 ? ", looped" : "");
+const char* DescribeLoop(const SonvireData& tone) {
+    return tone.repeat != 0 ? ", looped" : "";
 }
 
 /// A sweep needs its duration.
@@ -98,11 +90,12 @@ ToneSummary SummarizeComponents(const SonvireData& tone) {
 }
 
 ToneSummary SummarizeList(const SonvireData& tone) {
+    const std::string list = tone.GetListPath();
     std::vector<std::string> lines;
     std::string kind = "can't be read";
-    if (!ReadToneListLines(lines, tone.GetListPath().c_str()))
+    if (!ReadToneListLines(lines, list.c_str()))
         kind = std::to_string(lines.size()) + (lines.size() == 1 ? " entry, " : " entries, ") +
-               DescribeLength(tone);
+               FormatLength(ExamineToneList(list).Measure()) + DescribeLoop(tone);
     return {.headline = "Tone list",
             .kind = kind,
             .level = "",
@@ -110,6 +103,10 @@ ToneSummary SummarizeList(const SonvireData& tone) {
 }
 
 } // namespace
+
+std::string DescribeLength(const SonvireData& tone) {
+    return tone.HasFlag(ToneFlagDuration) ? FormatLength(tone.durationMs) + DescribeLoop(tone) : "endless";
+}
 
 ToneSummary SummarizeTone(const SonvireData& tone) {
     if (tone.HasComponents())

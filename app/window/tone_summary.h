@@ -12,5 +12,8 @@ struct ToneSummary {
     std::string keys;     ///< the few that matter for it
 };
 
-/// Reads the file of a list for the number of its entries.
+/// "10 s, looped", "endless"; by what the tone says of itself, which a list need not be.
+std::string DescribeLength(const SonvireData& tone);
+
+/// Reads the file of a list, and looks through the entries.
 ToneSummary SummarizeTone(const SonvireData& tone);

@@ -3,7 +3,6 @@
 #include "gui/qt/qt_active_window.h"
 #include "gui/qt/qt_keys.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
@@ -52,14 +51,11 @@ void LQtDialog::ShowModal() {
     show();
 }
 
-/// Before the control that has the keyboard: a list has a use of its own for most of the keys.
 bool LQtDialog::eventFilter(QObject* watched, QEvent* event) {
     const auto* widget = qobject_cast<const QWidget*>(watched);
     if (event->type() != QEvent::KeyPress || !widget || widget->window() != this)
         return QDialog::eventFilter(watched, event);
-    const LKeyPress key = ToKeyPress(static_cast<QKeyEvent&>(*event));
-    const bool inList = qobject_cast<const QAbstractItemView*>(widget);
-    return (inList || IsForTheWindow(key)) && events.KeyPressed(key);
+    return OfferKey(events, *widget, static_cast<QKeyEvent&>(*event));
 }
 
 void LQtDialog::keyPressEvent(QKeyEvent* event) {

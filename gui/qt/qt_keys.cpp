@@ -1,6 +1,10 @@
 #include "gui/qt/qt_keys.h"
 
+#include "gui/window_peer.h"
+
+#include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QMainWindow>
 
 namespace {
 
@@ -46,8 +50,7 @@ bool MayNeedShift(char32_t character) {
     return character > ' ' && !QChar::isLetter(character);
 }
 
-} // namespace
-
+/// As key maps know it.
 LKeyPress ToKeyPress(const QKeyEvent& event) {
     if (event.modifiers().testFlag(Qt::MetaModifier))
         return {};
@@ -62,6 +65,15 @@ LKeyPress ToKeyPress(const QKeyEvent& event) {
             .repeated = event.isAutoRepeat()};
 }
 
-bool IsForTheWindow(const LKeyPress& key) {
+bool HasNoUseInInputs(const LKeyPress& key) {
     return key.virtualKey == LKeyEscape || key.virtualKey == LKeyF1 || (key.virtualKey & LKeyControl) != 0;
+}
+
+} // namespace
+
+bool OfferKey(LWindowEvents& window, const QWidget& widget, const QKeyEvent& event) {
+    const LKeyPress key = ToKeyPress(event);
+    const bool free =
+        qobject_cast<const QAbstractItemView*>(&widget) || qobject_cast<const QMainWindow*>(&widget);
+    return (free || HasNoUseInInputs(key)) && window.KeyPressed(key);
 }

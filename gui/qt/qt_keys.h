@@ -1,11 +1,11 @@
 #pragma once
 
-#include "gui/key_map.h"
-
+class LWindowEvents;
 class QKeyEvent;
+class QWidget;
 
-/// The key as key maps know it. With the desktop's own key held it is no key of ours: both fields are 0.
-LKeyPress ToKeyPress(const QKeyEvent& event);
-
-/// True for a key that no input of text or value has a use for: Escape, F1, and any with Ctrl.
-bool IsForTheWindow(const LKeyPress& key);
+/// Offers the window a key before the widget that has the keyboard gets it; true where it is used. A list
+/// would use most keys itself, so all are offered of it, and all that have come up to a main window;
+/// elsewhere only those that no input of text or value has a use for: Escape, F1, and any with Ctrl. With the
+/// desktop's own key held it is none.
+bool OfferKey(LWindowEvents& window, const QWidget& widget, const QKeyEvent& event);

@@ -8,7 +8,6 @@
 #include "gui/qt/qt_text.h"
 #include "gui/qt/qt_tool_bar.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
@@ -174,16 +173,13 @@ bool LQtMainWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
-/// Before the control that has the keyboard: a list has a use of its own for most of the keys.
 bool LQtMainWindow::TakesKey(const QObject& watched, const QKeyEvent& event) {
     const auto* widget = qobject_cast<const QWidget*>(&watched);
     const bool inMenuBar = qobject_cast<const QMenuBar*>(widget);
     if (!widget || inMenuBar || widget->window() != this || QApplication::activeModalWidget() ||
         QApplication::activePopupWidget())
         return false;
-    const LKeyPress key = ToKeyPress(event);
-    const bool free = widget == this || qobject_cast<const QAbstractItemView*>(widget);
-    return (free || IsForTheWindow(key)) && events.KeyPressed(key);
+    return OfferKey(events, *widget, event);
 }
 
 void LQtMainWindow::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,7 @@
 #include "gui/qt/qt_session_service.h"
 
 #include "gui/main_window.h"
+#include "gui/toolkit.h"
 
 #include <QApplication>
 #include <QDBusArgument>
@@ -57,6 +58,10 @@ struct Request {
     std::vector<std::string> documents{};
     std::string argument{};
     bool answered = false;
+
+    std::vector<std::string> GetFiles() const {
+        return argument.empty() ? documents : std::vector<std::string>{argument};
+    }
 };
 
 /// What each method takes.
@@ -115,9 +120,13 @@ public:
         return true;
     }
 
+    /// What has been accepted already is left to the next run.
     void RefuseAll() {
-        for (Request& request : waiting)
+        for (Request& request : waiting) {
+            for (const std::string& path : request.answered ? request.GetFiles() : std::vector<std::string>())
+                window->KeepForLater(path);
             Answer(request, request.message.createErrorReply(QDBusError::Failed, "is about to end"));
+        }
         waiting.clear();
     }
 
@@ -130,7 +139,7 @@ private:
     /// Takes the next one. A dialog that is open, or a job that runs under one, is finished first: what is
     /// asked for would change the tone below it.
     void ServeNext() {
-        if (!window->IsStanding())
+        if (!window->IsStanding() || window->GetToolkit().IsSessionEnding())
             RefuseAll();
         for (Request& request : waiting)
             if (Answer(request, request.message.createReply()))

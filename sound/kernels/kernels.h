@@ -25,8 +25,8 @@ struct LPolyphaseRun {
     int phases;                 ///< N, the number of rows
     int stepWhole;              ///< M / N, the input frames that every output frame moves on
     int stepPart;               ///< M mod N, and the sub-phases
-    int rounding;               ///< added before the last shift, at most 16384; 0 where that is more than 15
-    int shift;                  ///< 0..31
+    int shift;                  ///< the last one, 0..31
+    int rounding;               ///< added before it: at most 16384, and 0 for a shift of more than 15
 };
 
 /// Samples of one or two channels, each channel by itself.
@@ -72,7 +72,7 @@ struct LKernels {
     bool (*pack)(int* samples, int frames, int shift, const LChannelSamples& negated);
 
     /// Writes `frames` output frames. The first uses row `phase` over frames 0..62, whose samples have their
-    /// signs turned; frame 63 past the last span must be readable.
+    /// signs turned; the frame behind the last span must be readable.
     void (*convolve)(const LPolyphaseRun& run, int phase, const LChannelSamples& negated, int* out,
                      int frames);
 

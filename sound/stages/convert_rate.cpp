@@ -147,14 +147,14 @@ void LSRCConvertRate::Produce(int* buffer, int frames) {
         .phases = filter.GetPhases(),
         .stepWhole = filter.GetStep() / filter.GetPhases(),
         .stepPart = filter.GetStep() % filter.GetPhases(),
-        .rounding = rounding,
         .shift = outputShift,
+        .rounding = rounding,
     };
     Kernels().convolve(run, phaseAccumulator, GetNegated(spanStart), buffer, frames);
 }
 
-/// The same from the work buffer: for the smallest of all samples, whose magnitude no 32 bits hold, and what
-/// stands beside it.
+/// The same from the work buffer: for the smallest of all samples, whose magnitude no 32 bits hold, the
+/// largest, which rounding wraps, and what stands beside them.
 void LSRCConvertRate::ProduceWide(int* buffer, int frames) const {
     for (int i = 0; i < frames; ++i) {
         const std::int64_t at = phaseAccumulator + std::int64_t{i} * filter.GetStep();

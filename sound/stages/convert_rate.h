@@ -37,8 +37,7 @@ private:
     static constexpr int Taps = LSharedFilter::Taps;
     static constexpr int HalfTaps = Taps >> 1;
     static constexpr int BufferFrames = 32768;
-    static constexpr int NarrowFrames =
-        MaxBlockFrames + Taps + 1; ///< the reach of a refill, and what a row overhangs
+    static constexpr int NarrowFrames = MaxBlockFrames + Taps; ///< the reach of a refill
 
     void ReadBuffer();
     int GetFramesToRead() const;
@@ -64,7 +63,7 @@ private:
     int rounding = 1 << 14;
 
     /// Per channel, the frames that the last refill made readable, in 16 bits. Negated: rounding can lift a
-    /// sample to 32768, but none goes below -32767.
+    /// sample to 32768, but takes none below -32767.
     std::vector<std::int16_t> negated;
     int negatedStart = 0;   ///< the work buffer's frame that stands first in it
     bool samplesFit = true; ///< whether 16 bits hold them; if not, the work buffer is used

@@ -21,7 +21,7 @@ struct LSharedFilter {
     LConvertRateBase filter;
     std::vector<LPolyphaseRow> rows; ///< the coefficients as `LPolyphaseRun` takes them
     std::vector<std::int16_t> middle;
-    bool rowsFit = true; ///< whether they can be taken so
+    bool rowsFit = true; ///< whether they can be taken so; no rates are known whose can't
 
 private:
     bool FillRow(LPolyphaseRow& row, const int* taps);

@@ -277,9 +277,14 @@ TEST_F(Program, ASecondStartHandsItsFileOver) {
     };
     EXPECT_TRUE(WaitFor(remembered)) << "as the last one, by a name that is not UTF-8";
     Key("Page_Up");
+    Key("Return");
+    ASSERT_TRUE(WaitFor([] { return IsShown("^Edit Value"); }));
+    EXPECT_EQ(RunProgram(second + server.Path("late.tdf")).status, 0);
 
     EndProgram();
     EXPECT_EQ(KeptTone().startLeftHz[0], 440);
+    EXPECT_THAT(ReadBytes(server.Path("Quenby Software/Sonvire.conf")), HasSubstr("late.tdf\n"))
+        << "what was to be opened once the dialog is closed is offered by the next run";
 
     ASSERT_TRUE(StartProgram(""));
     const pid_t old = program;

@@ -177,7 +177,7 @@ TEST_F(ToneCommands, AToneThatPlaysAListIsCheckedLikeTheList) {
     tone.SetDuration(100);
     std::snprintf(tone.listPath, sizeof tone.listPath, "%s", Path("list.txt").c_str());
     EXPECT_FALSE(tone.WriteToFile(Path("t.tdf").c_str()));
-    ExpectRefused(Cli("render --strict t.tdf o.wav"), {"list.txt: No such file"});
+    ExpectRefused(Cli("render --strict t.tdf o.wav"), {"list.txt: can't be read: No such file"});
     Write("list.txt", "100ms silence.\n");
     EXPECT_EQ(RunCli("render t.tdf - 1<>t.tdf").status, 2) << "the input itself";
     for (const std::string output : {"list.txt", "- 1<>list.txt"}) {
@@ -190,11 +190,12 @@ TEST_F(ToneCommands, AnEntryThatCanNotBeUsedIsNamed) {
     EXPECT_FALSE(WriteToneListFile(Path("list.tdl").c_str(), {"gone.wav", "100ms silence."}));
     const ProgramResult lenient = Cli("render list.tdl o.wav");
     EXPECT_EQ(lenient.status, 0);
-    EXPECT_EQ(lenient.errors, "sonvire-cli: warning: gone.wav: No such file or directory (entry 1)\n");
+    EXPECT_EQ(lenient.errors,
+              "sonvire-cli: warning: gone.wav: can't be read: No such file or directory (entry 1)\n");
     EXPECT_EQ(Read("o.wav").size(), 46u + 2 * 800);
     Write("o.wav", "kept");
     ExpectRefused(Cli("render --strict list.tdl o.wav"),
-                  {"sonvire-cli: gone.wav: No such file or directory"});
+                  {"sonvire-cli: gone.wav: can't be read: No such file or directory"});
     EXPECT_EQ(Read("o.wav"), "kept");
 }
 

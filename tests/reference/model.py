@@ -225,14 +225,14 @@ def converted(feed, inrate, outrate, frames, wide=False, start=None):
                 shift += 1
             if shift:
                 for f in reach:
-                    f[:] = [(x + (1 << shift - 1)) >> shift for x in f]
+                    f[:] = [i32(x + (1 << shift - 1)) >> shift for x in f]
             fill += count
         row = rows[acc]
         for ch in range(c):
             a = sum(row[t] * buffer[span + t][ch] for t in range(32))
             b = sum(row[t] * buffer[span + t][ch] for t in range(32, 63))
-            s = 15 - shift
-            out.append(((a >> 1) + (b >> 1) + ((1 << s) >> 1)) >> s)
+            s, rounding = (15 - shift, (1 << 15 - shift) >> 1) if shift <= 15 else (31, 0)
+            out.append(i32(((a >> 1) + (b >> 1) + rounding) >> s))
         acc += m
     return out
 
@@ -311,6 +311,7 @@ def cases():
     yield "negative -440", tone(10000, 0, [-440.0])
     yield "levels", tone(10000, 0, [440.0, 1000.0, 3000.0], db=[-6, -20, -127])
     yield "stereo", tone(10000, 0, [440.0, 880.0], right=[443.0, 660.0])
+    yield "stereo levels", tone(10000, 0, [440.0, 1000.0, 700.0], right=[443.0, 660.0, 900.0], db=[-6, 0, -9])
     yield "linear sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000)
     yield "log sweep", tone(44100, 0, [100.0], end=[1000.0], ms=1000, log=True)
     yield "stereo log sweep", tone(20000, 3, [20.0, 50.0], [30.0, 9000.0], [20000.0, 60.0], [300.0, 90.0], ms=700, log=True)
@@ -332,6 +333,8 @@ def cases():
     for inrate in 88204, 192000:
         halfway = converted(Feed(noise(60000, 524272), 1), inrate, 44100, 13000, wide=True)
         yield "%d to 22050 by 44100" % inrate, converted(Feed(halfway, 1), 44100, 22050, 4000)
+    yield "mono 88204 to 44100", converted(Feed(noise(60000, 524272), 1), 88204, 44100, 4000)
+    yield "largest from 44100 to 48000", converted(Feed([2**31 - 1] * 6000, 1), 44100, 48000, 6000)
     for start in 1000, -1000:
         sought = converted(Feed(noise(60000, 524272), 1), 48000, 44100, 4000, start=start)
         yield "48000 to 44100 from %d" % start, sought

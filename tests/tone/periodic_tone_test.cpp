@@ -62,6 +62,7 @@ TEST(PeriodicTone, MatchesTheReference) {
         {"negative -440", {.left = {-440}}, 10000},
         {"levels", {.left = {440, 1000, 3000}, .db = {-6, -20, -127}}, 10000},
         {"stereo", {.left = {440, 880}, .right = {443, 660}}, 10000},
+        {"stereo levels", {.left = {440, 1000, 700}, .right = {443, 660, 900}, .db = {-6, 0, -9}}, 10000},
         {"linear sweep", {.left = {100}, .end = {1000}, .ms = 1000}, 44100},
         {"log sweep", {.left = {100}, .end = {1000}, .ms = 1000, .log = true}, 44100},
         {"stereo log sweep",
@@ -159,12 +160,12 @@ TEST(PeriodicTone, AnyRecordIsSafe) {
     }
     tone = SonvireData();
     tone.waveform = 12;
-    const std::vector<int> silence(3);
-    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 3), silence) << "an unknown waveform";
+    const std::vector<int> silence(200);
+    EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 200), silence) << "an unknown waveform";
     tone = SonvireData();
     for (const double hz : {NaN, Inf}) {
         tone.startLeftHz[0] = hz;
-        EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 3), silence) << hz;
+        EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 200), silence) << hz;
     }
     tone.startLeftHz[0] = 44100.0 * 3 + 11025; // modulo the sampling rate
     EXPECT_EQ(ReadFrames(*OpenToneEngine(tone), 1), std::vector<int>{131070});

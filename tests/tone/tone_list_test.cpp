@@ -133,6 +133,24 @@ TEST_F(ToneList, PlaysTonesSilencesWaveFilesAndListsInOrder) {
     EXPECT_EQ(OpenToneEngine(tone)->GetEndSample(), 44 + 8 * 44100);
 }
 
+TEST_F(ToneList, ANameStandsForAFileBesideItsListOrInTheWorkingFolder) {
+    for (const char* folder : {"a", "b", "b/c", "c"})
+        std::filesystem::create_directory(Path(folder));
+    Wave("a/x.wav", 2, 16);
+    Wave("b/x.wav", 3, 32);
+    const std::string a = List("a/list.tdl", {"x.wav"}), b = List("b/list.tdl", {"x.wav"});
+    EXPECT_EQ(ReadFrames(*Open(List("both.tdl", {a, b})), 5), (std::vector<int>{16, 16, 32, 32, 32}));
+
+    // Neither stands beside its list, where both would be the same.
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Path(""));
+    Wave("x.wav", 1, 48);
+    Wave("c/x.wav", 2, 64);
+    const std::string inner = List("b/c/inner.tdl", {"x.wav"});
+    EXPECT_EQ(ReadFrames(*Open(List("b/outer.tdl", {inner, "c/x.wav"})), 3), (std::vector<int>{48, 64, 64}));
+    std::filesystem::current_path(before);
+}
+
 TEST_F(ToneList, WhatCanNotBeUsedIsSkippedOrPlaysAsTheDefault) {
     std::filesystem::create_directory(Path("a.b"));
     const std::string list =
@@ -262,8 +280,9 @@ TEST_F(ToneList, TheReportNamesEveryEntryAndWhatIsWrongWithIt) {
         List("list.tdl", {inner, "5ms silence.", Tone("endless.tdf", {}), Tone("looped.tdf", 500, 1000, 1),
                           Tone("none.tdf", 0), Tone("wraps.tdf", 50'000'000), Path("odd.xyz")});
     EXPECT_THAT(DescribeReport(list),
-                ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ", "1 gone.wav 0 No such file or directory",
-                            "0  5 ", "0 endless.tdf 60000 is endless; nothing behind it plays",
+                ElementsAre("0 inner.tdl 20 ", "1 deep.tdf 20 ",
+                            "1 gone.wav 0 can't be read: No such file or directory", "0  5 ",
+                            "0 endless.tdf 60000 is endless; nothing behind it plays",
                             "0 looped.tdf 8500 is endless; nothing behind it plays",
                             "0 none.tdf 60000 is endless; nothing behind it plays",
                             "0 wraps.tdf 0 lasts longer than the 13 and a half hours that a tone can be "

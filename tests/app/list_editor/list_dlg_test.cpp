@@ -51,7 +51,7 @@ TEST_F(ListEditor, AListIsBuiltSavedAndOpenedAgain) {
             dialog.Press(button);
         EXPECT_THAT(RowsOf(dialog), ElementsAre(a, "500ms silence.", b));
         EXPECT_EQ(EditedRows().selection, Ints{2}) << "what was added stands ready to be moved";
-        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:02.5");
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 2.5 s");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "");
         dialog.Press(ListSave);
         EXPECT_EQ(ReadBytes(path), b + "\n500ms silence.\n" + a + "\n") << "from the last row to the first";
@@ -121,11 +121,12 @@ TEST_F(ListEditor, WhatCanNotBeAddedIsSaidAndLeftOut) {
             EXPECT_EQ(RowsOf(dialog), rows) << given;
             EXPECT_EQ(Boxes(), box) << given;
         }
-        EXPECT_EQ(EditedRows().rows[0][1], "No such file or directory");
+        EXPECT_EQ(EditedRows().rows[0][1], "can't be read: No such file or directory");
         EXPECT_EQ(EditedRows().looks[0].mark, LRowMark::Problem);
-        EXPECT_EQ(EditedRows().looks[0].toolTip, folder / "any.wav" + "\nNo such file or directory");
-        EXPECT_EQ(EditedRows().looks[2].toolTip, "Silence\nLength: 00:00.2");
-        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 01:30.2 or more");
+        EXPECT_EQ(EditedRows().looks[0].toolTip,
+                  folder / "any.wav" + "\ncan't be read: No such file or directory");
+        EXPECT_EQ(EditedRows().looks[2].toolTip, "Silence\nLength: 0.29 s");
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 01:30.29 or more");
         EXPECT_EQ(dialog.controls[ListTotal].toolTip, "Entries that are endless or can't be read: 1");
     });
     Run([&](MemoryMainWindow&) { Send({CommandNewList}); });
@@ -174,7 +175,7 @@ TEST_F(ListEditor, RowsAreMovedAndRemoved) {
         EditedRows().events.FilesDropped(
             {WriteTone("4.tdf", Tone440()), WriteList("5.tdl", "6ms silence.\n5ms silence.\n"), path}, 1);
         EXPECT_EQ(digits(RowsOf(dialog)), "35612312") << "lists as their entries, without the endless tone";
-        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 00:00.0");
+        EXPECT_EQ(dialog.controls.GetText(ListTotal), "Total: 0.02 s");
         EXPECT_EQ(toolkit->boxes, Texts{Infinite});
     });
     Run([](MemoryMainWindow&) {}, {path});
@@ -442,7 +443,7 @@ TEST_F(ListEditor, ATemporaryFileStaysAsLongAsTheListIsInIt) {
     });
     Run([&](MemoryMainWindow& window) {
         Send({CommandNewList, CommandEditValue, CommandEditValue, CommandEditValue, CommandNewList});
-        EXPECT_EQ(window.passing, "Saved named.tdl in " + GetFolder(folder / "named.tdl") + ": 0.001 s");
+        EXPECT_EQ(window.passing, "Saved named.tdl in " + GetFolder(folder / "named.tdl") + ": 0 s");
         EXPECT_EQ(Rows().back(), folder / "named.tdl" + "=") << "a cancelled list changes nothing";
         EXPECT_EQ(Boxes(), AskToSave);
     });

@@ -78,7 +78,9 @@ TEST_F(History, HoldsAHundredStepsAndPlayingFollows) {
 }
 
 TEST_F(History, TheTitleTellsTheFileAndWhetherItHoldsTheTone) {
-    const std::string tone = WriteTone("tone.tdf", Tone440()), copy = folder / "copy.tdf";
+    SonvireData content = Tone440();
+    content.durationMs = 1234; // between two frames
+    const std::string tone = WriteTone("tone.tdf", content), copy = folder / "copy.tdf";
     const std::string list = WriteList("list.tdl", "500ms silence.\n");
     Run(
         [&](MemoryMainWindow& window) {
@@ -109,7 +111,7 @@ TEST_F(History, TheTitleTellsTheFileAndWhetherItHoldsTheTone) {
         EXPECT_EQ(Title() + " " + window.document.path, "copy.tdf* " + copy) << "also at the next start";
         toolkit->chosenFiles = {{folder / "sound.wav"}};
         Send({CommandSpecifiedDuration, CommandSaveAsWav});
-        EXPECT_EQ(window.passing, "Saved sound.wav in " + GetFolder(copy) + ": 1.000 s, peak -12.04 dBFS");
+        EXPECT_EQ(window.passing, "Saved sound.wav in " + GetFolder(copy) + ": 1.234 s, peak -12.04 dBFS");
         toolkit->dialogScripts = {PressOk, PressOk};
         window.Drop({list});
         EXPECT_EQ(Title(), "list.tdl");

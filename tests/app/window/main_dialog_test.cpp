@@ -248,7 +248,8 @@ TEST_F(App, DocumentsAreOpenedByTheWayTheyCome) {
 
 TEST_F(App, AListShowsItsLinesAndItsName) {
     WriteTone("tone.tdf", Tone440(true));
-    const std::string why = "No such file or directory; an endless sine plays, and nothing behind it";
+    const std::string why =
+        "can't be read: No such file or directory; an endless sine plays, and nothing behind it";
     const std::string list = folder / "list.tdl";
     WriteBytes(list, "500ms silence.\n" + (folder / "gone.tdf") + "\ntone.tdf\nany.xyz\n");
     WriteBytes(folder / "any.xyz", "");

@@ -70,6 +70,12 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     }
     tone.repeat = 1;
     tone.flags = ToneFlagDuration;
+    tone.waveform = ToneFromList;
+    WriteList("list.tdl", "500ms silence.\ngone.tdf\n").copy(tone.listPath, sizeof tone.listPath - 1);
+    view.seen.clear();
+    playback.CmPlay();
+    EXPECT_THAT(view.seen, ::testing::Contains("length 0"))
+        << "a list is not left where a tone that can't be read plays";
     tone.SetDuration(24 * 3600 * 1000);
     for (const int waveform : {ToneSine, ToneWhiteNoise}) {
         tone.waveform = static_cast<std::uint8_t>(waveform);
@@ -78,7 +84,7 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
         EXPECT_THAT(toolkit->boxes.back(), ::testing::HasSubstr("can't be played: it lasts longer than"));
     }
     playback.End();
-    EXPECT_EQ(changes, 10);
+    EXPECT_EQ(changes, 12);
 }
 
 TEST_F(App, OutputAndVolumeAreShownAsTheyAre) {

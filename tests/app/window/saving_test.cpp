@@ -36,7 +36,7 @@ TEST_F(Saving, WhatAListWillNotPlayIsToldFirst) {
         EXPECT_THAT(toolkit->boxes,
                     ElementsAre(::testing::AllOf(
                         HasSubstr("\"" + endless + "\" is endless; nothing behind it plays"),
-                        HasSubstr("\"" + gone + "\" No such file or directory; an endless"))));
+                        HasSubstr("\"" + gone + "\" can't be read: No such file or directory; an endless"))));
         EXPECT_FALSE(std::filesystem::exists(out)) << "cancelled";
         toolkit->answers = {LMessageAnswer::Ok};
         Send({CommandSaveAsWav});
@@ -103,7 +103,7 @@ TEST_F(Saving, ACopyOfAListFindsWhatLiesBesideTheOldOne) {
     RunList(list, [&] {
         Send({CommandSaveList});
         EXPECT_EQ(ReadBytes(same), ReadBytes(list)) << "byte for byte";
-        EXPECT_EQ(toolkit->mainWindow->passing, "Saved same.tdl in " + GetFolder(same) + ": 1.020 s");
+        EXPECT_EQ(toolkit->mainWindow->passing, "Saved same.tdl in " + GetFolder(same) + ": 1.02 s");
         Send({CommandSave});
         EXPECT_EQ(Rows().back(), copy + "=");
         EXPECT_EQ(ReadBytes(copy), (folder / "tone.tdf") + "\n20ms silence.\n");

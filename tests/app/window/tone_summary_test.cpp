@@ -9,8 +9,10 @@ namespace {
 
 TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
     const TempDir folder;
-    WriteBytes(folder / "a.tdl", "500ms silence.\nb.wav\n");
-    const std::string list = folder / "a.tdl", missing = folder / "none.tdl";
+    WriteBytes(folder / "inner.tdl", "500ms silence.\nno.tdf\n61234ms silence.\n");
+    WriteBytes(folder / "a.tdl", "500ms silence.\n12000ms silence.\n");
+    WriteBytes(folder / "b.tdl", "1000ms silence.\ninner.tdl\na.tdl\n");
+    const std::string list = folder / "a.tdl", endless = folder / "b.tdl", missing = folder / "none.tdl";
     using Change = std::function<void(SonvireData&)>;
     const auto sweep = [](SonvireData& tone) {
         tone.SetDuration(10'000);
@@ -20,7 +22,7 @@ TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
     const auto plays = [](const std::string& path) {
         return [path](SonvireData& tone) {
             tone.waveform = ToneFromList;
-            tone.SetDuration(12'500);
+            tone.SetDuration(135'234);
             path.copy(tone.listPath, path.size());
         };
     };
@@ -45,6 +47,8 @@ TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
          "Silent"},
         {[](auto& tone) { tone.waveform = TonePinkNoise; }, "Pink Noise", "Mono, endless", ""},
         {plays(list), "Tone list", "2 entries, 12.5 s", ""},
+        {[&](auto& tone) { plays(endless)(tone), tone.repeat = 1; }, "Tone list",
+         "3 entries, 01:15.23 or more, looped", ""}, // without the minute of what is never left
         {plays(missing), "Tone list", "can't be read", ""}};
     for (const auto& [change, headline, kind, level] : cases) {
         SonvireData tone;

@@ -34,6 +34,9 @@ TEST(Kernels, GainsPeaksAndFormatsAreTheSameInAllSets) {
         kernels.applyGainLine(stereo.data(), loud.data(), 2501, 2, 0x1000000, -4321);
         kernels.narrow(narrow.data(), loud.data(), 5003);
         kernels.widen(wide.data(), narrow.data(), 5003);
+        EXPECT_EQ(wide[7], narrow[7] * 16);
+        const Samples few = {7, -100, 16, 99};
+        EXPECT_EQ(kernels.getPeak(few.data(), 4), 100);
         return std::tuple(mono, stereo, narrow, wide, kernels.getPeak(loud.data(), 5003));
     });
 }
@@ -56,7 +59,7 @@ TEST(Kernels, PackingTurnsRoundsAndTellsWhatDoesNotFit) {
         EXPECT_EQ(shifted, (Samples{32768, -32767, 2, -1, 1, 0}));
         EXPECT_EQ(negated, (channels == 1 ? std::vector<std::int16_t>{-32768, 32767, -2, 1, -1, 0}
                                           : std::vector<std::int16_t>{-32768, -2, -1, 32767, 1, 0}));
-        EXPECT_FALSE(std::get<0>(pack({0, 0, 0, 0, 0, -32768}, 0)));
+        EXPECT_FALSE(std::get<0>(pack({0, 0, -32768, 0, 0, 0}, 0)));
     }
 }
 
@@ -97,7 +100,7 @@ TEST(Kernels, ConvolvingIsExactHoweverLoud) {
     std::vector<std::int16_t> samples = Noise16(4096);
     std::fill_n(samples.begin() + 40, 70, std::int16_t{-32768});
     for (const auto& [rounding, shift] : {std::pair{16384, 15}, {64, 7}, {1 << 10, 11}, {0, 0}, {0, 31}}) {
-        const LPolyphaseRun run{filter.rows.data(), filter.middle.data(), 3, 1, 2, rounding, shift};
+        const LPolyphaseRun run{filter.rows.data(), filter.middle.data(), 3, 1, 2, shift, rounding};
         for (const int channels : {1, 2}) {
             const Samples out = TryAllSets([&](const LKernels& kernels) {
                 Samples convolved(static_cast<std::size_t>(frames * channels));

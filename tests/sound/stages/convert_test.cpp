@@ -64,6 +64,7 @@ TEST(ConvertRate, MatchesTheReference) {
         {"mono 88200 to 22050", 88200, 22050, 1, 1, 524272, 4000},
         {"88204 to 22050 by 44100", 88204, 22050, 1, 1, 524272, 4000}, // two stages from here on
         {"192000 to 22050 by 44100", 192000, 22050, 1, 1, 524272, 4000},
+        {"mono 88204 to 44100", 88204, 44100, 1, 1, 524272, 4000}, // by a filter of its own
         {"48000 to 44100 from 1000", 48000, 44100, 1, 1, 524272, 4000, 1000},
         {"48000 to 44100 from -1000", 48000, 44100, 1, 1, 524272, 4000, -1000},
     };
@@ -79,6 +80,10 @@ TEST(ConvertRate, MatchesTheReference) {
 }
 
 TEST(ConvertRate, AConstantComesOutAsItself) {
+    // Rounding wraps it, so that 16 bits do not hold it.
+    const LSoundSource largest = ArrayOf(std::vector<int>(6000, 2147483647), 44100);
+    ExpectReference(ReadFrames(*LSPConvertRate(48000).OpenSource(largest), 6000),
+                    "largest from 44100 to 48000");
     // 65535 is halved to one more than 16 bits hold by rounding, 1 << 29 is the largest that needs no shift
     // on the way out, and 1 << 30 would need one to the left.
     for (const auto& [sample, expected] : {std::pair{65535, 65535}, {1 << 29, 1 << 29}, {1 << 30, 0}}) {
