@@ -6,8 +6,8 @@ import subprocess
 SOX = "sox -n -r 44100 -c 1 -b 16 out.wav "
 FFMPEG = "ffmpeg -v error -y -f lavfi -i "
 
-# Processor cycles of what each kind of sound can't do without: a step of one of many oscillators, which are looked up
-# eight at a time, an output of a convolution with 63 coefficients, and a frame of the recurrence behind pink noise.
+# Processor cycles of what each kind of sound can't do without: a step of one of many oscillators, an output of a
+# convolution with 63 coefficients, and a frame of the recurrence behind pink noise.
 STEP, OUTPUT, PINK = 1, 3, 7
 
 
