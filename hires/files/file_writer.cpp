@@ -1,7 +1,7 @@
 #include "hires/files/file_writer.h"
 
-#include "hires/files/sample_bits.h"
 #include "hires/files/sound_stream.h"
+#include "hires/sample_bits.h"
 #include "sound/sound_source.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "hires/files/file_kind.h"
-#include "hires/files/quantizer.h"
-#include "sys/failure.h"
+#include "hires/file_kind.h"
+#include "hires/hires_sink.h"
+#include "hires/quantizer.h"
 #include "sys/file.h"
 
 #include <cstdint>
@@ -21,27 +21,22 @@ struct HiresFileTags {
     std::string comment; ///< what the sound is
 };
 
-/// Writes a sound file. Nothing in it depends on the time or the place: the same samples give the same bytes.
+/// Writes a sound file of any kind but raw ones. Nothing in it depends on the time or the place: the same
+/// samples give the same bytes.
 ///
 /// A WAVE file of more than 16 bits has the extensible header, and one that may exceed 4 GiB is an RF64 file.
 /// In a pipe, where only a WAVE file can be written, the header tells the length that was expected.
-class HiresFileWriter {
+class HiresFileWriter : public HiresSink {
 public:
     /// Goes on at the offset that `file` stands at, and replaces what is behind it.
     /// `GetFailure` says why where the kind can't hold the format, or the file can't be rewound.
     HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format,
                     const HiresFileTags& tags);
-    ~HiresFileWriter();
-    HiresFileWriter(const HiresFileWriter&) = delete;
-    HiresFileWriter& operator=(const HiresFileWriter&) = delete;
+    ~HiresFileWriter() override;
 
     const LFailure& GetFailure() const { return failure; }
-    /// Appends frames at the scale of `HiresSource`. Fails where not all of them could be written (a full
-    /// disk), and from then on. Thread: reader. Blocks: no. Allocates: no.
-    LFailure Write(const std::int32_t* samples, int frames);
-    /// Completes the file with what was written, also where that is not as much as was expected; fails as
-    /// `Write` does.
-    LFailure Finish();
+    LFailure Write(const std::int32_t* samples, int frames) override;
+    LFailure Finish() override;
 
 private:
     void Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format);

@@ -1,4 +1,4 @@
-#include "hires/files/quantizer.h"
+#include "hires/quantizer.h"
 
 #include <algorithm>
 

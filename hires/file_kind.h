@@ -22,7 +22,7 @@ struct HiresFileFormat {
 /// A kind of sound file that can be written. All of them are static.
 class HiresFileKind {
 public:
-    enum class Container { Wave, Flac, Aiff, W64, Caf };
+    enum class Container { Wave, Flac, Aiff, W64, Caf, Raw };
 
     /// In the order in which they are offered, WAVE first.
     static std::span<const HiresFileKind> GetAll();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hires/files/file_kind.h"
+#include "hires/file_kind.h"
 
 constexpr int GetBits(HiresSamples samples) {
     switch (samples) {

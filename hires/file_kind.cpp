@@ -1,6 +1,6 @@
-#include "hires/files/file_kind.h"
+#include "hires/file_kind.h"
 
-#include "hires/files/sample_bits.h"
+#include "hires/sample_bits.h"
 #include "sys/path.h"
 
 #include <algorithm>
@@ -13,6 +13,7 @@ constexpr HiresFileKind Kinds[] = {
     {HiresFileKind::Container::Aiff, "AIFF", "an", {".aiff", ".aif"}},
     {HiresFileKind::Container::W64, "W64", "a", {".w64"}},
     {HiresFileKind::Container::Caf, "CAF", "a", {".caf"}},
+    {HiresFileKind::Container::Raw, "raw", "a", {".raw"}},
 };
 
 /// Frame headers tell rates in Hz up to 16 bits, and in tens of Hz.
