@@ -11,7 +11,7 @@ namespace {
 
 /// By `HiresSamples`, and by container but for WAVE.
 constexpr int Subtypes[] = {SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32, SF_FORMAT_FLOAT};
-constexpr int Types[] = {0, SF_FORMAT_FLAC, SF_FORMAT_AIFF, SF_FORMAT_W64, SF_FORMAT_CAF};
+constexpr int Types[] = {0, SF_FORMAT_FLAC, SF_FORMAT_AIFF, SF_FORMAT_W64, SF_FORMAT_CAF, SF_FORMAT_RAW};
 
 int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
     if (container != HiresFileKind::Container::Wave)
