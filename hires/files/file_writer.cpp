@@ -9,9 +9,9 @@
 
 namespace {
 
-/// By `HiresSamples`, and by container but for WAVE.
+/// By `HiresSamples`, and by container but for WAVE and raw.
 constexpr int Subtypes[] = {SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32, SF_FORMAT_FLOAT};
-constexpr int Types[] = {0, SF_FORMAT_FLAC, SF_FORMAT_AIFF, SF_FORMAT_W64, SF_FORMAT_CAF, SF_FORMAT_RAW};
+constexpr int Types[] = {0, SF_FORMAT_FLAC, SF_FORMAT_AIFF, SF_FORMAT_W64, SF_FORMAT_CAF, 0};
 
 int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
     if (container != HiresFileKind::Container::Wave)
@@ -51,7 +51,7 @@ void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, con
     if (!file.IsOpen())
         failure = file.GetFailure();
     else if (file.GetOffset() < 0 && kind.container != HiresFileKind::Container::Wave)
-        failure = "can't be rewound, which all kinds but WAVE need";
+        failure = "can't be rewound, which all kinds but WAVE and raw need";
     if (failure)
         return;
     const int type = GetType(kind.container, format) | Subtypes[static_cast<int>(format.samples)];

@@ -1,6 +1,7 @@
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/noise.h"
+#include "hires/raw_writer.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -18,9 +19,14 @@ const HiresFileTags Tags{"sonvire 1.2", "1 kHz, -3 dB"};
 /// Writes a file; answers what became of it.
 LFailure WriteTo(LReadWriteFile&& file, const std::string& name, const HiresFileFormat& format,
                  const Frames& samples, const HiresFileTags& tags = Tags) {
-    HiresFileWriter writer(std::move(file), *HiresFileKind::Find(name), format, tags);
-    static_cast<void>(writer.Write(samples.data(), static_cast<int>(samples.size()) / format.channels));
-    return writer.Finish();
+    const HiresFileKind& kind = *HiresFileKind::Find(name);
+    std::unique_ptr<HiresSink> sink;
+    if (kind.container == HiresFileKind::Container::Raw)
+        sink = std::make_unique<HiresRawWriter>(std::move(file), format);
+    else
+        sink = std::make_unique<HiresFileWriter>(std::move(file), kind, format, tags);
+    static_cast<void>(sink->Write(samples.data(), static_cast<int>(samples.size()) / format.channels));
+    return sink->Finish();
 }
 
 LFailure WriteFile(const std::string& path, const HiresFileFormat& format, const Frames& samples) {
@@ -111,12 +117,22 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
         const std::size_t peak = bytes.find("PEAK");
         EXPECT_TRUE(peak == std::string::npos || bytes.substr(peak + 12, 4) == std::string(4, '\0')) << name;
     }
+    const std::pair<HiresSamples, std::string_view> rawCases[] = {
+        {Int16, {"\x00\x80\xFF\x7F\x34\x12\xCC\xED", 8}},
+        {Int24, {"\x00\x00\x80\xFF\xFF\x7F\x56\x34\x12\xAA\xCB\xED", 12}},
+        {Int32, {"\x00\x00\x00\x80\xFF\xFF\xFF\x7F\x78\x56\x34\x12\x88\xA9\xCB\xED", 16}},
+        {Float, {"\x00\x00\x80\xBF\x00\x00\x80\x3F\xB4\xA2\x11\x3E\xB4\xA2\x11\xBE", 16}}};
+    for (const auto& [kind, bytes] : rawCases) {
+        EXPECT_FALSE(
+            WriteFile(dir / "a.raw", {96000, 2, kind, 0, false}, Frames(in.begin(), in.begin() + 4)));
+        EXPECT_EQ(ReadBytes(dir / "a.raw"), bytes);
+    }
 }
 
 TEST(HiresFiles, TellWhatAKindCanNotHold) {
     using enum HiresSamples;
     EXPECT_EQ(HiresFileKind::Find("a.mp3"), nullptr);
-    EXPECT_EQ(HiresFileKind::ListExtensions(), ".wav, .flac, .aiff, .w64 or .caf");
+    EXPECT_EQ(HiresFileKind::ListExtensions(), ".wav, .flac, .aiff, .w64, .caf or .raw");
     const std::string flacRates =
         "is a FLAC file, which holds rates up to 65535 Hz, and multiples of 10 Hz up to 655350 Hz";
     const std::tuple<const char*, HiresFileFormat, std::string> cases[] = {
@@ -132,19 +148,21 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
     for (const auto& [name, format, reason] : cases)
         EXPECT_EQ(HiresFileKind::Find(name)->Check(format).GetReason(), reason) << name;
 
-    // A pipe takes WAVE files alone, the same ones.
+    // A pipe takes raw and WAVE files alone, the same ones.
     const TempDir dir;
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.caf", {44100, 1}, {1, 2}).GetReason(),
-              "can't be rewound, which all kinds but WAVE need");
-    for (const HiresFileFormat& format : {HiresFileFormat{44100, 2, Float, 500}, {44100, 1, Int24, 3}}) {
+              "can't be rewound, which all kinds but WAVE and raw need");
+    const std::pair<const char*, HiresFileFormat> pipeable[] = {
+        {"a.wav", {44100, 2, Float, 500}}, {"a.wav", {44100, 1, Int24, 3}}, {"a.raw", {44100, 1, Int24, 3}}};
+    for (const auto& [name, format] : pipeable) {
         const Frames samples(static_cast<std::size_t>(format.frames * format.channels), 7 << 20);
-        EXPECT_FALSE(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", format, samples));
-        EXPECT_FALSE(WriteFile(dir / "a.wav", format, samples));
-        std::string piped = ReadBytes(dir / "a.wav");
+        EXPECT_FALSE(WriteTo(LReadWriteFile::Duplicate(ends[1]), name, format, samples));
+        EXPECT_FALSE(WriteFile(dir / name, format, samples));
+        std::string piped = ReadBytes(dir / name);
         EXPECT_EQ(read(ends[0], piped.data(), piped.size()), static_cast<ssize_t>(piped.size()));
-        EXPECT_EQ(piped, ReadBytes(dir / "a.wav"));
+        EXPECT_EQ(piped, ReadBytes(dir / name));
     }
     EXPECT_EQ(close(ends[0]) + close(ends[1]), 0);
 
@@ -164,6 +182,8 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
         const HiresFileTags tooLong{"sonvire", std::string(20'000, 'x')};
         EXPECT_FALSE(
             WriteTo(LSharedReadWriteFile((dir / name).c_str()), name, {44100, 1}, Frames(99), tooLong));
+        if (kind.container == HiresFileKind::Container::Raw)
+            continue;
         EXPECT_EQ(ReadFile(dir / name).samples, Frames(99)) << name;
     }
 }
