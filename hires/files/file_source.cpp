@@ -57,7 +57,7 @@ public:
 
 private:
     std::size_t ReadFile(double* out, std::size_t frames) {
-        const sf_count_t got = sf_readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
+        const sf_count_t got = Sndfile().readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
         return static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
     }
 
@@ -149,6 +149,8 @@ HiresFileInput OpenHiresFile(const std::string& path, std::optional<int> rate, s
                              std::shared_ptr<LSourceNews> news) {
     if (LFailure unreadable = CheckReadable(path))
         return {.source = nullptr, .failure = std::move(unreadable)};
+    if (LFailure missing = Sndfile().GetFailure())
+        return {.source = nullptr, .failure = std::move(missing)};
     const HiresSoundStream stream(LSharedReadFile(path.c_str()));
     const SF_INFO& info = stream.GetInfo();
     if (!stream.Get())

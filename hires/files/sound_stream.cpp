@@ -97,7 +97,8 @@ HiresSoundStream::~HiresSoundStream() {
 void HiresSoundStream::Open(int mode) {
     SF_VIRTUAL_IO calls{Callbacks::GetLength, Callbacks::Seek, Callbacks::Read, Callbacks::Write,
                         Callbacks::Tell};
-    handle = sf_open_virtual(&calls, mode, &info, this);
+    if (Sndfile().IsThere())
+        handle = Sndfile().open_virtual(&calls, mode, &info, this);
 }
 
 void HiresSoundStream::Write(std::string_view text) {
@@ -112,16 +113,16 @@ void HiresSoundStream::BeginPipe(std::int64_t frames) {
         return;
     const int silence[2] = {};
     for (const std::int64_t frame : {std::int64_t{0}, frames - 1})
-        if (frame < frames && sf_seek(handle, frame, SEEK_SET) == frame)
-            sf_writef_int(handle, silence, 1);
-    sf_command(handle, SFC_UPDATE_HEADER_NOW, nullptr, 0);
-    sf_seek(handle, 0, SEEK_SET);
+        if (frame < frames && Sndfile().seek(handle, frame, SEEK_SET) == frame)
+            Sndfile().writef_int(handle, silence, 1);
+    Sndfile().command(handle, SFC_UPDATE_HEADER_NOW, nullptr, 0);
+    Sndfile().seek(handle, 0, SEEK_SET);
     Keep(pipe->Begin(file));
 }
 
 void HiresSoundStream::Close() {
     if (handle)
-        sf_close(std::exchange(handle, nullptr));
+        Sndfile().close(std::exchange(handle, nullptr));
     Keep(file.Close());
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "hires/files/piped_file.h"
+#include "hires/files/sndfile_library.h"
 #include "sys/failure.h"
 #include "sys/file.h"
 #include "sys/write_pace.h"
 
 #include <optional>
-#include <sndfile.h>
 #include <string_view>
 
 /// libsndfile at work on a file of ours, so that what the system says of a write that fails is known.
@@ -21,7 +21,8 @@ public:
     HiresSoundStream(const HiresSoundStream&) = delete;
     HiresSoundStream& operator=(const HiresSoundStream&) = delete;
 
-    /// For libsndfile's functions; null where it can't read the file or write this format, and once closed.
+    /// For libsndfile's functions; null where it can't read the file or write this format, where it is not
+    /// there, and once closed.
     SNDFILE* Get() const { return handle; }
     const SF_INFO& GetInfo() const { return info; }
 
