@@ -56,19 +56,14 @@ HiresFileWriter::HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kin
 HiresFileWriter::~HiresFileWriter() = default;
 
 void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format) {
-    if (!file.IsOpen())
-        failure = file.GetFailure();
-    else if (!Sndfile().IsThere())
-        failure = Sndfile().GetFailure();
-    else if (file.GetOffset() < 0 && kind.container != HiresFileKind::Container::Wave)
+    if (file.IsOpen() && file.GetOffset() < 0 && kind.container != HiresFileKind::Container::Wave)
         failure = "can't be rewound, which all kinds but WAVE and raw need";
     if (failure)
         return;
     const int type = GetType(kind.container, format);
     stream = std::make_unique<HiresSoundStream>(std::move(file), type | Subtypes[static_cast<int>(samples)],
                                                 format.rate, channels, format.frames * GetFrameBytes(format));
-    if (!stream->Get())
-        failure = "can't be written as a file of this kind";
+    failure = stream->GetFailure();
     if (IsPacked(type, samples))
         packed.resize(static_cast<std::size_t>(MaxBlockFrames * GetFrameBytes(format)));
 }

@@ -14,6 +14,7 @@ struct SndfileLibrary : LSharedLibrary {
     decltype(&sf_command) command = Find("sf_command");
     decltype(&sf_seek) seek = Find("sf_seek");
     decltype(&sf_set_string) set_string = Find("sf_set_string");
+    decltype(&sf_get_string) get_string = Find("sf_get_string");
     decltype(&sf_readf_double) readf_double = Find("sf_readf_double");
     decltype(&sf_writef_int) writef_int = Find("sf_writef_int");
     decltype(&sf_write_raw) write_raw = Find("sf_write_raw");

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <string>
 #include <utility>
 
 namespace {
@@ -73,8 +72,11 @@ struct HiresSoundStream::Callbacks {
     }
 };
 
-HiresSoundStream::HiresSoundStream(LReadFile&& opened) : file(std::move(opened)), start(0) {
-    Open(SFM_READ);
+HiresSoundStream::HiresSoundStream(const std::string& path)
+    : file(LSharedReadFile(path.c_str())),
+      start(0),
+      failure(CheckReadable(path)) {
+    Open(SFM_READ, "is damaged or of a kind that is not read");
 }
 
 HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels,
@@ -87,18 +89,23 @@ HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate
     if (start < 0)
         pipe.emplace(dataBytes);
     static_cast<void>(file.Truncate(start)); // a device has no size
-    Open(SFM_WRITE);
+    Open(SFM_WRITE, "can't be written as a file of this kind");
 }
 
 HiresSoundStream::~HiresSoundStream() {
     Close();
 }
 
-void HiresSoundStream::Open(int mode) {
+void HiresSoundStream::Open(int mode, const char* refusal) {
+    Keep(file.GetFailure());
+    Keep(Sndfile().GetFailure());
+    if (failure)
+        return;
     SF_VIRTUAL_IO calls{Callbacks::GetLength, Callbacks::Seek, Callbacks::Read, Callbacks::Write,
                         Callbacks::Tell};
-    if (Sndfile().IsThere())
-        handle = Sndfile().open_virtual(&calls, mode, &info, this);
+    handle = Sndfile().open_virtual(&calls, mode, &info, this);
+    if (!handle)
+        Keep(refusal);
 }
 
 void HiresSoundStream::Write(std::string_view text) {

@@ -1,3 +1,4 @@
+#include "hires/files/file_facts.h"
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/noise.h"
@@ -68,29 +69,35 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
     const Frames in24 = {INT32_MIN, 0x7FFF'FF00, 0x1234'5600, -0x1234'5600, 0x100, -0x100};
     const Frames inFloat = {INT32_MIN, INT32_MAX, 0x1234'5680, -0x1234'5680, 0x80, -0x81}; // 24 bits of each
     const struct {
-        const char *name, *start, *codec;
+        const char *name, *start, *codec, *kind;
         int formatTag; ///< of WAVE, 0 in others
         HiresFileFormat format;
         Frames expected;
     } cases[] = {
-        {"plain.wav", "RIFF", "pcm_s16le", 1, {96000, 2, Int16}, in16},
-        {"bits.WAV", "RIFF", "pcm_s24le", 0xFFFE, {8000, 2, Int24}, in24},
-        {"mono.wav", "RIFF", "pcm_s32le", 0xFFFE, {768000, 1, Int32}, in},
-        {"float.wav", "RIFF", "pcm_f32le", 0xFFFE, {44100, 2, Float}, inFloat},
-        {"fits.wav", "RIFF", "pcm_s16le", 1, {44100, 2, Int16, 1'073'700'000}, in16},
-        {"long.wav", "RF64", "pcm_s16le", 0xFFFE, {44100, 2, Int16, 1'073'741'824}, in16},
-        {"long_float.wav", "RF64", "pcm_f32le", 0xFFFE, {44100, 1, Float, 1'073'741'824}, inFloat},
-        {"a.flac", "fLaC", "flac", 0, {96000, 2, Int16}, in16},
-        {"b.flac", "fLaC", "flac", 0, {655350, 1, Int24}, in24},
-        {"a.aiff", "FORM", "pcm_s16be", 0, {44100, 2, Int16}, in16},
-        {"b.aif", "FORM", "pcm_s24be", 0, {192000, 1, Int24}, in24},
-        {"c.aiff", "FORM", "pcm_f32be", 0, {44100, 2, Float}, inFloat},
-        {"a.w64", "riff", "pcm_s24le", 0, {48000, 2, Int24}, in24},
-        {"a.caf", "caff", "pcm_s32be", 0, {48000, 2, Int32}, in},
-        {"b.caf", "caff", "pcm_f32be", 0, {48000, 1, Float}, inFloat},
+        {"plain.wav", "RIFF", "pcm_s16le", "WAVE, 16 bits", 1, {96000, 2, Int16}, in16},
+        {"bits.WAV", "RIFF", "pcm_s24le", "WAVE, 24 bits", 0xFFFE, {8000, 2, Int24}, in24},
+        {"mono.wav", "RIFF", "pcm_s32le", "WAVE, 32 bits", 0xFFFE, {768000, 1, Int32}, in},
+        {"float.wav", "RIFF", "pcm_f32le", "WAVE, 32-bit float", 0xFFFE, {44100, 2, Float}, inFloat},
+        {"fits.wav", "RIFF", "pcm_s16le", "WAVE, 16 bits", 1, {44100, 2, Int16, 1'073'700'000}, in16},
+        {"long.wav", "RF64", "pcm_s16le", "RF64, 16 bits", 0xFFFE, {44100, 2, Int16, 1'073'741'824}, in16},
+        {"long_float.wav",
+         "RF64",
+         "pcm_f32le",
+         "RF64, 32-bit float",
+         0xFFFE,
+         {44100, 1, Float, 1'073'741'824},
+         inFloat},
+        {"a.flac", "fLaC", "flac", "FLAC, 16 bits", 0, {96000, 2, Int16}, in16},
+        {"b.flac", "fLaC", "flac", "FLAC, 24 bits", 0, {655350, 1, Int24}, in24},
+        {"a.aiff", "FORM", "pcm_s16be", "AIFF, 16 bits", 0, {44100, 2, Int16}, in16},
+        {"b.aif", "FORM", "pcm_s24be", "AIFF, 24 bits", 0, {192000, 1, Int24}, in24},
+        {"c.aiff", "FORM", "pcm_f32be", "AIFF, 32-bit float", 0, {44100, 2, Float}, inFloat},
+        {"a.w64", "riff", "pcm_s24le", "W64, 24 bits", 0, {48000, 2, Int24}, in24},
+        {"a.caf", "caff", "pcm_s32be", "CAF, 32 bits", 0, {48000, 2, Int32}, in},
+        {"b.caf", "caff", "pcm_f32be", "CAF, 32-bit float", 0, {48000, 1, Float}, inFloat},
     };
     const TempDir dir;
-    for (auto [name, start, codec, tag, format, expected] : cases) {
+    for (auto [name, start, codec, kind, tag, format, expected] : cases) {
         const std::string path = dir / name;
         format.dither = false;
         EXPECT_FALSE(WriteFile(path, format, in)) << name;
@@ -110,6 +117,13 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
         const Read read = ReadFile(path);
         EXPECT_EQ(read.samples, expected) << name;
         EXPECT_TRUE(read.told.empty()) << name;
+        const HiresFileFacts facts = DescribeHiresFile(path);
+        EXPECT_EQ(facts.kind, kind);
+        EXPECT_EQ(std::tie(facts.rate, facts.channels), std::tie(format.rate, format.channels)) << name;
+        EXPECT_EQ(facts.frames, 6 / format.channels) << name;
+        EXPECT_EQ(facts.program.find(Tags.program), start == std::string("riff") ? std::string::npos : 0)
+            << name;
+        EXPECT_EQ(facts.comment, start == std::string("riff") ? "" : Tags.comment) << name;
 
         // Not even the time makes a difference.
         EXPECT_FALSE(WriteFile(dir / ("again-" + std::string(name)), format, in));
@@ -237,7 +251,7 @@ TEST(HiresFiles, ChannelsAndExcessAreBroughtToWhatIsWanted) {
     WriteBytes(dir / "raw", {reinterpret_cast<const char*>(floats.data()), floats.size() * sizeof(float)});
     const std::string path = dir / "a.wav";
     RunProgram("ffmpeg -v error -f f32le -ar 8000 -ac 2 -i " + (dir / "raw") + " -c:a pcm_f32le " + path);
-    const std::vector<LFileWarning> clipped = {{path, "exceeds full scale and is clipped"}};
+    const std::vector<LFileWarning> clipped = {{path, "exceeds full scale and is clipped", false}};
     const Read mono = ReadFile(path, {}, 1), stereo = ReadFile(path, {}, 2);
     EXPECT_EQ(mono.samples, (Frames{1 << 28, INT32_MAX, INT32_MIN, 0})) << "the mean of both sides";
     EXPECT_EQ(stereo.samples,
@@ -260,6 +274,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         {"text.wav", "is damaged or of a kind that is not read"},
         {"six.wav", "has 6 channels; mono and stereo can be used"},
     };
+    EXPECT_EQ(DescribeHiresFile(dir / "text.wav").failure.GetReason(), refused[2].second);
     for (const auto& [name, reason] : refused)
         EXPECT_EQ(OpenHiresFile(dir / name, {}, {}, news).failure.GetReason(), reason) << name;
 
