@@ -1,34 +1,43 @@
 #include "hires/pack_samples.h"
 
-#include "sound/files/wave_format.h"
-
 #include <bit>
 #include <cstring>
 
 namespace {
 
-template <class Encode>
-void PackEach(const std::int32_t* samples, int count, char* out, Encode encode) {
-    for (int i = 0; i < count; ++i) {
-        const auto stored = LEndianReverse(encode(samples[i]));
-        std::memcpy(out, &stored, sizeof stored);
-        out += sizeof stored;
+template <class Word>
+void Store(Word word, char* out, std::size_t bytes = sizeof(Word)) {
+    if constexpr (std::endian::native == std::endian::big)
+        word = static_cast<Word>(sizeof word == 2 ? __builtin_bswap16(static_cast<std::uint16_t>(word))
+                                                  : __builtin_bswap32(word));
+    std::memcpy(out, &word, bytes);
+}
+
+void Pack16(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(static_cast<std::uint16_t>(samples[i] >> 16), out + std::ptrdiff_t{2} * i);
+}
+
+/// Four bytes at once, the last of which the next sample overwrites.
+void Pack24(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i, out += 3) {
+        const auto word = static_cast<std::uint32_t>(samples[i]) >> 8;
+        if (i + 1 < count)
+            Store(word, out);
+        else
+            Store(word, out, 3);
     }
 }
 
-/// Puts down the highest 24 bits in `Bytes` bytes, 3 or 4.
-template <std::size_t Bytes>
-void Put24(std::int32_t sample, char* out) {
-    const std::uint32_t stored = LEndianReverse(static_cast<std::uint32_t>(sample) >> 8);
-    std::memcpy(out, &stored, Bytes);
+void Pack32(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(static_cast<std::uint32_t>(samples[i]), out + std::ptrdiff_t{4} * i);
 }
 
-/// Each is written as four bytes, which is faster, and the next one replaces the fourth.
-void Pack24(const std::int32_t* samples, int count, char* out) {
-    for (; count > 1; --count, out += 3)
-        Put24<4>(*samples++, out);
-    if (count == 1)
-        Put24<3>(*samples, out);
+void PackFloats(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(std::bit_cast<std::uint32_t>(static_cast<float>(samples[i]) * 0x1p-31F),
+              out + std::ptrdiff_t{4} * i);
 }
 
 } // namespace
@@ -36,16 +45,12 @@ void Pack24(const std::int32_t* samples, int count, char* out) {
 void PackSamples(HiresSamples kind, const std::int32_t* samples, int count, char* out) {
     switch (kind) {
     case HiresSamples::Int16:
-        return PackEach(samples, count, out,
-                        [](std::int32_t sample) { return static_cast<std::uint16_t>(sample >> 16); });
+        return Pack16(samples, count, out);
     case HiresSamples::Int24:
         return Pack24(samples, count, out);
     case HiresSamples::Int32:
-        return PackEach(samples, count, out,
-                        [](std::int32_t sample) { return static_cast<std::uint32_t>(sample); });
+        return Pack32(samples, count, out);
     case HiresSamples::Float:
-        return PackEach(samples, count, out, [](std::int32_t sample) {
-            return std::bit_cast<std::uint32_t>(static_cast<float>(sample) * 0x1p-31F);
-        });
+        return PackFloats(samples, count, out);
     }
 }

@@ -2,6 +2,8 @@
 
 #include "hires/file_kind.h"
 
-/// Packs samples one behind the other, little-endian, each in `GetBits(kind)` / 8 bytes. Integers keep the
-/// highest of their bits: they have been rounded to these before.
+#include <cstdint>
+
+/// Writes samples one after the other, little-endian: the highest bits of each, or the nearest float, full
+/// scale being 1.
 void PackSamples(HiresSamples kind, const std::int32_t* samples, int count, char* out);

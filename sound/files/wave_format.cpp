@@ -3,7 +3,16 @@
 #include "sys/file.h"
 
 #include <array>
+#include <bit>
 #include <cstring>
+
+std::uint16_t LEndianReverse(std::uint16_t value) {
+    return std::endian::native == std::endian::little ? value : __builtin_bswap16(value);
+}
+
+std::uint32_t LEndianReverse(std::uint32_t value) {
+    return std::endian::native == std::endian::little ? value : __builtin_bswap32(value);
+}
 
 namespace {
 

@@ -2,18 +2,13 @@
 
 #include "sys/failure.h"
 
-#include <bit>
 #include <cstdint>
 
 class LOpenFile;
 
 /// Converts between little-endian, as WAVE files have it, and the host's byte order.
-constexpr std::uint16_t LEndianReverse(std::uint16_t value) {
-    return std::endian::native == std::endian::little ? value : __builtin_bswap16(value);
-}
-constexpr std::uint32_t LEndianReverse(std::uint32_t value) {
-    return std::endian::native == std::endian::little ? value : __builtin_bswap32(value);
-}
+std::uint16_t LEndianReverse(std::uint16_t value);
+std::uint32_t LEndianReverse(std::uint32_t value);
 
 /// A data length that is not known yet, as a writer at work leaves it (the RIFF length is then 0xFFFFFFFF)...
 inline constexpr std::uint32_t ProvisionalDataBytes = 0xFFFFFFD9;
