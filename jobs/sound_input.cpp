@@ -69,8 +69,7 @@ SoundInput OpenListTone(const SonvireData& tone, SoundLength length) {
     ToneListReport report;
     const LSoundSource source = OpenToneEngine(tone, &report);
     SoundInput input = MakeListInput(source, tone.repeat != 0, std::move(report), length);
-    if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
-        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
+    WarnOfUnreadable(tone, input);
     return input;
 }
 
@@ -122,6 +121,11 @@ std::vector<LFileWarning> CollectWarnings(const ToneListReport& report) {
             warnings.push_back({entry.file, entry.problem + " (entry " + number.ToText() + ")"});
     }
     return warnings;
+}
+
+void WarnOfUnreadable(const SonvireData& tone, InputFacts& input) {
+    if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
+        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
 }
 
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {

@@ -30,6 +30,9 @@ struct InputFacts {
     std::set<std::string> files{}; ///< all that is read, the input itself and a list's entries included
 };
 
+/// Adds a warning where the list that a tone plays can't be read.
+void WarnOfUnreadable(const SonvireData& tone, InputFacts& input);
+
 /// An input opened as the source of its sound.
 struct SoundInput : InputFacts {
     LSoundSource source;
