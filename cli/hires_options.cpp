@@ -34,7 +34,7 @@ std::string TakeFades(HiresOptions& options, const std::string& text) {
 } // namespace
 
 void HiresOptions::Imply(const std::string& what) {
-    if (implied.empty() && quality != "high")
+    if (implied.empty())
         implied = what;
 }
 
@@ -45,11 +45,11 @@ void HiresOptions::ImplyFor(const std::string& file) {
 }
 
 std::string HiresOptions::Settle() const {
-    if (implied.empty())
+    if (implied.empty() || quality == "high")
         return {};
     if (quality == "standard")
         return implied + " goes with high quality, not with --quality standard";
-    Warn(implied, "only high quality has it, so --quality high is taken");
+    Warn(implied, "goes with high quality, which is taken");
     return {};
 }
 
