@@ -131,6 +131,8 @@ void Playback::TellNews() {
 
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
     TellNews();
+    if (const auto format = player.GetFormat())
+        view.ShowFormat(*format, 0);
     if (player.IsPlaying())
         view.ShowPosition(endless ? sinceStart : time);
 }

@@ -18,6 +18,8 @@ public:
     virtual void SetLength(LSoundTime length, bool loops) = 0;
     /// The time since Play for what has no end.
     virtual void ShowPosition(LSoundTime position) = 0;
+    /// What the output is asked for, and by how many dB the tone is lowered so that it fits into it.
+    virtual void ShowFormat(const LPlayFormat& format, double loweredDb) = 0;
     /// Of what leaves the program.
     virtual void ShowLevels(const LMeterLevels& levels) = 0;
     virtual void ShowStopped() = 0;

@@ -14,6 +14,9 @@ public:
 
     void SetLength(LSoundTime length, bool loops) override { Add(loops ? "loop of" : "length", length); }
     void ShowPosition(LSoundTime position) override { Add("at", position); }
+    void ShowFormat(const LPlayFormat& format, double loweredDb) override {
+        seen.push_back(std::to_string(format.rate) + (loweredDb > 0 ? " lowered" : ""));
+    }
     void ShowLevels(const LMeterLevels& levels) override {
         const double peak = levels.peaks.at(0);
         seen.push_back(FormatDecibels(peak, 1) + " by " + FormatDecibels(levels.limiter, 1));
