@@ -64,7 +64,7 @@ int RenderInput(const RenderOptions& options, const std::string& inputName, cons
         HintAtShortDuration(options.tone);
         return static_cast<int>(outcome.result);
     }
-    const bool standardOutput = WaveOutput::IsStandardOutput(target.path);
+    const bool standardOutput = OutputFile::IsStandardOutput(target.path);
     if (outcome.ofTheOutput)
         return Refuse(standardOutput ? "standard output" : target.path, outcome.failure.GetReason());
     return Refuse(inputName,

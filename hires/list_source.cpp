@@ -115,7 +115,8 @@ public:
             return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
         settings.level -= std::max(peak, 0.0);
         return {.source = std::make_unique<HiresListSource>(std::move(entries), channels, settings, openFile),
-                .peak = std::min(peak, 0.0)};
+                .peak = std::min(peak, 0.0),
+                .loweredDb = std::max(peak, 0.0)};
     }
 
 private:

@@ -188,5 +188,5 @@ HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings) 
         return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
     HiresSettings fitting = settings;
     fitting.level -= peak;
-    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = 0};
+    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = 0, .loweredDb = peak};
 }

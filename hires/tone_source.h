@@ -9,7 +9,8 @@
 struct HiresTone {
     HiresSourcePtr source; ///< null with a failure
     LFailure failure{};
-    double peak = 0; ///< the most that it reaches, in dBFS, as it stands; -infinity for silence
+    double peak = 0;      ///< the most that it reaches, in dBFS, as it stands; -infinity for silence
+    double loweredDb = 0; ///< by how much the level was lowered to fit
 };
 
 /// Opens a tone that is no list in the high-resolution engine; every field of it may hold anything.

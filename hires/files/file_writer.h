@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hires/file_kind.h"
+#include "hires/file_tags.h"
 #include "hires/hires_sink.h"
 #include "hires/quantizer.h"
 #include "sys/file.h"
@@ -11,15 +12,6 @@
 #include <vector>
 
 class HiresSoundStream;
-
-/// What a file tells of itself, where its kind has a place for that (all but W64).
-struct HiresFileTags {
-    /// Of a comment, which is cut there: libsndfile reads no AIFF file with one of 16000.
-    static constexpr std::size_t MostBytes = 8000;
-
-    std::string program; ///< with its version; libsndfile adds its own
-    std::string comment; ///< what the sound is
-};
 
 /// Writes a sound file of any kind but raw ones. Nothing in it depends on the time or the place: the same
 /// samples give the same bytes.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "hires/file_kind.h"
+#include "hires/file_tags.h"
+#include "hires/hires_sink.h"
+#include "hires/tone_source.h"
+#include "sound/source_news.h"
+#include "sys/file.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+/// The sound files of high resolution that this build can read and write: without the libraries that they
+/// need (`sound_files.cpp` has them, `raw_files_only.cpp` does without), it writes raw files alone.
+
+/// Parts that are left open are the file's own. `news` is told what happens to it while it is read.
+HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
+                        const std::shared_ptr<LSourceNews>& news);
+
+/// What a sound is written to, or why it can't be.
+struct SoundFileOutput {
+    std::unique_ptr<HiresSink> sink; ///< null with a failure
+    LFailure failure{};
+};
+SoundFileOutput OpenSoundFileToWrite(LReadWriteFile&& file, const HiresFileKind& kind,
+                                     const HiresFileFormat& format, const HiresFileTags& tags);

@@ -1,0 +1,14 @@
+#include "hires/raw_writer.h"
+#include "jobs/hires_files.h"
+
+HiresTone OpenSoundFile(const std::string& /*path*/, std::optional<int> /*rate*/,
+                        std::optional<int> /*channels*/, const std::shared_ptr<LSourceNews>& /*news*/) {
+    return {.source = nullptr, .failure = "is a sound file, which this build can't read in high quality"};
+}
+
+SoundFileOutput OpenSoundFileToWrite(LReadWriteFile&& file, const HiresFileKind& kind,
+                                     const HiresFileFormat& format, const HiresFileTags& /*tags*/) {
+    if (kind.container != HiresFileKind::Container::Raw)
+        return {.sink = nullptr, .failure = "can't be written in high quality: this build writes raw files"};
+    return {.sink = std::make_unique<HiresRawWriter>(std::move(file), format)};
+}
