@@ -26,7 +26,8 @@ struct PlayOptions {
     std::string input;
     std::string device;
     int volumeDb = 0;
-    ToneOptions tone; ///< stand for the input where it is left out
+    std::optional<int> seed; ///< of noise
+    ToneOptions tone;        ///< stand for the input where it is left out
 };
 
 int RefuseStatus(LPlayStatus status, const PlayOptions& options, const std::string& name,
@@ -104,7 +105,7 @@ void AddPlayCommand(CLI::App& program, int& status) {
         ->transform(WholeIn(Levels, -127, 127))
         ->type_name("DB")
         ->capture_default_str();
-    AddSeedOption(*command);
+    AddSeedOption(*command, options->seed);
     AddToneOptions(*command, options->tone);
     command->callback([options, &status] { status = Play(*options); });
 }

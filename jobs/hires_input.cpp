@@ -103,11 +103,11 @@ HiresInput OpenListTone(const SonvireData& tone, const HiresRequest& request) {
     return input;
 }
 
-/// "Sine Wave; Frequency 997Hz; Duration 1000ms"
+/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms"
 std::string Describe(const SonvireData& tone) {
-    std::string text = tone.GetToneName();
+    std::string text;
     for (const unsigned int item : GetShownItems(tone))
-        text += std::string("; ") + tone.GetItemName(item) + " " + tone.GetItemValue(item);
+        text += (text.empty() ? "" : "; ") + tone.GetItemName(item) + " " + tone.GetItemValue(item);
     return text;
 }
 

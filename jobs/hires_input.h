@@ -26,7 +26,7 @@ struct HiresInput : InputFacts {
     double peak = 0;         ///< the most that its tones reach, in dBFS
     double loweredDb = 0;    ///< by how much tones were lowered to fit
     bool isFile = false;     ///< a sound file, which stands at its own level
-    std::string description; ///< what it is, in a line, for the tag of a file: "Sine Wave; 997 Hz; ..."
+    std::string description; ///< what it is, in a line, for the tag of a file: "Sine 1 Frequency ..."
 };
 
 /// Opens a tone (.tdf), a tone list (.tdl) or a sound file of any other name; a list may have sound files of

@@ -28,7 +28,7 @@ LFailure CheckOutput(const HiresTarget& target, const HiresInput& input) {
     return kind->Check(ChooseFormat(*input.source, target));
 }
 
-/// "Sine Wave; Frequency 997Hz; Duration 1000ms; 96000 Hz, peak -0.1 dBFS"
+/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms; 96000 Hz, peak -0.1 dBFS"
 std::string DescribeSound(const HiresInput& input) {
     char facts[64];
     std::snprintf(facts, sizeof facts, "; %d Hz, peak %.4g dBFS", input.source->rate, input.peak);

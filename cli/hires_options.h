@@ -1,0 +1,35 @@
+#pragma once
+
+#include "hires/settings.h"
+
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+/// The options of high quality. An option that the standard quality lacks takes high quality, and says so.
+struct HiresOptions {
+    static constexpr const char* Group = "High quality"; ///< of the options, in the help
+
+    std::string quality; ///< "standard" or "high"; empty where it was not given
+    std::optional<double> level{};
+    bool fits = false;
+    std::optional<double> fadeInMs{}, fadeOutMs{};
+
+    std::string implied{}; ///< why it is high quality without being asked for, such as "--level"
+
+    /// Notes that `what` needs high quality; the first one is told.
+    void Imply(const std::string& what);
+    bool IsHigh() const { return quality == "high" || !implied.empty(); }
+    /// Why the options contradict each other; empty where they don't. Tells what was implied.
+    std::string Settle() const;
+    /// True where an option is about tones, which sound files are not.
+    bool ConcernTones() const { return level || fits || fadeInMs; }
+    /// `fadeMs` where no fades were asked for.
+    HiresSettings MakeSettings(double fadeMs, std::optional<int> seed) const;
+};
+
+/// Adds `--quality`, `--level`, `--fit` and `--fade` to a command. `options` must outlive it.
+void AddHiresOptions(CLI::App& command, HiresOptions& options);

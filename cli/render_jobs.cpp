@@ -1,0 +1,110 @@
+#include "cli/render_jobs.h"
+
+#include "cli/interrupt.h"
+#include "cli/progress_line.h"
+#include "cli/refusal.h"
+#include "jobs/render_file.h"
+#include "jobs/render_hires.h"
+
+namespace {
+
+constexpr const char* TheTone = "the tone"; ///< stands for an input that has no file
+
+HiresSamples GetSamples(const std::string& bits) {
+    return bits == "16"      ? HiresSamples::Int16
+           : bits == "32"    ? HiresSamples::Int32
+           : bits == "float" ? HiresSamples::Float
+                             : HiresSamples::Int24;
+}
+
+/// Runs the job with its progress on the terminal.
+template <class Job>
+LProcessResult RunJob(Job& job, double seconds, bool quiet) {
+    ProgressLine progress(quiet, seconds);
+    const LProcessResult result = Process(progress, job);
+    progress.Finish(result == LProcessResult::Completed);
+    return result;
+}
+
+/// False where what is told is reason enough to fail.
+bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
+    for (const LFileWarning& warning : warnings) {
+        if (strict) {
+            Refuse(warning.file, warning.reason);
+            return false;
+        }
+        Warn(warning.file, warning.reason);
+    }
+    return true;
+}
+
+int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, bool endless) {
+    if (!outcome.failure) {
+        HintAtShortDuration(options.tone);
+        return static_cast<int>(outcome.result);
+    }
+    const std::string& output = options.output.path;
+    if (outcome.ofTheOutput)
+        return Refuse(OutputFile::IsStandardOutput(output) ? "standard output" : output,
+                      outcome.failure.GetReason());
+    return Refuse(options.input.empty() ? TheTone : options.input,
+                  outcome.failure.GetReason() + (endless ? " (--duration gives it one)" : ""));
+}
+
+/// Opens what the options name or describe by one of both functions, and renders it.
+template <class OpenFile, class OpenTone, class Render>
+int OpenAndRender(const RenderOptions& options, OpenFile openFile, OpenTone openTone, Render render) {
+    DescribedTone described;
+    if (options.input.empty())
+        described = MakeTone(options.tone);
+    if (!described.problem.empty())
+        return Misuse(described.problem);
+    auto input = options.input.empty() ? openTone(described.tone) : openFile(options.input);
+    CatchInterrupts(); // before there is a file that could be left
+    const auto confirm = [&](const auto& warnings) { return Confirm(warnings, options.strict); };
+    return TellOutcome(options, render(input, confirm), input.endless);
+}
+
+} // namespace
+
+int RenderStandard(const RenderOptions& options) {
+    RenderTarget target{
+        .path = options.output.path, .rate = options.rate, .bits = options.bits == "8" ? 8 : 16};
+    if (options.channels)
+        target.channels = static_cast<std::uint8_t>(*options.channels);
+    const auto run = [&](LPRSourceToSink& job) {
+        return RunJob(job, job.source.GetEnd().GetMilliseconds() / 1000.0, options.quiet);
+    };
+    return OpenAndRender(
+        options,
+        [&](const std::string& path) {
+            return OpenSoundInput(path, options.tone.durationMs, SoundLength::Finite);
+        },
+        [&](const SonvireData& tone) { return OpenToneInput(tone, SoundLength::Finite); },
+        [&](const SoundInput& input, const auto& confirm) {
+            return RenderToFile(input, target, {.confirm = confirm, .run = run});
+        });
+}
+
+int RenderHigh(const RenderOptions& options) {
+    HiresRequest request{.settings = options.high.MakeSettings(0, options.seed),
+                         .rate = options.rate,
+                         .channels = options.channels,
+                         .durationMs = options.tone.durationMs};
+    const HiresTarget target{.path = options.output.path,
+                             .samples = GetSamples(options.bits),
+                             .dither = options.dithers,
+                             .isRaw = options.isRaw,
+                             .seed = request.settings.seed,
+                             .program = "Sonvire " SONVIRE_VERSION};
+    const auto run = [&](HiresRenderJob& job) {
+        const double frames = static_cast<double>(job.source.GetLength());
+        return RunJob(job, frames / job.source.rate, options.quiet);
+    };
+    return OpenAndRender(
+        options, [&](const std::string& path) { return OpenHiresInput(path, request); },
+        [&](const SonvireData& tone) { return OpenHiresToneInput(tone, request); },
+        [&](HiresInput& input, const auto& confirm) {
+            return RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
+        });
+}
