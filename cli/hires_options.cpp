@@ -2,6 +2,7 @@
 
 #include "cli/refusal.h"
 #include "cli/text.h"
+#include "hires/file_kind.h"
 
 namespace {
 
@@ -35,6 +36,12 @@ std::string TakeFades(HiresOptions& options, const std::string& text) {
 void HiresOptions::Imply(const std::string& what) {
     if (implied.empty() && quality != "high")
         implied = what;
+}
+
+void HiresOptions::ImplyFor(const std::string& file) {
+    const HiresFileKind* kind = HiresFileKind::Find(file);
+    if (kind && kind->container != HiresFileKind::Container::Wave)
+        Imply(file);
 }
 
 std::string HiresOptions::Settle() const {
