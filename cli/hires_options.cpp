@@ -2,6 +2,7 @@
 
 #include "cli/refusal.h"
 #include "cli/text.h"
+#include "hires/file_kind.h"
 
 namespace {
 
@@ -33,16 +34,22 @@ std::string TakeFades(HiresOptions& options, const std::string& text) {
 } // namespace
 
 void HiresOptions::Imply(const std::string& what) {
-    if (implied.empty() && quality != "high")
+    if (implied.empty())
         implied = what;
 }
 
+void HiresOptions::ImplyFor(const std::string& file) {
+    const HiresFileKind* kind = HiresFileKind::Find(file);
+    if (kind && kind->container != HiresFileKind::Container::Wave)
+        Imply(file);
+}
+
 std::string HiresOptions::Settle() const {
-    if (implied.empty())
+    if (implied.empty() || quality == "high")
         return {};
     if (quality == "standard")
         return implied + " goes with high quality, not with --quality standard";
-    Warn(implied, "only high quality has it, so --quality high is taken");
+    Warn(implied, "goes with high quality, which is taken");
     return {};
 }
 

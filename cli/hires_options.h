@@ -22,6 +22,8 @@ struct HiresOptions {
 
     /// Notes that `what` needs high quality; the first one is told.
     void Imply(const std::string& what);
+    /// The same for a sound file that the standard quality can't read or write, by its name.
+    void ImplyFor(const std::string& file);
     bool IsHigh() const { return quality == "high" || !implied.empty(); }
     /// Why the options contradict each other; empty where they don't. Tells what was implied.
     std::string Settle() const;

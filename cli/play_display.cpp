@@ -31,9 +31,9 @@ std::string FormatMeter(LDB level) {
 
 } // namespace
 
-PlayDisplay::PlayDisplay(LEventLoop& ended, const SoundInput& input)
+PlayDisplay::PlayDisplay(LEventLoop& ended, const InputFacts& input, LSoundTime inputLength)
     : loop(ended),
-      length(input.source.GetEnd()),
+      length(inputLength),
       endless(input.endless || input.isNeverLeft),
       news(input.news),
       visible(isatty(STDERR_FILENO) != 0) {}

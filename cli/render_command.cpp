@@ -16,21 +16,14 @@
 
 namespace {
 
-/// Of a sound file that only high quality reads or writes, by its name.
-bool IsOfHighQuality(const std::string& file) {
-    const HiresFileKind* kind = HiresFileKind::Find(file);
-    return kind && kind->container != HiresFileKind::Container::Wave;
-}
-
 /// Takes high quality where something needs it.
 void ImplyQuality(RenderOptions& options) {
     if (options.rate.value_or(0) > LWaveFile::MaxRate)
         options.high.Imply("--rate " + std::to_string(*options.rate));
     if (!options.bits.empty() && options.bits != "8" && options.bits != "16")
         options.high.Imply("--bits " + options.bits);
-    for (const std::string& file : {options.input, options.output.path})
-        if (IsOfHighQuality(file))
-            options.high.Imply(file);
+    options.high.ImplyFor(options.input);
+    options.high.ImplyFor(options.output.path);
 }
 
 /// Why high quality can't do what is asked for; empty where it can.

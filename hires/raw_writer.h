@@ -19,8 +19,6 @@ public:
     LFailure Finish() override;
 
 private:
-    void Pack(const std::int32_t* samples, int count);
-
     LOpenFile file;
     LWritePace pace;
     HiresFileFormat format;

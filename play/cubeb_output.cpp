@@ -38,7 +38,7 @@ class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (!Cubeb().isThere || !HasRoomForOutput() || Open("pulse"))
+        if (!Cubeb().IsThere() || !HasRoomForOutput() || Open("pulse"))
             return;
         isJack = IsJackRunning() && Open("jack");
         isAlsa = !isJack && Open("alsa");

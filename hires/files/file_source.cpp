@@ -2,6 +2,7 @@
 
 #include "hires/files/rate_converter.h"
 #include "hires/files/sound_stream.h"
+#include "hires/files/soxr_library.h"
 #include "sound/files/wave_file.h"
 #include "sound/sound_source.h"
 
@@ -13,19 +14,20 @@ namespace {
 
 constexpr double FullScale = 2147483648.0;
 
-/// Half of what 64 bits count is a length that is not known.
-constexpr std::int64_t MostFrames = HiresSource::Endless / 2;
-
 /// How long the file is at another rate.
 __int128 CountFrames(const SF_INFO& info, int rate) {
     return (static_cast<__int128>(info.frames) * rate + info.samplerate / 2) / info.samplerate;
 }
 
-LFailure CheckInfo(const SF_INFO& info, int rate) {
+LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
+    const SF_INFO& info = stream.GetInfo();
+    if (stream.GetFailure())
+        return stream.GetFailure();
     if (info.channels > 2)
         return "has " + std::to_string(info.channels) + " channels; mono and stereo can be used";
-    const bool isCountable = info.frames <= MostFrames && CountFrames(info, rate) <= MostFrames;
-    return isCountable ? LFailure() : "does not tell how long it is";
+    if (!stream.TellsLength() || CountFrames(info, rate) > HiresSoundStream::MostFrames)
+        return "does not tell how long it is";
+    return rate == info.samplerate ? LFailure() : Soxr().GetFailure();
 }
 
 bool IsSameFormat(const SF_INFO& a, const SF_INFO& b) {
@@ -36,9 +38,9 @@ bool IsSameFormat(const SF_INFO& a, const SF_INFO& b) {
 class Reading {
 public:
     Reading(const std::string& path, int rate)
-        : stream(LSharedReadFile(path.c_str())),
+        : stream(path),
           block(static_cast<std::size_t>(std::max(stream.GetInfo().channels, 1)) * MaxBlockFrames) {
-        if (stream.Get() && rate != stream.GetInfo().samplerate)
+        if (IsOpen() && rate != stream.GetInfo().samplerate)
             converter = std::make_unique<HiresRateConverter>(
                 stream.GetInfo().samplerate, rate, stream.GetInfo().channels,
                 [this](double* out, std::size_t frames) { return ReadFile(out, frames); });
@@ -57,7 +59,7 @@ public:
 
 private:
     std::size_t ReadFile(double* out, std::size_t frames) {
-        const sf_count_t got = sf_readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
+        const sf_count_t got = Sndfile().readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
         return static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
     }
 
@@ -83,7 +85,7 @@ private:
     void Open();
     void ReadBlock(std::int32_t* out, int frames);
     std::int32_t Convert(double value);
-    void Tell(const char* reason) const { news->Tell({path, reason}); }
+    void TellLost(const char* reason) const { news->Tell({path, reason}); }
 
     std::string path;
     SF_INFO info;
@@ -97,7 +99,7 @@ void FileSource::Open() {
     reading = std::make_unique<Reading>(path, rate);
     if (reading->IsOpen() && IsSameFormat(reading->GetInfo(), info))
         return;
-    Tell(reading->IsOpen() ? "has been replaced by another file" : "can't be read any more");
+    TellLost(reading->IsOpen() ? "has been replaced by another file" : "can't be read any more");
     reading.reset();
 }
 
@@ -114,7 +116,7 @@ void FileSource::ReadBlock(std::int32_t* out, int frames) {
     std::size_t there = 0;
     const double* left = reading->Read(static_cast<std::size_t>(frames), there);
     if (there < static_cast<std::size_t>(frames) && position + frames < length)
-        Tell(LWaveFile::CutShortText);
+        TellLost(LWaveFile::CutShortText);
     for (int i = 0; i < frames; ++i, left += info.channels) {
         const double right = left[info.channels - 1];
         *out++ = Convert(channels == 1 ? (*left + right) / 2 : *left);
@@ -138,7 +140,7 @@ void FileSource::Read(std::int32_t* out, int frames) {
     std::fill(out, end, 0);
     position = after;
     if (exceeds)
-        Tell("exceeds full scale and is clipped");
+        news->Tell({path, "exceeds full scale and is clipped", false});
     if (position >= length)
         reading.reset();
 }
@@ -147,15 +149,11 @@ void FileSource::Read(std::int32_t* out, int frames) {
 
 HiresFileInput OpenHiresFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
                              std::shared_ptr<LSourceNews> news) {
-    if (LFailure unreadable = CheckReadable(path))
-        return {.source = nullptr, .failure = std::move(unreadable)};
-    const HiresSoundStream stream(LSharedReadFile(path.c_str()));
+    const HiresSoundStream stream(path);
     const SF_INFO& info = stream.GetInfo();
-    if (!stream.Get())
-        return {.source = nullptr, .failure = "is damaged or of a kind that is not read"};
     const int outRate = rate.value_or(info.samplerate);
-    if (LFailure refused = CheckInfo(info, outRate))
-        return {.source = nullptr, .failure = std::move(refused)};
+    if (LFailure failure = CheckUsable(stream, outRate))
+        return {.source = nullptr, .failure = std::move(failure)};
     return {.source = std::make_unique<FileSource>(path, info, outRate, channels.value_or(info.channels),
                                                    std::move(news))};
 }

@@ -20,6 +20,7 @@ struct HiresFileInput {
 ///
 /// The file is open only while it is being read, from its first frame to its last, so that thousands can
 /// wait; `Read` opens it. `news` is told where it is not to be had then or has changed, of which silence
-/// plays, and where it exceeds full scale, which is clipped.
+/// plays, and, as no loss, where it exceeds full scale, which is clipped: a float may, and so may what an
+/// integer becomes at another rate, which only reading it shows.
 HiresFileInput OpenHiresFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
                              std::shared_ptr<LSourceNews> news);

@@ -21,21 +21,25 @@ class HiresSoundStream;
 class HiresFileWriter : public HiresSink {
 public:
     /// Goes on at the offset that `file` stands at, and replaces what is behind it.
-    /// `GetFailure` says why where the kind can't hold the format, or the file can't be rewound.
+    /// `GetFailure` says why where the kind can't hold the format, the file can't be rewound, or libsndfile
+    /// is not installed.
     HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format,
                     const HiresFileTags& tags);
     ~HiresFileWriter() override;
 
     const LFailure& GetFailure() const { return failure; }
-    LFailure Write(const std::int32_t* samples, int frames) override;
+    LFailure Write(const std::int32_t* from, int frames) override;
     LFailure Finish() override;
 
 private:
     void Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format);
+    bool WriteBlock(int frames);
 
     LFailure failure;
     int channels;
+    HiresSamples samples;
     HiresQuantizer quantizer;
     std::vector<std::int32_t> block; ///< what is written next
+    std::vector<char> packed;        ///< the same as it goes into the file; empty where libsndfile packs it
     std::unique_ptr<HiresSoundStream> stream;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <string>
 #include <utility>
 
 namespace {
@@ -73,8 +72,11 @@ struct HiresSoundStream::Callbacks {
     }
 };
 
-HiresSoundStream::HiresSoundStream(LReadFile&& opened) : file(std::move(opened)), start(0) {
-    Open(SFM_READ);
+HiresSoundStream::HiresSoundStream(const std::string& path)
+    : file(LSharedReadFile(path.c_str())),
+      start(0),
+      failure(CheckReadable(path)) {
+    Open(SFM_READ, "is damaged or of a kind that is not read");
 }
 
 HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels,
@@ -87,17 +89,23 @@ HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate
     if (start < 0)
         pipe.emplace(dataBytes);
     static_cast<void>(file.Truncate(start)); // a device has no size
-    Open(SFM_WRITE);
+    Open(SFM_WRITE, "can't be written as a file of this kind");
 }
 
 HiresSoundStream::~HiresSoundStream() {
     Close();
 }
 
-void HiresSoundStream::Open(int mode) {
+void HiresSoundStream::Open(int mode, const char* refusal) {
+    Keep(file.GetFailure());
+    Keep(Sndfile().GetFailure());
+    if (failure)
+        return;
     SF_VIRTUAL_IO calls{Callbacks::GetLength, Callbacks::Seek, Callbacks::Read, Callbacks::Write,
                         Callbacks::Tell};
-    handle = sf_open_virtual(&calls, mode, &info, this);
+    handle = Sndfile().open_virtual(&calls, mode, &info, this);
+    if (!handle)
+        Keep(refusal);
 }
 
 void HiresSoundStream::Write(std::string_view text) {
@@ -112,16 +120,16 @@ void HiresSoundStream::BeginPipe(std::int64_t frames) {
         return;
     const int silence[2] = {};
     for (const std::int64_t frame : {std::int64_t{0}, frames - 1})
-        if (frame < frames && sf_seek(handle, frame, SEEK_SET) == frame)
-            sf_writef_int(handle, silence, 1);
-    sf_command(handle, SFC_UPDATE_HEADER_NOW, nullptr, 0);
-    sf_seek(handle, 0, SEEK_SET);
+        if (frame < frames && Sndfile().seek(handle, frame, SEEK_SET) == frame)
+            Sndfile().writef_int(handle, silence, 1);
+    Sndfile().command(handle, SFC_UPDATE_HEADER_NOW, nullptr, 0);
+    Sndfile().seek(handle, 0, SEEK_SET);
     Keep(pipe->Begin(file));
 }
 
 void HiresSoundStream::Close() {
     if (handle)
-        sf_close(std::exchange(handle, nullptr));
+        Sndfile().close(std::exchange(handle, nullptr));
     Keep(file.Close());
 }
 

@@ -1,19 +1,20 @@
 #pragma once
 
 #include "hires/files/piped_file.h"
+#include "hires/files/sndfile_library.h"
 #include "sys/failure.h"
 #include "sys/file.h"
 #include "sys/write_pace.h"
 
 #include <optional>
-#include <sndfile.h>
+#include <string>
 #include <string_view>
 
 /// libsndfile at work on a file of ours, so that what the system says of a write that fails is known.
 class HiresSoundStream {
 public:
-    /// Reads what is in the file.
-    explicit HiresSoundStream(LReadFile&& opened);
+    /// Reads a file.
+    explicit HiresSoundStream(const std::string& path);
     /// Replaces what is in the file from its offset on. `format` is one of libsndfile's. In a pipe,
     /// `dataBytes` tells how long what follows the header will be.
     HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels, std::int64_t dataBytes);
@@ -21,22 +22,26 @@ public:
     HiresSoundStream(const HiresSoundStream&) = delete;
     HiresSoundStream& operator=(const HiresSoundStream&) = delete;
 
-    /// For libsndfile's functions; null where it can't read the file or write this format, and once closed.
+    /// Why it did not open, or the first write that has failed.
+    const LFailure& GetFailure() const { return failure; }
+    /// For libsndfile's functions; null where it did not open, and once closed.
     SNDFILE* Get() const { return handle; }
     const SF_INFO& GetInfo() const { return info; }
+    /// More frames than any file has; lengths below can be added up for hundreds of thousands of files.
+    static constexpr std::int64_t MostFrames = std::int64_t{1} << 45;
+    /// False where the file does not tell how many frames there are.
+    bool TellsLength() const { return info.frames <= MostFrames; }
 
     /// In a pipe, for once all is said that stands in the header: writes it as that of so many frames.
     void BeginPipe(std::int64_t frames);
 
     /// Completes the file.
     void Close();
-    /// The first write that has failed.
-    const LFailure& GetFailure() const { return failure; }
 
 private:
     struct Callbacks;
 
-    void Open(int mode);
+    void Open(int mode, const char* refusal);
     void Write(std::string_view text);
     void Keep(LFailure unwritten);
 

@@ -233,7 +233,8 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
         {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "button|OK|"}},
         {{"alt+s", "p"},
          "Play Settings",
-         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
+         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0",
+          "combo box|Quality|Standard: 44.1 kHz, 16 bits"}},
         {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "button|Remove|"}},
         {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|", "label|Sonvire's icon|"}}};
     for (const auto& each : windows) {

@@ -1,7 +1,9 @@
 #include "hires/exact_math.h"
 #include "hires/frequency_path.h"
 #include "hires/list_source.h"
+#include "hires/raw_writer.h"
 #include "hires/tone_source.h"
+#include "support/temp_dir.h"
 
 #include <gtest/gtest.h>
 
@@ -137,6 +139,26 @@ TEST(HiresTone, FadesAreRaisedCosines) {
                                       {47999, 0.0000026772992}})
         EXPECT_NEAR(faded[static_cast<std::size_t>(frame)], plain[static_cast<std::size_t>(frame)] * gain, 16)
             << frame;
+}
+
+TEST(HiresRawWriter, WritesLittleEndianSamplesRoundedToTheirBits) {
+    const std::int32_t samples[] = {INT32_MIN, INT32_MAX, 0x1234'5678, -0x1234'5678, 0x80, -0x81};
+    const std::tuple<HiresSamples, std::string_view> cases[] = {
+        {HiresSamples::Int16, {"\x00\x80\xFF\x7F\x34\x12\xCC\xED\0\0\0\0", 12}},
+        {HiresSamples::Int24, {"\0\0\x80\xFF\xFF\x7F\x56\x34\x12\xAA\xCB\xED\1\0\0\xFF\xFF\xFF", 18}},
+        {HiresSamples::Int32,
+         {"\0\0\0\x80\xFF\xFF\xFF\x7F\x78\x56\x34\x12\x88\xA9\xCB\xED\x80\0\0\0\x7F\xFF\xFF\xFF", 24}},
+        {HiresSamples::Float, // the nearest one of 24 bits
+         {"\0\0\x80\xBF\0\0\x80?\xB4\xA2\x11>\xB4\xA2\x11\xBE\0\0\x80\x33\0\0\x81\xB3", 24}},
+    };
+    const TempDir dir;
+    for (const auto& [kind, bytes] : cases) {
+        HiresRawWriter writer(LSharedReadWriteFile((dir / "a.raw").c_str()),
+                              {.rate = 48000, .channels = 2, .samples = kind, .dither = false});
+        EXPECT_FALSE(writer.Write(samples, 3));
+        EXPECT_FALSE(writer.Finish());
+        EXPECT_EQ(ReadBytes(dir / "a.raw"), bytes) << static_cast<int>(kind);
+    }
 }
 
 TEST(HiresTone, AnyRecordIsSafe) {

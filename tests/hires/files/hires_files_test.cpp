@@ -1,6 +1,8 @@
+#include "hires/files/file_facts.h"
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/noise.h"
+#include "hires/raw_writer.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -18,9 +20,14 @@ const HiresFileTags Tags{"sonvire 1.2", "1 kHz, -3 dB"};
 /// Writes a file; answers what became of it.
 LFailure WriteTo(LReadWriteFile&& file, const std::string& name, const HiresFileFormat& format,
                  const Frames& samples, const HiresFileTags& tags = Tags) {
-    HiresFileWriter writer(std::move(file), *HiresFileKind::Find(name), format, tags);
-    static_cast<void>(writer.Write(samples.data(), static_cast<int>(samples.size()) / format.channels));
-    return writer.Finish();
+    const HiresFileKind& kind = *HiresFileKind::Find(name);
+    std::unique_ptr<HiresSink> sink;
+    if (kind.container == HiresFileKind::Container::Raw)
+        sink = std::make_unique<HiresRawWriter>(std::move(file), format);
+    else
+        sink = std::make_unique<HiresFileWriter>(std::move(file), kind, format, tags);
+    static_cast<void>(sink->Write(samples.data(), static_cast<int>(samples.size()) / format.channels));
+    return sink->Finish();
 }
 
 LFailure WriteFile(const std::string& path, const HiresFileFormat& format, const Frames& samples) {
@@ -62,29 +69,35 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
     const Frames in24 = {INT32_MIN, 0x7FFF'FF00, 0x1234'5600, -0x1234'5600, 0x100, -0x100};
     const Frames inFloat = {INT32_MIN, INT32_MAX, 0x1234'5680, -0x1234'5680, 0x80, -0x81}; // 24 bits of each
     const struct {
-        const char *name, *start, *codec;
+        const char *name, *start, *codec, *kind;
         int formatTag; ///< of WAVE, 0 in others
         HiresFileFormat format;
         Frames expected;
     } cases[] = {
-        {"plain.wav", "RIFF", "pcm_s16le", 1, {96000, 2, Int16}, in16},
-        {"bits.WAV", "RIFF", "pcm_s24le", 0xFFFE, {8000, 2, Int24}, in24},
-        {"mono.wav", "RIFF", "pcm_s32le", 0xFFFE, {768000, 1, Int32}, in},
-        {"float.wav", "RIFF", "pcm_f32le", 0xFFFE, {44100, 2, Float}, inFloat},
-        {"fits.wav", "RIFF", "pcm_s16le", 1, {44100, 2, Int16, 1'073'700'000}, in16},
-        {"long.wav", "RF64", "pcm_s16le", 0xFFFE, {44100, 2, Int16, 1'073'741'824}, in16},
-        {"long_float.wav", "RF64", "pcm_f32le", 0xFFFE, {44100, 1, Float, 1'073'741'824}, inFloat},
-        {"a.flac", "fLaC", "flac", 0, {96000, 2, Int16}, in16},
-        {"b.flac", "fLaC", "flac", 0, {655350, 1, Int24}, in24},
-        {"a.aiff", "FORM", "pcm_s16be", 0, {44100, 2, Int16}, in16},
-        {"b.aif", "FORM", "pcm_s24be", 0, {192000, 1, Int24}, in24},
-        {"c.aiff", "FORM", "pcm_f32be", 0, {44100, 2, Float}, inFloat},
-        {"a.w64", "riff", "pcm_s24le", 0, {48000, 2, Int24}, in24},
-        {"a.caf", "caff", "pcm_s32be", 0, {48000, 2, Int32}, in},
-        {"b.caf", "caff", "pcm_f32be", 0, {48000, 1, Float}, inFloat},
+        {"plain.wav", "RIFF", "pcm_s16le", "WAVE, 16 bits", 1, {96000, 2, Int16}, in16},
+        {"bits.WAV", "RIFF", "pcm_s24le", "WAVE, 24 bits", 0xFFFE, {8000, 2, Int24}, in24},
+        {"mono.wav", "RIFF", "pcm_s32le", "WAVE, 32 bits", 0xFFFE, {768000, 1, Int32}, in},
+        {"float.wav", "RIFF", "pcm_f32le", "WAVE, 32-bit float", 0xFFFE, {44100, 2, Float}, inFloat},
+        {"fits.wav", "RIFF", "pcm_s16le", "WAVE, 16 bits", 1, {44100, 2, Int16, 1'073'700'000}, in16},
+        {"long.wav", "RF64", "pcm_s16le", "RF64, 16 bits", 0xFFFE, {44100, 2, Int16, 1'073'741'824}, in16},
+        {"long_float.wav",
+         "RF64",
+         "pcm_f32le",
+         "RF64, 32-bit float",
+         0xFFFE,
+         {44100, 1, Float, 1'073'741'824},
+         inFloat},
+        {"a.flac", "fLaC", "flac", "FLAC, 16 bits", 0, {96000, 2, Int16}, in16},
+        {"b.flac", "fLaC", "flac", "FLAC, 24 bits", 0, {655350, 1, Int24}, in24},
+        {"a.aiff", "FORM", "pcm_s16be", "AIFF, 16 bits", 0, {44100, 2, Int16}, in16},
+        {"b.aif", "FORM", "pcm_s24be", "AIFF, 24 bits", 0, {192000, 1, Int24}, in24},
+        {"c.aiff", "FORM", "pcm_f32be", "AIFF, 32-bit float", 0, {44100, 2, Float}, inFloat},
+        {"a.w64", "riff", "pcm_s24le", "W64, 24 bits", 0, {48000, 2, Int24}, in24},
+        {"a.caf", "caff", "pcm_s32be", "CAF, 32 bits", 0, {48000, 2, Int32}, in},
+        {"b.caf", "caff", "pcm_f32be", "CAF, 32-bit float", 0, {48000, 1, Float}, inFloat},
     };
     const TempDir dir;
-    for (auto [name, start, codec, tag, format, expected] : cases) {
+    for (auto [name, start, codec, kind, tag, format, expected] : cases) {
         const std::string path = dir / name;
         format.dither = false;
         EXPECT_FALSE(WriteFile(path, format, in)) << name;
@@ -104,6 +117,13 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
         const Read read = ReadFile(path);
         EXPECT_EQ(read.samples, expected) << name;
         EXPECT_TRUE(read.told.empty()) << name;
+        const HiresFileFacts facts = DescribeHiresFile(path);
+        EXPECT_EQ(facts.kind, kind);
+        EXPECT_EQ(std::tie(facts.rate, facts.channels), std::tie(format.rate, format.channels)) << name;
+        EXPECT_EQ(facts.frames, 6 / format.channels) << name;
+        EXPECT_EQ(facts.program.find(Tags.program), start == std::string("riff") ? std::string::npos : 0)
+            << name;
+        EXPECT_EQ(facts.comment, start == std::string("riff") ? "" : Tags.comment) << name;
 
         // Not even the time makes a difference.
         EXPECT_FALSE(WriteFile(dir / ("again-" + std::string(name)), format, in));
@@ -116,7 +136,7 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
 TEST(HiresFiles, TellWhatAKindCanNotHold) {
     using enum HiresSamples;
     EXPECT_EQ(HiresFileKind::Find("a.mp3"), nullptr);
-    EXPECT_EQ(HiresFileKind::ListExtensions(), ".wav, .flac, .aiff, .w64 or .caf");
+    EXPECT_EQ(HiresFileKind::ListExtensions(), ".wav, .flac, .aiff, .w64, .caf or .raw");
     const std::string flacRates =
         "is a FLAC file, which holds rates up to 65535 Hz, and multiples of 10 Hz up to 655350 Hz";
     const std::tuple<const char*, HiresFileFormat, std::string> cases[] = {
@@ -132,19 +152,21 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
     for (const auto& [name, format, reason] : cases)
         EXPECT_EQ(HiresFileKind::Find(name)->Check(format).GetReason(), reason) << name;
 
-    // A pipe takes WAVE files alone, the same ones.
+    // A pipe takes raw and WAVE files alone, the same ones.
     const TempDir dir;
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     EXPECT_EQ(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.caf", {44100, 1}, {1, 2}).GetReason(),
-              "can't be rewound, which all kinds but WAVE need");
-    for (const HiresFileFormat& format : {HiresFileFormat{44100, 2, Float, 500}, {44100, 1, Int24, 3}}) {
+              "can't be rewound, which all kinds but WAVE and raw need");
+    const std::pair<const char*, HiresFileFormat> pipeable[] = {
+        {"a.wav", {44100, 2, Float, 500}}, {"a.wav", {44100, 1, Int24, 3}}, {"a.raw", {44100, 1, Int24, 3}}};
+    for (const auto& [name, format] : pipeable) {
         const Frames samples(static_cast<std::size_t>(format.frames * format.channels), 7 << 20);
-        EXPECT_FALSE(WriteTo(LReadWriteFile::Duplicate(ends[1]), "a.wav", format, samples));
-        EXPECT_FALSE(WriteFile(dir / "a.wav", format, samples));
-        std::string piped = ReadBytes(dir / "a.wav");
+        EXPECT_FALSE(WriteTo(LReadWriteFile::Duplicate(ends[1]), name, format, samples));
+        EXPECT_FALSE(WriteFile(dir / name, format, samples));
+        std::string piped = ReadBytes(dir / name);
         EXPECT_EQ(read(ends[0], piped.data(), piped.size()), static_cast<ssize_t>(piped.size()));
-        EXPECT_EQ(piped, ReadBytes(dir / "a.wav"));
+        EXPECT_EQ(piped, ReadBytes(dir / name));
     }
     EXPECT_EQ(close(ends[0]) + close(ends[1]), 0);
 
@@ -164,6 +186,8 @@ TEST(HiresFiles, TellWhatAKindCanNotHold) {
         const HiresFileTags tooLong{"sonvire", std::string(20'000, 'x')};
         EXPECT_FALSE(
             WriteTo(LSharedReadWriteFile((dir / name).c_str()), name, {44100, 1}, Frames(99), tooLong));
+        if (kind.container == HiresFileKind::Container::Raw)
+            continue;
         EXPECT_EQ(ReadFile(dir / name).samples, Frames(99)) << name;
     }
 }
@@ -217,7 +241,7 @@ TEST(HiresFiles, ChannelsAndExcessAreBroughtToWhatIsWanted) {
     WriteBytes(dir / "raw", {reinterpret_cast<const char*>(floats.data()), floats.size() * sizeof(float)});
     const std::string path = dir / "a.wav";
     RunProgram("ffmpeg -v error -f f32le -ar 8000 -ac 2 -i " + (dir / "raw") + " -c:a pcm_f32le " + path);
-    const std::vector<LFileWarning> clipped = {{path, "exceeds full scale and is clipped"}};
+    const std::vector<LFileWarning> clipped = {{path, "exceeds full scale and is clipped", false}};
     const Read mono = ReadFile(path, {}, 1), stereo = ReadFile(path, {}, 2);
     EXPECT_EQ(mono.samples, (Frames{1 << 28, INT32_MAX, INT32_MIN, 0})) << "the mean of both sides";
     EXPECT_EQ(stereo.samples,
@@ -240,6 +264,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         {"text.wav", "is damaged or of a kind that is not read"},
         {"six.wav", "has 6 channels; mono and stereo can be used"},
     };
+    EXPECT_EQ(DescribeHiresFile(dir / "text.wav").failure.GetReason(), refused[2].second);
     for (const auto& [name, reason] : refused)
         EXPECT_EQ(OpenHiresFile(dir / name, {}, {}, news).failure.GetReason(), reason) << name;
 

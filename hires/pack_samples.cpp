@@ -1,0 +1,56 @@
+#include "hires/pack_samples.h"
+
+#include <bit>
+#include <cstring>
+
+namespace {
+
+template <class Word>
+void Store(Word word, char* out, std::size_t bytes = sizeof(Word)) {
+    if constexpr (std::endian::native == std::endian::big)
+        word = static_cast<Word>(sizeof word == 2 ? __builtin_bswap16(static_cast<std::uint16_t>(word))
+                                                  : __builtin_bswap32(word));
+    std::memcpy(out, &word, bytes);
+}
+
+void Pack16(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(static_cast<std::uint16_t>(samples[i] >> 16), out + std::ptrdiff_t{2} * i);
+}
+
+/// Four bytes at once, the last of which the next sample overwrites.
+void Pack24(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i, out += 3) {
+        const auto word = static_cast<std::uint32_t>(samples[i]) >> 8;
+        if (i + 1 < count)
+            Store(word, out);
+        else
+            Store(word, out, 3);
+    }
+}
+
+void Pack32(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(static_cast<std::uint32_t>(samples[i]), out + std::ptrdiff_t{4} * i);
+}
+
+void PackFloats(const std::int32_t* samples, int count, char* out) {
+    for (int i = 0; i < count; ++i)
+        Store(std::bit_cast<std::uint32_t>(static_cast<float>(samples[i]) * 0x1p-31F),
+              out + std::ptrdiff_t{4} * i);
+}
+
+} // namespace
+
+void PackSamples(HiresSamples kind, const std::int32_t* samples, int count, char* out) {
+    switch (kind) {
+    case HiresSamples::Int16:
+        return Pack16(samples, count, out);
+    case HiresSamples::Int24:
+        return Pack24(samples, count, out);
+    case HiresSamples::Int32:
+        return Pack32(samples, count, out);
+    case HiresSamples::Float:
+        return PackFloats(samples, count, out);
+    }
+}
