@@ -4,6 +4,7 @@
 #include "hires/list_source.h"
 #include "hires/loop_source.h"
 #include "jobs/hires_files.h"
+#include "jobs/hires_lists.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
@@ -55,7 +56,7 @@ HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, co
 }
 
 HiresInput OpenList(const std::string& path, bool loops, const HiresRequest& request) {
-    const auto report = std::make_shared<const ToneListReport>(ExamineToneList(path));
+    const auto report = std::make_shared<const ToneListReport>(ExamineHiresList(path));
     HiresInput input;
     input.endless = loops;
     input.isNeverLeft = report->isNeverLeft;
