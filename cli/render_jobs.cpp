@@ -41,6 +41,8 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
 int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, bool endless) {
     if (!outcome.failure) {
         HintAtShortDuration(options.tone);
+        for (const LFileWarning& warning : outcome.warnings)
+            Warn(warning.file, warning.reason);
         return static_cast<int>(outcome.result);
     }
     const std::string& output = options.output.path;

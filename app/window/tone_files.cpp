@@ -132,6 +132,8 @@ void ToneFiles::CmSaveSound(const std::string& path) {
     if (outcome.result == LProcessResult::Completed)
         tellSaved(DescribeSaved(path, FormatLength(saved.ms), saved.peakDbfs) +
                   (saved.quality.empty() ? "" : ", " + saved.quality));
+    for (const LFileWarning& warning : outcome.warnings)
+        ShowNotice(DescribeFailed(warning.file, warning.reason));
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)
