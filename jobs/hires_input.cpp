@@ -9,6 +9,8 @@
 #include "sys/path.h"
 #include "tone/tone_items.h"
 
+#include <algorithm>
+
 namespace {
 
 HiresInput Refused(LFailure failure) {
@@ -39,12 +41,23 @@ HiresSettings AtRate(HiresSettings settings, int rate) {
     return settings;
 }
 
+/// One that was there at first may be lost once its turn has come.
+HiresTone OpenEntry(const ToneListReport& report, const std::string& path, int rate) {
+    HiresTone opened = OpenSoundFile(path, rate, {}, report.news);
+    const auto wasUsable = [&path](const ToneListEntry& entry) {
+        return entry.file == path && entry.problem.empty();
+    };
+    if (!opened.source && std::any_of(report.entries.begin(), report.entries.end(), wasUsable))
+        report.news->Tell({path, "can't be read any more"});
+    return opened;
+}
+
 /// Plays it over and over where it `loops`.
 HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, const HiresSettings& settings,
                          bool loops) {
     const auto open = [report, settings] {
-        return OpenHiresList(*report, settings, [news = report->news](const std::string& path, int rate) {
-            return OpenSoundFile(path, rate, {}, news);
+        return OpenHiresList(*report, settings, [report](const std::string& path, int rate) {
+            return OpenEntry(*report, path, rate);
         });
     };
     HiresTone opened = open();
