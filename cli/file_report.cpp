@@ -121,7 +121,7 @@ Json ListEntries(const ToneListReport& found, FileReport& report) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
-                               FormatLength(entry.length.GetMilliseconds())});
+                               FormatClock(entry.length.GetMilliseconds())});
         entries.push_back(Json{{"file", entry.file},
                                {"depth", entry.depth},
                                {"durationMs", entry.length.GetMilliseconds()},
@@ -139,7 +139,7 @@ FileReport ReportList(const std::string& path, const HiresRequest* request) {
     Json entries = ListEntries(facts.found, report);
     report.title =
         "Tone list, " + std::to_string(facts.rate) + " Hz, " + (facts.channels == 1 ? "mono" : "stereo");
-    report.rows.push_back({"Total", FormatLength(facts.ms)});
+    report.rows.push_back({"Total", FormatClock(facts.ms)});
     Json object = DescribeType("list");
     object["rateHz"] = facts.rate;
     object["channels"] = facts.channels;
@@ -164,7 +164,7 @@ FileReport ReportWave(const std::string& path) {
     report.rows = {{"Sample rate", std::to_string(source->sampleRate) + "Hz"},
                    {"Channels", std::to_string(source->channels)},
                    {"Frames", std::to_string(source->GetEndSample())},
-                   {"Length", FormatLength(ms)}};
+                   {"Length", FormatClock(ms)}};
     Json object = DescribeType("wave");
     object["rateHz"] = source->sampleRate;
     object["channels"] = source->channels;

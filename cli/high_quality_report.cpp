@@ -50,7 +50,7 @@ FileReport ReportSoundFile(const std::string& path) {
     if (facts.frames) {
         const std::int64_t ms = *facts.frames * 1000 / std::max(facts.rate, 1);
         report.rows.push_back({"Frames", std::to_string(*facts.frames)});
-        report.rows.push_back({"Length", FormatLength(ms)});
+        report.rows.push_back({"Length", FormatClock(ms)});
         object["frames"] = *facts.frames;
         object["durationMs"] = ms;
     }

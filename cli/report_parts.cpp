@@ -11,7 +11,7 @@ Json DescribeType(const char* type) {
     return {{"type", type}, {"version", 1}};
 }
 
-std::string FormatLength(std::int64_t duration) {
+std::string FormatClock(std::int64_t duration) {
     const long long ms = std::max<std::int64_t>(0, duration);
     char text[64];
     std::snprintf(text, sizeof text, "%02lld:%02lld.%03lld", ms / 60000, ms / 1000 % 60, ms % 1000);

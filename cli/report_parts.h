@@ -15,5 +15,5 @@ std::string WriteJson(const Json& object);
 /// What every object begins with. The version grows where something is taken out or changes its meaning.
 Json DescribeType(const char* type);
 /// mm:ss.mmm
-std::string FormatLength(std::int64_t ms);
+std::string FormatClock(std::int64_t ms);
 FileReport RefusedReport(LFailure failure);
