@@ -1,6 +1,8 @@
 #include "cli/file_report.h"
 
 #include "cli/refusal.h"
+#include "jobs/hires_files.h"
+#include "jobs/hires_input.h"
 #include "sound/files/wave_file.h"
 #include "sound/level.h"
 #include "sys/file.h"
@@ -12,6 +14,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 
@@ -41,7 +44,8 @@ Json Describe(const char* type) {
     return {{"type", type}, {"version", 1}};
 }
 
-Json DescribeComponents(const SonvireData& tone) {
+/// With peaks that `raisedDb` brings to where high quality has them.
+Json DescribeComponents(const SonvireData& tone, double raisedDb) {
     const bool stereo = tone.HasFlag(ToneFlagStereo), sweep = tone.HasFlag(ToneFlagSweep);
     Json components = Json::array();
     for (std::size_t i = 0; i < tone.GetToneCount() && tone.HasComponents(); ++i) {
@@ -54,39 +58,80 @@ Json DescribeComponents(const SonvireData& tone) {
             component["endRightFrequencyHz"] = tone.endRightHz[i];
         component["levelDb"] = GetComponentLevel(tone, i);
         if (const auto peak = GetComponentPeakDbfs(tone, i))
-            component["peakDbfs"] = *peak;
+            component["peakDbfs"] = *peak + raisedDb;
         components.push_back(component);
     }
     return components;
 }
 
 /// The values as the window shows them, with levels as other programs measure them.
-std::vector<FileReport::Row> ListValues(const SonvireData& tone) {
+std::vector<FileReport::Row> ListValues(const SonvireData& tone, double raisedDb) {
     std::vector<FileReport::Row> rows;
     for (const unsigned int item : GetShownItems(tone)) {
         FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
         const auto peak = GetComponentPeakDbfs(tone, item % 256 % MaxTones);
         if (item >= ItemAmplitude && item < ItemDuration && peak)
-            row.value += ", a peak of " + FormatDbfs(*peak);
+            row.value += ", a peak of " + FormatDbfs(*peak + raisedDb);
         rows.push_back(row);
     }
     const auto peak = GetComponentPeakDbfs(tone, 0);
     if (!tone.HasFlag(ToneFlagVariableAmplitude) && peak)
-        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(*peak)});
+        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(*peak + raisedDb)});
     if (tone.IsList())
         rows.push_back({"List", tone.GetListPath()});
     return rows;
 }
 
-FileReport ReportTone(const std::string& path) {
+std::string DescribePeak(const HiresInput& input) {
+    const std::string peak = std::isfinite(input.peak) ? "peak " + FormatDbfs(input.peak) : "silent";
+    char lowered[48] = "";
+    if (input.loweredDb > 0)
+        std::snprintf(lowered, sizeof lowered, ", lowered by %.2f dB", input.loweredDb);
+    return peak + lowered;
+}
+
+/// What high quality makes of a tone or list.
+struct HighQuality {
+    HighQuality(const std::string& path, const HiresRequest& request)
+        : input(OpenHiresInput(path, request)),
+          level(request.settings.level) {}
+
+    /// Components beside what they are in the standard quality.
+    double GetRaisedDb() const { return level - HiresSettings::StandardLevel - input.loweredDb; }
+    void AddTo(FileReport& report, Json& object) const;
+
+    HiresInput input;
+    double level;
+};
+
+void HighQuality::AddTo(FileReport& report, Json& object) const {
+    const bool fits = !input.failure;
+    report.rows.push_back({"High quality", fits ? DescribePeak(input) : input.failure.GetReason()});
+    Json high = {{"levelDbfs", level}, {"problem", input.failure.GetReason()}};
+    if (fits) {
+        high["peakDbfs"] = input.peak; // null for silence
+        high["loweredDb"] = input.loweredDb;
+        high["rateHz"] = input.source->rate;
+        high["channels"] = input.source->channels;
+    }
+    if (fits && input.source->GetLength() != HiresSource::Endless)
+        high["frames"] = input.source->GetLength();
+    object["high"] = std::move(high);
+}
+
+FileReport ReportTone(const std::string& path, const HiresRequest* request) {
     SonvireData tone;
     if (LFailure failure = tone.ReadFromFile(path.c_str()))
         return Refused(std::move(failure));
     const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
+    std::optional<HighQuality> high;
+    if (request)
+        high.emplace(path, *request);
+    const double raisedDb = high ? high->GetRaisedDb() : 0;
     FileReport report;
     report.title =
         std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
-    report.rows = ListValues(tone);
+    report.rows = ListValues(tone, raisedDb);
     Json object = Describe("tone");
     object["waveform"] = tone.GetToneName();
     object["mode"] = tone.GetModeName();
@@ -97,7 +142,9 @@ FileReport ReportTone(const std::string& path) {
     if (tone.IsList())
         object["list"] = tone.GetListPath();
     else
-        object["components"] = DescribeComponents(tone);
+        object["components"] = DescribeComponents(tone, raisedDb);
+    if (high)
+        high->AddTo(report, object);
     report.json = Write(object);
     return report;
 }
@@ -109,7 +156,7 @@ std::int64_t CountMilliseconds(const LSoundSource& source, const ToneListReport&
     return counts ? source.GetEnd().GetMilliseconds() : sum;
 }
 
-FileReport ReportList(const std::string& path) {
+FileReport ReportList(const std::string& path, const HiresRequest* request) {
     FileReport report;
     ToneListReport list;
     const LSoundSource source = OpenToneList(path, &list);
@@ -133,6 +180,8 @@ FileReport ReportList(const std::string& path) {
     object["channels"] = source->channels;
     object["durationMs"] = total;
     object["entries"] = std::move(entries);
+    if (request)
+        HighQuality(path, *request).AddTo(report, object);
     report.json = Write(object);
     return report;
 }
@@ -162,6 +211,35 @@ FileReport ReportWave(const std::string& path) {
     return report;
 }
 
+FileReport ReportSoundFile(const std::string& path) {
+    const HiresFileFacts facts = ReadSoundFileFacts(path);
+    if (facts.failure)
+        return Refused(facts.failure);
+    FileReport report;
+    report.title = facts.kind;
+    report.rows = {{"Sample rate", std::to_string(facts.rate) + "Hz"},
+                   {"Channels", std::to_string(facts.channels)}};
+    Json object = Describe("sound");
+    object["format"] = facts.kind;
+    object["rateHz"] = facts.rate;
+    object["channels"] = facts.channels;
+    if (facts.frames) {
+        const std::int64_t ms = *facts.frames * 1000 / std::max(facts.rate, 1);
+        report.rows.push_back({"Frames", std::to_string(*facts.frames)});
+        report.rows.push_back({"Length", FormatLength(ms)});
+        object["frames"] = *facts.frames;
+        object["durationMs"] = ms;
+    }
+    for (const auto& [label, name, tag] :
+         {std::tuple{"Program", "program", facts.program}, std::tuple{"Comment", "comment", facts.comment}}) {
+        if (!tag.empty())
+            report.rows.push_back({label, tag});
+        object[name] = tag;
+    }
+    report.json = Write(object);
+    return report;
+}
+
 } // namespace
 
 std::string FileReport::ToText() const {
@@ -177,13 +255,15 @@ std::string FileReport::ToText() const {
     return text;
 }
 
-FileReport ReportFile(const std::string& path) {
+FileReport ReportFile(const std::string& path, const HiresRequest* high) {
     if (LFailure failure = CheckReadable(path))
         return Refused(std::move(failure));
     if (HasExtension(path, ".tdf"))
-        return ReportTone(path);
+        return ReportTone(path, high);
     if (HasExtension(path, ".tdl"))
-        return ReportList(path);
+        return ReportList(path, high);
+    if (high)
+        return ReportSoundFile(path);
     if (HasExtension(path, ".wav"))
         return ReportWave(path);
     return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");

@@ -2,6 +2,7 @@
 
 #include "cli/output_option.h"
 #include "cli/refusal.h"
+#include "jobs/hires_files.h"
 #include "jobs/sound_input.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -42,8 +43,10 @@ bool IsForLists(const std::string& file) {
 LFailure CheckEntry(const std::string& list, const std::string& file) {
     if (LFailure unreadable = CheckReadable(file))
         return unreadable;
-    if (!IsForLists(file))
-        return "is of an unknown type: lists play .tdf, .wav and .tdl files, and silences such as 500ms";
+    if (!IsForLists(file) && ReadSoundFileFacts(file).failure)
+        return "is of an unknown type: lists play .tdf, .wav and .tdl files, in high quality all sound "
+               "files, and "
+               "silences such as 500ms";
     return CheckListEntry(PlaceBeside(list, file));
 }
 
@@ -86,8 +89,8 @@ void AddListCommand(CLI::App& program, int& status) {
     command
         ->add_option(
             "ENTRY", options->entries,
-            "What plays, in this order: tones (.tdf), WAVE files (.wav), lists (.tdl), and silences by "
-            "their length, such as 500ms")
+            "What plays, in this order: tones (.tdf), WAVE files (.wav; in high quality any sound files), "
+            "lists (.tdl), and silences by their length, such as 500ms")
         ->required()
         ->type_name("");
     command->callback([options, &status] { status = MakeList(*options); });

@@ -1,10 +1,11 @@
 #include "app/window/tone_summary.h"
 
+#include "app/list_report.h"
+#include "app/quality.h"
 #include "app/window/time_text.h"
 #include "tone/note_name.h"
 #include "tone/tone_level.h"
 #include "tone/tone_list_file.h"
-#include "tone/tone_list_report.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -77,7 +78,9 @@ std::string DescribeLevel(const SonvireData& tone) {
     if (!peak)
         return "Silent";
     return (tone.GetToneCount() > 1 ? "Peak up to " : "Peak ") + FormatDbfs(*peak) +
-           (*peak > 0 ? ", limited to 0 dBFS" : "");
+           (*peak <= 0              ? ""
+            : GetQuality().IsHigh() ? ", lowered to 0 dBFS"
+                                    : ", limited to 0 dBFS");
 }
 
 ToneSummary SummarizeComponents(const SonvireData& tone) {
@@ -95,7 +98,7 @@ ToneSummary SummarizeList(const SonvireData& tone) {
     std::string kind = "can't be read";
     if (!ReadToneListLines(lines, list.c_str()))
         kind = std::to_string(lines.size()) + (lines.size() == 1 ? " entry, " : " entries, ") +
-               FormatLength(ExamineToneList(list).Measure()) + DescribeLoop(tone);
+               FormatLength(ExamineList(list).Measure()) + DescribeLoop(tone);
     return {.headline = "Tone list",
             .kind = kind,
             .level = "",
