@@ -1,4 +1,4 @@
-#include "hires/files/file_facts.h"
+#include "hires/files/read_facts.h"
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/noise.h"
@@ -117,7 +117,7 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
         const Read read = ReadFile(path);
         EXPECT_EQ(read.samples, expected) << name;
         EXPECT_TRUE(read.told.empty()) << name;
-        const HiresFileFacts facts = DescribeHiresFile(path);
+        const HiresFileFacts facts = ReadHiresFacts(path);
         EXPECT_EQ(facts.kind, kind);
         EXPECT_EQ(std::tie(facts.rate, facts.channels), std::tie(format.rate, format.channels)) << name;
         EXPECT_EQ(facts.frames, 6 / format.channels) << name;
@@ -264,7 +264,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         {"text.wav", "is damaged or of a kind that is not read"},
         {"six.wav", "has 6 channels; mono and stereo can be used"},
     };
-    EXPECT_EQ(DescribeHiresFile(dir / "text.wav").failure.GetReason(), refused[2].second);
+    EXPECT_EQ(ReadHiresFacts(dir / "text.wav").failure.GetReason(), refused[2].second);
     for (const auto& [name, reason] : refused)
         EXPECT_EQ(OpenHiresFile(dir / name, {}, {}, news).failure.GetReason(), reason) << name;
 
