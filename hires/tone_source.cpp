@@ -133,7 +133,7 @@ HiresToneFacts MeasureHiresTone(const SonvireData& tone, const HiresSettings& se
 }
 
 LFailure ExplainHiresExcess(double level, double peak) {
-    return "would exceed full scale by " + DescribeLevel(peak) + " dB; a level of " +
+    return "would exceed full scale by " + DescribeLevel(std::ceil(peak * 100) / 100) + " dB; a level of " +
            DescribeLevel(std::floor((level - peak) * 100) / 100) + " dBFS fits";
 }
 
