@@ -113,6 +113,24 @@ TEST(HiresTone, AWaveformHasItsHarmonicsAndNothingElse) {
     }
 }
 
+TEST(HiresTone, ALowToneHasAllHarmonics) {
+    const struct {
+        int waveform;
+        double hz, amplitude; ///< of one harmonic of 1 Hz, below half of full scale
+    } cases[] = {
+        {ToneSquare, 20001, 4 / std::numbers::pi / 20001 * 92682 / 131070},
+        {ToneSquare, 20000, 0},
+        {ToneSawTooth, 23999, 2 / std::numbers::pi / 23999 * 165794 / 131070},
+        {ToneSawTooth, 2, 1 / std::numbers::pi * 165794 / 131070},
+        {ToneImpulse, 23999, 2.0 / 48000 * 185364 / 131070},
+        {ToneTriangular, 3001, 8 / std::pow(std::numbers::pi * 3001, 2) * 165794 / 131070},
+    };
+    for (const auto& [waveform, hz, amplitude] : cases) {
+        const auto samples = Render(ToneOf(waveform, {1}), {.rate = 48000, .level = -6.0205999132796239});
+        EXPECT_NEAR(Measure(samples, hz, 48000), amplitude / 2, 2e-10) << waveform << ", " << hz;
+    }
+}
+
 TEST(HiresTone, ASweepMovesWithEveryFrame) {
     HiresSettings settings{.rate = 48000, .level = 0};
     const struct {
