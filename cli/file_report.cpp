@@ -1,8 +1,9 @@
 #include "cli/file_report.h"
 
+#include "cli/high_quality_report.h"
 #include "cli/refusal.h"
-#include "jobs/hires_files.h"
-#include "jobs/hires_input.h"
+#include "cli/report_parts.h"
+#include "jobs/hires_lists.h"
 #include "sound/files/wave_file.h"
 #include "sound/level.h"
 #include "sys/file.h"
@@ -11,38 +12,11 @@
 #include "tone/tone_level.h"
 #include "tone/tone_list_source.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
-#include <cmath>
-#include <cstdio>
 #include <limits>
+#include <optional>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-/// File names need not be proper UTF-8; what isn't is replaced.
-std::string Write(const Json& object) {
-    return object.dump(4, ' ', false, Json::error_handler_t::replace) + "\n";
-}
-
-/// mm:ss.mmm
-std::string FormatLength(std::int64_t duration) {
-    const long long ms = std::max<std::int64_t>(0, duration);
-    char text[64];
-    std::snprintf(text, sizeof text, "%02lld:%02lld.%03lld", ms / 60000, ms / 1000 % 60, ms % 1000);
-    return text;
-}
-
-FileReport Refused(LFailure failure) {
-    return {.failure = std::move(failure), .title = {}, .rows = {}, .json = {}};
-}
-
-/// What every object begins with. The version grows where something is taken out or changes its meaning.
-Json Describe(const char* type) {
-    return {{"type", type}, {"version", 1}};
-}
 
 /// With peaks that `raisedDb` brings to where high quality has them.
 Json DescribeComponents(const SonvireData& tone, double raisedDb) {
@@ -82,47 +56,10 @@ std::vector<FileReport::Row> ListValues(const SonvireData& tone, double raisedDb
     return rows;
 }
 
-std::string DescribePeak(const HiresInput& input) {
-    const std::string peak = std::isfinite(input.peak) ? "peak " + FormatDbfs(input.peak) : "silent";
-    char lowered[48] = "";
-    if (input.loweredDb > 0)
-        std::snprintf(lowered, sizeof lowered, ", lowered by %.2f dB", input.loweredDb);
-    return peak + lowered;
-}
-
-/// What high quality makes of a tone or list.
-struct HighQuality {
-    HighQuality(const std::string& path, const HiresRequest& request)
-        : input(OpenHiresInput(path, request)),
-          level(request.settings.level) {}
-
-    /// Components beside what they are in the standard quality.
-    double GetRaisedDb() const { return level - HiresSettings::StandardLevel - input.loweredDb; }
-    void AddTo(FileReport& report, Json& object) const;
-
-    HiresInput input;
-    double level;
-};
-
-void HighQuality::AddTo(FileReport& report, Json& object) const {
-    const bool fits = !input.failure;
-    report.rows.push_back({"High quality", fits ? DescribePeak(input) : input.failure.GetReason()});
-    Json high = {{"levelDbfs", level}, {"problem", input.failure.GetReason()}};
-    if (fits) {
-        high["peakDbfs"] = input.peak; // null for silence
-        high["loweredDb"] = input.loweredDb;
-        high["rateHz"] = input.source->rate;
-        high["channels"] = input.source->channels;
-    }
-    if (fits && input.source->GetLength() != HiresSource::Endless)
-        high["frames"] = input.source->GetLength();
-    object["high"] = std::move(high);
-}
-
 FileReport ReportTone(const std::string& path, const HiresRequest* request) {
     SonvireData tone;
     if (LFailure failure = tone.ReadFromFile(path.c_str()))
-        return Refused(std::move(failure));
+        return RefusedReport(std::move(failure));
     const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
     std::optional<HighQuality> high;
     if (request)
@@ -132,7 +69,7 @@ FileReport ReportTone(const std::string& path, const HiresRequest* request) {
     report.title =
         std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
     report.rows = ListValues(tone, raisedDb);
-    Json object = Describe("tone");
+    Json object = DescribeType("tone");
     object["waveform"] = tone.GetToneName();
     object["mode"] = tone.GetModeName();
     object["channels"] = stereo ? 2 : 1;
@@ -145,7 +82,7 @@ FileReport ReportTone(const std::string& path, const HiresRequest* request) {
         object["components"] = DescribeComponents(tone, raisedDb);
     if (high)
         high->AddTo(report, object);
-    report.json = Write(object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -156,33 +93,61 @@ std::int64_t CountMilliseconds(const LSoundSource& source, const ToneListReport&
     return counts ? source.GetEnd().GetMilliseconds() : sum;
 }
 
-FileReport ReportList(const std::string& path, const HiresRequest* request) {
-    FileReport report;
-    ToneListReport list;
-    const LSoundSource source = OpenToneList(path, &list);
+/// What there is to tell of a list in one of both qualities.
+struct ListFacts {
+    ToneListReport found;
+    int rate, channels;
+    std::int64_t ms;
+};
+
+ListFacts FindStandardFacts(const std::string& path) {
+    ToneListReport found;
+    const LSoundSource source = OpenToneList(path, &found);
+    const std::int64_t ms = CountMilliseconds(source, found);
+    return {std::move(found), source->sampleRate, source->channels, ms};
+}
+
+ListFacts FindHighFacts(const std::string& path, const HiresInput& input) {
+    ToneListReport found = ExamineHiresList(path);
+    const std::int64_t ms = found.CountMilliseconds();
+    if (!input.source)
+        return {std::move(found), HiresSettings{}.rate, 1, ms};
+    return {std::move(found), input.source->rate, input.source->channels, ms};
+}
+
+Json ListEntries(const ToneListReport& found, FileReport& report) {
     Json entries = Json::array();
-    for (const ToneListEntry& entry : list.entries) {
+    for (const ToneListEntry& entry : found.entries) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
-                               FormatLength(entry.length.GetMilliseconds())});
+                               FormatClock(entry.length.GetMilliseconds())});
         entries.push_back(Json{{"file", entry.file},
                                {"depth", entry.depth},
                                {"durationMs", entry.length.GetMilliseconds()},
                                {"problem", entry.problem}});
     }
-    const std::int64_t total = CountMilliseconds(source, list);
-    report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
-                   (source->channels == 1 ? "mono" : "stereo");
-    report.rows.push_back({"Total", FormatLength(total)});
-    Json object = Describe("list");
-    object["rateHz"] = source->sampleRate;
-    object["channels"] = source->channels;
-    object["durationMs"] = total;
-    object["entries"] = std::move(entries);
+    return entries;
+}
+
+FileReport ReportList(const std::string& path, const HiresRequest* request) {
+    std::optional<HighQuality> high;
     if (request)
-        HighQuality(path, *request).AddTo(report, object);
-    report.json = Write(object);
+        high.emplace(path, *request);
+    const ListFacts facts = high ? FindHighFacts(path, high->GetInput()) : FindStandardFacts(path);
+    FileReport report;
+    Json entries = ListEntries(facts.found, report);
+    report.title =
+        "Tone list, " + std::to_string(facts.rate) + " Hz, " + (facts.channels == 1 ? "mono" : "stereo");
+    report.rows.push_back({"Total", FormatClock(facts.ms)});
+    Json object = DescribeType("list");
+    object["rateHz"] = facts.rate;
+    object["channels"] = facts.channels;
+    object["durationMs"] = facts.ms;
+    object["entries"] = std::move(entries);
+    if (high)
+        high->AddTo(report, object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -190,7 +155,7 @@ FileReport ReportWave(const std::string& path) {
     const LWaveFile wave = LWaveFile::Open(path.c_str());
     const LSoundSource& source = wave.source;
     if (source->status != SoundUsable)
-        return Refused(LWaveFile::ExplainStatus(source->status));
+        return RefusedReport(LWaveFile::ExplainStatus(source->status));
     const bool cutShort = wave.header.IsCutShort();
     const std::int64_t ms = source.GetEnd().GetMilliseconds();
     FileReport report;
@@ -199,44 +164,15 @@ FileReport ReportWave(const std::string& path) {
     report.rows = {{"Sample rate", std::to_string(source->sampleRate) + "Hz"},
                    {"Channels", std::to_string(source->channels)},
                    {"Frames", std::to_string(source->GetEndSample())},
-                   {"Length", FormatLength(ms)}};
-    Json object = Describe("wave");
+                   {"Length", FormatClock(ms)}};
+    Json object = DescribeType("wave");
     object["rateHz"] = source->sampleRate;
     object["channels"] = source->channels;
     object["frames"] = source->GetEndSample();
     object["durationMs"] = ms;
     object["streaming"] = source->IsStreaming();
     object["cutShort"] = cutShort;
-    report.json = Write(object);
-    return report;
-}
-
-FileReport ReportSoundFile(const std::string& path) {
-    const HiresFileFacts facts = ReadSoundFileFacts(path);
-    if (facts.failure)
-        return Refused(facts.failure);
-    FileReport report;
-    report.title = facts.kind;
-    report.rows = {{"Sample rate", std::to_string(facts.rate) + "Hz"},
-                   {"Channels", std::to_string(facts.channels)}};
-    Json object = Describe("sound");
-    object["format"] = facts.kind;
-    object["rateHz"] = facts.rate;
-    object["channels"] = facts.channels;
-    if (facts.frames) {
-        const std::int64_t ms = *facts.frames * 1000 / std::max(facts.rate, 1);
-        report.rows.push_back({"Frames", std::to_string(*facts.frames)});
-        report.rows.push_back({"Length", FormatLength(ms)});
-        object["frames"] = *facts.frames;
-        object["durationMs"] = ms;
-    }
-    for (const auto& [label, name, tag] :
-         {std::tuple{"Program", "program", facts.program}, std::tuple{"Comment", "comment", facts.comment}}) {
-        if (!tag.empty())
-            report.rows.push_back({label, tag});
-        object[name] = tag;
-    }
-    report.json = Write(object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -257,7 +193,7 @@ std::string FileReport::ToText() const {
 
 FileReport ReportFile(const std::string& path, const HiresRequest* high) {
     if (LFailure failure = CheckReadable(path))
-        return Refused(std::move(failure));
+        return RefusedReport(std::move(failure));
     if (HasExtension(path, ".tdf"))
         return ReportTone(path, high);
     if (HasExtension(path, ".tdl"))
@@ -266,5 +202,5 @@ FileReport ReportFile(const std::string& path, const HiresRequest* high) {
         return ReportSoundFile(path);
     if (HasExtension(path, ".wav"))
         return ReportWave(path);
-    return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
+    return RefusedReport("is of an unknown type: .tdf, .tdl and .wav files are supported");
 }

@@ -3,6 +3,7 @@
 #include "cli/output_option.h"
 #include "cli/refusal.h"
 #include "jobs/hires_files.h"
+#include "jobs/hires_lists.h"
 #include "jobs/sound_input.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -15,6 +16,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
@@ -57,6 +59,15 @@ std::optional<int> ParseSilence(const std::string& entry) {
     return fits ? std::optional(static_cast<int>(std::lround(*ms))) : std::nullopt;
 }
 
+void WarnOfEntries(const std::string& list) {
+    const std::vector<LFileWarning> inHigh = CollectWarnings(ExamineHiresList(list));
+    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(list))) {
+        const bool isInBoth = std::any_of(inHigh.begin(), inHigh.end(),
+                                          [&](const auto& each) { return each.file == warning.file; });
+        Warn(warning.file, (isInBoth ? "" : "plays in high quality only; else it ") + warning.reason);
+    }
+}
+
 int MakeList(const ListOptions& options) {
     const std::string& output = options.output.path;
     if (!HasExtension(output, ".tdl"))
@@ -75,8 +86,7 @@ int MakeList(const ListOptions& options) {
     }
     if (const LFailure failure = WriteToneListFile(output.c_str(), rows))
         return Refuse(output, "can't be written: " + failure.GetReason());
-    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(output)))
-        Warn(warning.file, warning.reason);
+    WarnOfEntries(output);
     return ExitCompleted;
 }
 

@@ -39,7 +39,7 @@ ToneListLength EntryRows::Measure() const {
 }
 
 void EntryRows::Insert(const std::string& entry, int row) {
-    const ToneListReport report = ExamineListLine(entry);
+    const ToneListReport report = ExamineListLine(entry, quality);
     const ToneListEntry& found = report.entries.front();
     const ToneListLength length = report.Measure();
     known.push_back({.text = entry,

@@ -111,7 +111,9 @@ TEST_F(HighQuality, ListsReadEverySoundFile) {
     RunProgram("sox -n -r 48000 -b 24 -c 2 a.flac synth 0.25 sine 500 sine 700");
     RunProgram("sox -n -r 24000 -b 16 b.aiff synth 0.25 sine 500");
     Cli("make --frequency 100 --duration 250 t.tdf");
-    EXPECT_EQ(Cli("list l.tdl a.flac b.aiff 250ms t.tdf").status, 0);
+    EXPECT_THAT(Cli("list l.tdl a.flac b.aiff 250ms t.tdf").errors,
+                HasSubstr("b.aiff: plays in high quality only; else it is of an unknown type"));
+    EXPECT_THAT(Cli("show l.tdl --quality high").output, HasSubstr("Total         00:01.000\n"));
     const ProgramResult result = Render("--raw --bits 24 --rate 48k l.tdl ours");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.errors, IsEmpty());

@@ -51,6 +51,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
     for (const std::string before : {"", "precious"}) {
         if (!before.empty())
             WriteBytes(path, before);
+        Setting::HighRate.Set(before.empty() ? 0 : 48000);
         files = {{path}};
         MemoryDialog* progress = nullptr;
         int dispatched = 0;
@@ -67,6 +68,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
         EXPECT_EQ(std::filesystem::file_size(path), before.empty() ? 46 + 3 * 8192 * 2U : 8U)
             << "a shorter file, but a whole one";
     }
+    Setting::HighRate.Set(0);
     const FullDisk full;
     files = {{path}, {folder / "sound.flac"}};
     Run([&](MemoryMainWindow&) {
