@@ -124,10 +124,10 @@ private:
         SonvireData tone;
         if (tone.ReadFromFile(entry.file.c_str()) || tone.IsList())
             return;
-        HiresSettings fitting = settings;
-        fitting.fit = true;
-        peak = std::max(peak, MeasureHiresPeak(tone, settings));
-        AddOpened(entry.file, OpenHiresTone(tone, fitting));
+        const HiresToneFacts facts = MeasureHiresTone(tone, settings);
+        peak = std::max(peak, facts.peak);
+        channels = std::max(channels, facts.channels);
+        entries.push_back({.file = entry.file, .length = facts.length});
     }
     void AddOpened(const std::string& file, HiresTone opened) {
         if (!opened.source)
