@@ -3,6 +3,7 @@
 #include "cli/refusal.h"
 #include "cli/text.h"
 #include "hires/file_kind.h"
+#include "jobs/hires_files.h"
 
 namespace {
 
@@ -53,6 +54,13 @@ std::string HiresOptions::Settle() const {
     return {};
 }
 
+HiresInput HiresOptions::Open(const std::string& path, const HiresRequest& request) const {
+    HiresInput input = OpenHiresInput(path, request);
+    if (input.isFile && (level || fits || fadeInMs))
+        input.failure = "is a sound file, which keeps its level: --level, --fit and --fade go with tones";
+    return input;
+}
+
 HiresSettings HiresOptions::MakeSettings(double fadeMs, std::optional<int> seed) const {
     HiresSettings settings;
     settings.level = level.value_or(settings.level);
@@ -91,4 +99,8 @@ void AddHiresOptions(CLI::App& command, HiresOptions& options) {
             },
             "Lower what would exceed full scale; without it, that is refused")
         ->group(HiresOptions::Group);
+}
+
+std::string HintAtHighQuality(const std::string& path) {
+    return ReadSoundFileFacts(path).failure ? "" : " (--quality high reads it)";
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hires/settings.h"
+#include "jobs/hires_input.h"
 
 #include <optional>
 #include <string>
@@ -27,11 +27,14 @@ struct HiresOptions {
     bool IsHigh() const { return quality == "high" || !implied.empty(); }
     /// Why the options contradict each other; empty where they don't. Tells what was implied.
     std::string Settle() const;
-    /// True where an option is about tones, which sound files are not.
-    bool ConcernTones() const { return level || fits || fadeInMs; }
+    /// Opens an input; refuses what goes with tones where it is a sound file.
+    HiresInput Open(const std::string& path, const HiresRequest& request) const;
     /// `fadeMs` where no fades were asked for.
     HiresSettings MakeSettings(double fadeMs, std::optional<int> seed) const;
 };
 
 /// Adds `--quality`, `--level`, `--fit` and `--fade` to a command. `options` must outlive it.
 void AddHiresOptions(CLI::App& command, HiresOptions& options);
+
+/// What to add where the standard quality can't use this file: empty where high quality can't read it either.
+std::string HintAtHighQuality(const std::string& path);

@@ -108,7 +108,8 @@ int PlayThrough(const PlayOptions& options, const std::string& name, const Playa
 template <class Input>
 int PlayInput(const PlayOptions& options, const std::string& name, const Input& input) {
     if (input.failure)
-        return Refuse(name, input.failure.GetReason());
+        return Refuse(name, input.failure.GetReason() +
+                                (options.high.IsHigh() ? "" : HintAtHighQuality(options.input)));
     HintAtShortDuration(options.tone);
     for (const LFileWarning& warning : input.warnings)
         Warn(warning.file, warning.reason);
@@ -124,7 +125,7 @@ HiresRequest MakeRequest(const PlayOptions& options) {
 
 int PlayFile(const PlayOptions& options) {
     if (options.high.IsHigh())
-        return PlayInput(options, options.input, OpenHiresInput(options.input, MakeRequest(options)));
+        return PlayInput(options, options.input, options.high.Open(options.input, MakeRequest(options)));
     return PlayInput(options, options.input,
                      OpenSoundInput(options.input, options.tone.durationMs, SoundLength::Any));
 }

@@ -40,7 +40,7 @@ PlayDisplay::PlayDisplay(LEventLoop& ended, const InputFacts& input, LSoundTime 
 
 void PlayDisplay::TellNews() {
     for (const LFileWarning& warning : news->Take())
-        Warn(warning.file, warning.reason + "; silence plays in its place");
+        Warn(warning.file, warning.reason + (warning.isLoss ? "; silence plays in its place" : ""));
 }
 
 void PlayDisplay::spntfStop(long /*id*/) {

@@ -38,9 +38,18 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
     return true;
 }
 
-int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, bool endless) {
+/// What may help where the input can't be used.
+std::string Hint(const RenderOptions& options, const InputFacts& input) {
+    if (input.endless)
+        return " (--duration gives it one)";
+    return input.failure && !options.high.IsHigh() ? HintAtHighQuality(options.input) : "";
+}
+
+int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, const InputFacts& input) {
     if (!outcome.failure) {
         HintAtShortDuration(options.tone);
+        for (const LFileWarning& warning : outcome.warnings)
+            Warn(warning.file, warning.reason);
         return static_cast<int>(outcome.result);
     }
     const std::string& output = options.output.path;
@@ -48,7 +57,7 @@ int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, bool
         return Refuse(OutputFile::IsStandardOutput(output) ? "standard output" : output,
                       outcome.failure.GetReason());
     return Refuse(options.input.empty() ? TheTone : options.input,
-                  outcome.failure.GetReason() + (endless ? " (--duration gives it one)" : ""));
+                  outcome.failure.GetReason() + Hint(options, input));
 }
 
 /// Opens what the options name or describe by one of both functions, and renders it.
@@ -62,7 +71,7 @@ int OpenAndRender(const RenderOptions& options, OpenFile openFile, OpenTone open
     auto input = options.input.empty() ? openTone(described.tone) : openFile(options.input);
     CatchInterrupts(); // before there is a file that could be left
     const auto confirm = [&](const auto& warnings) { return Confirm(warnings, options.strict); };
-    return TellOutcome(options, render(input, confirm), input.endless);
+    return TellOutcome(options, render(input, confirm), input);
 }
 
 } // namespace
@@ -102,7 +111,7 @@ int RenderHigh(const RenderOptions& options) {
         return RunJob(job, frames / job.source.rate, options.quiet);
     };
     return OpenAndRender(
-        options, [&](const std::string& path) { return OpenHiresInput(path, request); },
+        options, [&](const std::string& path) { return options.high.Open(path, request); },
         [&](const SonvireData& tone) { return OpenHiresToneInput(tone, request); },
         [&](HiresInput& input, const auto& confirm) {
             return RenderHiresToFile(input, target, {.confirm = confirm, .run = run});

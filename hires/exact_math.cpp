@@ -5,28 +5,34 @@
 
 namespace {
 
-/// x^first / first! -+ ..., every second term; `x` is pi / 4 at most.
+constexpr std::uint64_t Half = std::uint64_t{1} << 63, Quarter = Half / 2;
+
+double ToAngle(std::uint64_t phase) {
+    return static_cast<double>(static_cast<std::int64_t>(phase)) * (2 * std::numbers::pi * 0x1p-64);
+}
+
+/// 1 - x^2 / (first (first + 1)) + ..., each term by the one before; `x` is pi / 4 at most.
 double SumAlternating(double x, int first) {
-    double term = first == 0 ? 1 : x, sum = term;
-    for (int n = first + 2; n <= 20; n += 2) {
-        term *= -x * x / (n * (n - 1));
-        sum += term;
-    }
+    double sum = 1;
+    for (int n = first + 16; n >= first; n -= 2)
+        sum = 1 - x * x * (1.0 / (n * (n + 1))) * sum;
     return sum;
 }
 
 } // namespace
 
-double ExactSine(std::int64_t part, std::int64_t whole) {
-    const std::int64_t half = whole / 2, quarter = whole / 4;
-    if (part >= half)
-        return -ExactSine(part - half, whole);
-    const std::int64_t rising = part > quarter ? half - part : part;
-    const auto angle = [whole](std::int64_t of) {
-        return 2 * std::numbers::pi * static_cast<double>(of) / static_cast<double>(whole);
-    };
-    return rising <= whole / 8 ? SumAlternating(angle(rising), 1)
-                               : SumAlternating(angle(quarter - rising), 0);
+std::int64_t RoundToBits(double value, int bits) {
+    return static_cast<std::int64_t>(std::floor(std::ldexp(value, bits) + 0.5));
+}
+
+double ExactSine(std::uint64_t phase) {
+    if (phase >= Half)
+        return -ExactSine(phase - Half);
+    const std::uint64_t rising = phase > Quarter ? Half - phase : phase;
+    if (rising > Quarter / 2)
+        return SumAlternating(ToAngle(Quarter - rising), 1);
+    const double angle = ToAngle(rising);
+    return angle * SumAlternating(angle, 2);
 }
 
 double ExactLog(double x) {

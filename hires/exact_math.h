@@ -6,8 +6,10 @@
 /// rounds in the same way; those of the system's library may differ in the last digit. All are within a few
 /// units of it.
 
-/// The sine of a whole turn's fraction `part` / `whole`; 0 <= part < whole <= 2^32, and 8 divides `whole`.
-double ExactSine(std::int64_t part, std::int64_t whole);
+/// `value` * 2^`bits`, rounded to the nearest; it has to fit.
+std::int64_t RoundToBits(double value, int bits);
+/// The sine at a phase of which 2^64 are a cycle.
+double ExactSine(std::uint64_t phase);
 /// The natural logarithm; `x` is positive and finite.
 double ExactLog(double x);
 /// e to the power of `x`, which lies within +-700.

@@ -7,14 +7,13 @@
 
 namespace {
 
-/// (1 - cos(pi * part / whole)) / 2, 2^30 being 1.
+constexpr std::int64_t Unity = std::int64_t{1} << HiresUnityBits;
+
+/// (1 - cos(pi * part / whole)) / 2 for parts of 0..whole - 1.
 std::int64_t GetRaisedCosine(std::int64_t part, std::int64_t whole) {
-    const auto halfCycles =
-        (static_cast<unsigned __int128>(part) << 63) / static_cast<unsigned __int128>(whole);
-    const std::uint64_t quarter = std::uint64_t{1} << 62;
-    const std::int64_t cosine =
-        LookUpSine(GetHiresSineTable(), static_cast<std::uint64_t>(halfCycles) + quarter);
-    return (INT64_C(0x7FFFFFFF) - cosine + 2) >> 2;
+    constexpr std::uint64_t half = std::uint64_t{1} << 63, quarter = half / 2;
+    const std::uint64_t phase = half / static_cast<std::uint64_t>(whole) * static_cast<std::uint64_t>(part);
+    return (Unity - LookUpSine(GetHiresSineTable(), phase + quarter) + 1) >> 1;
 }
 
 } // namespace
@@ -22,16 +21,18 @@ std::int64_t GetRaisedCosine(std::int64_t part, std::int64_t whole) {
 HiresFade::HiresFade(std::int64_t in, std::int64_t out, std::int64_t length)
     : inFrames(std::clamp<std::int64_t>(in, 0, length / 2)),
       outFrames(length == HiresSource::Endless ? 0 : std::clamp<std::int64_t>(out, 0, length / 2)),
-      outStart(length - outFrames) {}
+      end(length) {}
 
 std::int64_t HiresFade::GetGain(std::int64_t position) const {
+    const std::int64_t toEnd = std::max<std::int64_t>(end - position, 0);
     if (position < inFrames)
         return GetRaisedCosine(position, inFrames);
-    if (outFrames > 0 && position >= outStart)
-        return GetRaisedCosine(std::max<std::int64_t>(outStart + outFrames - position, 0), outFrames);
-    return std::int64_t{1} << 30;
+    return toEnd < outFrames ? GetRaisedCosine(toEnd, outFrames) : Unity;
 }
 
-bool HiresFade::IsFlat(std::int64_t position, std::int64_t count) const {
-    return position >= inFrames && (outFrames == 0 || position + count <= outStart);
+void HiresFade::Apply(std::int64_t position, HiresSums& sums) const {
+    if (position >= inFrames && end - position - HiresBlockFrames >= outFrames)
+        return;
+    for (std::int64_t& sum : sums)
+        sum = static_cast<std::int64_t>(static_cast<__int128>(sum) * GetGain(position++) >> HiresUnityBits);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "hires/block.h"
+
 #include <cstdint>
 
 /// A sound's raised cosine at its beginning and end.
@@ -9,11 +11,11 @@ public:
     /// at most, each.
     HiresFade(std::int64_t in, std::int64_t out, std::int64_t length);
 
-    /// What is left of the frame at `position`; 2^30 is all of it.
-    std::int64_t GetGain(std::int64_t position) const;
-    /// True where all frames from `position` on, `count` of them, stay as they are.
-    bool IsFlat(std::int64_t position, std::int64_t count) const;
+    /// Fades the block that begins at `position`.
+    void Apply(std::int64_t position, HiresSums& sums) const;
 
 private:
-    std::int64_t inFrames, outFrames, outStart;
+    std::int64_t GetGain(std::int64_t position) const;
+
+    std::int64_t inFrames, outFrames, end;
 };

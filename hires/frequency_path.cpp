@@ -2,65 +2,83 @@
 
 #include "hires/exact_math.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 /// Frequencies beyond this part of the rate are brought to it: neither can be heard.
-constexpr double MostOfRate = 4;
-/// Of a logarithmic sweep from one frame to the next.
-constexpr double MostGrowth = 1 << 20;
+constexpr double MostOfRate = 2;
+/// So that 63 bits hold the factor of 64.
+constexpr double MostGrowth = 0.499;
 
 double ToPartOfRate(double hz, int rate) {
     return std::isfinite(hz) ? std::fmin(std::fmax(hz / rate, -MostOfRate), MostOfRate) : 0;
 }
 
-/// value * 2^exponent, truncated; the result is below 2^100.
-__int128 Scale(double value, int exponent) {
+/// value * 2^bits, truncated; the result is below 2^127.
+__int128 Scale(double value, int bits) {
     int places = 0; // all of a double's 53 bits at once, and where they stand
     const auto digits = static_cast<std::int64_t>(std::ldexp(std::frexp(value, &places), 53));
-    places += exponent - 53;
+    places += bits - 53;
     if (places >= 0)
         return static_cast<__int128>(digits) * (static_cast<__int128>(1) << places);
     return places > -64 ? digits >> -places : 0;
 }
 
-/// (value * factor) >> bits for a value below 2^100, a factor below 2^62 and 40 bits at least.
-__int128 MultiplyShifted(__int128 value, std::int64_t factor, int bits) {
-    constexpr int low = 40;
-    const __int128 rest = value & ((static_cast<__int128>(1) << low) - 1);
-    return ((value >> low) * factor >> (bits - low)) + (rest * factor >> bits);
-}
-
 } // namespace
 
-HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind, std::int64_t frames,
+HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind, std::int64_t sweepFrames,
                                        int rate)
-    : start(Scale(ToPartOfRate(startHz, rate), 64 + Fine)),
-      increment(start) {
-    const double from = ToPartOfRate(startHz, rate), to = ToPartOfRate(endHz, rate);
+    : ends{ToPartOfRate(startHz, rate), ToPartOfRate(endHz, rate)},
+      start(Scale(ends[0], HiresPhases::RateBits + FineBits)),
+      move(start),
+      frames(sweepFrames),
+      left(frames) {
+    const double ratio = ends[1] / ends[0];
     if (kind == Sweep::Linear) {
         sweep = kind;
-        step = (Scale(to, 64 + Fine) - start) / frames;
-    } else if (kind == Sweep::Logarithmic && to / from > 0 && std::isfinite(to / from)) {
+        step = (Scale(ends[1], HiresPhases::RateBits + FineBits) - start) / frames;
+    } else if (kind == Sweep::Logarithmic && ratio > 0 && std::isfinite(ratio)) {
         sweep = kind;
-        const double steps = static_cast<double>(frames);
-        const double each =
-            std::fmin(ExactExpLessOne(std::fmin(ExactLog(to / from) / steps, 14)), MostGrowth);
+        const double each = ExactExpLessOne(ExactLog(ratio) / static_cast<double>(frames));
+        const double kept = std::fmin(std::fmax(each, -MostGrowth), MostGrowth);
         int places = 0;
-        std::frexp(each, &places);
-        growthBits = 62 - places;
-        growth = static_cast<std::int64_t>(Scale(each, growthBits));
+        std::frexp(kept, &places);
+        growthShift = std::clamp(-places - 1, 0, 62);
+        growth = static_cast<std::int64_t>(Scale(kept, 64 + growthShift));
     }
 }
 
-double HiresFrequencyPath::GetPartOfRate() const {
-    return std::fabs(static_cast<double>(increment >> Fine)) * 0x1p-64;
+std::uint64_t HiresFrequencyPath::GetIncrement() const {
+    return static_cast<std::uint64_t>(start >> (HiresPhases::RateBits + FineBits - 64));
+}
+
+double HiresFrequencyPath::GetLeast() const {
+    if (IsSteady())
+        return std::fabs(ends[0]);
+    return ends[0] * ends[1] < 0 ? 0 : std::fmin(std::fabs(ends[0]), std::fabs(ends[1]));
+}
+
+double HiresFrequencyPath::GetMost() const {
+    return IsSteady() ? std::fabs(ends[0]) : std::fmax(std::fabs(ends[0]), std::fabs(ends[1]));
 }
 
 void HiresFrequencyPath::MoveOn() {
-    if (sweep == Sweep::Linear)
-        increment += step;
-    else if (sweep == Sweep::Logarithmic)
-        increment += MultiplyShifted(increment, growth, growthBits);
+    const auto rounded = static_cast<std::int64_t>((move + (Wide{1} << (FineBits - 1))) >> FineBits);
+    move += sweep == Sweep::Linear ? step : static_cast<Wide>(rounded) * growth >> growthShift;
+    if (--left > 0)
+        return;
+    move = start;
+    left = frames;
+}
+
+void HiresFrequencyPath::Read(HiresPhases& out) {
+    for (std::size_t i = 0; i < HiresBlockFrames; ++i) {
+        const auto whole = static_cast<std::int64_t>(move >> FineBits);
+        out.phases[i] = phase;
+        out.moves[i] = whole;
+        phase += static_cast<std::uint64_t>(whole) << (64 - HiresPhases::RateBits);
+        MoveOn();
+    }
 }

@@ -1,36 +1,53 @@
 #pragma once
 
+#include "hires/block.h"
+
+#include <array>
 #include <cstdint>
 
+/// Where in its cycle an oscillator is at each frame of a block, and how far it moves then.
+struct HiresPhases {
+    /// What the whole rate is among `moves`.
+    static constexpr int RateBits = 61;
+
+    std::array<std::uint64_t, HiresBlockFrames> phases; ///< 2^64 are a cycle
+    std::array<std::int64_t, HiresBlockFrames> moves;   ///< -2..2 times the rate
+};
+
 /// The frequency of an oscillator from frame to frame: steady, or moving at every frame, in a straight line
-/// or by the same ratio each time. As a phase increment, of which 2^64 are a cycle, with 32 more bits behind
-/// it: a sweep of hours ends within a millionth of a cycle.
+/// or by the same ratio each time, again and again. It has 64 bits more than what moves the phase: a sweep of
+/// hours ends within a millionth of a cycle.
 class HiresFrequencyPath {
 public:
     enum class Sweep { None, Linear, Logarithmic };
 
-    HiresFrequencyPath() = default;
     /// Frequencies may be any number; what is not finite counts as 0. A logarithmic sweep needs two of the
-    /// same sign that are not 0, else the frequency stays where it starts. `frames` is how long the sweep
-    /// takes, at least 1.
+    /// same sign that are not 0, else the frequency stays where it starts; from one frame to the next it
+    /// moves by half of itself at most. `frames` is how long the sweep takes, at least 1; then it begins
+    /// anew, but the phase goes on.
     HiresFrequencyPath(double startHz, double endHz, Sweep sweep, std::int64_t frames, int rate);
 
-    /// What to add to the phase for the next frame.
-    std::uint64_t GetIncrement() const { return static_cast<std::uint64_t>(increment >> Fine); }
-    /// The same as a part of the rate, -0.5..0.5 for what can be heard, without the sign.
-    double GetPartOfRate() const;
-    void MoveOn();
-    /// Back to the start.
-    void Restart() { increment = start; }
     bool IsSteady() const { return sweep == Sweep::None; }
+    /// What to add to the phase for each frame where it is steady.
+    std::uint64_t GetIncrement() const;
+    /// The lowest and the highest frequency, without the sign, as a part of the rate.
+    double GetLeast() const;
+    double GetMost() const;
+    /// The next block.
+    void Read(HiresPhases& out);
 
 private:
     using Wide = __int128;
-    static constexpr int Fine = 32;
+    static constexpr int FineBits = 64; ///< behind those of `HiresPhases::moves`
 
-    Wide start = 0, increment = 0;
+    void MoveOn();
+
     Sweep sweep = Sweep::None;
-    Wide step = 0;           ///< linear: added each time
-    std::int64_t growth = 0; ///< logarithmic: growth / 2^growthBits of the increment is added each time
-    int growthBits = 0;
+    std::array<double, 2> ends; ///< parts of the rate
+    Wide start, move;
+    std::uint64_t phase = 0;
+    std::int64_t frames, left; ///< of the sweep
+    Wide step = 0;             ///< linear: added each time
+    std::int64_t growth = 0;   ///< logarithmic: growth / 2^(64 + growthShift) of the move is added each time
+    int growthShift = 0;
 };

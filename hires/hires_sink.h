@@ -7,6 +7,9 @@
 /// Takes frames of the high-resolution engine, at the scale of `HiresSource`, one after the other.
 class HiresSink {
 public:
+    /// So many frames at once are written fastest: pieces of less than 64 KiB cost the system twice as much.
+    static constexpr int BlockFrames = 32768;
+
     HiresSink() = default;
     HiresSink(const HiresSink&) = delete;
     HiresSink& operator=(const HiresSink&) = delete;

@@ -9,8 +9,9 @@
 namespace {
 
 struct Entry {
-    std::string file;        ///< empty for a silence
-    std::int64_t length = 0; ///< in frames
+    std::string file;         ///< empty for a silence
+    std::int64_t length = 0;  ///< in frames
+    HiresSourcePtr waiting{}; ///< of a sound file
 };
 
 bool IsTone(const std::string& file) {
@@ -19,12 +20,10 @@ bool IsTone(const std::string& file) {
 
 class HiresListSource : public HiresSource {
 public:
-    HiresListSource(std::vector<Entry> all, int channelCount, const HiresSettings& toneSettings,
-                    const HiresFileOpener& opener)
+    HiresListSource(std::vector<Entry> all, int channelCount, const HiresSettings& toneSettings)
         : HiresSource(toneSettings.rate, channelCount),
           entries(std::move(all)),
-          settings(toneSettings),
-          openFile(opener) {
+          settings(toneSettings) {
         for (const Entry& each : entries)
             length = each.length == Endless || length == Endless ? Endless : length + each.length;
     }
@@ -36,28 +35,26 @@ private:
     void OpenNext();
     void ReadCurrent(std::int32_t* out, int frames);
 
-    const std::vector<Entry> entries;
+    std::vector<Entry> entries;
     const HiresSettings settings;
-    const HiresFileOpener openFile;
     std::int64_t length = 0;
     std::size_t next = 0;
     HiresSourcePtr current; ///< null while a silence plays
     std::int64_t left = 0;  ///< of the current entry
 };
 
-HiresTone OpenEntry(const std::string& file, const HiresSettings& settings, const HiresFileOpener& openFile) {
-    if (!IsTone(file))
-        return openFile(file, settings.rate);
+/// Null for a silence, and for a tone that can't be read any more.
+HiresSourcePtr OpenEntry(Entry& entry, const HiresSettings& settings) {
     SonvireData tone;
-    if (LFailure failure = tone.ReadFromFile(file.c_str()))
-        return {.source = nullptr, .failure = std::move(failure)};
-    return OpenHiresTone(tone, settings);
+    if (entry.waiting || entry.file.empty() || tone.ReadFromFile(entry.file.c_str()))
+        return std::move(entry.waiting);
+    return OpenHiresTone(tone, settings).source;
 }
 
 void HiresListSource::OpenNext() {
-    const Entry& entry = entries[next++];
+    Entry& entry = entries[next++];
     left = entry.length;
-    current = entry.file.empty() ? nullptr : OpenEntry(entry.file, settings, openFile).source;
+    current = OpenEntry(entry, settings);
     if (current && current->channels > channels)
         current = nullptr;
 }
@@ -114,7 +111,7 @@ public:
         if (peak > 0 && !settings.fit)
             return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
         settings.level -= std::max(peak, 0.0);
-        return {.source = std::make_unique<HiresListSource>(std::move(entries), channels, settings, openFile),
+        return {.source = std::make_unique<HiresListSource>(std::move(entries), channels, settings),
                 .peak = std::min(peak, 0.0),
                 .loweredDb = std::max(peak, 0.0)};
     }
@@ -127,16 +124,18 @@ private:
         SonvireData tone;
         if (tone.ReadFromFile(entry.file.c_str()) || tone.IsList())
             return;
-        HiresSettings fitting = settings;
-        fitting.fit = true;
-        peak = std::max(peak, MeasureHiresPeak(tone, settings));
-        AddOpened(entry.file, OpenHiresTone(tone, fitting));
+        const HiresToneFacts facts = MeasureHiresTone(tone, settings);
+        peak = std::max(peak, facts.peak);
+        channels = std::max(channels, facts.channels);
+        entries.push_back({.file = entry.file, .length = facts.length});
     }
-    void AddOpened(const std::string& file, const HiresTone& opened) {
+    void AddOpened(const std::string& file, HiresTone opened) {
         if (!opened.source)
             return;
         channels = std::max(channels, opened.source->channels);
         entries.push_back({.file = file, .length = opened.source->GetLength()});
+        if (!IsTone(file))
+            entries.back().waiting = std::move(opened.source);
     }
 
     HiresSettings settings;

@@ -6,8 +6,7 @@
 #include <functional>
 #include <string>
 
-/// Opens a sound file at a rate; called by the thread that reads the list, once the file's turn has come, and
-/// before that for its length.
+/// Opens a sound file at a rate, as a source that holds next to nothing until it is read.
 using HiresFileOpener = std::function<HiresTone(const std::string& path, int rate)>;
 
 /// Opens a list, given as what was found in it: tones, files and silences one after the other, each tone with

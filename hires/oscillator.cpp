@@ -1,134 +1,233 @@
 #include "hires/oscillator.h"
 
+#include "hires/exact_math.h"
 #include "hires/sine_table.h"
-#include "tone/tone_data.h"
+#include "hires/steady_sine.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+#include <cstdlib>
+#include <limits>
+#include <vector>
 
 namespace {
 
-/// A sweep fades a harmonic out over this part of the last way to half the rate, as seen from the lowest.
-constexpr double FadeSteepness = 64;
-constexpr int SineBits = 31, TableBits = 30, GainBits = 31, SumBits = 52;
-/// In which the harmonics of a pulse are counted, so that a table holds all that there may be.
-constexpr int PulseBits = 13;
+/// Sweeping harmonics fade out from this part of half the rate on, a sine from nearer to it.
+constexpr double FadeStart = 0.9, SineFadeStart = 0.985;
 
-double GetSquare(int harmonic) {
-    return harmonic % 2 != 0 ? 4 / (std::numbers::pi * harmonic) : 0;
+std::int64_t ToGain(double amplitude) {
+    return RoundToBits(std::fmin(amplitude, 1), HiresUnityBits);
 }
 
-double GetTriangle(int harmonic) {
-    if (harmonic % 2 == 0)
-        return 0;
-    const double size = 8 / (std::numbers::pi * std::numbers::pi * harmonic * harmonic);
-    return harmonic % 4 == 1 ? size : -size;
+/// How many harmonics lie wholly below half the rate.
+int CountHarmonics(double partOfRate) {
+    constexpr double most = HiresWaveTable::Most;
+    return static_cast<int>(partOfRate > 0 ? std::fmin(std::ceil(0.5 / partOfRate) - 1, most) : most);
 }
 
-double GetSaw(int harmonic) {
-    const double size = 2 / (std::numbers::pi * harmonic);
-    return harmonic % 2 != 0 ? size : -size;
+double ToPartOfRate(std::int64_t move) {
+    return std::fabs(static_cast<double>(move)) * (1.0 / (std::int64_t{1} << HiresPhases::RateBits));
 }
 
-/// With every second one turned round, pulses stand in the middle of their cycles, whole from the first on.
-double GetPulse(int harmonic) {
-    return (harmonic % 2 != 0 ? -1.0 : 1.0) / (1 << PulseBits);
+/// How much is heard of what sweeps at this part of the rate.
+double GetPresence(double partOfRate, double fadeStart) {
+    const double left = std::clamp((1 - 2 * partOfRate) / (1 - fadeStart), 0.0, 1.0);
+    return left * left * (3 - 2 * left);
 }
 
-constexpr HiresSpectrum Square{GetSquare, 0}, Triangle{GetTriangle, 0}, Saw{GetSaw, 0},
-    Pulse{GetPulse, HiresHarmonics::Entries / 4};
-
-/// In the order of their codes. The most that partial sums of a square reach is its first one, of a saw the
-/// Wilbraham-Gibbs constant.
-constexpr HiresWaveform Waveforms[] = {{nullptr, 1, false},
-                                       {&Square, 4 / std::numbers::pi, false},
-                                       {&Triangle, 1, false},
-                                       {&Saw, 1.17898, false},
-                                       {&Pulse, 1.5, true}};
-
-} // namespace
-
-const HiresWaveform* HiresWaveform::Find(unsigned int code) {
-    return code < std::size(Waveforms) ? &Waveforms[code] : nullptr;
-}
-
-namespace {
-
-/// How many harmonics lie below half the rate, and a part of the next one.
-double CountHarmonics(double partOfRate) {
-    return partOfRate > 0 ? 0.5 / partOfRate : HiresHarmonics::Most + 1.0;
-}
-
-/// Those that are wholly below.
-int CountWhole(double harmonics) {
-    return static_cast<int>(std::fmin(std::ceil(harmonics) - 1, HiresHarmonics::Most));
-}
-
-} // namespace
-
-HiresOscillator::HiresOscillator(const HiresWaveform& of, const HiresFrequencyPath& frequency, double peak)
-    : waveform(of),
-      path(frequency),
-      amplitude(peak),
-      gain(static_cast<std::int64_t>(std::floor(peak * (std::int64_t{1} << GainBits) + 0.5))) {
-    if (waveform.spectrum)
-        harmonics.emplace(*waveform.spectrum);
-    if (path.IsSteady() && CountWhole(CountHarmonics(path.GetPartOfRate())) == 0)
-        gain = 0;
-    else if (path.IsSteady() && harmonics)
-        harmonics->SetHighest(CountWhole(CountHarmonics(path.GetPartOfRate())));
-}
-
-double HiresOscillator::GetPeak() const {
-    if (!path.IsSteady() || !harmonics || waveform.isPulse)
-        return gain == 0 ? 0 : amplitude * waveform.peak;
-    return amplitude * harmonics->GetPeak() / HiresHarmonics::Unity;
-}
-
-void HiresOscillator::Add(std::int64_t* sums, int stride, int frames) {
-    const HiresSineTable& sine = GetHiresSineTable();
-    if (!harmonics && path.IsSteady())
-        AddEach(sums, stride, frames, [&] { return LookUpSine(sine, phase) >> (SineBits - TableBits); });
-    else if (!harmonics)
-        AddEach(sums, stride, frames,
-                [&] { return Fade(LookUpSine(sine, phase) >> (SineBits - TableBits)); });
-    else if (path.IsSteady())
-        AddEach(sums, stride, frames, [&] { return ScalePulse(harmonics->LookUp(phase)); });
-    else
-        AddEach(sums, stride, frames, [&] { return ScalePulse(GetSweepingShape()); });
-}
-
-template <class Value>
-void HiresOscillator::AddEach(std::int64_t* sums, int stride, int frames, Value value) {
-    for (int i = 0; i < frames; ++i) {
-        sums[i * stride] += value() * gain >> (TableBits + GainBits - SumBits);
-        phase += path.GetIncrement();
-        path.MoveOn();
+/// The frequencies of a block, without their signs, as parts of the rate.
+struct Range {
+    explicit Range(const HiresPhases& of) {
+        std::int64_t low = std::numeric_limits<std::int64_t>::max(), high = 0;
+        for (const std::int64_t move : of.moves) {
+            low = std::min(low, std::abs(move));
+            high = std::max(high, std::abs(move));
+        }
+        least = ToPartOfRate(low);
+        most = ToPartOfRate(high);
     }
+
+    double least, most;
+};
+
+/// What a table of a steady tone is multiplied by, and what is added: the harmonics of a pulse are as large
+/// as twice the part of the rate, and beside them stands half of that.
+struct TableScale {
+    TableScale(const HiresWaveform& waveform, double partOfRate)
+        : factor(waveform.isPulse ? 2 * partOfRate * CountHarmonics(partOfRate) : 1),
+          offset(waveform.isPulse ? partOfRate : 0) {}
+
+    double factor, offset;
+};
+
+class SteadySine : public HiresOscillator {
+public:
+    SteadySine(std::uint64_t increment, double peak) : sine(increment, peak) {}
+
+    void Add(HiresSums& sums) override { sine.Add(sums); }
+
+private:
+    HiresSteadySine sine;
+};
+
+class SweepingSine : public HiresOscillator {
+public:
+    SweepingSine(const HiresFrequencyPath& sweep, double peak) : amplitude(peak), path(sweep) {}
+
+    void Add(HiresSums& sums) override {
+        const HiresSineTable& table = GetHiresSineTable();
+        const std::int64_t gain = ToGain(amplitude);
+        HiresPhases now;
+        path.Read(now);
+        const bool isWhole = GetPresence(Range(now).most, SineFadeStart) == 1;
+        for (std::size_t i = 0; i < HiresBlockFrames; ++i)
+            sums[i] += LookUpSine(table, now.phases[i]) * (isWhole ? gain : Fade(now.moves[i]));
+    }
+
+private:
+    std::int64_t Fade(std::int64_t move) const {
+        return ToGain(amplitude * GetPresence(ToPartOfRate(move), SineFadeStart));
+    }
+
+    double amplitude;
+    HiresFrequencyPath path;
+};
+
+class SteadyShape : public HiresOscillator {
+public:
+    SteadyShape(const HiresWaveTable& of, const TableScale& scale, std::uint64_t perFrame, double amplitude)
+        : table(of),
+          gain(ToGain(amplitude * scale.factor)),
+          offset(RoundToBits(amplitude * scale.offset, HiresSumBits)),
+          increment(perFrame) {}
+
+    void Add(HiresSums& sums) override {
+        for (std::int64_t& sum : sums) {
+            sum += table.LookUp(phase) * gain + offset;
+            phase += increment;
+        }
+    }
+
+private:
+    const HiresWaveTable& table;
+    std::int64_t gain, offset;
+    std::uint64_t increment, phase = 0;
+};
+
+/// Adds the harmonics up to one table to those up to the table before, each as far as it is heard: one by one
+/// up to 16, and of more, an eighth at once.
+class SweepingShape : public HiresOscillator {
+public:
+    SweepingShape(const HiresWaveform& of, const HiresFrequencyPath& sweep, double peak,
+                  HiresWaveTables& tables)
+        : waveform(of),
+          gain(ToGain(peak)),
+          path(sweep) {
+        const int most = CountHarmonics(path.GetLeast());
+        for (int harmonics = 0; harmonics <= most; harmonics += std::max(1, harmonics / 8)) {
+            if (GetPresence(path.GetMost() * harmonics, FadeStart) == 1)
+                levels.clear();
+            levels.push_back({harmonics, nullptr});
+        }
+        for (Level& each : levels)
+            each.table = &tables.Get(each.harmonics);
+    }
+
+    void Add(HiresSums& sums) override;
+
+private:
+    struct Level {
+        int harmonics;
+        const HiresWaveTable* table;
+    };
+    using Place = std::vector<Level>::const_iterator;
+
+    Place FindWhole(double partOfRate) const;
+    bool IsOneTable(const Range& range) const;
+    double GetShape(std::uint64_t phase, double partOfRate) const;
+    double GetShape(const Level& level, std::uint64_t phase, double partOfRate) const;
+
+    const HiresWaveform& waveform;
+    std::int64_t gain;
+    HiresFrequencyPath path;
+    std::vector<Level> levels; ///< by their harmonics; the first one is always whole
+};
+
+/// The highest one whose harmonics are all heard in full.
+SweepingShape::Place SweepingShape::FindWhole(double partOfRate) const {
+    return std::partition_point(levels.begin() + 1, levels.end(),
+                                [partOfRate](const Level& level) {
+                                    return GetPresence(partOfRate * level.harmonics, FadeStart) == 1;
+                                }) -
+           1;
 }
 
-/// The highest harmonic that sounds fades out, so that it doesn't break off where it reaches half the rate.
-std::int64_t HiresOscillator::Fade(std::int64_t value) const {
-    const double count = CountHarmonics(path.GetPartOfRate());
-    const double left = std::fmin((count - std::floor(count)) * FadeSteepness, 1);
-    return count < 1 ? 0 : static_cast<std::int64_t>(static_cast<double>(value) * left);
+bool SweepingShape::IsOneTable(const Range& range) const {
+    const Place next = FindWhole(range.most) + 1;
+    return next == levels.end() || GetPresence(range.least * next->harmonics, FadeStart) == 0;
 }
 
-std::int64_t HiresOscillator::GetSweepingShape() {
-    const double count = CountHarmonics(path.GetPartOfRate());
-    const int highest = static_cast<int>(std::fmin(count, HiresHarmonics::Most));
-    if (highest == 0)
-        return 0;
-    harmonics->SetHighest(highest - 1);
-    return harmonics->LookUp(phase) + Fade(harmonics->LookUpHarmonic(highest, phase));
-}
-
-/// The harmonics of pulses are as large as the part of the rate that their frequency is, twice, and beside
-/// them stands half of that.
-std::int64_t HiresOscillator::ScalePulse(std::int64_t value) const {
-    if (!waveform.isPulse)
+/// Of a pulse, with the constant half a harmonic that belongs to it.
+double SweepingShape::GetShape(const Level& level, std::uint64_t phase, double partOfRate) const {
+    const double value = level.table->LookUp(phase);
+    if (!waveform.isPulse || level.harmonics == 0)
         return value;
-    const auto part = static_cast<std::int64_t>(path.GetPartOfRate() * (std::int64_t{1} << TableBits));
-    return (value * part >> (TableBits - PulseBits - 1)) + part;
+    return (2 * value * level.harmonics + (1 << HiresUnityBits)) * partOfRate;
+}
+
+double SweepingShape::GetShape(std::uint64_t phase, double partOfRate) const {
+    Place level = FindWhole(partOfRate);
+    double below = GetShape(*level, phase, partOfRate), sum = below;
+    while (++level != levels.end()) {
+        const double presence = GetPresence(partOfRate * level->harmonics, FadeStart);
+        if (presence == 0)
+            break;
+        const double value = GetShape(*level, phase, partOfRate);
+        sum += (value - below) * presence;
+        below = value;
+    }
+    return sum;
+}
+
+void SweepingShape::Add(HiresSums& sums) {
+    HiresPhases now;
+    path.Read(now);
+    const Range range(now);
+    const HiresWaveTable& one = *FindWhole(range.most)->table;
+    const bool isOne = !waveform.isPulse && IsOneTable(range);
+    for (std::size_t i = 0; i < HiresBlockFrames; ++i)
+        sums[i] +=
+            gain * (isOne ? one.LookUp(now.phases[i])
+                          : static_cast<std::int64_t>(GetShape(now.phases[i], ToPartOfRate(now.moves[i]))));
+}
+
+} // namespace
+
+double HiresOscillator::FindPeak(const HiresWaveform& waveform, const HiresFrequencyPath& path,
+                                 HiresWaveTables& tables) {
+    const double lowest = path.GetLeast();
+    if (lowest >= 0.5)
+        return 0;
+    if (waveform.IsSine())
+        return 1;
+    if (!path.IsSteady())
+        return waveform.isPulse ? 1 + std::fmin(path.GetMost(), 0.5) : waveform.peak;
+    const TableScale scale(waveform, lowest);
+    return scale.factor * tables.Get(CountHarmonics(lowest)).GetPeak() + scale.offset;
+}
+
+std::unique_ptr<HiresOscillator> HiresOscillator::Make(const HiresWaveform& waveform,
+                                                       const HiresFrequencyPath& path, double amplitude,
+                                                       HiresWaveTables& tables) {
+    const double lowest = path.GetLeast();
+    if (lowest >= 0.5)
+        amplitude = 0;
+    if (waveform.IsSine() && path.IsSteady())
+        return std::make_unique<SteadySine>(path.GetIncrement(), amplitude);
+    if (waveform.IsSine())
+        return std::make_unique<SweepingSine>(path, amplitude);
+    if (path.IsSteady())
+        return std::make_unique<SteadyShape>(tables.Get(CountHarmonics(lowest)), TableScale(waveform, lowest),
+                                             path.GetIncrement(), amplitude);
+    return std::make_unique<SweepingShape>(waveform, path, amplitude, tables);
 }

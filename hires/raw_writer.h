@@ -2,7 +2,7 @@
 
 #include "hires/file_kind.h"
 #include "hires/hires_sink.h"
-#include "hires/quantizer.h"
+#include "hires/packer.h"
 #include "sys/file.h"
 #include "sys/write_pace.h"
 
@@ -22,8 +22,7 @@ private:
     LOpenFile file;
     LWritePace pace;
     HiresFileFormat format;
-    HiresQuantizer quantizer;
-    std::vector<std::int32_t> quantized;
-    std::vector<char> packed;
+    HiresPacker packer;
+    std::vector<char> packed; ///< what is written next
     LFailure failure;
 };

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "hires/block.h"
+
 #include <array>
 #include <cstdint>
 
-/// One cycle of a sine in steps of a 32768th, and its first entry once more: 2^31 - 1 is 1.
+/// One cycle of a sine in steps of a 32768th, and its first entry once more: 2^`HiresUnityBits` is 1.
 using HiresSineTable = std::array<std::int32_t, 32768 + 1>;
 
 /// Filled by the first who asks, and never changed: any thread may read it.

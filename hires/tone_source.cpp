@@ -2,164 +2,113 @@
 
 #include "hires/exact_math.h"
 #include "hires/fade.h"
-#include "hires/noise.h"
 #include "hires/oscillator.h"
-#include "sound/level.h"
-#include "tone/waveforms.h"
+#include "hires/pink_noise.h"
+#include "hires/tone_parts.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <numbers>
 #include <optional>
-#include <vector>
 
 namespace {
 
-constexpr int SumBits = 52, SampleBits = 31, FadeBits = 30;
-constexpr int BlockFrames = 512;
+using Block = std::array<std::int32_t, HiresBlockFrames>;
 
-/// What noise of 0 dB is beside the peak of a sine of 0 dB, so that it is as loud as in the standard quality:
-/// there, white noise has twice that peak, and pink noise at 1 kHz the density of white noise of 1.08 times
-/// the peak at 44100 Hz.
-constexpr double WhitePeak = 2, PinkDensity = 1.08;
-/// Pink noise beside the white noise that it is made of stays below this, which is 6.5 times its root mean
-/// square.
-constexpr double PinkPeak = 1.45;
-
-std::int64_t ToFrames(double ms, int rate) {
-    return static_cast<std::int64_t>(std::fmin(std::fmax(ms, 0), 1e12) * rate / 1000 + 0.5);
+/// Looks first whether any sum is beyond full scale, as none should be: that alone is fast.
+void RoundToSamples(HiresSums& sums, Block& out) {
+    constexpr int bits = HiresSumBits - 31;
+    constexpr std::int64_t most = std::int64_t{INT32_MAX} << bits;
+    std::int64_t room = 0; // negative where there is none
+    for (const std::int64_t sum : sums)
+        room |= (most - sum) | (most + sum);
+    if (room < 0)
+        for (std::int64_t& sum : sums)
+            sum = std::clamp(sum, -most, most);
+    for (std::size_t i = 0; i < HiresBlockFrames; ++i)
+        out[i] = static_cast<std::int32_t>(static_cast<std::uint64_t>(sums[i] + (1 << (bits - 1))) >> bits);
 }
 
-/// Components and noise, added up.
+/// Components and noise, added up block by block.
 class HiresToneSource : public HiresSource {
 public:
-    HiresToneSource(const SonvireData& tone, const HiresSettings& settings)
-        : HiresSource(settings.rate, tone.HasComponents() && tone.HasFlag(ToneFlagStereo) ? 2 : 1),
-          pass(tone.HasFlag(ToneFlagDuration) ? ToFrames(tone.durationMs, settings.rate) : Endless),
-          length(tone.repeat != 0 || pass == 0 ? Endless : pass),
-          fade(ToFrames(settings.fadeInMs, settings.rate), ToFrames(settings.fadeOutMs, settings.rate),
-               length),
-          amplitude(ExactAmplitude(settings.level)) {
-        if (tone.HasComponents())
-            AddComponents(tone);
-        else
-            AddNoise(tone, settings.seed);
-    }
+    HiresToneSource(HiresToneParts&& toneParts, const HiresSettings& settings);
 
     void Read(std::int32_t* out, int frames) override;
-    std::int64_t GetLength() const override { return length; }
-
-    /// The most that it reaches, full scale being 1.
-    double GetPeak() const;
+    std::int64_t GetLength() const override { return parts.length; }
 
 private:
-    void AddComponents(const SonvireData& tone);
-    void AddNoise(const SonvireData& tone, std::uint64_t seed);
-    void ReadBlock(std::int32_t* out, int frames);
-    void RestartSweeps();
+    void MakeBlock();
+    void MakeChannel(std::size_t channel);
 
-    const std::int64_t pass; ///< how long a sweep, and a pass of a loop, takes
-    const std::int64_t length;
+    const HiresToneParts parts;
     const HiresFade fade;
-    const double amplitude; ///< of a sine's peak at 0 dB, full scale being 1
-    std::array<std::vector<HiresOscillator>, 2> oscillators;
-    std::optional<HiresNoise> noise;
-    double noisePeak = 0;
-    std::int64_t position = 0;
+    std::array<std::vector<std::unique_ptr<HiresOscillator>>, 2> oscillators;
+    std::optional<HiresWhiteNoise> white;
+    std::optional<HiresPinkNoise> pink;
+    std::int64_t made = 0;       ///< frames, of whole blocks
+    std::array<Block, 2> blocks; ///< one for each channel
+    int left = 0;                ///< frames at their ends
 };
 
-void HiresToneSource::AddComponents(const SonvireData& tone) {
-    using Sweep = HiresFrequencyPath::Sweep;
-    const HiresWaveform* waveform = HiresWaveform::Find(tone.waveform);
-    if (!waveform)
-        return;
-    const bool sweeps = tone.HasFlag(ToneFlagSweep) && pass != Endless && pass > 0;
-    const Sweep sweep = !sweeps                          ? Sweep::None
-                        : tone.HasFlag(ToneFlagLogSweep) ? Sweep::Logarithmic
-                                                         : Sweep::Linear;
-    const double peak = amplitude * GetWaveformPeak(tone.waveform) / GetWaveformPeak(ToneSine);
-    const double* const starts[] = {tone.startLeftHz, tone.startRightHz};
-    const double* const ends[] = {tone.endLeftHz, tone.endRightHz};
-    for (std::size_t c = 0; c < static_cast<std::size_t>(channels); ++c) {
-        for (unsigned int i = 0; i < tone.GetToneCount(); ++i) {
-            const int db = tone.HasFlag(ToneFlagVariableAmplitude) ? tone.amplitudeDb[i] : 0;
-            if (db > LDB::Silence)
-                oscillators[c].emplace_back(*waveform,
-                                            HiresFrequencyPath(starts[c][i], ends[c][i], sweep, pass, rate),
-                                            peak * ExactAmplitude(db));
-        }
-    }
-}
-
-void HiresToneSource::AddNoise(const SonvireData& tone, std::uint64_t seed) {
-    if (tone.waveform == ToneWhiteNoise) {
-        noisePeak = amplitude * WhitePeak;
-        noise.emplace(HiresColour::White, rate, noisePeak, seed);
-    } else if (tone.waveform == TonePinkNoise) {
-        const double white = amplitude * PinkDensity * std::sqrt(rate / 44100.0);
-        noisePeak = white * PinkPeak;
-        noise.emplace(HiresColour::Pink, rate, white, seed);
-    }
-}
-
-double HiresToneSource::GetPeak() const {
-    double peak = noisePeak;
-    for (const auto& channel : oscillators) {
-        double sum = 0;
-        for (const HiresOscillator& each : channel)
-            sum += each.GetPeak();
-        peak = std::max(peak, sum);
-    }
-    return peak;
+HiresToneSource::HiresToneSource(HiresToneParts&& toneParts, const HiresSettings& settings)
+    : HiresSource(toneParts.rate, toneParts.channels),
+      parts(std::move(toneParts)),
+      fade(CountHiresFrames(settings.fadeInMs, rate), CountHiresFrames(settings.fadeOutMs, rate),
+           parts.length) {
+    const double level = ExactAmplitude(settings.level);
+    for (std::size_t c = 0; c < oscillators.size(); ++c)
+        for (const auto& [path, amplitude] : parts.components[c])
+            oscillators[c].push_back(
+                HiresOscillator::Make(*parts.waveform, path, level * amplitude, *parts.tables));
+    if (parts.noise == HiresToneParts::Noise::White)
+        white.emplace(level * parts.noiseAmplitude, settings.seed);
+    else if (parts.noise == HiresToneParts::Noise::Pink)
+        pink.emplace(rate, level * parts.noiseAmplitude, settings.seed);
 }
 
 void HiresToneSource::Read(std::int32_t* out, int frames) {
     while (frames > 0) {
-        const std::int64_t toSeam = pass == Endless || pass == 0 ? BlockFrames : pass - position % pass;
-        const int count = static_cast<int>(std::min<std::int64_t>({frames, BlockFrames, toSeam}));
-        ReadBlock(out, count);
-        position += count;
-        if (count == toSeam && length == Endless)
-            RestartSweeps();
+        if (left == 0)
+            MakeBlock();
+        const int count = std::min(frames, left);
+        const std::int32_t* const from[] = {blocks[0].end() - left, blocks[1].end() - left};
+        if (channels == 1)
+            std::copy_n(from[0], count, out);
+        else
+            for (std::ptrdiff_t i = 0; i < count; ++i) {
+                out[2 * i] = from[0][i];
+                out[2 * i + 1] = from[1][i];
+            }
         out += std::ptrdiff_t{count} * channels;
+        left -= count;
         frames -= count;
     }
 }
 
-void HiresToneSource::ReadBlock(std::int32_t* out, int frames) {
-    std::array<std::int64_t, 2 * BlockFrames> sums{};
-    if (position < length) {
-        for (int c = 0; c < channels; ++c)
-            for (HiresOscillator& each : oscillators[static_cast<std::size_t>(c)])
-                each.Add(&sums[static_cast<std::size_t>(c)], channels, frames);
-        if (noise)
-            noise->Add(sums.data(), channels, frames);
+void HiresToneSource::MakeBlock() {
+    const std::int64_t toEnd = std::clamp<std::int64_t>(parts.length - made, 0, HiresBlockFrames);
+    for (std::size_t c = 0; c < static_cast<std::size_t>(channels); ++c) {
+        if (toEnd > 0)
+            MakeChannel(c);
+        std::fill(blocks[c].begin() + toEnd, blocks[c].end(), 0);
     }
-    constexpr std::int64_t half = std::int64_t{1} << (SumBits - SampleBits - 1), most = INT32_MAX;
-    const bool flat = fade.IsFlat(position, frames);
-    for (int i = 0; i < frames * channels; ++i) {
-        std::int64_t sum = sums[static_cast<std::size_t>(i)];
-        if (!flat)
-            sum = static_cast<std::int64_t>(
-                static_cast<__int128>(sum) * fade.GetGain(position + i / channels) >> FadeBits);
-        out[i] = static_cast<std::int32_t>(std::clamp((sum + half) >> (SumBits - SampleBits), -most, most));
-    }
+    made += HiresBlockFrames;
+    left = HiresBlockFrames;
 }
 
-void HiresToneSource::RestartSweeps() {
-    for (auto& channel : oscillators)
-        for (HiresOscillator& each : channel)
-            each.RestartSweep();
-}
-
-/// In millionths of a dB, so that what is full scale but for rounding is full scale.
-double ToDb(double factor) {
-    if (factor <= 0)
-        return -std::numeric_limits<double>::infinity();
-    return std::floor(ExactLog(factor) * (20 / std::numbers::ln10) * 1e6 + 0.5) / 1e6;
+void HiresToneSource::MakeChannel(std::size_t channel) {
+    HiresSums sums{};
+    for (const auto& each : oscillators[channel])
+        each->Add(sums);
+    if (white)
+        white->Add(sums);
+    if (pink)
+        pink->Add(sums);
+    fade.Apply(made, sums);
+    RoundToSamples(sums, blocks[channel]);
 }
 
 std::string DescribeLevel(double db) {
@@ -168,25 +117,34 @@ std::string DescribeLevel(double db) {
     return text;
 }
 
+/// In millionths of a dB, so that what is full scale but for rounding is full scale.
+double FindPeakDb(const HiresToneParts& parts, double level) {
+    const double factor = parts.FindPeak();
+    if (factor <= 0)
+        return -std::numeric_limits<double>::infinity();
+    return std::floor((ExactLog(factor) * (20 / std::numbers::ln10) + level) * 1e6 + 0.5) / 1e6;
+}
+
 } // namespace
 
-double MeasureHiresPeak(const SonvireData& tone, const HiresSettings& settings) {
-    return ToDb(HiresToneSource(tone, settings).GetPeak());
+HiresToneFacts MeasureHiresTone(const SonvireData& tone, const HiresSettings& settings) {
+    const HiresToneParts parts(tone, settings.rate);
+    return {parts.channels, parts.length, FindPeakDb(parts, settings.level)};
 }
 
 LFailure ExplainHiresExcess(double level, double peak) {
-    return "would exceed full scale by " + DescribeLevel(peak) + " dB; a level of " +
+    return "would exceed full scale by " + DescribeLevel(std::ceil(peak * 100) / 100) + " dB; a level of " +
            DescribeLevel(std::floor((level - peak) * 100) / 100) + " dBFS fits";
 }
 
 HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings) {
-    auto source = std::make_unique<HiresToneSource>(tone, settings);
-    const double peak = ToDb(source->GetPeak());
-    if (peak <= 0)
-        return {.source = std::move(source), .peak = peak};
-    if (!settings.fit)
+    HiresToneParts parts(tone, settings.rate);
+    const double peak = FindPeakDb(parts, settings.level), excess = std::fmax(peak, 0);
+    if (excess > 0 && !settings.fit)
         return {.source = nullptr, .failure = ExplainHiresExcess(settings.level, peak)};
     HiresSettings fitting = settings;
-    fitting.level -= peak;
-    return {.source = std::make_unique<HiresToneSource>(tone, fitting), .peak = 0, .loweredDb = peak};
+    fitting.level -= excess;
+    return {.source = std::make_unique<HiresToneSource>(std::move(parts), fitting),
+            .peak = peak - excess,
+            .loweredDb = excess};
 }

@@ -17,8 +17,13 @@ struct HiresTone {
 /// Frequencies beyond half the rate are silent, and a looped tone starts its sweep anew with each pass.
 HiresTone OpenHiresTone(const SonvireData& tone, const HiresSettings& settings);
 
-/// The most that a tone reaches, in dBFS; -infinity for silence.
-double MeasureHiresPeak(const SonvireData& tone, const HiresSettings& settings);
+/// What a tone will be once it is opened.
+struct HiresToneFacts {
+    int channels;
+    std::int64_t length; ///< as `HiresSource::GetLength`
+    double peak;         ///< the most that it reaches, in dBFS; -infinity for silence
+};
+HiresToneFacts MeasureHiresTone(const SonvireData& tone, const HiresSettings& settings);
 
 /// Says what exceeds full scale by `peak` dB at this level, and which level fits.
 LFailure ExplainHiresExcess(double level, double peak);

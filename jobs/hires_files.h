@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hires/file_facts.h"
 #include "hires/file_kind.h"
 #include "hires/file_tags.h"
 #include "hires/hires_sink.h"
@@ -17,6 +18,9 @@
 /// Parts that are left open are the file's own. `news` is told what happens to it while it is read.
 HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
                         const std::shared_ptr<LSourceNews>& news);
+
+/// What a file tells of itself.
+HiresFileFacts ReadSoundFileFacts(const std::string& path);
 
 /// What a sound is written to, or why it can't be.
 struct SoundFileOutput {

@@ -4,9 +4,12 @@
 #include "hires/list_source.h"
 #include "hires/loop_source.h"
 #include "jobs/hires_files.h"
+#include "jobs/hires_lists.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -38,12 +41,23 @@ HiresSettings AtRate(HiresSettings settings, int rate) {
     return settings;
 }
 
+/// One that was there at first may be lost once its turn has come.
+HiresTone OpenEntry(const ToneListReport& report, const std::string& path, int rate) {
+    HiresTone opened = OpenSoundFile(path, rate, {}, report.news);
+    const auto wasUsable = [&path](const ToneListEntry& entry) {
+        return entry.file == path && entry.problem.empty();
+    };
+    if (!opened.source && std::any_of(report.entries.begin(), report.entries.end(), wasUsable))
+        report.news->Tell({path, "can't be read any more"});
+    return opened;
+}
+
 /// Plays it over and over where it `loops`.
 HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, const HiresSettings& settings,
                          bool loops) {
     const auto open = [report, settings] {
-        return OpenHiresList(*report, settings, [news = report->news](const std::string& path, int rate) {
-            return OpenSoundFile(path, rate, {}, news);
+        return OpenHiresList(*report, settings, [report](const std::string& path, int rate) {
+            return OpenEntry(*report, path, rate);
         });
     };
     HiresTone opened = open();
@@ -55,7 +69,7 @@ HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, co
 }
 
 HiresInput OpenList(const std::string& path, bool loops, const HiresRequest& request) {
-    const auto report = std::make_shared<const ToneListReport>(ExamineToneList(path));
+    const auto report = std::make_shared<const ToneListReport>(ExamineHiresList(path));
     HiresInput input;
     input.endless = loops;
     input.isNeverLeft = report->isNeverLeft;

@@ -18,7 +18,7 @@ struct HiresRenderJob {
     LFailure failure{}; ///< of a write
 };
 
-/// Runs the job on the calling thread in blocks of 8192 frames, asking between them whether to stop. A write
+/// Runs the job on the calling thread in blocks, asking between them whether to stop. A write
 /// that the user's own stop broke off is a stop; a stopped job leaves what was written so far. What
 /// `ProgressDialog` has is told in sound/render_job.h.
 template <class ProgressDialog>
@@ -27,11 +27,11 @@ LProcessResult Process(ProgressDialog& dialog, HiresRenderJob& job) {
     dialog.SetText(ProgressStatus, "Please wait...");
     dialog.PBSetProgress(ProgressBar, 0);
     const std::int64_t length = job.source.GetLength();
-    std::vector<std::int32_t> block(static_cast<std::size_t>(job.source.channels) * MaxBlockFrames);
+    std::vector<std::int32_t> block(static_cast<std::size_t>(job.source.channels) * HiresSink::BlockFrames);
     for (std::int64_t done = 0; done < length;) {
         if (dialog.IsToStop())
             return LProcessResult::Stopped;
-        const auto frames = static_cast<int>(std::min<std::int64_t>(length - done, MaxBlockFrames));
+        const auto frames = static_cast<int>(std::min<std::int64_t>(length - done, HiresSink::BlockFrames));
         job.source.Read(block.data(), frames);
         job.failure = job.sink.Write(block.data(), frames);
         if (job.failure)

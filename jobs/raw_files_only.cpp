@@ -1,9 +1,19 @@
 #include "hires/raw_writer.h"
 #include "jobs/hires_files.h"
 
+namespace {
+
+constexpr const char* Unread = "is a sound file, which this build can't read in high quality";
+
+} // namespace
+
 HiresTone OpenSoundFile(const std::string& /*path*/, std::optional<int> /*rate*/,
                         std::optional<int> /*channels*/, const std::shared_ptr<LSourceNews>& /*news*/) {
-    return {.source = nullptr, .failure = "is a sound file, which this build can't read in high quality"};
+    return {.source = nullptr, .failure = Unread};
+}
+
+HiresFileFacts ReadSoundFileFacts(const std::string& /*path*/) {
+    return {.failure = Unread};
 }
 
 SoundFileOutput OpenSoundFileToWrite(LReadWriteFile&& file, const HiresFileKind& kind,

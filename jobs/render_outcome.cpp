@@ -1,20 +1,17 @@
 #include "jobs/render_outcome.h"
 
-namespace {
-
-/// Whether all was read that the input consists of.
-LFailure CheckRead(LSourceNews& news) {
-    const std::vector<LFileWarning> lost = news.Take();
-    return lost.empty() ? LFailure()
-                        : "was lost while it was read: " + lost.front().file + " " + lost.front().reason;
-}
-
-} // namespace
+#include <algorithm>
 
 RenderOutcome FinishRendering(OutputFile& output, LProcessResult result, const LFailure& unwritten,
                               LSourceNews& news) {
-    if (LFailure lost = CheckRead(news))
-        return {.failure = std::move(lost)};
+    std::vector<LFileWarning> told = news.Take();
+    const auto lost =
+        std::find_if(told.begin(), told.end(), [](const LFileWarning& each) { return each.isLoss; });
+    if (lost != told.end())
+        return {.failure = "was lost while it was read: " + lost->file + " " + lost->reason};
     const LFailure failure = output.Finish(result, unwritten);
-    return {.result = failure ? LProcessResult::Failed : result, .failure = failure, .ofTheOutput = true};
+    return {.result = failure ? LProcessResult::Failed : result,
+            .failure = failure,
+            .ofTheOutput = true,
+            .warnings = std::move(told)};
 }

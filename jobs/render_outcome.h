@@ -8,6 +8,7 @@ struct RenderOutcome {
     LProcessResult result = LProcessResult::Failed;
     LFailure failure{};       ///< nothing where the user did not want to go on
     bool ofTheOutput = false; ///< whether it is the output that has failed or can't be taken, or the input
+    std::vector<LFileWarning> warnings{}; ///< of what was read, for once the file is in place
 };
 
 /// Ends a job that was run: puts its output in place, but not where a part of the input was lost, as `news`

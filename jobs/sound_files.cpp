@@ -1,5 +1,6 @@
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
+#include "hires/files/read_facts.h"
 #include "hires/raw_writer.h"
 #include "jobs/hires_files.h"
 
@@ -7,6 +8,10 @@ HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate, std::o
                         const std::shared_ptr<LSourceNews>& news) {
     HiresFileInput opened = OpenHiresFile(path, rate, channels, news);
     return {.source = std::move(opened.source), .failure = std::move(opened.failure)};
+}
+
+HiresFileFacts ReadSoundFileFacts(const std::string& path) {
+    return ReadHiresFacts(path);
 }
 
 SoundFileOutput OpenSoundFileToWrite(LReadWriteFile&& file, const HiresFileKind& kind,

@@ -131,7 +131,8 @@ void Playback::spntfStop(long /*id*/) {
 void Playback::TellNews() {
     std::vector<LNotice> notices;
     for (const LFileWarning& warning : news->Take())
-        notices.push_back(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
+        notices.push_back(DescribeFailed(
+            warning.file, warning.reason + (warning.isLoss ? "; silence plays in its place" : "")));
     if (!notices.empty())
         toolkit.Post([notices] { ShowNotices(notices); });
 }
@@ -139,7 +140,7 @@ void Playback::TellNews() {
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
     TellNews();
     if (const auto format = player.GetFormat())
-        view.ShowFormat(*format, loweredDb);
+        view.ShowFormat(*format, *loweredDb);
     if (player.IsPlaying())
         view.ShowPosition(endless ? sinceStart : time);
 }

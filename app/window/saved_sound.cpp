@@ -11,6 +11,7 @@
 #include "sys/desktop/message_box.h"
 #include "tone/tone_level.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -72,7 +73,7 @@ private:
 
 std::string DescribeQuality(const HiresInput& input) {
     return DescribeRate(input.source->rate) + ", 24 bits" +
-           (input.loweredDb > 0 ? ", lowered by " + FormatDecibels(input.loweredDb, 2) + " dB" : "");
+           (input.loweredDb >= 0.005 ? ", lowered by " + FormatDecibels(input.loweredDb, 2) + " dB" : "");
 }
 
 SavedSound SaveHigh(LWindow& parent, const SonvireData& tone, const std::string& path, int rate) {

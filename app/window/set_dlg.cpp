@@ -46,6 +46,7 @@ void SetDlg::ShowQualities() {
     for (const Quality& each : GetQualities())
         texts.emplace_back(each.text);
     SetChoices(SetQuality, texts);
+    SetToolTip(SetQuality, "High quality plays at the output's own rate; its files have 24 bits");
     SetValue(SetQuality, static_cast<int>(&GetQuality() - GetQualities().data()));
 }
 

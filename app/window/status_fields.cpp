@@ -80,7 +80,7 @@ void StatusFields::ShowFormat(const LPlayFormat& format, double loweredDb) {
     window.SetText(ControlFormat,
                    DescribeRate(format.rate) +
                        (format.sample == LPlayFormat::Sample::Float ? ", float" : ", 16 bits") +
-                       (loweredDb > 0 ? ", " + FormatDecibels(-loweredDb, 1) + " dB" : ""));
+                       (loweredDb >= 0.05 ? ", " + FormatDecibels(-loweredDb, 1) + " dB" : ""));
 }
 
 void StatusFields::ShowLevels(const LMeterLevels& levels) {

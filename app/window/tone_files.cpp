@@ -1,6 +1,7 @@
 #include "app/window/tone_files.h"
 
 #include "app/file_kinds.h"
+#include "app/list_report.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/saved_sound.h"
@@ -11,7 +12,6 @@
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 #include "tone/tone_level.h"
-#include "tone/tone_list_report.h"
 
 namespace {
 
@@ -114,7 +114,7 @@ void ToneFiles::CmSaveTDF(const std::string& path) {
 }
 
 void ToneFiles::TellSavedList(const std::string& path) {
-    tellSaved(DescribeSaved(path, FormatLength(ExamineToneList(path).Measure()), {}));
+    tellSaved(DescribeSaved(path, FormatLength(ExamineList(path).Measure()), {}));
 }
 
 void ToneFiles::CmSaveSound(const std::string& path) {
@@ -132,6 +132,8 @@ void ToneFiles::CmSaveSound(const std::string& path) {
     if (outcome.result == LProcessResult::Completed)
         tellSaved(DescribeSaved(path, FormatLength(saved.ms), saved.peakDbfs) +
                   (saved.quality.empty() ? "" : ", " + saved.quality));
+    for (const LFileWarning& warning : outcome.warnings)
+        ShowNotice(DescribeFailed(warning.file, warning.reason));
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)

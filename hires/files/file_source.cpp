@@ -3,6 +3,7 @@
 #include "hires/files/rate_converter.h"
 #include "hires/files/sound_stream.h"
 #include "hires/files/soxr_library.h"
+#include "hires/settings.h"
 #include "sound/files/wave_file.h"
 #include "sound/sound_source.h"
 
@@ -25,6 +26,9 @@ LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
         return stream.GetFailure();
     if (info.channels > 2)
         return "has " + std::to_string(info.channels) + " channels; mono and stereo can be used";
+    if (info.samplerate > HiresSettings::HighestRate) // beyond all sense, a converter takes seconds
+        return "is at " + std::to_string(info.samplerate) + " Hz; rates up to " +
+               std::to_string(HiresSettings::HighestRate) + " Hz can be used";
     if (!stream.TellsLength() || CountFrames(info, rate) > HiresSoundStream::MostFrames)
         return "does not tell how long it is";
     return rate == info.samplerate ? LFailure() : Soxr().GetFailure();
@@ -32,6 +36,12 @@ LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
 
 bool IsSameFormat(const SF_INFO& a, const SF_INFO& b) {
     return a.samplerate == b.samplerate && a.channels == b.channels && a.frames == b.frames;
+}
+
+/// Of such files libsndfile guesses the length from that of the file, or finds the first of several sounds.
+bool IsLengthGuessed(const SF_INFO& info) {
+    const int type = info.format & SF_FORMAT_TYPEMASK;
+    return type == SF_FORMAT_MPEG || type == SF_FORMAT_OGG;
 }
 
 /// A file while it is read, at the rate that is wanted.
@@ -48,6 +58,8 @@ public:
 
     bool IsOpen() const { return stream.Get() != nullptr; }
     const SF_INFO& GetInfo() const { return stream.GetInfo(); }
+    /// True where there is more than was expected.
+    bool IsTooLong() const { return IsLengthGuessed(GetInfo()) && stream.CountUnread() > MostBehind; }
     /// The next frames, `MaxBlockFrames` at most, with silence behind the end; `there` is how many there
     /// were.
     const double* Read(std::size_t frames, std::size_t& there) {
@@ -58,6 +70,8 @@ public:
     }
 
 private:
+    static constexpr std::int64_t MostBehind = 16384; ///< bytes of tags, and of what is read ahead
+
     std::size_t ReadFile(double* out, std::size_t frames) {
         const sf_count_t got = Sndfile().readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
         return static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
@@ -115,7 +129,8 @@ std::int32_t FileSource::Convert(double value) {
 void FileSource::ReadBlock(std::int32_t* out, int frames) {
     std::size_t there = 0;
     const double* left = reading->Read(static_cast<std::size_t>(frames), there);
-    if (there < static_cast<std::size_t>(frames) && position + frames < length)
+    const std::int64_t lost = length - position - static_cast<std::int64_t>(there);
+    if (there < static_cast<std::size_t>(frames) && lost > (IsLengthGuessed(info) ? rate / 4 : 0))
         TellLost(LWaveFile::CutShortText);
     for (int i = 0; i < frames; ++i, left += info.channels) {
         const double right = left[info.channels - 1];
@@ -141,8 +156,11 @@ void FileSource::Read(std::int32_t* out, int frames) {
     position = after;
     if (exceeds)
         news->Tell({path, "exceeds full scale and is clipped", false});
-    if (position >= length)
-        reading.reset();
+    if (position < length)
+        return;
+    if (reading && reading->IsTooLong())
+        TellLost("is longer than it tells; the rest is left out");
+    reading.reset();
 }
 
 } // namespace

@@ -1,9 +1,7 @@
 #include "hires/files/file_writer.h"
 
 #include "hires/files/sound_stream.h"
-#include "hires/pack_samples.h"
 #include "hires/sample_bits.h"
-#include "sound/sound_source.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -22,7 +20,7 @@ int GetType(HiresFileKind::Container container, const HiresFileFormat& format) {
     return format.samples == HiresSamples::Int16 ? SF_FORMAT_WAV : SF_FORMAT_WAVEX;
 }
 
-/// Whether its samples are what `PackSamples` makes, which is much faster than libsndfile.
+/// Whether its samples are what `HiresPacker` makes, which is much faster than libsndfile.
 bool IsPacked(int type, HiresSamples samples) {
     const bool isLittleEndian = type != SF_FORMAT_FLAC && type != SF_FORMAT_AIFF && type != SF_FORMAT_CAF;
     return isLittleEndian && samples != HiresSamples::Float;
@@ -42,9 +40,7 @@ HiresFileWriter::HiresFileWriter(LReadWriteFile&& file, const HiresFileKind& kin
                                  const HiresFileFormat& format, const HiresFileTags& tags)
     : failure(kind.Check(format)),
       channels(format.channels),
-      samples(format.samples),
-      quantizer(GetBits(format.samples), format.dither && format.samples == HiresSamples::Int16, format.seed),
-      block(static_cast<std::size_t>(channels) * MaxBlockFrames) {
+      packer(format) {
     if (!failure)
         Open(std::move(file), kind, format);
     if (failure)
@@ -61,26 +57,30 @@ void HiresFileWriter::Open(LReadWriteFile&& file, const HiresFileKind& kind, con
     if (failure)
         return;
     const int type = GetType(kind.container, format);
-    stream = std::make_unique<HiresSoundStream>(std::move(file), type | Subtypes[static_cast<int>(samples)],
-                                                format.rate, channels, format.frames * GetFrameBytes(format));
+    stream =
+        std::make_unique<HiresSoundStream>(std::move(file), type | Subtypes[static_cast<int>(format.samples)],
+                                           format.rate, channels, format.frames * GetFrameBytes(format));
     failure = stream->GetFailure();
-    if (IsPacked(type, samples))
-        packed.resize(static_cast<std::size_t>(MaxBlockFrames * GetFrameBytes(format)));
+    if (IsPacked(type, format.samples))
+        packed.resize(static_cast<std::size_t>(BlockFrames * GetFrameBytes(format)));
+    else
+        block.resize(static_cast<std::size_t>(BlockFrames * channels));
 }
 
-bool HiresFileWriter::WriteBlock(int frames) {
-    if (packed.empty())
+bool HiresFileWriter::WriteBlock(const std::int32_t* from, int frames) {
+    if (packed.empty()) {
+        packer.Round(from, frames * channels, block.data());
         return Sndfile().writef_int(stream->Get(), block.data(), frames) == frames;
-    PackSamples(samples, block.data(), frames * channels, packed.data());
-    const std::ptrdiff_t bytes = std::ssize(packed) / MaxBlockFrames * frames;
+    }
+    packer.Pack(from, frames * channels, packed.data());
+    const std::ptrdiff_t bytes = std::ssize(packed) / BlockFrames * frames;
     return Sndfile().write_raw(stream->Get(), packed.data(), bytes) == bytes;
 }
 
 LFailure HiresFileWriter::Write(const std::int32_t* from, int frames) {
     for (int done = 0; done < frames && !failure;) {
-        const int now = std::min(frames - done, MaxBlockFrames);
-        quantizer.Quantize(from + std::ptrdiff_t{done} * channels, block.data(), now * channels);
-        const bool isWritten = WriteBlock(now);
+        const int now = std::min(frames - done, BlockFrames);
+        const bool isWritten = WriteBlock(from + std::ptrdiff_t{done} * channels, now);
         failure = stream->GetFailure();
         if (!isWritten && !failure)
             failure = LFailure::OfSystem(EIO);

@@ -3,7 +3,7 @@
 #include "hires/file_kind.h"
 #include "hires/file_tags.h"
 #include "hires/hires_sink.h"
-#include "hires/quantizer.h"
+#include "hires/packer.h"
 #include "sys/file.h"
 
 #include <cstdint>
@@ -33,13 +33,12 @@ public:
 
 private:
     void Open(LReadWriteFile&& file, const HiresFileKind& kind, const HiresFileFormat& format);
-    bool WriteBlock(int frames);
+    bool WriteBlock(const std::int32_t* from, int frames);
 
     LFailure failure;
     int channels;
-    HiresSamples samples;
-    HiresQuantizer quantizer;
-    std::vector<std::int32_t> block; ///< what is written next
-    std::vector<char> packed;        ///< the same as it goes into the file; empty where libsndfile packs it
+    HiresPacker packer;
+    std::vector<char> packed;        ///< what is written next; empty where libsndfile packs it...
+    std::vector<std::int32_t> block; ///< ...from this
     std::unique_ptr<HiresSoundStream> stream;
 };

@@ -31,6 +31,8 @@ public:
     static constexpr std::int64_t MostFrames = std::int64_t{1} << 45;
     /// False where the file does not tell how many frames there are.
     bool TellsLength() const { return info.frames <= MostFrames; }
+    /// Bytes of the file behind what libsndfile has read.
+    std::int64_t CountUnread() const { return file.GetSize() - file.GetOffset(); }
 
     /// In a pipe, for once all is said that stands in the header: writes it as that of so many frames.
     void BeginPipe(std::int64_t frames);

@@ -49,13 +49,13 @@ double Measure(const std::vector<std::int32_t>& samples, double hz, int rate) {
 }
 
 TEST(ExactMath, IsWithinTheLastDigits) {
-    for (const auto& [part, sine] : {std::pair{0, 0.0},
+    for (const auto& [part, sine] : {std::pair{0U, 0.0},
                                      {1, 0.00019174759731070329},
                                      {4096, 0.70710678118654752},
                                      {8192, 1.0},
                                      {16384, 0.0},
                                      {28672, -0.70710678118654752}})
-        EXPECT_NEAR(ExactSine(part, 32768), sine, 2e-16) << part;
+        EXPECT_NEAR(ExactSine(std::uint64_t{part} << 49), sine, 2e-16) << part;
     EXPECT_NEAR(ExactLog(1000), 6.9077552789821371, 2e-15);
     EXPECT_NEAR(ExactLog(1e-9), -20.723265836946411, 1e-14);
     EXPECT_NEAR(ExactExp(-20), 2.0611536224385579e-09, 1e-23);
@@ -78,12 +78,12 @@ TEST(FrequencyPath, EndsWithinAMillionthOfACycle) {
     };
     for (const auto& each : cases) {
         HiresFrequencyPath path(each.from, each.to, each.sweep, each.frames, each.rate);
-        long double cycles = 0;
-        for (std::int64_t i = 0; i < each.frames; ++i) {
-            cycles += static_cast<std::int64_t>(path.GetIncrement()) * 0x1p-64L;
-            path.MoveOn();
-        }
-        EXPECT_NEAR(static_cast<double>(cycles), each.cycles, 1e-7) << each.from;
+        HiresPhases now;
+        for (std::int64_t i = 0; i <= each.frames; i += HiresBlockFrames)
+            path.Read(now);
+        const std::uint64_t phase = now.phases[static_cast<std::size_t>(each.frames % HiresBlockFrames)];
+        const double off = std::remainder(static_cast<double>(phase) * 0x1p-64 - each.cycles, 1);
+        EXPECT_NEAR(off, 0, 1e-7) << each.from;
     }
 }
 
@@ -110,6 +110,62 @@ TEST(HiresTone, AWaveformHasItsHarmonicsAndNothingElse) {
             rest -= measured * measured;
         }
         EXPECT_LT(std::fabs(rest), 2e-14) << waveform; // -137 dB, which is what these sums are good for
+    }
+}
+
+TEST(HiresTone, ASweepMovesWithEveryFrame) {
+    HiresSettings settings{.rate = 48000, .level = 0};
+    const struct {
+        double from, to;
+        int flags, frame;
+        double value; ///< worked out with 64 bits of mantissa
+    } cases[] = {
+        {20, 20000, ToneFlagLogSweep, 1000, 0.3203038252},
+        {20, 20000, ToneFlagLogSweep, 34827, -0.2196641468},
+        {20, 20000, ToneFlagLogSweep, 44449, -0.9452628026}, // half the rate is twice the frequency
+        {20, 20000, ToneFlagLogSweep, 47999, -0.9861464252},
+        {100, -20000, 0, 1000, -0.9883822439},
+        {100, -20000, 0, 47999, -0.7116811001},
+    };
+    SonvireData tone = ToneOf(ToneSine, {20});
+    for (const auto& [from, to, flags, frame, value] : cases) {
+        tone.startLeftHz[0] = from;
+        tone.endLeftHz[0] = to;
+        tone.flags = static_cast<std::uint16_t>(ToneFlagDuration | ToneFlagSweep | flags);
+        EXPECT_NEAR(Render(tone, settings)[static_cast<std::size_t>(frame)] * 0x1p-31, value, 1e-8) << frame;
+    }
+    for (const int waveform : {ToneSine, ToneSquare, ToneImpulse}) { // beyond half the rate after a quarter
+        tone = ToneOf(waveform, {0});
+        tone.endLeftHz[0] = 96000;
+        tone.flags |= ToneFlagSweep;
+        settings.fit = true;
+        const std::vector<std::int32_t> samples = Render(tone, settings);
+        EXPECT_NE(*std::max_element(samples.begin() + 11000, samples.begin() + 11800), 0) << waveform;
+        EXPECT_TRUE(std::all_of(samples.begin() + 12000, samples.end(), [](auto each) { return each == 0; }));
+    }
+}
+
+TEST(HiresTone, ItsPeakIsKnownBeforehand) {
+    const struct {
+        int waveform, rate;
+        double hz, peak, slack; ///< in dBFS
+    } cases[] = {
+        {ToneSine, 48000, 997, 0, 1e-4},
+        {ToneSquare, 48000, 11000, -0.91196, 1e-4}, // its first harmonic, 92682 / 131070 * 4 / pi
+        {ToneImpulse, 48000, 997, 3.16344, 1e-4},   // 49 * 997 / 48000, for 24 harmonics, * 185364 / 131070
+        {TonePinkNoise, 8000, 0, 3.77, 0.2},        // 6.5 times the root mean square of 600 s, measured
+        {TonePinkNoise, 44100, 0, 4.63, 0.2},
+        {TonePinkNoise, 192000, 0, 5.17, 0.2},
+    };
+    for (const auto& [waveform, rate, hz, peak, slack] : cases) {
+        const SonvireData tone = ToneOf(waveform, {hz}, 4000);
+        EXPECT_NEAR(MeasureHiresTone(tone, {.rate = rate, .level = 0}).peak, peak, slack) << rate;
+        const std::vector<std::int32_t> samples = Render(tone, {.rate = rate, .level = 0, .fit = true});
+        const auto [least, most] = std::minmax_element(samples.begin(), samples.end());
+        const double reached = std::max(-static_cast<double>(*least), static_cast<double>(*most)) * 0x1p-31;
+        const double bound = std::pow(10, std::min(peak, 0.0) / 20);
+        EXPECT_LT(reached, bound + 1e-4) << waveform << ", " << rate;
+        EXPECT_GT(reached, bound * (waveform == TonePinkNoise ? 0.55 : 0.9999)) << waveform << ", " << rate;
     }
 }
 

@@ -126,7 +126,6 @@ TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
         const std::vector<int> samples(100, 16);
         LWaveFile::OpenSinkPCM((folder / name).c_str(), rate, 1, 16, 0)->Write(samples.data(), 100);
     };
-    write("a.wav", 44100);
     SonvireData tone;
     tone.waveform = ToneFromList;
     tone.SetDuration(10);
@@ -137,17 +136,26 @@ TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
         *toolkit, [] { return Texts{}; }, [](const Texts&) {});
     Playback playback(*toolkit, tone, view, devices, output.Opener());
     playback.Begin([] {});
-    playback.CmPlay();
-    write("new.wav", 8000);
-    std::filesystem::rename(folder / "new.wav", folder / "a.wav");
-    EXPECT_TRUE(WaitForPlayback(1));
-    EXPECT_TRUE(Wait([&] {
-        output.Take(4410);
-        return !toolkit->boxes.empty();
-    }));
+    const std::pair<int, std::string> cases[] = {{0, "has been replaced by a file of another format"},
+                                                 {96000, "can't be read any more"}};
+    for (const auto& [savedRate, reason] : cases) {
+        Setting::HighRate.Set(savedRate);
+        write("a.wav", 44100);
+        const int before = output.opened;
+        playback.CmPlay();
+        write("new.wav", 8000);
+        savedRate == 0 ? std::filesystem::rename(folder / "new.wav", folder / "a.wav")
+                       : static_cast<void>(std::filesystem::remove(folder / "a.wav"));
+        EXPECT_TRUE(WaitForPlayback(before + 1));
+        EXPECT_TRUE(Wait([&] {
+            output.Take(4410);
+            return !toolkit->boxes.empty();
+        }));
+        playback.Stop();
+        EXPECT_THAT(Boxes(), ::testing::HasSubstr("a.wav\" " + reason + "; silence"));
+        toolkit->boxes.clear();
+    }
     playback.End();
-    EXPECT_THAT(Boxes(),
-                ::testing::HasSubstr("a.wav\" has been replaced by a file of another format; silence"));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "app/list_editor/list_dlg_layout.h"
 #include "hires/files/file_source.h"
 #include "sound/files/wave_file.h"
 #include "support/app_window.h"
@@ -50,6 +51,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
     for (const std::string before : {"", "precious"}) {
         if (!before.empty())
             WriteBytes(path, before);
+        Setting::HighRate.Set(before.empty() ? 0 : 48000);
         files = {{path}};
         MemoryDialog* progress = nullptr;
         int dispatched = 0;
@@ -66,6 +68,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
         EXPECT_EQ(std::filesystem::file_size(path), before.empty() ? 46 + 3 * 8192 * 2U : 8U)
             << "a shorter file, but a whole one";
     }
+    Setting::HighRate.Set(0);
     const FullDisk full;
     files = {{path}, {folder / "sound.flac"}};
     Run([&](MemoryMainWindow&) {
@@ -230,6 +233,47 @@ TEST_F(Saving, ASoundIsSavedInTheQualityOfItsNameOrOfTheSettings) {
                           .source->GetLength(),
                       each.savedRate == 0 ? 44100 : each.savedRate);
         std::filesystem::remove(folder / each.name);
+    }
+}
+
+TEST_F(Saving, AListHasSoundFilesOfAnyKindInHighQuality) {
+    files = {{folder / "a.flac"}};
+    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSaveAsWav}); });
+    WriteList("list.tdl", "250ms silence.\na.flac\ngone.tdf\nodd.xyz\n");
+    WriteBytes(folder / "odd.xyz", "odd");
+    const std::string odd = "is of an unknown type and left out",
+                      missing = "can't be read: No such file or directory";
+    struct {
+        int savedRate;
+        std::string total;
+        std::size_t filters;
+        Texts problems; ///< in playing order
+        std::string savedAt;
+    } const cases[] = {
+        {0, "0.25", 1, {odd, missing + "; an endless sine plays, and nothing behind it", odd, ""}, "44.1"},
+        {48000, "1.25", 2, {"is damaged or of a kind that is not read", missing, "", ""}, "48"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.savedRate);
+        Setting::HighRate.Set(each.savedRate);
+        files = {{""}, {folder / "list.caf"}};
+        dialogs = {[&](MemoryDialog& editor) {
+            Texts problems;
+            for (const auto& row : editor.controls[ListRows].list->rows)
+                problems.push_back(row[1]);
+            EXPECT_EQ(problems, each.problems);
+            EXPECT_EQ(editor.controls.GetText(ListTotal), "Total: " + each.total + " s or more");
+            editor.Press(ListAddTone);
+            EXPECT_EQ(toolkit->choosers.back().filters.size(), each.filters);
+            editor.Press(LCommandOk);
+        }};
+        Run(
+            [&](MemoryMainWindow& window) {
+                toolkit->answers = {LMessageAnswer::Ok};
+                Send({CommandSaveList});
+                EXPECT_THAT(window.passing, HasSubstr("1.25 s, peak -12.04 dBFS, " + each.savedAt + " kHz"));
+            },
+            {list});
+        std::filesystem::remove(folder / "list.caf");
     }
 }
 

@@ -1,4 +1,4 @@
-#include "hires/files/file_facts.h"
+#include "hires/files/read_facts.h"
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/noise.h"
@@ -117,7 +117,7 @@ TEST(HiresFiles, WriteAndReadEachKindToTheBit) {
         const Read read = ReadFile(path);
         EXPECT_EQ(read.samples, expected) << name;
         EXPECT_TRUE(read.told.empty()) << name;
-        const HiresFileFacts facts = DescribeHiresFile(path);
+        const HiresFileFacts facts = ReadHiresFacts(path);
         EXPECT_EQ(facts.kind, kind);
         EXPECT_EQ(std::tie(facts.rate, facts.channels), std::tie(format.rate, format.channels)) << name;
         EXPECT_EQ(facts.frames, 6 / format.channels) << name;
@@ -258,13 +258,15 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
     const auto news = std::make_shared<LSourceNews>();
     WriteBytes(dir / "text.wav", "this is no sound");
     RunProgram("ffmpeg -v error -f lavfi -i anullsrc=cl=5.1 -t 0.01 " + (dir / "six.wav"));
+    EXPECT_FALSE(WriteFile(dir / "fast.wav", {800'000, 1}, Frames(9)));
     const std::pair<std::string, const char*> refused[] = {
         {"none.wav", "No such file or directory"},
         {"", "Is a directory"},
         {"text.wav", "is damaged or of a kind that is not read"},
         {"six.wav", "has 6 channels; mono and stereo can be used"},
+        {"fast.wav", "is at 800000 Hz; rates up to 768000 Hz can be used"},
     };
-    EXPECT_EQ(DescribeHiresFile(dir / "text.wav").failure.GetReason(), refused[2].second);
+    EXPECT_EQ(ReadHiresFacts(dir / "text.wav").failure.GetReason(), refused[2].second);
     for (const auto& [name, reason] : refused)
         EXPECT_EQ(OpenHiresFile(dir / name, {}, {}, news).failure.GetReason(), reason) << name;
 
@@ -279,7 +281,8 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         waiting.push_back(OpenHiresFile(path, {}, {}, news).source);
     ASSERT_TRUE(waiting.back());
     const std::pair<std::string, const char*> changes[] = {
-        {ReadBytes(path).substr(0, 60'000), "is cut short; silence stands for the rest"},
+        {ReadBytes(path).substr(0, std::filesystem::file_size(path) - 9),
+         "is cut short; silence stands for the rest"},
         {"", "can't be read any more"},
         {ReadBytes(dir / "six.wav"), "has been replaced by another file"},
     };
@@ -290,6 +293,14 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         EXPECT_EQ(news->Take(), (std::vector<LFileWarning>{{path, reason}}));
         waiting.pop_back();
     }
+
+    // What libsndfile does not find shows at the end; what it only guesses is no loss.
+    RunProgram("cd " + (dir / "") +
+               " && ffmpeg -v error -f lavfi -i anoisesrc=a=0.1 -t 2 one.ogg && ffmpeg -v error -i one.ogg one.mp2 "
+               "&& cat one.ogg one.ogg >two.ogg");
+    EXPECT_TRUE(ReadFile(dir / "one.ogg").told.empty());
+    EXPECT_TRUE(ReadFile(dir / "one.mp2").told.empty());
+    EXPECT_EQ(ReadFile(dir / "two.ogg").told[0].reason, "is longer than it tells; the rest is left out");
 
     // Any byte of a header may be wrong.
     for (const HiresFileKind& kind : HiresFileKind::GetAll()) {
@@ -304,6 +315,20 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
             if (const HiresFileInput input = OpenHiresFile(bad, 48000, 2, news); input.source)
                 ReadAll(*input.source, 100);
         }
+    }
+}
+
+TEST(HiresFiles, TellWhichLibraryIsMissing) {
+    const TempDir dir;
+    EXPECT_FALSE(WriteFile(dir / "a.flac", {8000, 1}, Frames(9)));
+    for (const std::string library : {"libsndfile.so.1", "libsoxr.so.0"}) {
+        std::filesystem::create_directory(dir / "empty");
+        WriteBytes(dir / ("empty/" + library), "");
+        ExpectRefused(RunProgram("cd " + (dir / "") +
+                                 " && LD_LIBRARY_PATH=empty exec " SONVIRE_CLI
+                                 " render --quality high --rate 44100 a.flac b.raw"),
+                      {"a.flac: needs " + library.substr(0, library.find('.')) + ", which is not installed"});
+        std::filesystem::remove_all(dir / "empty");
     }
 }
 

@@ -1,4 +1,4 @@
-#include "hires/files/file_facts.h"
+#include "hires/files/read_facts.h"
 
 #include "hires/files/sound_stream.h"
 
@@ -41,7 +41,7 @@ std::string GetTag(SNDFILE* file, int tag) {
 
 } // namespace
 
-HiresFileFacts DescribeHiresFile(const std::string& path) {
+HiresFileFacts ReadHiresFacts(const std::string& path) {
     const HiresSoundStream stream(path);
     if (stream.GetFailure())
         return {.failure = stream.GetFailure()};

@@ -16,6 +16,3 @@ struct HiresFileFacts {
     std::string program{};                ///< that has written it; empty where it does not tell
     std::string comment{};                ///< as well
 };
-
-/// Reads the header of any sound file that libsndfile reads. Thread: any. Blocks, allocates: yes.
-HiresFileFacts DescribeHiresFile(const std::string& path);

@@ -1,5 +1,9 @@
-#include "hires/pack_samples.h"
+#include "hires/packer.h"
 
+#include "hires/sample_bits.h"
+
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -40,9 +44,7 @@ void PackFloats(const std::int32_t* samples, int count, char* out) {
               out + std::ptrdiff_t{4} * i);
 }
 
-} // namespace
-
-void PackSamples(HiresSamples kind, const std::int32_t* samples, int count, char* out) {
+void PackRounded(HiresSamples kind, const std::int32_t* samples, int count, char* out) {
     switch (kind) {
     case HiresSamples::Int16:
         return Pack16(samples, count, out);
@@ -52,5 +54,27 @@ void PackSamples(HiresSamples kind, const std::int32_t* samples, int count, char
         return Pack32(samples, count, out);
     case HiresSamples::Float:
         return PackFloats(samples, count, out);
+    }
+}
+
+} // namespace
+
+HiresPacker::HiresPacker(const HiresFileFormat& format)
+    : kind(format.samples),
+      quantizer(GetBits(kind), format.dither && kind == HiresSamples::Int16, format.seed) {}
+
+void HiresPacker::Round(const std::int32_t* samples, int count, std::int32_t* out) {
+    quantizer.Quantize(samples, out, count);
+}
+
+void HiresPacker::Pack(const std::int32_t* samples, int count, char* out) {
+    std::array<std::int32_t, 2048> rounded; // stays in the cache
+    while (count > 0) {
+        const int now = std::min<int>(count, rounded.size());
+        Round(samples, now, rounded.data());
+        PackRounded(kind, rounded.data(), now, out);
+        samples += now;
+        count -= now;
+        out += std::ptrdiff_t{now} * (GetBits(kind) / 8);
     }
 }
