@@ -5,7 +5,7 @@
 #include "sys/failure.h"
 #include "tone/tone_data.h"
 
-/// A tone that was opened, or why it can't be.
+/// A tone, list or sound file that was opened, or why it can't be.
 struct HiresTone {
     HiresSourcePtr source; ///< null with a failure
     LFailure failure{};

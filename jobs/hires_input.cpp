@@ -43,7 +43,7 @@ HiresSettings AtRate(HiresSettings settings, int rate) {
 
 /// One that was there at first may be lost once its turn has come.
 HiresTone OpenEntry(const ToneListReport& report, const std::string& path, int rate) {
-    HiresTone opened = OpenSoundFile(path, rate, {}, report.news);
+    HiresTone opened = OpenSoundFile(path, rate, report.news);
     const auto wasUsable = [&path](const ToneListEntry& entry) {
         return entry.file == path && entry.problem.empty();
     };
@@ -71,6 +71,7 @@ HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, co
 HiresInput OpenList(const std::string& path, bool loops, const HiresRequest& request) {
     const auto report = std::make_shared<const ToneListReport>(ExamineHiresList(path));
     HiresInput input;
+    input.isList = true;
     input.endless = loops;
     input.isNeverLeft = report->isNeverLeft;
     input.warnings = CollectWarnings(*report);
@@ -99,7 +100,7 @@ HiresInput OpenFile(const std::string& path, const HiresRequest& request) {
     input.isFile = true;
     input.description = GetFileName(path);
     const auto open = [path, news = input.news](std::optional<int> rate) {
-        return OpenSoundFile(path, rate, {}, news);
+        return OpenSoundFile(path, rate, news);
     };
     HiresRequest asked = request;
     if (!asked.rate) {

@@ -31,7 +31,7 @@ void ExamineTone(ToneListEntry& entry) {
 }
 
 void ExamineSound(ToneListEntry& entry) {
-    const HiresTone opened = OpenSoundFile(entry.file, {}, {}, std::make_shared<LSourceNews>());
+    const HiresTone opened = OpenSoundFile(entry.file, {}, std::make_shared<LSourceNews>());
     if (!opened.source) {
         entry.problem = Explain(opened.failure);
     } else {

@@ -8,7 +8,7 @@ constexpr const char* Unread = "is a sound file, which this build can't read in 
 } // namespace
 
 HiresTone OpenSoundFile(const std::string& /*path*/, std::optional<int> /*rate*/,
-                        std::optional<int> /*channels*/, const std::shared_ptr<LSourceNews>& /*news*/) {
+                        const std::shared_ptr<LSourceNews>& /*news*/) {
     return {.source = nullptr, .failure = Unread};
 }
 

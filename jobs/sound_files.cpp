@@ -4,10 +4,9 @@
 #include "hires/raw_writer.h"
 #include "jobs/hires_files.h"
 
-HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
+HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate,
                         const std::shared_ptr<LSourceNews>& news) {
-    HiresFileInput opened = OpenHiresFile(path, rate, channels, news);
-    return {.source = std::move(opened.source), .failure = std::move(opened.failure)};
+    return OpenHiresFile(path, rate, news);
 }
 
 HiresFileFacts ReadSoundFileFacts(const std::string& path) {

@@ -1,15 +1,14 @@
 #include "hires/files/file_source.h"
 
-#include "hires/files/rate_converter.h"
-#include "hires/files/sound_stream.h"
+#include "hires/files/file_reading.h"
 #include "hires/files/soxr_library.h"
 #include "hires/settings.h"
 #include "sound/files/wave_file.h"
 #include "sound/sound_source.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <vector>
 
 namespace {
 
@@ -38,55 +37,26 @@ bool IsSameFormat(const SF_INFO& a, const SF_INFO& b) {
     return a.samplerate == b.samplerate && a.channels == b.channels && a.frames == b.frames;
 }
 
-/// Of such files libsndfile guesses the length from that of the file, or finds the first of several sounds.
-bool IsLengthGuessed(const SF_INFO& info) {
-    const int type = info.format & SF_FORMAT_TYPEMASK;
-    return type == SF_FORMAT_MPEG || type == SF_FORMAT_OGG;
+/// Rounds them; what is no number is silence. True where some exceed full scale, and are clipped; full scale
+/// itself, which a float has and an integer lacks, is no excess.
+bool ToIntegers(const double* samples, int count, std::int32_t* out) {
+    constexpr double Rounding = 0x1.8p52; // what is added to it is rounded to an integer in its lowest bits
+    bool exceeds = false;
+    for (int i = 0; i < count; ++i) {
+        const double scaled = samples[i] * FullScale;
+        const double clipped = std::max(std::min(scaled, FullScale - 1), -FullScale);
+        const auto rounded = static_cast<std::int32_t>(std::bit_cast<std::int64_t>(clipped + Rounding));
+        out[i] = scaled == scaled ? rounded : 0;
+        exceeds |= std::abs(scaled) > FullScale;
+    }
+    return exceeds;
 }
-
-/// A file while it is read, at the rate that is wanted.
-class Reading {
-public:
-    Reading(const std::string& path, int rate)
-        : stream(path),
-          block(static_cast<std::size_t>(std::max(stream.GetInfo().channels, 1)) * MaxBlockFrames) {
-        if (IsOpen() && rate != stream.GetInfo().samplerate)
-            converter = std::make_unique<HiresRateConverter>(
-                stream.GetInfo().samplerate, rate, stream.GetInfo().channels,
-                [this](double* out, std::size_t frames) { return ReadFile(out, frames); });
-    }
-
-    bool IsOpen() const { return stream.Get() != nullptr; }
-    const SF_INFO& GetInfo() const { return stream.GetInfo(); }
-    /// True where there is more than was expected.
-    bool IsTooLong() const { return IsLengthGuessed(GetInfo()) && stream.CountUnread() > MostBehind; }
-    /// The next frames, `MaxBlockFrames` at most, with silence behind the end; `there` is how many there
-    /// were.
-    const double* Read(std::size_t frames, std::size_t& there) {
-        there = converter ? converter->Read(block.data(), frames) : ReadFile(block.data(), frames);
-        const auto channels = static_cast<std::size_t>(GetInfo().channels);
-        std::fill_n(&block[there * channels], (frames - there) * channels, 0.0);
-        return block.data();
-    }
-
-private:
-    static constexpr std::int64_t MostBehind = 16384; ///< bytes of tags, and of what is read ahead
-
-    std::size_t ReadFile(double* out, std::size_t frames) {
-        const sf_count_t got = Sndfile().readf_double(stream.Get(), out, static_cast<sf_count_t>(frames));
-        return static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
-    }
-
-    HiresSoundStream stream;
-    std::vector<double> block;
-    std::unique_ptr<HiresRateConverter> converter; ///< at another rate
-};
 
 class FileSource : public HiresSource {
 public:
-    FileSource(const std::string& filePath, const SF_INFO& found, int outRate, int outChannels,
+    FileSource(const std::string& filePath, const SF_INFO& found, int outRate,
                std::shared_ptr<LSourceNews> sourceNews)
-        : HiresSource(outRate, outChannels),
+        : HiresSource(outRate, found.channels),
           path(filePath),
           info(found),
           length(static_cast<std::int64_t>(CountFrames(found, outRate))),
@@ -98,46 +68,37 @@ public:
 private:
     void Open();
     void ReadBlock(std::int32_t* out, int frames);
-    std::int32_t Convert(double value);
+    void Close();
     void TellLost(const char* reason) const { news->Tell({path, reason}); }
 
     std::string path;
     SF_INFO info;
     std::int64_t length, position = 0;
     std::shared_ptr<LSourceNews> news;
-    std::unique_ptr<Reading> reading; ///< null while it waits, and where the file is not to be had
-    bool exceeds = false;
+    std::unique_ptr<HiresFileReading> reading; ///< null while it waits, and where the file is not to be had
 };
 
 void FileSource::Open() {
-    reading = std::make_unique<Reading>(path, rate);
+    reading = std::make_unique<HiresFileReading>(path, rate);
     if (reading->IsOpen() && IsSameFormat(reading->GetInfo(), info))
         return;
     TellLost(reading->IsOpen() ? "has been replaced by another file" : "can't be read any more");
     reading.reset();
 }
 
-std::int32_t FileSource::Convert(double value) {
-    const double scaled = std::nearbyint(value * FullScale);
-    if (scaled >= -FullScale && scaled < FullScale)
-        return static_cast<std::int32_t>(scaled);
-    // Full scale itself, which a float has and an integer lacks, is no excess.
-    exceeds = exceeds || scaled > FullScale || scaled < -FullScale;
-    return scaled > 0 ? INT32_MAX : scaled < 0 ? INT32_MIN : 0;
+void FileSource::Close() {
+    if (reading && reading->HasMore())
+        TellLost("is longer than it tells; the rest is left out");
+    reading.reset();
 }
 
 void FileSource::ReadBlock(std::int32_t* out, int frames) {
-    std::size_t there = 0;
-    const double* left = reading->Read(static_cast<std::size_t>(frames), there);
-    const std::int64_t lost = length - position - static_cast<std::int64_t>(there);
-    if (there < static_cast<std::size_t>(frames) && lost > (IsLengthGuessed(info) ? rate / 4 : 0))
+    const int there = reading->Read(frames);
+    if (there < frames && length - position - there > (reading->IsLengthGuessed() ? rate / 4 : 0))
         TellLost(LWaveFile::CutShortText);
-    for (int i = 0; i < frames; ++i, left += info.channels) {
-        const double right = left[info.channels - 1];
-        *out++ = Convert(channels == 1 ? (*left + right) / 2 : *left);
-        if (channels == 2)
-            *out++ = Convert(right);
-    }
+    if (ToIntegers(reading->GetBlock(), frames * channels, out))
+        news->Tell({path, "exceeds full scale and is clipped", false});
+    position += frames;
 }
 
 void FileSource::Read(std::int32_t* out, int frames) {
@@ -146,32 +107,24 @@ void FileSource::Read(std::int32_t* out, int frames) {
     std::int32_t* const end = out + static_cast<std::ptrdiff_t>(frames) * channels;
     const std::int64_t after = position + frames;
     while (reading && position < std::min(after, length)) {
-        const auto now =
-            static_cast<int>(std::min(std::int64_t{MaxBlockFrames}, std::min(after, length) - position));
+        const std::int64_t left = std::min(after, length) - position;
+        const auto now = static_cast<int>(std::min<std::int64_t>(left, MaxBlockFrames));
         ReadBlock(out, now);
         out += static_cast<std::ptrdiff_t>(now) * channels;
-        position += now;
     }
     std::fill(out, end, 0);
     position = after;
-    if (exceeds)
-        news->Tell({path, "exceeds full scale and is clipped", false});
-    if (position < length)
-        return;
-    if (reading && reading->IsTooLong())
-        TellLost("is longer than it tells; the rest is left out");
-    reading.reset();
+    if (position >= length)
+        Close();
 }
 
 } // namespace
 
-HiresFileInput OpenHiresFile(const std::string& path, std::optional<int> rate, std::optional<int> channels,
-                             std::shared_ptr<LSourceNews> news) {
+HiresTone OpenHiresFile(const std::string& path, std::optional<int> rate, std::shared_ptr<LSourceNews> news) {
     const HiresSoundStream stream(path);
     const SF_INFO& info = stream.GetInfo();
     const int outRate = rate.value_or(info.samplerate);
     if (LFailure failure = CheckUsable(stream, outRate))
         return {.source = nullptr, .failure = std::move(failure)};
-    return {.source = std::make_unique<FileSource>(path, info, outRate, channels.value_or(info.channels),
-                                                   std::move(news))};
+    return {.source = std::make_unique<FileSource>(path, info, outRate, std::move(news))};
 }

@@ -1,6 +1,7 @@
-#include "hires/files/read_facts.h"
+#include "hires/channel_source.h"
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
+#include "hires/files/read_facts.h"
 #include "hires/noise.h"
 #include "hires/raw_writer.h"
 #include "support/run_program.h"
@@ -52,10 +53,11 @@ struct Read {
 /// All of a file, behind which there must be silence.
 Read ReadFile(const std::string& path, std::optional<int> rate = {}, std::optional<int> channels = {}) {
     const auto news = std::make_shared<LSourceNews>();
-    const HiresFileInput input = OpenHiresFile(path, rate, channels, news);
+    HiresTone input = OpenHiresFile(path, rate, news);
     EXPECT_TRUE(input.source) << path << input.failure.GetReason();
     if (!input.source)
         return {};
+    input.source = HiresChannels::Open(std::move(input.source), channels.value_or(input.source->channels));
     Frames samples = ReadAll(*input.source, input.source->GetLength() + 9);
     const auto end = samples.end() - 9 * input.source->channels;
     EXPECT_TRUE(std::all_of(end, samples.end(), [](std::int32_t sample) { return sample == 0; }));
@@ -243,7 +245,7 @@ TEST(HiresFiles, ChannelsAndExcessAreBroughtToWhatIsWanted) {
     RunProgram("ffmpeg -v error -f f32le -ar 8000 -ac 2 -i " + (dir / "raw") + " -c:a pcm_f32le " + path);
     const std::vector<LFileWarning> clipped = {{path, "exceeds full scale and is clipped", false}};
     const Read mono = ReadFile(path, {}, 1), stereo = ReadFile(path, {}, 2);
-    EXPECT_EQ(mono.samples, (Frames{1 << 28, INT32_MAX, INT32_MIN, 0})) << "the mean of both sides";
+    EXPECT_EQ(mono.samples, (Frames{1 << 28, INT32_MAX, INT32_MIN, 1 << 29})) << "the mean of both sides";
     EXPECT_EQ(stereo.samples,
               (Frames{1 << 30, -1 << 29, INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN, 0, 1 << 30}));
     EXPECT_EQ(mono.told, clipped);
@@ -268,7 +270,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
     };
     EXPECT_EQ(ReadHiresFacts(dir / "text.wav").failure.GetReason(), refused[2].second);
     for (const auto& [name, reason] : refused)
-        EXPECT_EQ(OpenHiresFile(dir / name, {}, {}, news).failure.GetReason(), reason) << name;
+        EXPECT_EQ(OpenHiresFile(dir / name, {}, news).failure.GetReason(), reason) << name;
 
     // Whatever changes while a file waits, its length stays; thousands wait, none of them open.
     Frames noise(30'000);
@@ -278,7 +280,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
     EXPECT_FALSE(WriteFile(path, {44100, 2}, noise));
     std::vector<HiresSourcePtr> waiting;
     for (int i = 0; i < 3000; ++i)
-        waiting.push_back(OpenHiresFile(path, {}, {}, news).source);
+        waiting.push_back(OpenHiresFile(path, {}, news).source);
     ASSERT_TRUE(waiting.back());
     const std::pair<std::string, const char*> changes[] = {
         {ReadBytes(path).substr(0, std::filesystem::file_size(path) - 9),
@@ -295,9 +297,10 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
     }
 
     // What libsndfile does not find shows at the end; what it only guesses is no loss.
-    RunProgram("cd " + (dir / "") +
-               " && ffmpeg -v error -f lavfi -i anoisesrc=a=0.1 -t 2 one.ogg && ffmpeg -v error -i one.ogg one.mp2 "
-               "&& cat one.ogg one.ogg >two.ogg");
+    RunProgram(
+        "cd " + (dir / "") +
+        " && ffmpeg -v error -f lavfi -i anoisesrc=a=0.1 -t 2 one.ogg && ffmpeg -v error -i one.ogg one.mp2 "
+        "&& cat one.ogg one.ogg >two.ogg");
     EXPECT_TRUE(ReadFile(dir / "one.ogg").told.empty());
     EXPECT_TRUE(ReadFile(dir / "one.mp2").told.empty());
     EXPECT_EQ(ReadFile(dir / "two.ogg").told[0].reason, "is longer than it tells; the rest is left out");
@@ -312,7 +315,7 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
             const std::string bad = good + std::to_string(i);
             WriteBytes(bad, bytes);
             bytes[i] = byte;
-            if (const HiresFileInput input = OpenHiresFile(bad, 48000, 2, news); input.source)
+            if (const HiresTone input = OpenHiresFile(bad, 48000, news); input.source)
                 ReadAll(*input.source, 100);
         }
     }
