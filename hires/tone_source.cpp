@@ -5,6 +5,7 @@
 #include "hires/oscillator.h"
 #include "hires/pink_noise.h"
 #include "hires/tone_parts.h"
+#include "hires/white_noise.h"
 #include "sound/kernels/kernels.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/files/read_facts.h"
-#include "hires/noise.h"
+#include "hires/random.h"
 #include "hires/raw_writer.h"
 #include "support/run_program.h"
 
