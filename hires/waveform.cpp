@@ -48,11 +48,11 @@ constexpr double ManyPeak = 1.1789797;
 
 /// In the order of their codes.
 constexpr HiresWaveform Waveforms[] = {
-    {nullptr, nullptr, 0, nullptr, 1, false},
-    {GetSquare, GetSquarePeak, 4096, SumSquare, 4 / std::numbers::pi, false},
-    {GetTriangle, GetTrianglePeak, 4096, nullptr, 1, false},
-    {GetSaw, GetSawPeak, 4096, SumSaw, ManyPeak, false},
-    {GetPulse, nullptr, 256, SumPulse, 1.5, true},
+    {nullptr, nullptr, nullptr, 1, 0, false},
+    {GetSquare, GetSquarePeak, SumSquare, 4 / std::numbers::pi, 4096, false},
+    {GetTriangle, GetTrianglePeak, nullptr, 1, 4096, false},
+    {GetSaw, GetSawPeak, SumSaw, ManyPeak, 4096, false},
+    {GetPulse, nullptr, SumPulse, 1.5, 256, true},
 };
 
 } // namespace

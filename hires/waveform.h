@@ -18,11 +18,11 @@ struct HiresWaveform {
     double (*getAmplitude)(int harmonic);
     /// Where the peak of so many is, in cycles; null for a pulse, whose harmonics all meet.
     double (*getPeakPlace)(int harmonics);
-    /// What tables hold at most: what is added between their entries has to stay below the harmonics.
-    int mostInTables;
     /// What so many of them add up to, more than tables hold; null where what is beyond can't be heard, and
     /// is left out.
     double (*sum)(std::uint64_t phase, int harmonics);
-    double peak;  ///< the most that any number of them reach
+    double peak; ///< the most that any number of them reach
+    /// What tables hold at most: what is added between their entries has to stay below the harmonics.
+    int mostInTables;
     bool isPulse; ///< whether they are cosines, and beside them stands half of one
 };
