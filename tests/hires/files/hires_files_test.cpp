@@ -57,7 +57,8 @@ Read ReadFile(const std::string& path, std::optional<int> rate = {}, std::option
     EXPECT_TRUE(input.source) << path << input.failure.GetReason();
     if (!input.source)
         return {};
-    input.source = HiresChannels::Open(std::move(input.source), channels.value_or(input.source->channels));
+    if (channels)
+        input.source = HiresChannels::Open(std::move(input.source), *channels);
     Frames samples = ReadAll(*input.source, input.source->GetLength() + 9);
     const auto end = samples.end() - 9 * input.source->channels;
     EXPECT_TRUE(std::all_of(end, samples.end(), [](std::int32_t sample) { return sample == 0; }));
