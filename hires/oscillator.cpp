@@ -19,12 +19,6 @@ std::int64_t ToGain(double amplitude) {
     return RoundToBits(std::fmin(amplitude, 1), HiresUnityBits);
 }
 
-/// How many harmonics lie wholly below half the rate.
-int CountHarmonics(double partOfRate) {
-    constexpr double most = HiresWaveTable::Most;
-    return static_cast<int>(partOfRate > 0 ? std::fmin(std::ceil(0.5 / partOfRate) - 1, most) : most);
-}
-
 double ToPartOfRate(std::int64_t move) {
     return std::fabs(static_cast<double>(move)) * (1.0 / (std::int64_t{1} << HiresPhases::RateBits));
 }
@@ -50,13 +44,15 @@ struct Range {
     double least, most;
 };
 
-/// What a table of a steady tone is multiplied by, and what is added: the harmonics of a pulse are as large
-/// as twice the part of the rate, and beside them stands half of that.
-struct TableScale {
-    TableScale(const HiresWaveform& waveform, double partOfRate)
-        : factor(waveform.isPulse ? 2 * partOfRate * CountHarmonics(partOfRate) : 1),
+/// The harmonics of a steady tone: how many they are, and what their shape is multiplied by and added to.
+/// Those of a pulse are as large as twice the part of the rate, and beside them stands half of that.
+struct Harmonics {
+    Harmonics(const HiresWaveform& waveform, double partOfRate)
+        : count(waveform.CountHarmonics(partOfRate)),
+          factor(waveform.isPulse ? 2 * partOfRate : 1),
           offset(waveform.isPulse ? partOfRate : 0) {}
 
+    int count;
     double factor, offset;
 };
 
@@ -95,22 +91,47 @@ private:
 
 class SteadyShape : public HiresOscillator {
 public:
-    SteadyShape(const HiresWaveTable& of, const TableScale& scale, std::uint64_t perFrame, double amplitude)
+    SteadyShape(const HiresWaveTable& of, double factor, double offset, std::uint64_t perFrame)
         : table(of),
-          gain(ToGain(amplitude * scale.factor)),
-          offset(RoundToBits(amplitude * scale.offset, HiresSumBits)),
+          gain(ToGain(factor)),
+          rest(RoundToBits(offset, HiresSumBits)),
           increment(perFrame) {}
 
     void Add(HiresSums& sums) override {
         for (std::int64_t& sum : sums) {
-            sum += table.LookUp(phase) * gain + offset;
+            sum += table.LookUp(phase) * gain + rest;
             phase += increment;
         }
     }
 
 private:
     const HiresWaveTable& table;
-    std::int64_t gain, offset;
+    std::int64_t gain, rest;
+    std::uint64_t increment, phase = 0;
+};
+
+/// So low that no table holds all harmonics.
+class LowShape : public HiresOscillator {
+public:
+    LowShape(const HiresWaveform& of, int count, double shapeFactor, double shapeOffset,
+             std::uint64_t perFrame)
+        : waveform(of),
+          harmonics(count),
+          factor(std::ldexp(shapeFactor, HiresSumBits)),
+          offset(std::ldexp(shapeOffset, HiresSumBits)),
+          increment(perFrame) {}
+
+    void Add(HiresSums& sums) override {
+        for (std::int64_t& sum : sums) {
+            sum += static_cast<std::int64_t>(waveform.sum(phase, harmonics) * factor + offset);
+            phase += increment;
+        }
+    }
+
+private:
+    const HiresWaveform& waveform;
+    int harmonics;
+    double factor, offset;
     std::uint64_t increment, phase = 0;
 };
 
@@ -123,7 +144,7 @@ public:
         : waveform(of),
           gain(ToGain(peak)),
           path(sweep) {
-        const int most = CountHarmonics(path.GetLeast());
+        const int most = std::min(waveform.CountHarmonics(path.GetLeast()), HiresWaveform::MostInTables);
         for (int harmonics = 0; harmonics <= most; harmonics += std::max(1, harmonics / 8)) {
             if (GetPresence(path.GetMost() * harmonics, FadeStart) == 1)
                 levels.clear();
@@ -203,31 +224,32 @@ void SweepingShape::Add(HiresSums& sums) {
 
 } // namespace
 
-double HiresOscillator::FindPeak(const HiresWaveform& waveform, const HiresFrequencyPath& path,
-                                 HiresWaveTables& tables) {
-    const double lowest = path.GetLeast();
-    if (lowest >= 0.5)
+double HiresOscillator::FindPeak(const HiresWaveform& waveform, const HiresFrequencyPath& path) {
+    if (path.GetLeast() >= 0.5)
         return 0;
     if (waveform.IsSine())
         return 1;
     if (!path.IsSteady())
         return waveform.isPulse ? 1 + std::fmin(path.GetMost(), 0.5) : waveform.peak;
-    const TableScale scale(waveform, lowest);
-    return scale.factor * tables.Get(CountHarmonics(lowest)).GetPeak() + scale.offset;
+    const Harmonics of(waveform, path.GetLeast());
+    return of.factor * waveform.FindPeak(of.count) + of.offset;
 }
 
 std::unique_ptr<HiresOscillator> HiresOscillator::Make(const HiresWaveform& waveform,
                                                        const HiresFrequencyPath& path, double amplitude,
                                                        HiresWaveTables& tables) {
-    const double lowest = path.GetLeast();
-    if (lowest >= 0.5)
+    if (path.GetLeast() >= 0.5)
         amplitude = 0;
     if (waveform.IsSine() && path.IsSteady())
         return std::make_unique<SteadySine>(path.GetIncrement(), amplitude);
     if (waveform.IsSine())
         return std::make_unique<SweepingSine>(path, amplitude);
-    if (path.IsSteady())
-        return std::make_unique<SteadyShape>(tables.Get(CountHarmonics(lowest)), TableScale(waveform, lowest),
-                                             path.GetIncrement(), amplitude);
-    return std::make_unique<SweepingShape>(waveform, path, amplitude, tables);
+    if (!path.IsSteady())
+        return std::make_unique<SweepingShape>(waveform, path, amplitude, tables);
+    const Harmonics of(waveform, path.GetLeast());
+    const double factor = amplitude * of.factor, offset = amplitude * of.offset;
+    if (of.count > HiresWaveform::MostInTables)
+        return std::make_unique<LowShape>(waveform, of.count, factor, offset, path.GetIncrement());
+    const double tableFactor = waveform.isPulse ? factor * of.count : factor;
+    return std::make_unique<SteadyShape>(tables.Get(of.count), tableFactor, offset, path.GetIncrement());
 }

@@ -9,8 +9,7 @@
 class HiresOscillator {
 public:
     /// The most that it reaches where `amplitude` is 1.
-    static double FindPeak(const HiresWaveform& waveform, const HiresFrequencyPath& path,
-                           HiresWaveTables& tables);
+    static double FindPeak(const HiresWaveform& waveform, const HiresFrequencyPath& path);
     /// `amplitude`, 0..1, is that of the waveform's own peak, full scale being 1. `tables` is the waveform's,
     /// and is needed for as long as the oscillator.
     static std::unique_ptr<HiresOscillator> Make(const HiresWaveform& waveform,

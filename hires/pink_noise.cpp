@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double LowestPoleHz = 2;
+constexpr int LowestPoleHz = 2;
 
 /// Half of a symmetrical filter, from the middle on: what one-pole sections make too loud towards half the
 /// rate, the same at any rate. By least squares up to 0.985 of it.
@@ -21,7 +21,7 @@ constexpr double Correction[] = {0.93280165, 0.04091158, -0.00991911, 0.00431138
 /// sections side by side, each pole has the gain that it would have in the ladder.
 HiresPinkNoise::Sections::Sections(int rate) {
     std::vector<double> all, zeros;
-    for (double hz = LowestPoleHz; hz < rate; hz *= 2) {
+    for (int hz = LowestPoleHz; hz < rate; hz *= 2) {
         all.push_back(ExactExp(-2 * std::numbers::pi * hz / rate));
         zeros.push_back(ExactExp(-2 * std::numbers::pi * hz * std::numbers::sqrt2 / rate));
     }

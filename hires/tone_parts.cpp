@@ -68,12 +68,12 @@ double HiresToneParts::FindPeak() const {
     for (const auto& channel : components) {
         double sum = 0;
         for (const auto& [path, amplitude] : channel)
-            sum += amplitude * HiresOscillator::FindPeak(*waveform, path, *tables);
+            sum += amplitude * HiresOscillator::FindPeak(*waveform, path);
         peak = std::max(peak, sum);
     }
     return peak;
 }
 
 std::int64_t CountHiresFrames(double ms, int rate) {
-    return static_cast<std::int64_t>(std::fmin(std::fmax(ms, 0), 1e12) * rate / 1000 + 0.5);
+    return RoundToBits(std::fmin(std::fmax(ms, 0), 1e12) * rate / 1000, 0);
 }

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <numbers>
 
 namespace {
@@ -57,14 +56,6 @@ HiresWaveTable::HiresWaveTable(const HiresWaveform& waveform, int harmonics)
         knots.push_back(waveform.isPulse ? Knot{ToEntry(sums.real), ToEntry(sums.imaginary)}
                                          : Knot{ToEntry(sums.imaginary), ToEntry(sums.real)});
     knots.push_back(knots.front());
-}
-
-/// No curve between two knots leaves the hull of these (after Bezier).
-double HiresWaveTable::GetPeak() const {
-    double peak = 0;
-    for (const Knot& each : knots)
-        peak = std::max(peak, std::fabs(each.value) + std::fabs(each.slope) / 3);
-    return std::ldexp(peak, -UnityBits);
 }
 
 const HiresWaveTable& HiresWaveTables::Get(int harmonics) {

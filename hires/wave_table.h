@@ -13,18 +13,15 @@
 /// thousand.
 class HiresWaveTable {
 public:
-    /// What of a very low tone is beyond these is left out: it is beyond hearing, too.
-    static constexpr int Most = 4096;
     /// 2^`UnityBits` stands for 1, so that overshoots fit.
     static constexpr int UnityBits = 30;
 
-    /// `harmonics` is 0..`Most`. Those of a pulse are divided by their number, so that they fit.
+    /// `harmonics` is 0..`HiresWaveform::MostInTables`. Those of a pulse are divided by their number, so that
+    /// they fit.
     HiresWaveTable(const HiresWaveform& waveform, int harmonics);
 
     /// The value at a phase of which 2^64 are a cycle.
     std::int32_t LookUp(std::uint64_t phase) const;
-    /// The most that any value reaches, 1 being the waveform's peak.
-    double GetPeak() const;
 
 private:
     struct Knot {

@@ -10,26 +10,23 @@ constexpr double FadeMs = 10;
 
 PlayInput OpenStandard(const SonvireData& tone) {
     const SoundInput input = OpenToneInput(tone, SoundLength::Any);
-    return {{input},
-            input.source.GetEnd(),
-            std::make_shared<std::atomic<double>>(0),
-            [source = input.source](LSoundPlayer& player) { return player.Start(source); }};
+    return {{input}, input.source.GetEnd(), 0, [source = input.source](LSoundPlayer& player) {
+                return player.Start(source);
+            }};
 }
 
-/// What the user waits for is done at the lowest rate, which takes the least time.
 PlayInput OpenHigh(const SonvireData& tone) {
-    constexpr LPlayFormat least{.rate = HiresSettings::LowestRate};
-    const HiresInput input = OpenHiresToneInput(
-        tone, {.settings = {.rate = least.rate, .fit = true, .fadeInMs = FadeMs, .fadeOutMs = FadeMs},
-               .length = SoundLength::Any});
-    const auto loweredDb = std::make_shared<std::atomic<double>>(0);
-    const auto length = input.failure ? LSoundTime() : least.GetTime(input.source->GetLength());
-    return {{input}, length, loweredDb, [open = input.open, loweredDb](LSoundPlayer& player) {
-                player.Start([open, loweredDb](int rate) {
-                    HiresTone opened = open(rate);
-                    *loweredDb = opened.loweredDb;
-                    return std::move(opened.source);
-                });
+    const HiresInput input =
+        OpenHiresToneInput(tone, {.settings = {.fit = true, .fadeInMs = FadeMs, .fadeOutMs = FadeMs},
+                                  .length = SoundLength::Any});
+    if (input.failure)
+        return {{input}, {}, 0, {}};
+    const LPlayFormat format{.rate = input.source->rate};
+    return {{input},
+            format.GetTime(input.source->GetLength()),
+            input.loweredDb,
+            [open = input.open](LSoundPlayer& player) {
+                player.Start([open](int rate) { return open(rate).source; });
                 return true;
             }};
 }

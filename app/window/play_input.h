@@ -2,7 +2,6 @@
 
 #include "jobs/sound_input.h"
 
-#include <atomic>
 #include <functional>
 
 class LSoundPlayer;
@@ -10,10 +9,9 @@ struct Quality;
 
 /// What is about to play, in either quality.
 struct PlayInput : InputFacts {
-    LSoundTime length; ///< of one pass
-    /// By how much the tone is lowered so that it fits; known once the player knows the format.
-    std::shared_ptr<const std::atomic<double>> loweredDb;
-    /// As the player's; not with a failure.
+    LSoundTime length;    ///< of one pass
+    double loweredDb = 0; ///< in high quality, by how much the tone is lowered so that it fits
+    /// As the player's; null with a failure.
     std::function<bool(LSoundPlayer&)> start;
 };
 

@@ -140,7 +140,7 @@ void Playback::TellNews() {
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
     TellNews();
     if (const auto format = player.GetFormat())
-        view.ShowFormat(*format, *loweredDb);
+        view.ShowFormat(*format, loweredDb);
     if (player.IsPlaying())
         view.ShowPosition(endless ? sinceStart : time);
 }

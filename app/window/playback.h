@@ -66,7 +66,7 @@ private:
     LSoundPlayer player;
     LDB volume;
     bool endless = false;                                                ///< what plays
-    std::shared_ptr<const std::atomic<double>> loweredDb;                ///< of what plays
+    double loweredDb = 0;                                                ///< the same
     LSoundTime sinceStart;                                               ///< of the playback that is on
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
     std::vector<LFileWarning> problems; ///< of the list that played last, which the user has been told

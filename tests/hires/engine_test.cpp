@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <complex>
+#include <cstring>
 #include <numbers>
 
 namespace {
@@ -113,6 +114,24 @@ TEST(HiresTone, AWaveformHasItsHarmonicsAndNothingElse) {
     }
 }
 
+TEST(HiresTone, ALowToneHasAllHarmonics) {
+    const struct {
+        int waveform;
+        double hz, amplitude; ///< of one harmonic of 1 Hz, below half of full scale
+    } cases[] = {
+        {ToneSquare, 20001, 4 / std::numbers::pi / 20001 * 92682 / 131070},
+        {ToneSquare, 20000, 0},
+        {ToneSawTooth, 23999, 2 / std::numbers::pi / 23999 * 165794 / 131070},
+        {ToneSawTooth, 2, 1 / std::numbers::pi * 165794 / 131070},
+        {ToneImpulse, 23999, 2.0 / 48000 * 185364 / 131070},
+        {ToneTriangular, 3001, 8 / std::pow(std::numbers::pi * 3001, 2) * 165794 / 131070},
+    };
+    for (const auto& [waveform, hz, amplitude] : cases) {
+        const auto samples = Render(ToneOf(waveform, {1}), {.rate = 48000, .level = -6.0205999132796239});
+        EXPECT_NEAR(Measure(samples, hz, 48000), amplitude / 2, 2e-10) << waveform << ", " << hz;
+    }
+}
+
 TEST(HiresTone, ASweepMovesWithEveryFrame) {
     HiresSettings settings{.rate = 48000, .level = 0};
     const struct {
@@ -195,6 +214,70 @@ TEST(HiresTone, FadesAreRaisedCosines) {
                                       {47999, 0.0000026772992}})
         EXPECT_NEAR(faded[static_cast<std::size_t>(frame)], plain[static_cast<std::size_t>(frame)] * gain, 16)
             << frame;
+}
+
+/// Lists of tones in a folder.
+struct HiresList : testing::Test {
+    void Save(const char* name, SonvireData tone) { EXPECT_FALSE(tone.WriteToFile((dir / name).c_str())); }
+    /// The file has the last entry first.
+    void SaveList(const char* name, const std::vector<std::string>& entries) {
+        std::string lines;
+        for (const std::string& each : entries)
+            lines.insert(0, each + "\n");
+        WriteBytes(dir / name, lines);
+    }
+    std::vector<std::int32_t> Play(const std::vector<std::string>& entries, int frames,
+                                   bool isEndless = false) {
+        SaveList("list.tdl", entries);
+        const HiresTone opened = OpenHiresList(ExamineToneList(dir / "list.tdl"), {.rate = 8000, .seed = 5},
+                                               [](const std::string&, int) { return HiresTone{}; });
+        EXPECT_EQ(opened.source->GetLength(), isEndless ? HiresSource::Endless : frames);
+        std::vector<std::int32_t> samples(static_cast<std::size_t>(frames * opened.source->channels));
+        opened.source->Read(samples.data(), frames);
+        return samples;
+    }
+
+    TempDir dir;
+};
+
+TEST_F(HiresList, PlaysItsEntriesOneAfterTheOther) {
+    SonvireData tone = ToneOf(ToneSine, {500}, 100), noise = ToneOf(ToneWhiteNoise, {}, 100);
+    Save("tone.tdf", tone);
+    Save("noise.tdf", noise);
+    const std::vector<std::int32_t> once = Render(tone, {.rate = 8000});
+    tone.repeat = 1;
+    Save("looped.tdf", tone);
+    tone.waveform = ToneFromList;
+    std::strcpy(tone.listPath, (dir / "inner.tdl").c_str());
+    Save("list.tdf", tone);
+    std::strcpy(tone.listPath, (dir / "none.tdl").c_str());
+    Save("none.tdf", tone);
+    tone = ToneOf(ToneSine, {300}, 50);
+    tone.flags |= ToneFlagStereo;
+    Save("stereo.tdf", tone);
+    SaveList("inner.tdl", {"tone.tdf", "10ms silence."});
+
+    const std::vector<std::int32_t> silence(80);
+    const auto join = [](std::initializer_list<std::vector<std::int32_t>> parts) {
+        std::vector<std::int32_t> all;
+        for (const auto& each : parts)
+            all.insert(all.end(), each.begin(), each.end());
+        return all;
+    };
+    EXPECT_EQ(Play({"tone.tdf", "no.wav", "no.tdf", "10ms silence.", "inner.tdl", "tone.tdf"}, 2560),
+              join({once, silence, once, silence, once}));
+    EXPECT_EQ(Play({"tone.tdf", "looped.tdf", "tone.tdf"}, 2400, true), join({once, once, once}));
+    EXPECT_EQ(Play({"none.tdf", "10ms silence.", "list.tdf", "noise.tdf"}, 1840, true),
+              join({silence, once, silence, once, silence}));
+
+    std::vector<std::int32_t> noises = Play({"noise.tdf", "noise.tdf"}, 1600);
+    EXPECT_TRUE(
+        std::equal(noises.begin(), noises.begin() + 800, Render(noise, {.rate = 8000, .seed = 5}).begin()));
+    EXPECT_FALSE(std::equal(noises.begin(), noises.begin() + 800, noises.begin() + 800));
+
+    const std::vector<std::int32_t> both = Play({"tone.tdf", "stereo.tdf"}, 1200);
+    for (std::size_t i = 0; i < once.size(); ++i)
+        ASSERT_TRUE(both[2 * i] == once[i] && both[2 * i + 1] == once[i]) << i;
 }
 
 TEST(HiresRawWriter, WritesLittleEndianSamplesRoundedToTheirBits) {
