@@ -322,6 +322,21 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
     }
 }
 
+TEST(HiresFiles, HaveTagsOfAnyBytes) {
+    const TempDir dir;
+    const std::pair<std::string, std::string> cases[] = {
+        {"caf\xE9.wav", "caf?.wav"},
+        {"caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x8E\xB5", "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x8E\xB5"},
+        {"\xC0\xAF \xED\xA0\x80 \xF5\x80\x80\x80 \xEF\xBF\xBF \xC3", "?? ??? ???? ??? ?"}, // no characters
+        {std::string(7999, 'x') + "\xC3\xA9", std::string(7999, 'x')},
+    };
+    for (const auto& [text, expected] : cases) {
+        EXPECT_FALSE(
+            WriteTo(LSharedReadWriteFile((dir / "a.flac").c_str()), "a.flac", {8000, 1}, {1}, {"p", text}));
+        EXPECT_EQ(ReadHiresFacts(dir / "a.flac").comment, expected);
+    }
+}
+
 TEST(HiresFiles, TellWhichLibraryIsMissing) {
     const TempDir dir;
     EXPECT_FALSE(WriteFile(dir / "a.flac", {8000, 1}, Frames(9)));
