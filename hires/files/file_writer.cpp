@@ -85,6 +85,7 @@ LFailure HiresFileWriter::Write(const std::int32_t* from, int frames) {
         failure = stream->GetFailure();
         if (!isWritten && !failure)
             failure = LFailure::OfSystem(EIO);
+        isEmpty = false;
         done += now;
     }
     return failure;
@@ -93,6 +94,8 @@ LFailure HiresFileWriter::Write(const std::int32_t* from, int frames) {
 LFailure HiresFileWriter::Finish() {
     if (!stream)
         return failure;
+    if (isEmpty && stream->Get()) // else a FLAC file without a frame would be one without a byte
+        Sndfile().command(stream->Get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     stream->Close();
     if (!failure)
         failure = stream->GetFailure();

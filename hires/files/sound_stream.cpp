@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -106,6 +107,17 @@ void HiresSoundStream::Open(int mode, const char* refusal) {
     handle = Sndfile().open_virtual(&calls, mode, &info, this);
     if (!handle)
         Keep(refusal);
+}
+
+std::int64_t HiresSoundStream::CountFrames() {
+    if (info.frames <= MostFrames)
+        return info.frames;
+    constexpr sf_count_t AtOnce = 1024;
+    std::vector<double> block(static_cast<std::size_t>(AtOnce * info.channels));
+    std::int64_t all = 0;
+    for (sf_count_t some = AtOnce; some > 0; all += some)
+        some = std::max<sf_count_t>(0, Sndfile().readf_double(handle, block.data(), AtOnce));
+    return all;
 }
 
 void HiresSoundStream::Write(std::string_view text) {

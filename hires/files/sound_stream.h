@@ -29,8 +29,9 @@ public:
     const SF_INFO& GetInfo() const { return info; }
     /// More frames than any file has; lengths below can be added up for hundreds of thousands of files.
     static constexpr std::int64_t MostFrames = std::int64_t{1} << 45;
-    /// False where the file does not tell how many frames there are.
-    bool TellsLength() const { return info.frames <= MostFrames; }
+    /// How long the file is, for before it is read; one that does not tell, such as a FLAC file that went
+    /// into a pipe, is read through.
+    std::int64_t CountFrames();
     /// Bytes of the file behind what libsndfile has read.
     std::int64_t CountUnread() const { return file.GetSize() - file.GetOffset(); }
 

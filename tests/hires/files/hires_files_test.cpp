@@ -302,6 +302,11 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         "cd " + (dir / "") +
         " && ffmpeg -v error -f lavfi -i anoisesrc=a=0.1 -t 2 one.ogg && ffmpeg -v error -i one.ogg one.mp2 "
         "&& cat one.ogg one.ogg >two.ogg");
+    RunProgram("ffmpeg -v error -i " + (dir / "one.ogg") + " -c:a flac -f flac - >" + (dir / "piped.flac"));
+    EXPECT_EQ(ReadFile(dir / "piped.flac").samples.size(), ReadFile(dir / "one.ogg").samples.size());
+    EXPECT_EQ(ReadHiresFacts(dir / "piped.flac").frames, 96000);
+    EXPECT_FALSE(WriteFile(dir / "empty.flac", {8000, 1}, {}));
+    EXPECT_EQ(ReadFile(dir / "empty.flac").samples, Frames());
     EXPECT_TRUE(ReadFile(dir / "one.ogg").told.empty());
     EXPECT_TRUE(ReadFile(dir / "one.mp2").told.empty());
     EXPECT_EQ(ReadFile(dir / "two.ogg").told[0].reason, "is longer than it tells; the rest is left out");
