@@ -17,7 +17,8 @@ constexpr double FullScale = 2147483648.0;
 /// How long the file is at another rate.
 std::int64_t CountFrames(HiresSoundStream& stream, int rate) {
     const int own = stream.GetInfo().samplerate;
-    return static_cast<std::int64_t>((static_cast<__int128>(stream.CountFrames()) * rate + own / 2) / own);
+    const __int128 frames = stream.CountFrames() + stream.CountMissingFrames();
+    return static_cast<std::int64_t>((frames * rate + own / 2) / own);
 }
 
 LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
@@ -94,7 +95,7 @@ void FileSource::Close() {
 void FileSource::ReadBlock(std::int32_t* out, int frames) {
     const int there = reading->Read(frames);
     if (there < frames && length - position - there > (reading->IsLengthGuessed() ? rate / 4 : 0))
-        TellLost(LWaveFile::CutShortText);
+        news->Tell({path, LWaveFile::CutShortText, !reading->IsCutShort()});
     if (ToIntegers(reading->GetBlock(), frames * channels, out))
         news->Tell({path, "exceeds full scale and is clipped", false});
     position += frames;

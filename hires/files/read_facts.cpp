@@ -49,7 +49,8 @@ HiresFileFacts ReadHiresFacts(const std::string& path) {
     return {.kind = NameContainer(info.format) + ", " + NameSamples(info.format),
             .rate = info.samplerate,
             .channels = info.channels,
-            .frames = stream.CountFrames(),
+            .frames = stream.CountFrames() + stream.CountMissingFrames(),
+            .isCutShort = stream.CountMissingFrames() > 0,
             .program = GetTag(stream.Get(), SF_STR_SOFTWARE),
             .comment = GetTag(stream.Get(), SF_STR_COMMENT)};
 }

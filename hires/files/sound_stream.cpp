@@ -1,5 +1,7 @@
 #include "hires/files/sound_stream.h"
 
+#include "hires/files/missing_frames.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <utility>
@@ -78,6 +80,11 @@ HiresSoundStream::HiresSoundStream(const std::string& path)
       start(0),
       failure(CheckReadable(path)) {
     Open(SFM_READ, "is damaged or of a kind that is not read");
+    if (!handle)
+        return;
+    missing = ::CountMissingFrames(handle, info);
+    if (missing < 0 || missing > MostFrames)
+        missing = 0;
 }
 
 HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels,

@@ -32,6 +32,8 @@ public:
     /// How long the file is, for before it is read; one that does not tell, such as a FLAC file that went
     /// into a pipe, is read through.
     std::int64_t CountFrames();
+    /// How many more there were before it was cut short, by its own account.
+    std::int64_t CountMissingFrames() const { return missing; }
     /// Bytes of the file behind what libsndfile has read.
     std::int64_t CountUnread() const { return file.GetSize() - file.GetOffset(); }
 
@@ -55,4 +57,5 @@ private:
     LFailure failure;
     SF_INFO info{};
     SNDFILE* handle = nullptr;
+    std::int64_t missing = 0;
 };

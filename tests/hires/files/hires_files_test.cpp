@@ -297,6 +297,21 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         waiting.pop_back();
     }
 
+    // Silence stands for what a header promises, but not where it was written into a pipe.
+    const std::vector<LFileWarning> cut = {{dir / "cut", "is cut short; silence stands for the rest", false}};
+    for (const std::string kind : {".wav", ".aiff", ".w64"}) {
+        EXPECT_FALSE(WriteFile(dir / ("whole" + kind), {8000, 2, HiresSamples::Int32}, noise));
+        WriteBytes(dir / "cut", ReadBytes(dir / ("whole" + kind)).substr(0, 100'001));
+        EXPECT_TRUE(ReadHiresFacts(dir / "cut").isCutShort) << kind;
+        const Read read = ReadFile(dir / "cut");
+        EXPECT_EQ(read.samples.size(), noise.size()) << kind;
+        EXPECT_EQ(Frames(read.samples.begin(), read.samples.begin() + 24'900),
+                  Frames(noise.begin(), noise.begin() + 24'900));
+        EXPECT_EQ(read.told, cut) << kind;
+    }
+    RunProgram("sox -n -r 8000 -t wav - synth 1 sine 440 | cat >" + (dir / "sox.wav"));
+    EXPECT_EQ(ReadFile(dir / "sox.wav").samples.size(), 8000);
+
     // What libsndfile does not find shows at the end; what it only guesses is no loss.
     RunProgram(
         "cd " + (dir / "") +
