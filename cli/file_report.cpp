@@ -96,7 +96,7 @@ std::int64_t CountMilliseconds(const LSoundSource& source, const ToneListReport&
 /// What there is to tell of a list in one of both qualities.
 struct ListFacts {
     ToneListReport found;
-    int rate, channels;
+    int rate, channels; ///< no channels where it is refused
     std::int64_t ms;
 };
 
@@ -111,7 +111,7 @@ ListFacts FindHighFacts(const std::string& path, const HiresInput& input) {
     ToneListReport found = ExamineHiresList(path);
     const std::int64_t ms = found.CountMilliseconds();
     if (!input.source)
-        return {std::move(found), HiresSettings{}.rate, 1, ms};
+        return {std::move(found), HiresSettings{}.rate, 0, ms};
     return {std::move(found), input.source->rate, input.source->channels, ms};
 }
 
@@ -130,6 +130,10 @@ Json ListEntries(const ToneListReport& found, FileReport& report) {
     return entries;
 }
 
+const char* NameChannels(int channels) {
+    return channels == 0 ? "" : channels == 1 ? ", mono" : ", stereo";
+}
+
 FileReport ReportList(const std::string& path, const HiresRequest* request) {
     std::optional<HighQuality> high;
     if (request)
@@ -137,12 +141,11 @@ FileReport ReportList(const std::string& path, const HiresRequest* request) {
     const ListFacts facts = high ? FindHighFacts(path, high->GetInput()) : FindStandardFacts(path);
     FileReport report;
     Json entries = ListEntries(facts.found, report);
-    report.title =
-        "Tone list, " + std::to_string(facts.rate) + " Hz, " + (facts.channels == 1 ? "mono" : "stereo");
+    report.title = "Tone list, " + std::to_string(facts.rate) + " Hz" + NameChannels(facts.channels);
     report.rows.push_back({"Total", FormatClock(facts.ms)});
     Json object = DescribeType("list");
     object["rateHz"] = facts.rate;
-    object["channels"] = facts.channels;
+    object["channels"] = std::max(facts.channels, 1);
     object["durationMs"] = facts.ms;
     object["entries"] = std::move(entries);
     if (high)

@@ -10,12 +10,13 @@
 
 namespace {
 
+/// Sound files in a list keep their levels, which nobody knows before they are read.
 std::string DescribePeak(const HiresInput& input) {
-    const std::string peak = std::isfinite(input.peak) ? "peak " + FormatDbfs(input.peak) : "silent";
+    const std::string peak = std::isfinite(input.peak) ? FormatDbfs(input.peak) : "none";
     char lowered[48] = "";
     if (input.loweredDb > 0)
         std::snprintf(lowered, sizeof lowered, ", lowered by %.2f dB", input.loweredDb);
-    return peak + lowered;
+    return (input.isList ? "peak of its tones: " : "peak ") + peak + lowered;
 }
 
 } // namespace

@@ -5,8 +5,11 @@
 #include "hires/file_kind.h"
 #include "jobs/hires_files.h"
 
+#include <algorithm>
+
 namespace {
 
+constexpr double LongestFadeMs = 3'600'000;
 constexpr double HighestLevel = 100; // for a tone of components far below 0 dB
 
 /// Gives an option's texts to `take`, which returns what is wrong with them.
@@ -29,7 +32,10 @@ std::string TakeFades(HiresOptions& options, const std::string& text) {
         return "\"" + text + "\" is not one duration or two";
     options.fadeInMs = ParseDuration(parts.front());
     options.fadeOutMs = ParseDuration(parts.back());
-    return options.fadeInMs && options.fadeOutMs ? "" : ExplainNone(Durations, text);
+    if (!options.fadeInMs || !options.fadeOutMs)
+        return ExplainNone(Durations, text);
+    const auto [shorter, longer] = std::minmax(*options.fadeInMs, *options.fadeOutMs);
+    return shorter >= 0 && longer <= LongestFadeMs ? "" : "\"" + text + "\" is not in the range 0 to 1h";
 }
 
 } // namespace
@@ -89,7 +95,10 @@ void AddHiresOptions(CLI::App& command, HiresOptions& options) {
     };
     add("--level", "Where a component of 0 dB stands, in dBFS and any fraction; without it, -12.04", "DB",
         TakeLevel);
-    add("--fade", "Fades every tone in and out: 10, or 10,50 where they differ", "MS[,MS]", TakeFades);
+    add("--fade",
+        "Fades every tone in and out, by this many milliseconds or 10,50 where they differ; without it, 10 "
+        "where it plays, and 0 where it is rendered",
+        "MS[,MS]", TakeFades);
     command
         .add_flag_callback(
             "--fit",

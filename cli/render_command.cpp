@@ -32,6 +32,8 @@ std::string CheckHigh(const RenderOptions& options) {
         return "--bits 8 goes with the standard quality";
     if (options.rate && *options.rate < HiresSettings::LowestRate)
         return "--rate " + std::to_string(*options.rate) + ": high quality has rates from 8000 Hz on";
+    if (!options.dither.empty() && options.bits != "16")
+        return "--dither goes with --bits 16";
     return {};
 }
 
@@ -67,7 +69,8 @@ void AddFormatOptions(CLI::App& command, RenderOptions& options) {
     command
         .add_option(
             "--rate", options.rate,
-            "Sample rate, 1 to 196000, or 8000 to 768000 in high quality; without it, the input's own")
+            "Sample rate, 1 to 196000, or 8000 to 768000 in high quality; without it, the input's own, "
+            "and 44100 of tones")
         ->transform(WholeIn(Rates, 1, HiresSettings::HighestRate))
         ->type_name("HZ");
     command.add_option("--channels", options.channels, "1 (mono) or 2 (stereo); without it, the input's own")
@@ -83,7 +86,7 @@ void AddFormatOptions(CLI::App& command, RenderOptions& options) {
         .add_option_function<std::string>(
             "--dither",
             [&options](const std::string& kind) {
-                options.dithers = kind != "none";
+                options.dither = kind;
                 options.high.Imply("--dither");
             },
             "Of 16 bits: triangular (tpdf, without this option) or none")

@@ -102,7 +102,7 @@ int RenderHigh(const RenderOptions& options) {
                          .durationMs = options.tone.durationMs};
     const HiresTarget target{.path = options.output.path,
                              .samples = GetSamples(options.bits),
-                             .dither = options.dithers,
+                             .dither = options.dither != "none",
                              .isRaw = options.isRaw,
                              .seed = request.settings.seed,
                              .program = "Sonvire " SONVIRE_VERSION};

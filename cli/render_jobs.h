@@ -14,8 +14,8 @@ struct RenderOptions {
     ToneOptions tone;
     HiresOptions high;
     std::optional<int> rate, channels;
-    std::string bits;                   ///< as it was typed; empty where it was not given
-    bool dithers = true, isRaw = false; ///< in high quality
+    std::string bits, dither; ///< as they were typed; empty where they were not given
+    bool isRaw = false;       ///< in high quality
     std::optional<int> seed;
     bool quiet = false;
     bool strict = false;

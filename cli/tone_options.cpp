@@ -211,7 +211,7 @@ void AddSeedOption(CLI::App& command, std::optional<int>& seed) {
                 FixRandomSeed(static_cast<std::uint32_t>(value));
             },
             "Makes white and pink noise the same every time; without it, they always differ, but in high "
-            "quality")
+            "quality, whose dither has it as well")
         ->check(DecimalIn(0, std::numeric_limits<int>::max()))
         ->type_name("N");
 }

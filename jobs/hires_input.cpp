@@ -71,6 +71,7 @@ HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, co
 HiresInput OpenList(const std::string& path, bool loops, const HiresRequest& request) {
     const auto report = std::make_shared<const ToneListReport>(ExamineHiresList(path));
     HiresInput input;
+    input.isList = true;
     input.endless = loops;
     input.isNeverLeft = report->isNeverLeft;
     input.warnings = CollectWarnings(*report);

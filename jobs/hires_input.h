@@ -21,11 +21,12 @@ struct HiresInput : InputFacts {
     /// Opens it anew, from its beginning, at another rate. Any thread may do that, one at a time.
     using Opener = std::function<HiresTone(int rate)>;
 
-    HiresSourcePtr source;   ///< null with a failure
-    Opener open;             ///< null with a failure
-    double peak = 0;         ///< the most that its tones reach, in dBFS
-    double loweredDb = 0;    ///< by how much tones were lowered to fit
-    bool isFile = false;     ///< a sound file, which stands at its own level
+    HiresSourcePtr source; ///< null with a failure
+    Opener open;           ///< null with a failure
+    double peak = 0;       ///< the most that its tones reach, in dBFS
+    double loweredDb = 0;  ///< by how much tones were lowered to fit
+    bool isFile = false;   ///< a sound file, which stands at its own level
+    bool isList = false;
     std::string description; ///< what it is, in a line, for the tag of a file: "Sine 1 Frequency ..."
 };
 
