@@ -114,13 +114,13 @@ void MeasureFrequency(int rate) {
 
 void MeasureAliases(int waveform, int rate, double hz) {
     const SonvireData tone = ToneOf(waveform, hz, SpectrumSeconds);
-    const Samples samples = Render(tone, rate, -12.04, 24);
+    const Samples samples = Render(tone, rate, -12.04, 32);
     std::vector<double> harmonics;
     for (int i = waveform == ToneImpulse ? 0 : 1; i * hz < rate / 2.0; ++i)
         harmonics.push_back(i * hz);
     const double strongest = LineSpectrum(samples, rate).FindStrongestBeside(harmonics).amplitude;
     Report(tone.GetToneName() + std::string(" of ") + std::to_string(static_cast<int>(hz)) +
-               " Hz, 24 bits, strongest alias",
+               " Hz, 32 bits, strongest alias",
            -120, "dBc", ToDb(strongest / std::abs(MeasureLine(samples, hz, rate))));
 }
 
@@ -214,7 +214,7 @@ int main() {
         MeasureQuietSine(rate);
         MeasureFrequency(rate);
         for (const int waveform : {ToneSquare, ToneTriangular, ToneSawTooth, ToneImpulse})
-            for (const double hz : {997, 4999})
+            for (const double hz : {47, 997, 4999})
                 MeasureAliases(waveform, rate, hz);
         MeasureSweep(rate);
         for (const int waveform : {ToneWhiteNoise, TonePinkNoise})

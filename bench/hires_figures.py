@@ -27,8 +27,8 @@ def run(options):
 def high(rate, tone, bits=24):
     """The samples, full scale being 1."""
     written = run("--quality high --raw --rate %d --bits %d %s -" % (rate, bits, tone))
-    if bits == 16:
-        return np.frombuffer(written, "<i2") / 2.0**15
+    if bits != 24:
+        return np.frombuffer(written, "<i%d" % (bits // 8)) / 2.0**(bits - 1)
     words = np.zeros((len(written) // 3, 4), np.uint8)
     words[:, 1:] = np.frombuffer(written, np.uint8).reshape(-1, 3)
     return words.view("<i4")[:, 0] / 2.0**31
@@ -104,7 +104,7 @@ def frequency(rate):
 
 def alias(rate, waveform, hz):
     """In a whole second all lines of a whole frequency are bins."""
-    lines = np.abs(np.fft.rfft(high(rate, "--waveform %s --frequency %d --duration 1s" % (waveform, hz))))
+    lines = np.abs(np.fft.rfft(high(rate, "--waveform %s --frequency %d --duration 1s" % (waveform, hz), 32)))
     fundamental = lines[hz]
     lines[::hz] = 0
     return db(lines.max() / fundamental)
@@ -212,8 +212,8 @@ def main():
     row("997 Hz at -60 dBFS, 24 bits, strongest spur", -150, "dBFS", lambda rate: spur(rate, -60, 24))
     row("997 Hz, frequency off by, of itself", 1e-9, "", frequency)
     for waveform in WAVEFORMS[1:]:
-        for hz in 997, 4999:
-            row("%s of %d Hz, 24 bits, strongest alias" % (waveform, hz), -120, "dBc",
+        for hz in 47, 997, 4999:
+            row("%s of %d Hz, 32 bits, strongest alias" % (waveform, hz), -120, "dBc",
                 lambda rate: alias(rate, waveform, hz))
     for waveform in "white", "pink":
         row(waveform + ", 600 s, third octaves 50 Hz to 20 kHz", 0.2, "dB",

@@ -16,7 +16,7 @@ namespace {
 constexpr double FadeStart = 0.9, SineFadeStart = 0.985;
 
 std::int64_t ToGain(double amplitude) {
-    return RoundToBits(std::fmin(amplitude, 1), HiresUnityBits);
+    return RoundToBits(amplitude, HiresUnityBits);
 }
 
 double ToPartOfRate(std::int64_t move) {
@@ -144,14 +144,15 @@ public:
         : waveform(of),
           gain(ToGain(peak)),
           path(sweep) {
-        const int most = std::min(waveform.CountHarmonics(path.GetLeast()), HiresWaveform::MostInTables);
+        const int most = waveform.CountHarmonics(path.GetLeast());
         for (int harmonics = 0; harmonics <= most; harmonics += std::max(1, harmonics / 8)) {
             if (GetPresence(path.GetMost() * harmonics, FadeStart) == 1)
                 levels.clear();
             levels.push_back({harmonics, nullptr});
         }
         for (Level& each : levels)
-            each.table = &tables.Get(each.harmonics);
+            if (each.harmonics <= waveform.mostInTables)
+                each.table = &tables.Get(each.harmonics);
     }
 
     void Add(HiresSums& sums) override;
@@ -159,7 +160,7 @@ public:
 private:
     struct Level {
         int harmonics;
-        const HiresWaveTable* table;
+        const HiresWaveTable* table; ///< null where it would be too large
     };
     using Place = std::vector<Level>::const_iterator;
 
@@ -190,10 +191,14 @@ bool SweepingShape::IsOneTable(const Range& range) const {
 
 /// Of a pulse, with the constant half a harmonic that belongs to it.
 double SweepingShape::GetShape(const Level& level, std::uint64_t phase, double partOfRate) const {
-    const double value = level.table->LookUp(phase);
-    if (!waveform.isPulse || level.harmonics == 0)
-        return value;
-    return (2 * value * level.harmonics + (1 << HiresUnityBits)) * partOfRate;
+    if (level.harmonics == 0)
+        return 0;
+    constexpr double unity = 1 << HiresUnityBits;
+    if (!waveform.isPulse)
+        return level.table ? level.table->LookUp(phase) : waveform.sum(phase, level.harmonics) * unity;
+    const double sum = level.table ? static_cast<double>(level.table->LookUp(phase)) * level.harmonics
+                                   : waveform.sum(phase, level.harmonics) * unity;
+    return (2 * sum + unity) * partOfRate;
 }
 
 double SweepingShape::GetShape(std::uint64_t phase, double partOfRate) const {
@@ -214,11 +219,11 @@ void SweepingShape::Add(HiresSums& sums) {
     HiresPhases now;
     path.Read(now);
     const Range range(now);
-    const HiresWaveTable& one = *FindWhole(range.most)->table;
-    const bool isOne = !waveform.isPulse && IsOneTable(range);
+    const HiresWaveTable* const one = FindWhole(range.most)->table;
+    const bool isOne = one && !waveform.isPulse && IsOneTable(range);
     for (std::size_t i = 0; i < HiresBlockFrames; ++i)
         sums[i] +=
-            gain * (isOne ? one.LookUp(now.phases[i])
+            gain * (isOne ? one->LookUp(now.phases[i])
                           : static_cast<std::int64_t>(GetShape(now.phases[i], ToPartOfRate(now.moves[i]))));
 }
 
@@ -248,7 +253,7 @@ std::unique_ptr<HiresOscillator> HiresOscillator::Make(const HiresWaveform& wave
         return std::make_unique<SweepingShape>(waveform, path, amplitude, tables);
     const Harmonics of(waveform, path.GetLeast());
     const double factor = amplitude * of.factor, offset = amplitude * of.offset;
-    if (of.count > HiresWaveform::MostInTables)
+    if (of.count > waveform.mostInTables)
         return std::make_unique<LowShape>(waveform, of.count, factor, offset, path.GetIncrement());
     const double tableFactor = waveform.isPulse ? factor * of.count : factor;
     return std::make_unique<SteadyShape>(tables.Get(of.count), tableFactor, offset, path.GetIncrement());

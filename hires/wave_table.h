@@ -16,7 +16,7 @@ public:
     /// 2^`UnityBits` stands for 1, so that overshoots fit.
     static constexpr int UnityBits = 30;
 
-    /// `harmonics` is 0..`HiresWaveform::MostInTables`. Those of a pulse are divided by their number, so that
+    /// `harmonics` is 0..`HiresWaveform::mostInTables`. Those of a pulse are divided by their number, so that
     /// they fit.
     HiresWaveTable(const HiresWaveform& waveform, int harmonics);
 

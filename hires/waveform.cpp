@@ -48,11 +48,11 @@ constexpr double ManyPeak = 1.1789797;
 
 /// In the order of their codes.
 constexpr HiresWaveform Waveforms[] = {
-    {nullptr, nullptr, nullptr, 1, false},
-    {GetSquare, GetSquarePeak, SumSquare, 4 / std::numbers::pi, false},
-    {GetTriangle, GetTrianglePeak, nullptr, 1, false},
-    {GetSaw, GetSawPeak, SumSaw, ManyPeak, false},
-    {GetPulse, nullptr, SumPulse, 1.5, true},
+    {nullptr, nullptr, nullptr, 1, 0, false},
+    {GetSquare, GetSquarePeak, SumSquare, 4 / std::numbers::pi, 4096, false},
+    {GetTriangle, GetTrianglePeak, nullptr, 1, 4096, false},
+    {GetSaw, GetSawPeak, SumSaw, ManyPeak, 4096, false},
+    {GetPulse, nullptr, SumPulse, 1.5, 256, true},
 };
 
 } // namespace
@@ -62,7 +62,7 @@ const HiresWaveform* HiresWaveform::Find(unsigned int code) {
 }
 
 int HiresWaveform::CountHarmonics(double partOfRate) const {
-    const double most = sum ? 1 << 30 : MostInTables;
+    const double most = sum ? 1 << 30 : mostInTables;
     return static_cast<int>(partOfRate > 0 ? std::fmin(std::ceil(0.5 / partOfRate) - 1, most) : most);
 }
 
@@ -71,7 +71,7 @@ double HiresWaveform::FindPeak(int harmonics) const {
         return 1;
     if (isPulse)
         return harmonics;
-    if (sum && harmonics > MostInTables)
+    if (sum && harmonics > mostInTables)
         return ManyPeak;
     const auto phase = static_cast<std::uint64_t>(RoundToBits(getPeakPlace(harmonics), 62)) << 2;
     double most = 0;

@@ -7,9 +7,6 @@ struct HiresWaveform {
     /// Null for a code that is no periodic waveform.
     static const HiresWaveform* Find(unsigned int code);
 
-    /// What tables hold at most; what is beyond is left out where there is no `sum`.
-    static constexpr int MostInTables = 4096;
-
     bool IsSine() const { return getAmplitude == nullptr; }
     /// How many harmonics lie below half the rate, for a frequency that is this part of it.
     int CountHarmonics(double partOfRate) const;
@@ -21,8 +18,11 @@ struct HiresWaveform {
     double (*getAmplitude)(int harmonic);
     /// Where the peak of so many is, in cycles; null for a pulse, whose harmonics all meet.
     double (*getPeakPlace)(int harmonics);
-    /// What so many of them add up to, more than tables hold; null where what is beyond can't be heard.
+    /// What so many of them add up to, more than tables hold; null where what is beyond can't be heard, and
+    /// is left out.
     double (*sum)(std::uint64_t phase, int harmonics);
-    double peak;  ///< the most that any number of them reach
+    double peak; ///< the most that any number of them reach
+    /// What tables hold at most: what is added between their entries has to stay below the harmonics.
+    int mostInTables;
     bool isPulse; ///< whether they are cosines, and beside them stands half of one
 };

@@ -118,6 +118,7 @@ TEST(HiresTone, ALowToneHasAllHarmonics) {
     const struct {
         int waveform;
         double hz, amplitude; ///< of one harmonic of 1 Hz, below half of full scale
+        double lowest = 1;
     } cases[] = {
         {ToneSquare, 20001, 4 / std::numbers::pi / 20001 * 92682 / 131070},
         {ToneSquare, 20000, 0},
@@ -125,9 +126,11 @@ TEST(HiresTone, ALowToneHasAllHarmonics) {
         {ToneSawTooth, 2, 1 / std::numbers::pi * 165794 / 131070},
         {ToneImpulse, 23999, 2.0 / 48000 * 185364 / 131070},
         {ToneTriangular, 3001, 8 / std::pow(std::numbers::pi * 3001, 2) * 165794 / 131070},
+        {ToneImpulse, 682, 0, 19}, // no harmonic, and the strongest of what tables would add
     };
-    for (const auto& [waveform, hz, amplitude] : cases) {
-        const auto samples = Render(ToneOf(waveform, {1}), {.rate = 48000, .level = -6.0205999132796239});
+    for (const auto& [waveform, hz, amplitude, lowest] : cases) {
+        const auto samples =
+            Render(ToneOf(waveform, {lowest}), {.rate = 48000, .level = -6.0205999132796239});
         EXPECT_NEAR(Measure(samples, hz, 48000), amplitude / 2, 2e-10) << waveform << ", " << hz;
     }
 }
@@ -196,6 +199,8 @@ TEST(HiresTone, WhatWouldExceedFullScaleIsRefusedOrLowered) {
               "would exceed full scale by 1.94 dB; a level of -13.98 dBFS fits"); // 20 lg 5 is 13.979
     EXPECT_FALSE(OpenHiresTone(loud, {.rate = 48000, .level = -13.98}).failure);
     EXPECT_NEAR(Measure(Render(loud, {.rate = 48000, .fit = true}), 1500, 48000), 0.2, 1e-6);
+    EXPECT_NEAR(Measure(Render(ToneOf(ToneSawTooth, {23000}), {.rate = 48000, .level = 0}), 23000, 48000),
+                2 / std::numbers::pi * 165794 / 131070, 1e-7); // a single harmonic is below the saw's peak
     const SonvireData half = ToneOf(ToneSine, {24000, 30000}); // none of which can be had at this rate
     for (const std::int32_t sample : Render(half, {.rate = 48000}))
         ASSERT_EQ(sample, 0);
