@@ -219,6 +219,11 @@ TEST(HiresTone, FadesAreRaisedCosines) {
                                       {47999, 0.0000026772992}})
         EXPECT_NEAR(faded[static_cast<std::size_t>(frame)], plain[static_cast<std::size_t>(frame)] * gain, 16)
             << frame;
+    settings = {.rate = 8000, .level = 0, .fadeInMs = 1000, .fadeOutMs = 1000}; // half of eight frames each
+    const std::vector<std::int32_t> few = Render(ToneOf(ToneSine, {2000}, 1), settings);
+    for (const auto& [frame, value] :
+         {std::pair{1, 0.14644661}, {3, -0.85355339}, {5, 0.85355339}, {7, -0.14644661}})
+        EXPECT_NEAR(few[static_cast<std::size_t>(frame)] * 0x1p-31, value, 1e-8) << frame;
 }
 
 /// Lists of tones in a folder.
@@ -306,7 +311,7 @@ TEST(HiresRawWriter, WritesLittleEndianSamplesRoundedToTheirBits) {
 }
 
 TEST(HiresTone, AnyRecordIsSafeAndTheSameInPiecesOfAnySize) {
-    constexpr double wild[] = {0, 1e308, -1e308, 5e-324, NAN, INFINITY, -20, 0.001, 997, 23999.9, 1e6};
+    constexpr double wild[] = {0, 1e308, -1e308, 5e-324, 5e-16, NAN, INFINITY, -20, 0.001, 997, 23999.9, 1e6};
     std::uint32_t random = 1;
     const auto draw = [&random] { return (random = random * 1664525 + 1013904223) >> 8; };
     for (int round = 0; round < 100; ++round) {
