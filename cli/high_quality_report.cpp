@@ -41,11 +41,12 @@ FileReport ReportSoundFile(const std::string& path) {
     if (facts.failure)
         return RefusedReport(facts.failure);
     FileReport report;
-    report.title = facts.kind;
+    report.title = facts.kind + (facts.isCutShort ? ", cut short" : "");
     report.rows = {{"Sample rate", std::to_string(facts.rate) + "Hz"},
                    {"Channels", std::to_string(facts.channels)}};
     Json object = DescribeType("sound");
     object["format"] = facts.kind;
+    object["cutShort"] = facts.isCutShort;
     object["rateHz"] = facts.rate;
     object["channels"] = facts.channels;
     if (facts.frames) {

@@ -35,7 +35,7 @@ void ExamineSound(ToneListEntry& entry) {
     if (!opened.source) {
         entry.problem = Explain(opened.failure);
     } else {
-        entry.problem.clear();
+        entry.problem = ReadSoundFileFacts(entry.file).isCutShort ? LWaveFile::CutShortText : "";
         entry.length = ToTime(opened.source->GetLength() * 1000 / opened.source->rate);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "jobs/hires_files.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -33,6 +34,12 @@ std::string DescribeSound(const HiresInput& input) {
     char facts[64];
     std::snprintf(facts, sizeof facts, "; %d Hz, peak %.4g dBFS", input.source->rate, input.peak);
     return input.description + (input.isFile ? "" : facts);
+}
+
+/// Of a file that the user was warned of at the start.
+bool IsTold(const LFileWarning& warning, const HiresInput& input) {
+    return std::any_of(input.warnings.begin(), input.warnings.end(),
+                       [&](const LFileWarning& each) { return each.file == warning.file; });
 }
 
 RenderOutcome Render(HiresInput& input, const HiresTarget& target, const HiresRenderUser& user) {
@@ -67,5 +74,7 @@ RenderOutcome RenderHiresToFile(HiresInput& input, const HiresTarget& target, co
         return {.failure = std::move(refused), .ofTheOutput = true};
     if (!input.warnings.empty() && !user.confirm(input.warnings))
         return {};
-    return Render(input, target, user);
+    RenderOutcome outcome = Render(input, target, user);
+    std::erase_if(outcome.warnings, [&](const LFileWarning& each) { return IsTold(each, input); });
+    return outcome;
 }
