@@ -21,10 +21,6 @@ double SumAlternating(double x, int first) {
 
 } // namespace
 
-std::int64_t RoundToBits(double value, int bits) {
-    return static_cast<std::int64_t>(std::floor(std::ldexp(value, bits) + 0.5));
-}
-
 double ExactSine(std::uint64_t phase) {
     if (phase >= Half)
         return -ExactSine(phase - Half);

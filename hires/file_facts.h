@@ -13,6 +13,7 @@ struct HiresFileFacts {
     int rate = 0;                         ///< frames per second
     int channels = 0;                     ///< any number, also where it can't be used
     std::optional<std::int64_t> frames{}; ///< none where it does not tell
+    bool isCutShort = false;              ///< the last of its frames are not there
     std::string program{};                ///< that has written it; empty where it does not tell
     std::string comment{};                ///< as well
 };

@@ -38,7 +38,8 @@ HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind,
     const double ratio = ends[1] / ends[0];
     if (kind == Sweep::Linear) {
         sweep = kind;
-        step = (Scale(ends[1], HiresPhases::RateBits + FineBits) - start) / frames;
+        // Each by itself: 128 bits don't hold their difference where it is four times the rate.
+        step = Scale(ends[1], HiresPhases::RateBits + FineBits) / frames - start / frames;
     } else if (kind == Sweep::Logarithmic && ratio > 0 && std::isfinite(ratio)) {
         sweep = kind;
         const double each = ExactExpLessOne(ExactLog(ratio) / static_cast<double>(frames));

@@ -1,6 +1,7 @@
 #include "hires/packer.h"
 
 #include "hires/sample_bits.h"
+#include "sound/kernels/kernels.h"
 
 #include <algorithm>
 #include <array>
@@ -10,27 +11,16 @@
 namespace {
 
 template <class Word>
-void Store(Word word, char* out, std::size_t bytes = sizeof(Word)) {
+void Store(Word word, char* out) {
     if constexpr (std::endian::native == std::endian::big)
         word = static_cast<Word>(sizeof word == 2 ? __builtin_bswap16(static_cast<std::uint16_t>(word))
                                                   : __builtin_bswap32(word));
-    std::memcpy(out, &word, bytes);
+    std::memcpy(out, &word, sizeof word);
 }
 
 void Pack16(const std::int32_t* samples, int count, char* out) {
     for (int i = 0; i < count; ++i)
         Store(static_cast<std::uint16_t>(samples[i] >> 16), out + std::ptrdiff_t{2} * i);
-}
-
-/// Four bytes at once, the last of which the next sample overwrites.
-void Pack24(const std::int32_t* samples, int count, char* out) {
-    for (int i = 0; i < count; ++i, out += 3) {
-        const auto word = static_cast<std::uint32_t>(samples[i]) >> 8;
-        if (i + 1 < count)
-            Store(word, out);
-        else
-            Store(word, out, 3);
-    }
 }
 
 void Pack32(const std::int32_t* samples, int count, char* out) {
@@ -49,7 +39,7 @@ void PackRounded(HiresSamples kind, const std::int32_t* samples, int count, char
     case HiresSamples::Int16:
         return Pack16(samples, count, out);
     case HiresSamples::Int24:
-        return Pack24(samples, count, out);
+        return Kernels().pack24(out, samples, count);
     case HiresSamples::Int32:
         return Pack32(samples, count, out);
     case HiresSamples::Float:

@@ -57,9 +57,10 @@ double HiresPinkNoise::FindPeak(int rate) {
 }
 
 void HiresPinkNoise::Filter(double* out) {
+    HiresRandom drawing = random; // in registers, as the states are
     auto now = states;
     for (std::size_t i = 0; i < HiresBlockFrames; ++i) {
-        const double white = static_cast<double>(static_cast<std::int64_t>(random.Draw())) * 0x1p-63;
+        const double white = static_cast<double>(static_cast<std::int64_t>(drawing.Draw())) * 0x1p-63;
         Pair sum = {white * sections.direct, 0};
         for (std::size_t k = 0; k < Sections::Pairs; ++k) {
             now[k] = now[k] * sections.poles[k] + white;
@@ -68,6 +69,7 @@ void HiresPinkNoise::Filter(double* out) {
         out[i] = sum[0] + sum[1];
     }
     states = now;
+    random = drawing;
 }
 
 void HiresPinkNoise::Add(HiresSums& sums) {

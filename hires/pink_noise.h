@@ -1,6 +1,7 @@
 #pragma once
 
-#include "hires/noise.h"
+#include "hires/block.h"
+#include "hires/random.h"
 
 /// Pink noise, white noise that is filtered: -3 dB an octave from 10 Hz to 0.98 of half the rate, within 0.1
 /// dB.

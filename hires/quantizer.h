@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hires/noise.h"
+#include "hires/random.h"
 
 #include <cstdint>
 
@@ -16,8 +16,6 @@ public:
     void Quantize(const std::int32_t* in, std::int32_t* out, int count);
 
 private:
-    std::int64_t DrawDither();
-
     int dropped; ///< bits
     bool isDithered;
     HiresRandom random;

@@ -1,6 +1,7 @@
 #include "hires/steady_sine.h"
 
 #include "hires/exact_math.h"
+#include "sound/kernels/kernels.h"
 
 namespace {
 
@@ -20,8 +21,8 @@ HiresSteadySine::HiresSteadySine(std::uint64_t perFrame, double peak) : amplitud
 }
 
 void HiresSteadySine::Add(HiresSums& sums) {
-    const std::int64_t sine = GetSine(phase, amplitude), cosine = GetSine(phase + Quarter, amplitude);
-    for (std::size_t i = 0; i < HiresBlockFrames; ++i)
-        sums[i] += sine * cosines[i] + cosine * sines[i];
+    const LTurn turn{sines.data(), cosines.data(), GetSine(phase, amplitude),
+                     GetSine(phase + Quarter, amplitude)};
+    Kernels().addTurned(sums.data(), turn, HiresBlockFrames);
     phase += HiresBlockFrames * increment;
 }

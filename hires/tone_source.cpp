@@ -5,6 +5,8 @@
 #include "hires/oscillator.h"
 #include "hires/pink_noise.h"
 #include "hires/tone_parts.h"
+#include "hires/white_noise.h"
+#include "sound/kernels/kernels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,18 +19,15 @@ namespace {
 
 using Block = std::array<std::int32_t, HiresBlockFrames>;
 
-/// Looks first whether any sum is beyond full scale, as none should be: that alone is fast.
+/// No sum should be beyond full scale.
 void RoundToSamples(HiresSums& sums, Block& out) {
     constexpr int bits = HiresSumBits - 31;
     constexpr std::int64_t most = std::int64_t{INT32_MAX} << bits;
-    std::int64_t room = 0; // negative where there is none
-    for (const std::int64_t sum : sums)
-        room |= (most - sum) | (most + sum);
-    if (room < 0)
-        for (std::int64_t& sum : sums)
-            sum = std::clamp(sum, -most, most);
-    for (std::size_t i = 0; i < HiresBlockFrames; ++i)
-        out[i] = static_cast<std::int32_t>(static_cast<std::uint64_t>(sums[i] + (1 << (bits - 1))) >> bits);
+    if (Kernels().roundSums(out.data(), sums.data(), HiresBlockFrames, bits))
+        return;
+    for (std::int64_t& sum : sums)
+        sum = std::clamp(sum, -most, most);
+    Kernels().roundSums(out.data(), sums.data(), HiresBlockFrames, bits);
 }
 
 /// Components and noise, added up block by block.

@@ -33,6 +33,6 @@ bool HiresFileReading::IsLengthGuessed() const {
 }
 
 bool HiresFileReading::HasMore() const {
-    constexpr std::int64_t MostBehind = 16384; // of tags, and of what is read ahead
+    constexpr std::int64_t MostBehind = 1024; // of tags
     return IsLengthGuessed() && stream.CountUnread() > MostBehind;
 }

@@ -21,6 +21,8 @@ public:
     /// What was read.
     const double* GetBlock() const { return block.data(); }
 
+    /// Whether it was so when it was opened.
+    bool IsCutShort() const { return stream.CountMissingFrames() > 0; }
     /// Whether libsndfile guesses the length from that of the file, or finds the first of several sounds.
     bool IsLengthGuessed() const;
     /// Where that is so: whether there is more than it has found.

@@ -15,8 +15,10 @@ namespace {
 constexpr double FullScale = 2147483648.0;
 
 /// How long the file is at another rate.
-__int128 CountFrames(const SF_INFO& info, int rate) {
-    return (static_cast<__int128>(info.frames) * rate + info.samplerate / 2) / info.samplerate;
+std::int64_t CountFrames(HiresSoundStream& stream, int rate) {
+    const int own = stream.GetInfo().samplerate;
+    const __int128 frames = stream.CountFrames() + stream.CountMissingFrames();
+    return static_cast<std::int64_t>((frames * rate + own / 2) / own);
 }
 
 LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
@@ -28,8 +30,6 @@ LFailure CheckUsable(const HiresSoundStream& stream, int rate) {
     if (info.samplerate > HiresSettings::HighestRate) // beyond all sense, a converter takes seconds
         return "is at " + std::to_string(info.samplerate) + " Hz; rates up to " +
                std::to_string(HiresSettings::HighestRate) + " Hz can be used";
-    if (!stream.TellsLength() || CountFrames(info, rate) > HiresSoundStream::MostFrames)
-        return "does not tell how long it is";
     return rate == info.samplerate ? LFailure() : Soxr().GetFailure();
 }
 
@@ -54,12 +54,12 @@ bool ToIntegers(const double* samples, int count, std::int32_t* out) {
 
 class FileSource : public HiresSource {
 public:
-    FileSource(const std::string& filePath, const SF_INFO& found, int outRate,
+    FileSource(const std::string& filePath, const SF_INFO& found, int outRate, std::int64_t frames,
                std::shared_ptr<LSourceNews> sourceNews)
         : HiresSource(outRate, found.channels),
           path(filePath),
           info(found),
-          length(static_cast<std::int64_t>(CountFrames(found, outRate))),
+          length(frames),
           news(std::move(sourceNews)) {}
 
     void Read(std::int32_t* out, int frames) override;
@@ -95,7 +95,7 @@ void FileSource::Close() {
 void FileSource::ReadBlock(std::int32_t* out, int frames) {
     const int there = reading->Read(frames);
     if (there < frames && length - position - there > (reading->IsLengthGuessed() ? rate / 4 : 0))
-        TellLost(LWaveFile::CutShortText);
+        news->Tell({path, LWaveFile::CutShortText, !reading->IsCutShort()});
     if (ToIntegers(reading->GetBlock(), frames * channels, out))
         news->Tell({path, "exceeds full scale and is clipped", false});
     position += frames;
@@ -121,10 +121,13 @@ void FileSource::Read(std::int32_t* out, int frames) {
 } // namespace
 
 HiresTone OpenHiresFile(const std::string& path, std::optional<int> rate, std::shared_ptr<LSourceNews> news) {
-    const HiresSoundStream stream(path);
+    HiresSoundStream stream(path);
     const SF_INFO& info = stream.GetInfo();
     const int outRate = rate.value_or(info.samplerate);
     if (LFailure failure = CheckUsable(stream, outRate))
         return {.source = nullptr, .failure = std::move(failure)};
-    return {.source = std::make_unique<FileSource>(path, info, outRate, std::move(news))};
+    const std::int64_t length = CountFrames(stream, outRate);
+    if (length > HiresSoundStream::MostFrames)
+        return {.source = nullptr, .failure = "is too long"};
+    return {.source = std::make_unique<FileSource>(path, info, outRate, length, std::move(news))};
 }

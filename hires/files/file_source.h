@@ -12,6 +12,6 @@
 ///
 /// The file is open only while it is being read, from its first frame to its last, so that thousands can
 /// wait; `Read` opens it. `news` is told where it is not to be had then or has changed, of which silence
-/// plays, and, as no loss, where it exceeds full scale, which is clipped: a float may, and so may what an
-/// integer becomes at another rate, which only reading it shows.
+/// plays. As no loss, it is told where the file lacks what its header promises, which is silent, and where it
+/// exceeds full scale, which is clipped: a float may, and so may what an integer becomes at another rate.
 HiresTone OpenHiresFile(const std::string& path, std::optional<int> rate, std::shared_ptr<LSourceNews> news);

@@ -1,6 +1,7 @@
 #include "hires/files/file_writer.h"
 
 #include "hires/files/sound_stream.h"
+#include "hires/files/tag_text.h"
 #include "hires/sample_bits.h"
 
 #include <algorithm>
@@ -30,8 +31,8 @@ bool IsPacked(int type, HiresSamples samples) {
 void Prepare(SNDFILE* file, const HiresFileTags& tags) {
     Sndfile().command(file, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE); // it tells the time
     Sndfile().command(file, SFC_SET_SCALE_INT_FLOAT_WRITE, nullptr, SF_TRUE);
-    Sndfile().set_string(file, SF_STR_SOFTWARE, tags.program.c_str());
-    Sndfile().set_string(file, SF_STR_COMMENT, tags.comment.substr(0, HiresFileTags::MostBytes).c_str());
+    Sndfile().set_string(file, SF_STR_SOFTWARE, MakeTagText(tags.program, HiresFileTags::MostBytes).c_str());
+    Sndfile().set_string(file, SF_STR_COMMENT, MakeTagText(tags.comment, HiresFileTags::MostBytes).c_str());
 }
 
 } // namespace
@@ -84,6 +85,7 @@ LFailure HiresFileWriter::Write(const std::int32_t* from, int frames) {
         failure = stream->GetFailure();
         if (!isWritten && !failure)
             failure = LFailure::OfSystem(EIO);
+        isEmpty = false;
         done += now;
     }
     return failure;
@@ -92,6 +94,8 @@ LFailure HiresFileWriter::Write(const std::int32_t* from, int frames) {
 LFailure HiresFileWriter::Finish() {
     if (!stream)
         return failure;
+    if (isEmpty && stream->Get()) // else a FLAC file without a frame would be one without a byte
+        Sndfile().command(stream->Get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     stream->Close();
     if (!failure)
         failure = stream->GetFailure();

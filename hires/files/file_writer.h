@@ -37,6 +37,7 @@ private:
 
     LFailure failure;
     int channels;
+    bool isEmpty = true; ///< nothing has been written
     HiresPacker packer;
     std::vector<char> packed;        ///< what is written next; empty where libsndfile packs it...
     std::vector<std::int32_t> block; ///< ...from this

@@ -42,14 +42,15 @@ std::string GetTag(SNDFILE* file, int tag) {
 } // namespace
 
 HiresFileFacts ReadHiresFacts(const std::string& path) {
-    const HiresSoundStream stream(path);
+    HiresSoundStream stream(path);
     if (stream.GetFailure())
         return {.failure = stream.GetFailure()};
     const SF_INFO& info = stream.GetInfo();
     return {.kind = NameContainer(info.format) + ", " + NameSamples(info.format),
             .rate = info.samplerate,
             .channels = info.channels,
-            .frames = stream.TellsLength() ? std::optional(info.frames) : std::nullopt,
+            .frames = stream.CountFrames() + stream.CountMissingFrames(),
+            .isCutShort = stream.CountMissingFrames() > 0,
             .program = GetTag(stream.Get(), SF_STR_SOFTWARE),
             .comment = GetTag(stream.Get(), SF_STR_COMMENT)};
 }

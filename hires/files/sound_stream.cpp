@@ -1,8 +1,11 @@
 #include "hires/files/sound_stream.h"
 
+#include "hires/files/missing_frames.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -77,6 +80,11 @@ HiresSoundStream::HiresSoundStream(const std::string& path)
       start(0),
       failure(CheckReadable(path)) {
     Open(SFM_READ, "is damaged or of a kind that is not read");
+    if (!handle)
+        return;
+    missing = ::CountMissingFrames(handle, info);
+    if (missing < 0 || missing > MostFrames)
+        missing = 0;
 }
 
 HiresSoundStream::HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels,
@@ -106,6 +114,17 @@ void HiresSoundStream::Open(int mode, const char* refusal) {
     handle = Sndfile().open_virtual(&calls, mode, &info, this);
     if (!handle)
         Keep(refusal);
+}
+
+std::int64_t HiresSoundStream::CountFrames() {
+    if (info.frames <= MostFrames)
+        return info.frames;
+    constexpr sf_count_t AtOnce = 1024;
+    std::vector<double> block(static_cast<std::size_t>(AtOnce * info.channels));
+    std::int64_t all = 0;
+    for (sf_count_t some = AtOnce; some > 0; all += some)
+        some = std::max<sf_count_t>(0, Sndfile().readf_double(handle, block.data(), AtOnce));
+    return all;
 }
 
 void HiresSoundStream::Write(std::string_view text) {

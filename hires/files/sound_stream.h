@@ -29,8 +29,11 @@ public:
     const SF_INFO& GetInfo() const { return info; }
     /// More frames than any file has; lengths below can be added up for hundreds of thousands of files.
     static constexpr std::int64_t MostFrames = std::int64_t{1} << 45;
-    /// False where the file does not tell how many frames there are.
-    bool TellsLength() const { return info.frames <= MostFrames; }
+    /// How long the file is, for before it is read; one that does not tell, such as a FLAC file that went
+    /// into a pipe, is read through.
+    std::int64_t CountFrames();
+    /// How many more there were before it was cut short, by its own account.
+    std::int64_t CountMissingFrames() const { return missing; }
     /// Bytes of the file behind what libsndfile has read.
     std::int64_t CountUnread() const { return file.GetSize() - file.GetOffset(); }
 
@@ -54,4 +57,5 @@ private:
     LFailure failure;
     SF_INFO info{};
     SNDFILE* handle = nullptr;
+    std::int64_t missing = 0;
 };

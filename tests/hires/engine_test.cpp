@@ -305,18 +305,28 @@ TEST(HiresRawWriter, WritesLittleEndianSamplesRoundedToTheirBits) {
     }
 }
 
-TEST(HiresTone, AnyRecordIsSafe) {
+TEST(HiresTone, AnyRecordIsSafeAndTheSameInPiecesOfAnySize) {
+    constexpr double wild[] = {0, 1e308, -1e308, 5e-324, NAN, INFINITY, -20, 0.001, 997, 23999.9, 1e6};
     std::uint32_t random = 1;
-    for (int round = 0; round < 60; ++round) {
+    const auto draw = [&random] { return (random = random * 1664525 + 1013904223) >> 8; };
+    for (int round = 0; round < 100; ++round) {
         SonvireData tone;
         auto* bytes = reinterpret_cast<unsigned char*>(static_cast<SonvireFile*>(&tone));
         for (std::size_t i = 0; i < sizeof(SonvireFile); ++i)
-            bytes[i] = static_cast<unsigned char>((random = random * 1664525 + 1013904223) >> 24);
+            bytes[i] = static_cast<unsigned char>(draw());
         tone.waveform %= 9;
-        const HiresTone opened = OpenHiresTone(tone, {.rate = 8000 + round * 100, .fit = true});
-        std::vector<std::int32_t> out(2 * 441);
-        ASSERT_TRUE(opened.source);
-        opened.source->Read(out.data(), 441);
+        for (int i = 0; round % 3 > 0 && i < MaxTones; ++i)
+            for (double* hz : {&tone.startLeftHz[i], &tone.endLeftHz[i], &tone.startRightHz[i]})
+                *hz = wild[draw() % std::size(wild)];
+        if (round % 5 > 0)
+            tone.durationMs = round % 5 == 1 ? UINT32_MAX : draw() % 20;
+        const HiresSettings settings{.rate = 8000 << round % 7, .fit = true, .fadeInMs = 1, .fadeOutMs = 2e9};
+        const HiresTone one = OpenHiresTone(tone, settings), other = OpenHiresTone(tone, settings);
+        std::vector<std::int32_t> whole(2 * 600), parts(2 * 600);
+        one.source->Read(whole.data(), 600);
+        for (int i = 0; i < 600; i += 75)
+            other.source->Read(&parts[static_cast<std::size_t>(i * other.source->channels)], 75);
+        ASSERT_EQ(whole, parts) << round;
     }
 }
 

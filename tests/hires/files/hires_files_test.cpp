@@ -2,7 +2,7 @@
 #include "hires/files/file_source.h"
 #include "hires/files/file_writer.h"
 #include "hires/files/read_facts.h"
-#include "hires/noise.h"
+#include "hires/random.h"
 #include "hires/raw_writer.h"
 #include "support/run_program.h"
 
@@ -57,7 +57,8 @@ Read ReadFile(const std::string& path, std::optional<int> rate = {}, std::option
     EXPECT_TRUE(input.source) << path << input.failure.GetReason();
     if (!input.source)
         return {};
-    input.source = HiresChannels::Open(std::move(input.source), channels.value_or(input.source->channels));
+    if (channels)
+        input.source = HiresChannels::Open(std::move(input.source), *channels);
     Frames samples = ReadAll(*input.source, input.source->GetLength() + 9);
     const auto end = samples.end() - 9 * input.source->channels;
     EXPECT_TRUE(std::all_of(end, samples.end(), [](std::int32_t sample) { return sample == 0; }));
@@ -296,11 +297,31 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
         waiting.pop_back();
     }
 
+    // Silence stands for what a header promises, but not where it was written into a pipe.
+    const std::vector<LFileWarning> cut = {{dir / "cut", "is cut short; silence stands for the rest", false}};
+    for (const std::string kind : {".wav", ".aiff", ".w64"}) {
+        EXPECT_FALSE(WriteFile(dir / ("whole" + kind), {8000, 2, HiresSamples::Int32}, noise));
+        WriteBytes(dir / "cut", ReadBytes(dir / ("whole" + kind)).substr(0, 100'001));
+        EXPECT_TRUE(ReadHiresFacts(dir / "cut").isCutShort) << kind;
+        const Read read = ReadFile(dir / "cut");
+        EXPECT_EQ(read.samples.size(), noise.size()) << kind;
+        EXPECT_EQ(Frames(read.samples.begin(), read.samples.begin() + 24'900),
+                  Frames(noise.begin(), noise.begin() + 24'900));
+        EXPECT_EQ(read.told, cut) << kind;
+    }
+    RunProgram("sox -n -r 8000 -t wav - synth 1 sine 440 | cat >" + (dir / "sox.wav"));
+    EXPECT_EQ(ReadFile(dir / "sox.wav").samples.size(), 8000);
+
     // What libsndfile does not find shows at the end; what it only guesses is no loss.
     RunProgram(
         "cd " + (dir / "") +
         " && ffmpeg -v error -f lavfi -i anoisesrc=a=0.1 -t 2 one.ogg && ffmpeg -v error -i one.ogg one.mp2 "
         "&& cat one.ogg one.ogg >two.ogg");
+    RunProgram("ffmpeg -v error -i " + (dir / "one.ogg") + " -c:a flac -f flac - >" + (dir / "piped.flac"));
+    EXPECT_EQ(ReadFile(dir / "piped.flac").samples.size(), ReadFile(dir / "one.ogg").samples.size());
+    EXPECT_EQ(ReadHiresFacts(dir / "piped.flac").frames, 96000);
+    EXPECT_FALSE(WriteFile(dir / "empty.flac", {8000, 1}, {}));
+    EXPECT_EQ(ReadFile(dir / "empty.flac").samples, Frames());
     EXPECT_TRUE(ReadFile(dir / "one.ogg").told.empty());
     EXPECT_TRUE(ReadFile(dir / "one.mp2").told.empty());
     EXPECT_EQ(ReadFile(dir / "two.ogg").told[0].reason, "is longer than it tells; the rest is left out");
@@ -318,6 +339,21 @@ TEST(HiresFiles, BadOnesDoNoHarm) {
             if (const HiresTone input = OpenHiresFile(bad, 48000, news); input.source)
                 ReadAll(*input.source, 100);
         }
+    }
+}
+
+TEST(HiresFiles, HaveTagsOfAnyBytes) {
+    const TempDir dir;
+    const std::pair<std::string, std::string> cases[] = {
+        {"caf\xE9.wav", "caf?.wav"},
+        {"caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x8E\xB5", "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x8E\xB5"},
+        {"\xC0\xAF \xED\xA0\x80 \xF5\x80\x80\x80 \xEF\xBF\xBF \xC3", "?? ??? ???? ??? ?"}, // no characters
+        {std::string(7999, 'x') + "\xC3\xA9", std::string(7999, 'x')},
+    };
+    for (const auto& [text, expected] : cases) {
+        EXPECT_FALSE(
+            WriteTo(LSharedReadWriteFile((dir / "a.flac").c_str()), "a.flac", {8000, 1}, {1}, {"p", text}));
+        EXPECT_EQ(ReadHiresFacts(dir / "a.flac").comment, expected);
     }
 }
 

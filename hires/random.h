@@ -1,8 +1,7 @@
 #pragma once
 
-#include "hires/block.h"
-
 #include <array>
+#include <bit>
 #include <cstdint>
 
 /// Draws random numbers of 64 bits with a period of 2^256 - 1: xoshiro256++ (D. Blackman, S. Vigna,
@@ -16,15 +15,14 @@ private:
     std::array<std::uint64_t, 4> state;
 };
 
-/// White noise, evenly spread over its amplitude. `amplitude` is 0..1, 1 being full scale.
-class HiresWhiteNoise {
-public:
-    HiresWhiteNoise(double amplitude, std::uint64_t seed);
-
-    /// Adds the next block.
-    void Add(HiresSums& sums);
-
-private:
-    std::int64_t gain;
-    HiresRandom random;
-};
+inline std::uint64_t HiresRandom::Draw() {
+    const std::uint64_t drawn = std::rotl(state[0] + state[3], 23) + state[0];
+    const std::uint64_t shifted = state[1] << 17;
+    state[2] ^= state[0];
+    state[3] ^= state[1];
+    state[1] ^= state[2];
+    state[0] ^= state[3];
+    state[2] ^= shifted;
+    state[3] = std::rotl(state[3], 45);
+    return drawn;
+}
