@@ -32,7 +32,6 @@ HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind,
                                        int rate)
     : ends{ToPartOfRate(startHz, rate), ToPartOfRate(endHz, rate)},
       start(Scale(ends[0], HiresPhases::RateBits + FineBits)),
-      move(start),
       frames(sweepFrames),
       left(frames) {
     const double ratio = ends[1] / ends[0];
@@ -40,15 +39,19 @@ HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind,
         sweep = kind;
         // Each by itself: 128 bits don't hold their difference where it is four times the rate.
         step = Scale(ends[1], HiresPhases::RateBits + FineBits) / frames - start / frames;
+        start += step / 2; // the mean over a frame
     } else if (kind == Sweep::Logarithmic && ratio > 0 && std::isfinite(ratio)) {
         sweep = kind;
-        const double each = ExactExpLessOne(ExactLog(ratio) / static_cast<double>(frames));
+        const double log = ExactLog(ratio) / static_cast<double>(frames), each = ExactExpLessOne(log);
         const double kept = std::fmin(std::fmax(each, -MostGrowth), MostGrowth);
+        if (log != 0 && kept == each) // the mean over a frame
+            start = Scale(ends[0] * (each / log), HiresPhases::RateBits + FineBits);
         int places = 0;
         std::frexp(kept, &places);
         growthShift = std::clamp(-places - 1, 0, 62);
         growth = static_cast<std::int64_t>(Scale(kept, 64 + growthShift));
     }
+    move = start;
 }
 
 std::uint64_t HiresFrequencyPath::GetIncrement() const {

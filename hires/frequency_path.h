@@ -15,8 +15,10 @@ struct HiresPhases {
 };
 
 /// The frequency of an oscillator from frame to frame: steady, or moving at every frame, in a straight line
-/// or by the same ratio each time, again and again. It has 64 bits more than what moves the phase: a sweep of
-/// hours ends within a millionth of a cycle.
+/// or by the same ratio each time, again and again. Over a frame the phase moves by the integral of the
+/// frequency, so that a sweep is where it is by its formula: after the time t of T, f0 t + (f1 - f0) t^2 / 2T
+/// cycles, or f0 T / ln(f1/f0) ((f1/f0)^(t/T) - 1). It is counted with 64 bits more than the phase: a sweep
+/// of hours ends within a millionth of a cycle.
 class HiresFrequencyPath {
 public:
     enum class Sweep { None, Linear, Logarithmic };
@@ -44,7 +46,7 @@ private:
 
     Sweep sweep = Sweep::None;
     std::array<double, 2> ends; ///< parts of the rate
-    Wide start, move;
+    Wide start, move = 0;
     std::uint64_t phase = 0;
     std::int64_t frames, left; ///< of the sweep
     Wide step = 0;             ///< linear: added each time

@@ -31,11 +31,11 @@ struct Angle {
 double SumSines(std::uint64_t phase, int harmonics) {
     if (phase > Half)
         return -SumSines(0 - phase, harmonics);
-    if (phase == 0 || phase == Half)
+    if (phase == Half)
         return 0;
     const Angle at(phase, harmonics);
     const double sine = ExactSine(at.phaseOfM), cosine = ExactSine(at.phaseOfM + Quarter);
-    const double differ = 1 / (2 * at.GetHalfSine()) - 1 / at.x;
+    const double differ = at.x < 1e-3 ? at.x / 24 : 1 / (2 * at.GetHalfSine()) - 1 / at.x;
     return HiresSineIntegral::Get().LookUp(at.m * at.x, sine, cosine) - at.x / 2 - differ * cosine / at.m;
 }
 

@@ -70,11 +70,11 @@ TEST(FrequencyPath, EndsWithinAMillionthOfACycle) {
         std::int64_t frames;
         int rate;
         Sweep sweep;
-        double cycles; ///< of all frames together, worked out with 60 digits
+        double cycles; ///< by the formula of the sweep, worked out with 50 digits
     } cases[] = {
-        {20, 20000, 960000, 96000, Sweep::Logarithmic, 28923.90843238137},
-        {20000, 20, 441000, 44100, Sweep::Logarithmic, 28924.239025960207},
-        {100, 1000, 132300, 44100, Sweep::Linear, 1649.9897959183673},
+        {20, 20000, 960000, 96000, Sweep::Logarithmic, 28924.012494756572},
+        {20000, 20, 441000, 44100, Sweep::Logarithmic, 28924.012494756572},
+        {100, 1000, 132300, 44100, Sweep::Linear, 1650},
         {-440, -440, 48000, 48000, Sweep::None, -440},
     };
     for (const auto& each : cases) {
@@ -140,14 +140,14 @@ TEST(HiresTone, ASweepMovesWithEveryFrame) {
     const struct {
         double from, to;
         int flags, frame;
-        double value; ///< worked out with 64 bits of mantissa
+        double value; ///< by the formula of the sweep, with 40 digits
     } cases[] = {
-        {20, 20000, ToneFlagLogSweep, 1000, 0.3203038252},
-        {20, 20000, ToneFlagLogSweep, 34827, -0.2196641468},
-        {20, 20000, ToneFlagLogSweep, 44449, -0.9452628026}, // half the rate is twice the frequency
-        {20, 20000, ToneFlagLogSweep, 47999, -0.9861464252},
-        {100, -20000, 0, 1000, -0.9883822439},
-        {100, -20000, 0, 47999, -0.7116811001},
+        {20, 20000, ToneFlagLogSweep, 1000, 0.3201118886},
+        {20, 20000, ToneFlagLogSweep, 34827, -0.0261615985},
+        {20, 20000, ToneFlagLogSweep, 44449, -0.4390033913}, // half the rate is twice the frequency
+        {20, 20000, ToneFlagLogSweep, 47999, -0.0965301527},
+        {100, -20000, 0, 1000, -0.9838460059},
+        {100, -20000, 0, 47999, 0.5000237351},
     };
     SonvireData tone = ToneOf(ToneSine, {20});
     for (const auto& [from, to, flags, frame, value] : cases) {
@@ -219,6 +219,11 @@ TEST(HiresTone, FadesAreRaisedCosines) {
                                       {47999, 0.0000026772992}})
         EXPECT_NEAR(faded[static_cast<std::size_t>(frame)], plain[static_cast<std::size_t>(frame)] * gain, 16)
             << frame;
+    settings = {.rate = 8000, .level = 0, .fadeInMs = 1000, .fadeOutMs = 1000}; // half of eight frames each
+    const std::vector<std::int32_t> few = Render(ToneOf(ToneSine, {2000}, 1), settings);
+    for (const auto& [frame, value] :
+         {std::pair{1, 0.14644661}, {3, -0.85355339}, {5, 0.85355339}, {7, -0.14644661}})
+        EXPECT_NEAR(few[static_cast<std::size_t>(frame)] * 0x1p-31, value, 1e-8) << frame;
 }
 
 /// Lists of tones in a folder.
@@ -306,7 +311,7 @@ TEST(HiresRawWriter, WritesLittleEndianSamplesRoundedToTheirBits) {
 }
 
 TEST(HiresTone, AnyRecordIsSafeAndTheSameInPiecesOfAnySize) {
-    constexpr double wild[] = {0, 1e308, -1e308, 5e-324, NAN, INFINITY, -20, 0.001, 997, 23999.9, 1e6};
+    constexpr double wild[] = {0, 1e308, -1e308, 5e-324, 5e-16, NAN, INFINITY, -20, 0.001, 997, 23999.9, 1e6};
     std::uint32_t random = 1;
     const auto draw = [&random] { return (random = random * 1664525 + 1013904223) >> 8; };
     for (int round = 0; round < 100; ++round) {
