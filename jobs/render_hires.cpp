@@ -29,10 +29,10 @@ LFailure CheckOutput(const HiresTarget& target, const HiresInput& input) {
     return kind->Check(ChooseFormat(*input.source, target));
 }
 
-/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms; 96000 Hz, peak -0.1 dBFS"
+/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms; 96000 Hz, peak up to -0.1 dBFS"
 std::string DescribeSound(const HiresInput& input) {
     char facts[64];
-    std::snprintf(facts, sizeof facts, "; %d Hz, peak %.4g dBFS", input.source->rate, input.peak);
+    std::snprintf(facts, sizeof facts, "; %d Hz, peak up to %.4g dBFS", input.source->rate, input.peak);
     return input.description + (input.isFile ? "" : facts);
 }
 

@@ -116,7 +116,8 @@ TEST_F(HighQuality, ListsReadEverySoundFile) {
     Cli("make --frequency 100 --duration 250 t.tdf");
     EXPECT_THAT(Cli("list l.tdl a.flac b.aiff 250ms t.tdf").errors,
                 HasSubstr("b.aiff: plays in high quality only; else it is of an unknown type"));
-    EXPECT_THAT(Cli("show l.tdl --quality high").output, HasSubstr("Total         00:01.000\n"));
+    Cli("list ll.tdl l.tdl 10ms");
+    EXPECT_THAT(Cli("show ll.tdl --quality high").output, HasSubstr("Total         00:01.010\n"));
     const ProgramResult result = Render("--raw --bits 24 --rate 48k l.tdl ours");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.errors, IsEmpty());
