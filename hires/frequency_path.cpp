@@ -7,13 +7,20 @@
 
 namespace {
 
-/// Frequencies beyond this part of the rate are brought to it: neither can be heard.
-constexpr double MostOfRate = 2;
+/// Frequencies beyond this part of the rate are brought to it.
+constexpr double MostOfRate = 1 << 20;
 /// So that 63 bits hold the factor of 64.
 constexpr double MostGrowth = 0.499;
 
 double ToPartOfRate(double hz, int rate) {
     return std::isfinite(hz) ? std::fmin(std::fmax(hz / rate, -MostOfRate), MostOfRate) : 0;
+}
+
+/// As many as leave room for both signs of the larger of the two.
+int ChooseRateBits(const std::array<double, 2>& partsOfRate) {
+    int places = 0;
+    std::frexp(std::fmax(std::fabs(partsOfRate[0]), std::fabs(partsOfRate[1])), &places);
+    return std::min(61, 62 - places);
 }
 
 /// value * 2^bits, truncated; the result is below 2^127.
@@ -31,21 +38,22 @@ __int128 Scale(double value, int bits) {
 HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind, std::int64_t sweepFrames,
                                        int rate)
     : ends{ToPartOfRate(startHz, rate), ToPartOfRate(endHz, rate)},
-      start(Scale(ends[0], HiresPhases::RateBits + FineBits)),
+      rateBits(ChooseRateBits(ends)),
+      start(Scale(ends[0], rateBits + FineBits)),
       frames(sweepFrames),
       left(frames) {
     const double ratio = ends[1] / ends[0];
     if (kind == Sweep::Linear) {
         sweep = kind;
-        // Each by itself: 128 bits don't hold their difference where it is four times the rate.
-        step = Scale(ends[1], HiresPhases::RateBits + FineBits) / frames - start / frames;
+        // Each by itself: 128 bits need not hold their difference.
+        step = Scale(ends[1], rateBits + FineBits) / frames - start / frames;
         start += step / 2; // the mean over a frame
     } else if (kind == Sweep::Logarithmic && ratio > 0 && std::isfinite(ratio)) {
         sweep = kind;
         const double log = ExactLog(ratio) / static_cast<double>(frames), each = ExactExpLessOne(log);
         const double kept = std::fmin(std::fmax(each, -MostGrowth), MostGrowth);
         if (log != 0 && kept == each) // the mean over a frame
-            start = Scale(ends[0] * (each / log), HiresPhases::RateBits + FineBits);
+            start = Scale(ends[0] * (each / log), rateBits + FineBits);
         int places = 0;
         std::frexp(kept, &places);
         growthShift = std::clamp(-places - 1, 0, 62);
@@ -55,7 +63,7 @@ HiresFrequencyPath::HiresFrequencyPath(double startHz, double endHz, Sweep kind,
 }
 
 std::uint64_t HiresFrequencyPath::GetIncrement() const {
-    return static_cast<std::uint64_t>(start >> (HiresPhases::RateBits + FineBits - 64));
+    return static_cast<std::uint64_t>(start >> (rateBits + FineBits - 64));
 }
 
 double HiresFrequencyPath::GetLeast() const {
@@ -78,11 +86,12 @@ void HiresFrequencyPath::MoveOn() {
 }
 
 void HiresFrequencyPath::Read(HiresPhases& out) {
+    const double unit = std::ldexp(1, -rateBits);
     for (std::size_t i = 0; i < HiresBlockFrames; ++i) {
         const auto whole = static_cast<std::int64_t>(move >> FineBits);
-        out.phases[i] = phase;
-        out.moves[i] = whole;
-        phase += static_cast<std::uint64_t>(whole) << (64 - HiresPhases::RateBits);
+        out.phases[i] = static_cast<std::uint64_t>(phase >> rateBits);
+        out.partsOfRate[i] = std::fabs(static_cast<double>(whole)) * unit;
+        phase += static_cast<unsigned __int128>(move);
         MoveOn();
     }
 }

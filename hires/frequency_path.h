@@ -5,13 +5,10 @@
 #include <array>
 #include <cstdint>
 
-/// Where in its cycle an oscillator is at each frame of a block, and how far it moves then.
+/// Where in its cycle an oscillator is at each frame of a block, and how fast it moves.
 struct HiresPhases {
-    /// What the whole rate is among `moves`.
-    static constexpr int RateBits = 61;
-
     std::array<std::uint64_t, HiresBlockFrames> phases; ///< 2^64 are a cycle
-    std::array<std::int64_t, HiresBlockFrames> moves;   ///< -2..2 times the rate
+    std::array<double, HiresBlockFrames> partsOfRate;   ///< the frequency, without its sign
 };
 
 /// The frequency of an oscillator from frame to frame: steady, or moving at every frame, in a straight line
@@ -40,16 +37,18 @@ public:
 
 private:
     using Wide = __int128;
-    static constexpr int FineBits = 64; ///< behind those of `HiresPhases::moves`
+    /// Of a move, behind those that multiply it.
+    static constexpr int FineBits = 64;
 
     void MoveOn();
 
     Sweep sweep = Sweep::None;
     std::array<double, 2> ends; ///< parts of the rate
+    int rateBits;               ///< a move of 2^(rateBits + FineBits) is a cycle for each frame
     Wide start, move = 0;
-    std::uint64_t phase = 0;
-    std::int64_t frames, left; ///< of the sweep
-    Wide step = 0;             ///< linear: added each time
-    std::int64_t growth = 0;   ///< logarithmic: growth / 2^(64 + growthShift) of the move is added each time
+    unsigned __int128 phase = 0; ///< as a move
+    std::int64_t frames, left;   ///< of the sweep
+    Wide step = 0;               ///< linear: added each time
+    std::int64_t growth = 0; ///< logarithmic: growth / 2^(64 + growthShift) of the move is added each time
     int growthShift = 0;
 };

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <limits>
 #include <vector>
 
 namespace {
@@ -14,26 +12,18 @@ namespace {
 /// Sweeping harmonics fade out from this part of half the rate on, a sine from nearer to it.
 constexpr double FadeStart = 0.9, SineFadeStart = 0.985;
 
-double ToPartOfRate(std::int64_t move) {
-    return std::fabs(static_cast<double>(move)) * (1.0 / (std::int64_t{1} << HiresPhases::RateBits));
-}
-
 /// How much is heard of what sweeps at this part of the rate.
 double GetPresence(double partOfRate, double fadeStart) {
     const double left = std::clamp((1 - 2 * partOfRate) / (1 - fadeStart), 0.0, 1.0);
     return left * left * (3 - 2 * left);
 }
 
-/// The frequencies of a block, without their signs, as parts of the rate.
+/// The lowest and the highest frequency of a block, as parts of the rate.
 struct Range {
     explicit Range(const HiresPhases& of) {
-        std::int64_t low = std::numeric_limits<std::int64_t>::max(), high = 0;
-        for (const std::int64_t move : of.moves) {
-            low = std::min(low, std::abs(move));
-            high = std::max(high, std::abs(move));
-        }
-        least = ToPartOfRate(low);
-        most = ToPartOfRate(high);
+        const auto [low, high] = std::minmax_element(of.partsOfRate.begin(), of.partsOfRate.end());
+        least = *low;
+        most = *high;
     }
 
     double least, most;
@@ -50,12 +40,12 @@ public:
         path.Read(now);
         const bool isWhole = GetPresence(Range(now).most, SineFadeStart) == 1;
         for (std::size_t i = 0; i < HiresBlockFrames; ++i)
-            sums[i] += LookUpSine(table, now.phases[i]) * (isWhole ? gain : Fade(now.moves[i]));
+            sums[i] += LookUpSine(table, now.phases[i]) * (isWhole ? gain : Fade(now.partsOfRate[i]));
     }
 
 private:
-    std::int64_t Fade(std::int64_t move) const {
-        return RoundToBits(amplitude * GetPresence(ToPartOfRate(move), SineFadeStart), HiresUnityBits);
+    std::int64_t Fade(double partOfRate) const {
+        return RoundToBits(amplitude * GetPresence(partOfRate, SineFadeStart), HiresUnityBits);
     }
 
     double amplitude;
@@ -149,9 +139,8 @@ void SweepingShape::Add(HiresSums& sums) {
     const HiresWaveTable* const one = FindWhole(range.most)->table;
     const bool isOne = one && !waveform.isPulse && IsOneTable(range);
     for (std::size_t i = 0; i < HiresBlockFrames; ++i)
-        sums[i] +=
-            gain * (isOne ? one->LookUp(now.phases[i])
-                          : static_cast<std::int64_t>(GetShape(now.phases[i], ToPartOfRate(now.moves[i]))));
+        sums[i] += gain * (isOne ? one->LookUp(now.phases[i])
+                                 : static_cast<std::int64_t>(GetShape(now.phases[i], now.partsOfRate[i])));
 }
 
 } // namespace

@@ -148,6 +148,7 @@ TEST(HiresTone, ASweepMovesWithEveryFrame) {
         {20, 20000, ToneFlagLogSweep, 47999, -0.0965301527},
         {100, -20000, 0, 1000, -0.9838460059},
         {100, -20000, 0, 47999, 0.5000237351},
+        {20, 2'000'000, ToneFlagLogSweep, 24000, -0.6213970484}, // which ends far beyond the rate
     };
     SonvireData tone = ToneOf(ToneSine, {20});
     for (const auto& [from, to, flags, frame, value] : cases) {
