@@ -12,11 +12,12 @@ namespace {
 
 /// Sound files in a list keep their levels, which nobody knows before they are read.
 std::string DescribePeak(const HiresInput& input) {
-    const std::string peak = std::isfinite(input.peak) ? FormatDbfs(input.peak) : "none";
+    if (!std::isfinite(input.peak))
+        return input.isList ? "no tone that sounds" : "silent";
     char lowered[48] = "";
     if (input.loweredDb > 0)
         std::snprintf(lowered, sizeof lowered, ", lowered by %.2f dB", input.loweredDb);
-    return (input.isList ? "peak of its tones: " : "peak ") + peak + lowered;
+    return (input.isList ? "peak of its tones up to " : "peak up to ") + FormatDbfs(input.peak) + lowered;
 }
 
 } // namespace
@@ -41,11 +42,12 @@ FileReport ReportSoundFile(const std::string& path) {
     if (facts.failure)
         return RefusedReport(facts.failure);
     FileReport report;
-    report.title = facts.kind;
+    report.title = facts.kind + (facts.isCutShort ? ", cut short" : "");
     report.rows = {{"Sample rate", std::to_string(facts.rate) + "Hz"},
                    {"Channels", std::to_string(facts.channels)}};
     Json object = DescribeType("sound");
     object["format"] = facts.kind;
+    object["cutShort"] = facts.isCutShort;
     object["rateHz"] = facts.rate;
     object["channels"] = facts.channels;
     if (facts.frames) {

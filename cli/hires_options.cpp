@@ -6,6 +6,7 @@
 #include "jobs/hires_files.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -62,9 +63,23 @@ std::string HiresOptions::Settle() const {
 
 HiresInput HiresOptions::Open(const std::string& path, const HiresRequest& request) const {
     HiresInput input = OpenHiresInput(path, request);
-    if (input.isFile && (level || fits || fadeInMs))
-        input.failure = "is a sound file, which keeps its level: --level, --fit and --fade go with tones";
+    if (LFailure refused = CheckFor(input.isFile); !input.failure && refused)
+        input.failure = std::move(refused);
     return input;
+}
+
+LFailure HiresOptions::CheckFor(bool isSoundFile) const {
+    const bool concernTones = level || fits || fadeInMs;
+    return isSoundFile && concernTones
+               ? "is a sound file, which keeps its level: --level, --fit and --fade go with tones"
+               : LFailure();
+}
+
+void WarnOfSilence(const std::string& name, const HiresInput& input) {
+    const bool isSilent = !input.isFile && !input.isList && std::isinf(input.peak);
+    if (!input.failure && isSilent)
+        Warn(name, "is silent: no component has a level and lies below half the rate of " +
+                       std::to_string(input.source->rate) + " Hz");
 }
 
 HiresSettings HiresOptions::MakeSettings(double fadeMs, std::optional<int> seed) const {
@@ -111,5 +126,6 @@ void AddHiresOptions(CLI::App& command, HiresOptions& options) {
 }
 
 std::string HintAtHighQuality(const std::string& path) {
-    return ReadSoundFileFacts(path).failure ? "" : " (--quality high reads it)";
+    const HiresTone opened = OpenSoundFile(path, {}, std::make_shared<LSourceNews>());
+    return opened.source ? " (--quality high reads it)" : "";
 }

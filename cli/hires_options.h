@@ -29,12 +29,17 @@ struct HiresOptions {
     std::string Settle() const;
     /// Opens an input; refuses what goes with tones where it is a sound file.
     HiresInput Open(const std::string& path, const HiresRequest& request) const;
+    /// Whether they go with a sound file, where it is one.
+    LFailure CheckFor(bool isSoundFile) const;
     /// `fadeMs` where no fades were asked for.
     HiresSettings MakeSettings(double fadeMs, std::optional<int> seed) const;
 };
 
 /// Adds `--quality`, `--level`, `--fit` and `--fade` to a command. `options` must outlive it.
 void AddHiresOptions(CLI::App& command, HiresOptions& options);
+
+/// Warns where nothing is heard of a tone.
+void WarnOfSilence(const std::string& name, const HiresInput& input);
 
 /// What to add where the standard quality can't use this file: empty where high quality can't read it either.
 std::string HintAtHighQuality(const std::string& path);

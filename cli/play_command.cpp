@@ -50,6 +50,8 @@ Playable MakePlayable(const SoundInput& input) {
             .start = [source = input.source](LSoundPlayer& player) { return player.Start(source); }};
 }
 
+void WarnOfSilence(const std::string& /*name*/, const SoundInput& /*input*/) {}
+
 Playable MakePlayable(const HiresInput& input) {
     const auto failure = std::make_shared<LFailure>();
     const auto open = [failure, open = input.open](int rate) {
@@ -113,6 +115,7 @@ int PlayInput(const PlayOptions& options, const std::string& name, const Input& 
     HintAtShortDuration(options.tone);
     for (const LFileWarning& warning : input.warnings)
         Warn(warning.file, warning.reason);
+    WarnOfSilence(name, input);
     return PlayThrough(options, name, MakePlayable(input));
 }
 

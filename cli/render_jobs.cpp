@@ -8,7 +8,9 @@
 
 namespace {
 
-constexpr const char* TheTone = "the tone"; ///< stands for an input that has no file
+std::string GetInputName(const RenderOptions& options) {
+    return options.input.empty() ? "the tone" : options.input;
+}
 
 HiresSamples GetSamples(const std::string& bits) {
     return bits == "16"      ? HiresSamples::Int16
@@ -56,8 +58,7 @@ int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, cons
     if (outcome.ofTheOutput)
         return Refuse(OutputFile::IsStandardOutput(output) ? "standard output" : output,
                       outcome.failure.GetReason());
-    return Refuse(options.input.empty() ? TheTone : options.input,
-                  outcome.failure.GetReason() + Hint(options, input));
+    return Refuse(GetInputName(options), outcome.failure.GetReason() + Hint(options, input));
 }
 
 /// Opens what the options name or describe by one of both functions, and renders it.
@@ -114,6 +115,7 @@ int RenderHigh(const RenderOptions& options) {
         options, [&](const std::string& path) { return options.high.Open(path, request); },
         [&](const SonvireData& tone) { return OpenHiresToneInput(tone, request); },
         [&](HiresInput& input, const auto& confirm) {
+            WarnOfSilence(GetInputName(options), input);
             return RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
         });
 }

@@ -5,6 +5,7 @@
 #include "hires/loop_source.h"
 #include "jobs/hires_files.h"
 #include "jobs/hires_lists.h"
+#include "sound/files/wave_file.h"
 #include "sys/file.h"
 #include "sys/path.h"
 #include "tone/tone_items.h"
@@ -99,6 +100,8 @@ HiresInput OpenFile(const std::string& path, const HiresRequest& request) {
     HiresInput input;
     input.isFile = true;
     input.description = GetFileName(path);
+    if (ReadSoundFileFacts(path).isCutShort)
+        input.warnings.push_back({.file = path, .reason = LWaveFile::CutShortText});
     const auto open = [path, news = input.news](std::optional<int> rate) {
         return OpenSoundFile(path, rate, news);
     };

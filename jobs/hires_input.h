@@ -23,7 +23,7 @@ struct HiresInput : InputFacts {
 
     HiresSourcePtr source; ///< null with a failure
     Opener open;           ///< null with a failure
-    double peak = 0;       ///< the most that its tones reach, in dBFS
+    double peak = 0;       ///< what its tones don't exceed, in dBFS: their components' peaks added up
     double loweredDb = 0;  ///< by how much tones were lowered to fit
     bool isFile = false;   ///< a sound file, which stands at its own level
     bool isList = false;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -35,7 +36,7 @@ void ExamineSound(ToneListEntry& entry) {
     if (!opened.source) {
         entry.problem = Explain(opened.failure);
     } else {
-        entry.problem.clear();
+        entry.problem = ReadSoundFileFacts(entry.file).isCutShort ? LWaveFile::CutShortText : "";
         entry.length = ToTime(opened.source->GetLength() * 1000 / opened.source->rate);
     }
 }
@@ -49,9 +50,22 @@ void Examine(ToneListEntry& entry) {
     HasExtension(entry.file, ".tdf") ? ExamineTone(entry) : ExamineSound(entry);
 }
 
-ToneListReport Correct(ToneListReport report) {
-    for (ToneListEntry& entry : report.entries)
+/// A list is longer by what an entry of it has become longer.
+void ExamineEntries(std::vector<ToneListEntry>& entries) {
+    std::vector<ToneListEntry*> holders; // by depth
+    for (ToneListEntry& entry : entries) {
+        holders.resize(static_cast<std::size_t>(entry.depth));
+        const LSoundTime before = entry.length;
         Examine(entry);
+        const int more = entry.length.GetMilliseconds() - before.GetMilliseconds();
+        for (ToneListEntry* list : holders)
+            list->length = ToTime(std::int64_t{list->length.GetMilliseconds()} + more);
+        holders.push_back(&entry);
+    }
+}
+
+ToneListReport Correct(ToneListReport report) {
+    ExamineEntries(report.entries);
     report.isNeverLeft = std::any_of(report.entries.begin(), report.entries.end(),
                                      [](const ToneListEntry& entry) { return entry.endless; });
     std::erase_if(report.notices, [](const LNotice& notice) { return notice.title == UnknownEntryTitle; });

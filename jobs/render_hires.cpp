@@ -2,6 +2,7 @@
 
 #include "jobs/hires_files.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -28,11 +29,17 @@ LFailure CheckOutput(const HiresTarget& target, const HiresInput& input) {
     return kind->Check(ChooseFormat(*input.source, target));
 }
 
-/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms; 96000 Hz, peak -0.1 dBFS"
+/// "Sine 1 Frequency 997.00Hz; Sine Duration 1000ms; 96000 Hz, peak up to -0.1 dBFS"
 std::string DescribeSound(const HiresInput& input) {
     char facts[64];
-    std::snprintf(facts, sizeof facts, "; %d Hz, peak %.4g dBFS", input.source->rate, input.peak);
+    std::snprintf(facts, sizeof facts, "; %d Hz, peak up to %.4g dBFS", input.source->rate, input.peak);
     return input.description + (input.isFile ? "" : facts);
+}
+
+/// Of a file that the user was warned of at the start.
+bool IsTold(const LFileWarning& warning, const HiresInput& input) {
+    return std::any_of(input.warnings.begin(), input.warnings.end(),
+                       [&](const LFileWarning& each) { return each.file == warning.file; });
 }
 
 RenderOutcome Render(HiresInput& input, const HiresTarget& target, const HiresRenderUser& user) {
@@ -67,5 +74,7 @@ RenderOutcome RenderHiresToFile(HiresInput& input, const HiresTarget& target, co
         return {.failure = std::move(refused), .ofTheOutput = true};
     if (!input.warnings.empty() && !user.confirm(input.warnings))
         return {};
-    return Render(input, target, user);
+    RenderOutcome outcome = Render(input, target, user);
+    std::erase_if(outcome.warnings, [&](const LFileWarning& each) { return IsTold(each, input); });
+    return outcome;
 }

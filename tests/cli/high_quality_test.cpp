@@ -62,6 +62,8 @@ TEST_F(HighQuality, WhatTheStandardQualityLacksTakesItAndSaysSo) {
                       {what + " goes with high quality, not with --quality standard"});
     }
     EXPECT_THAT(Cli("render in.flac o.wav").errors, HasSubstr("in.flac: goes with high quality"));
+    EXPECT_THAT(Cli("render --quality high --frequency 30k --duration 1 o.wav").errors,
+                HasSubstr("the tone: is silent: no component has a level and lies below half the rate"));
     EXPECT_THAT(Cli("show in.flac").output, HasSubstr("FLAC, 24 bits\nSample rate  44100Hz\n"));
     EXPECT_THAT(Cli("show in.flac").output, HasSubstr("Sine 1 Frequency 1000.00Hz; Sine Duration 9ms;"));
 }
@@ -114,7 +116,8 @@ TEST_F(HighQuality, ListsReadEverySoundFile) {
     Cli("make --frequency 100 --duration 250 t.tdf");
     EXPECT_THAT(Cli("list l.tdl a.flac b.aiff 250ms t.tdf").errors,
                 HasSubstr("b.aiff: plays in high quality only; else it is of an unknown type"));
-    EXPECT_THAT(Cli("show l.tdl --quality high").output, HasSubstr("Total         00:01.000\n"));
+    Cli("list ll.tdl l.tdl 10ms");
+    EXPECT_THAT(Cli("show ll.tdl --quality high").output, HasSubstr("Total         00:01.010\n"));
     const ProgramResult result = Render("--raw --bits 24 --rate 48k l.tdl ours");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.errors, IsEmpty());
@@ -123,6 +126,15 @@ TEST_F(HighQuality, ListsReadEverySoundFile) {
     EXPECT_EQ(ours.size(), 48000 * 6u);
     EXPECT_EQ(ours.substr(0, 12000 * 6), Read("theirs")) << "as it is, at the rate that it has";
     EXPECT_EQ(ours.substr(24000 * 6, 12000 * 6), std::string(12000 * 6, '\0')) << "the silence";
+    RunProgram("sox -n -r 8000 -b 24 whole.wav synth 1 sine 100 && head -c 12080 whole.wav > cut.wav");
+    Cli("list cut.tdl cut.wav");
+    for (const std::string input : {"cut.wav", "cut.tdl"}) {
+        const std::string told = Render("--raw " + input + " ours").errors;
+        EXPECT_THAT(told, HasSubstr("cut.wav: is cut short"));
+        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << "told once";
+        EXPECT_EQ(Read("ours").size(), (input == "cut.wav" ? 8000 : 44100) * 3u) << "with silence behind";
+        EXPECT_EQ(Render("--strict --raw " + input + " strict.raw").status, 2);
+    }
 }
 
 } // namespace

@@ -42,7 +42,7 @@ TEST(Kernels, GainsPeaksAndFormatsAreTheSameInAllSets) {
 }
 
 TEST(Kernels, FineSamplesAreTheSameInAllSets) {
-    const Samples sines = ReferenceNoise(503, 1 << 30), cosines = ReferenceNoise(503, 1 << 29);
+    const Samples sines = ReferenceNoise(503, 1 << 29), cosines = ReferenceNoise(503, 1 << 28);
     const auto [rounded, packed] = TryAllSets([&](const LKernels& kernels) {
         std::vector<std::int64_t> sums(503, 5);
         sums[3] = -(std::int64_t{INT32_MAX} << 29);
