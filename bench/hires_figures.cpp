@@ -149,7 +149,7 @@ struct LogSweep {
         Samples samples;
         const long double growth = std::log(static_cast<long double>(to / from)) / (seconds * rate);
         for (int i = 0; i < seconds * rate; ++i) {
-            const long double cycles = from / rate * std::expm1(growth * i) / std::expm1(growth);
+            const long double cycles = from / rate * std::expm1(growth * i) / growth;
             const auto part = static_cast<double>(cycles - std::floor(cycles));
             samples.push_back(std::pow(10, level / 20) * std::sin(2 * std::numbers::pi * part));
         }

@@ -126,7 +126,7 @@ def third_octaves(rate, waveform, first, last):
 
 def sweep_cycles(rate, seconds, start, end):
     growth = np.log(np.longdouble(end) / start) / (seconds * rate)
-    return start / np.longdouble(rate) * np.expm1(growth * np.arange(seconds * rate)) / np.expm1(growth)
+    return start / np.longdouble(rate) * np.expm1(growth * np.arange(seconds * rate)) / growth
 
 
 def impulse_of_sweep(rate):
@@ -146,7 +146,7 @@ def end_of_sweep(rate):
     decimal.getcontext().prec = 50
     start, end, frames = decimal.Decimal(20), decimal.Decimal(15000), 60 * rate
     growth = (end / start).ln() / frames
-    phases = [start / rate * ((growth * i).exp() - 1) / (growth.exp() - 1) % 1 for i in range(frames - 64, frames)]
+    phases = [start / rate * ((growth * i).exp() - 1) / growth % 1 for i in range(frames - 64, frames)]
     turns = 2 * np.pi * np.array(phases, float)
     known = np.stack([np.sin(turns), np.cos(turns)], axis=1)
     samples = high(rate, "--frequency 20 --end 15k --sweep log --level -1 --duration 60s")[-64:]
