@@ -1,6 +1,7 @@
 #include "app/quality.h"
 
 #include "app/setting_names.h"
+#include "tone/tone_data.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -13,6 +14,10 @@ constexpr Quality Qualities[] = {
 };
 
 } // namespace
+
+int Quality::GetHighestFrequency() const {
+    return (IsHigh() ? savedRate : ToneSampleRate) / 2;
+}
 
 std::span<const Quality> GetQualities() {
     return Qualities;

@@ -9,6 +9,8 @@ struct Quality {
     int savedRate; ///< of files in high quality, in frames per second; 0 is the standard quality
 
     bool IsHigh() const { return savedRate > 0; }
+    /// What can be saved as it is, in Hz.
+    int GetHighestFrequency() const;
 };
 
 std::span<const Quality> GetQualities();
