@@ -3,7 +3,7 @@
 
 #include "hires/quantizer.h"
 #include "hires/tone_source.h"
-#include "line_spectrum.h"
+#include "spurs.h"
 #include "third_octaves.h"
 
 #include <algorithm>

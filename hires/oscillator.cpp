@@ -9,7 +9,7 @@
 namespace {
 
 /// The harmonics of a steady tone: how many they are, and what their shape is multiplied by and added to.
-/// Those of a pulse are as large as twice the part of the rate, and beside them stands half of that.
+/// Those of a pulse are as large as twice the share of the rate, and beside them stands half of that.
 struct Harmonics {
     Harmonics(const HiresWaveform& waveform, double partOfRate)
         : count(waveform.CountHarmonics(partOfRate)),

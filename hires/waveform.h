@@ -14,7 +14,7 @@ struct HiresWaveform {
     double FindPeak(int harmonics) const;
 
     /// The amplitude of the k-th harmonic, 1.., where the waveform's own peak is 1; null for a sine. Those of
-    /// a pulse have all the same: twice the part of the rate that its frequency is.
+    /// a pulse have all the same: twice the share of the rate that its frequency is.
     double (*getAmplitude)(int harmonic);
     /// Where the peak of so many is, in cycles; null for a pulse, whose harmonics all meet.
     double (*getPeakPlace)(int harmonics);

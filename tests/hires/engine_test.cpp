@@ -41,7 +41,7 @@ std::vector<std::int32_t> Render(const SonvireData& tone, const HiresSettings& s
     return ReadAll(*opened.source, piece);
 }
 
-/// The part of a frequency in a sound, full scale being 1; exact for whole Hz in a whole second.
+/// How much of a frequency is in a sound, full scale being 1; exact for whole Hz in a whole second.
 double Measure(const std::vector<std::int32_t>& samples, double hz, int rate) {
     std::complex<double> sum = 0;
     for (std::size_t i = 0; i < samples.size(); ++i)

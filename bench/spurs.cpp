@@ -1,4 +1,4 @@
-#include "line_spectrum.h"
+#include "spurs.h"
 
 #include <algorithm>
 #include <cmath>
