@@ -229,9 +229,9 @@ TEST_F(Saving, ASoundIsSavedInTheQualityOfItsNameOrOfTheSettings) {
         if (each.bytes != 0)
             EXPECT_EQ(std::filesystem::file_size(folder / each.name), each.bytes);
         else
-            EXPECT_EQ(OpenHiresFile(folder / each.name, {}, std::make_shared<LSourceNews>())
-                          .source->GetLength(),
-                      each.savedRate == 0 ? 44100 : each.savedRate);
+            EXPECT_EQ(
+                OpenHiresFile(folder / each.name, {}, std::make_shared<LSourceNews>()).source->GetLength(),
+                each.savedRate == 0 ? 44100 : each.savedRate);
         std::filesystem::remove(folder / each.name);
     }
 }
