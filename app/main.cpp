@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
     if (service.HandOver(argc > 1 ? argv[1] : ""))
         return 0;
     InstallCrashReport();
-    MainDialog window(toolkit, argc, argv, {.open = OpenCubebChannel});
+    MainDialog window(toolkit, argc, argv, {.open = OpenCubebChannel, .findRate = FindCubebRate});
     service.Serve(window);
     window.Run();
     return 0;

@@ -36,6 +36,9 @@ inline constexpr ValueSetting<int> PlayVolume{"settings", "playvolume", 0}; ///<
 inline constexpr ValueSetting<int> UnmutedVolume{"settings", "unmuted playvolume",
                                                  0}; ///< before it was muted
 
+/// At which files are saved in high quality; 0 is the standard quality.
+inline constexpr ValueSetting<int> HighRate{"settings", "high resolution rate", 0};
+
 // By how much a step changes a frequency. What it is depends on the first one; the last two are what the
 // dialog shows of both.
 inline constexpr ValueSetting<bool> StepsBySemitone{"settings", "semitone increment", true};

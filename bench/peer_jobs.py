@@ -146,4 +146,50 @@ def job_i(folder):
     }
 
 
+HIGH = "render --quality high --rate 96000 --duration 600s "
+SOX_HIGH = "sox -n -r 96000 -c 1 -b 24 out.wav "
+HIGH_FRAMES = 600 * 96000
+
+
+def high_limit(lookups=0, cycles=0):
+    return limit(1.5 * HIGH_FRAMES, lookups, cycles)  # 24 bits
+
+
+def job_j(folder):
+    """600 s of a mono 1 kHz sine in high quality, 96 kHz, 24 bits"""
+    return {
+        "sonvire": HIGH + "--frequency 1000 out.wav",
+        "sox": SOX_HIGH + "synth 600 sine 1000",
+        "limit": high_limit(lookups=HIGH_FRAMES),
+    }
+
+
+def job_k(folder):
+    """600 s of a mono 1 kHz square in high quality, 96 kHz, 24 bits"""
+    return {
+        "sonvire": HIGH + "--waveform square --frequency 1000 out.wav",
+        "sox": SOX_HIGH + "synth 600 square 1000",
+        "limit": high_limit(lookups=HIGH_FRAMES),
+    }
+
+
+def job_l(folder):
+    """600 s of pink noise in high quality, 96 kHz, 24 bits"""
+    return {
+        "sonvire": HIGH + "--waveform pink out.wav",
+        "sox": SOX_HIGH + "synth 600 pinknoise",
+        "limit": high_limit(cycles=HIGH_FRAMES * PINK),
+    }
+
+
+def job_m(folder):
+    """600 s of a mono 16-component sine in high quality, 96 kHz, 24 bits"""
+    tones = [100 * (i + 1) for i in range(16)]
+    return {
+        "sonvire": HIGH + "--level -30 --frequency %s out.wav" % ",".join(map(str, tones)),
+        "sox": SOX_HIGH + " ".join("synth 600 sine %s %d" % ("mix" if hz > 100 else "", hz) for hz in tones),
+        "limit": high_limit(cycles=HIGH_FRAMES * 16 * STEP),
+    }
+
+
 JOBS = {name[-1].upper(): job for name, job in globals().items() if name.startswith("job_")}

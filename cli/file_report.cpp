@@ -1,6 +1,9 @@
 #include "cli/file_report.h"
 
+#include "cli/high_quality_report.h"
 #include "cli/refusal.h"
+#include "cli/report_parts.h"
+#include "jobs/hires_lists.h"
 #include "sound/files/wave_file.h"
 #include "sound/level.h"
 #include "sys/file.h"
@@ -9,39 +12,14 @@
 #include "tone/tone_level.h"
 #include "tone/tone_list_source.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
-#include <cstdio>
 #include <limits>
+#include <optional>
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-/// File names need not be proper UTF-8; what isn't is replaced.
-std::string Write(const Json& object) {
-    return object.dump(4, ' ', false, Json::error_handler_t::replace) + "\n";
-}
-
-/// mm:ss.mmm
-std::string FormatLength(std::int64_t duration) {
-    const long long ms = std::max<std::int64_t>(0, duration);
-    char text[64];
-    std::snprintf(text, sizeof text, "%02lld:%02lld.%03lld", ms / 60000, ms / 1000 % 60, ms % 1000);
-    return text;
-}
-
-FileReport Refused(LFailure failure) {
-    return {.failure = std::move(failure), .title = {}, .rows = {}, .json = {}};
-}
-
-/// What every object begins with. The version grows where something is taken out or changes its meaning.
-Json Describe(const char* type) {
-    return {{"type", type}, {"version", 1}};
-}
-
-Json DescribeComponents(const SonvireData& tone) {
+/// With peaks that `raisedDb` brings to where high quality has them.
+Json DescribeComponents(const SonvireData& tone, double raisedDb) {
     const bool stereo = tone.HasFlag(ToneFlagStereo), sweep = tone.HasFlag(ToneFlagSweep);
     Json components = Json::array();
     for (std::size_t i = 0; i < tone.GetToneCount() && tone.HasComponents(); ++i) {
@@ -54,40 +32,44 @@ Json DescribeComponents(const SonvireData& tone) {
             component["endRightFrequencyHz"] = tone.endRightHz[i];
         component["levelDb"] = GetComponentLevel(tone, i);
         if (const auto peak = GetComponentPeakDbfs(tone, i))
-            component["peakDbfs"] = *peak;
+            component["peakDbfs"] = *peak + raisedDb;
         components.push_back(component);
     }
     return components;
 }
 
 /// The values as the window shows them, with levels as other programs measure them.
-std::vector<FileReport::Row> ListValues(const SonvireData& tone) {
+std::vector<FileReport::Row> ListValues(const SonvireData& tone, double raisedDb) {
     std::vector<FileReport::Row> rows;
     for (const unsigned int item : GetShownItems(tone)) {
         FileReport::Row row{tone.GetItemName(item), tone.GetItemValue(item)};
         const auto peak = GetComponentPeakDbfs(tone, item % 256 % MaxTones);
         if (item >= ItemAmplitude && item < ItemDuration && peak)
-            row.value += ", a peak of " + FormatDbfs(*peak);
+            row.value += ", a peak of " + FormatDbfs(*peak + raisedDb);
         rows.push_back(row);
     }
     const auto peak = GetComponentPeakDbfs(tone, 0);
     if (!tone.HasFlag(ToneFlagVariableAmplitude) && peak)
-        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(*peak)});
+        rows.push_back({tone.GetToneCount() > 1 ? "Peak of each" : "Peak", FormatDbfs(*peak + raisedDb)});
     if (tone.IsList())
         rows.push_back({"List", tone.GetListPath()});
     return rows;
 }
 
-FileReport ReportTone(const std::string& path) {
+FileReport ReportTone(const std::string& path, const HiresRequest* request) {
     SonvireData tone;
     if (LFailure failure = tone.ReadFromFile(path.c_str()))
-        return Refused(std::move(failure));
+        return RefusedReport(std::move(failure));
     const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
+    std::optional<HighQuality> high;
+    if (request)
+        high.emplace(path, *request);
+    const double raisedDb = high ? high->GetRaisedDb() : 0;
     FileReport report;
     report.title =
         std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
-    report.rows = ListValues(tone);
-    Json object = Describe("tone");
+    report.rows = ListValues(tone, raisedDb);
+    Json object = DescribeType("tone");
     object["waveform"] = tone.GetToneName();
     object["mode"] = tone.GetModeName();
     object["channels"] = stereo ? 2 : 1;
@@ -97,8 +79,10 @@ FileReport ReportTone(const std::string& path) {
     if (tone.IsList())
         object["list"] = tone.GetListPath();
     else
-        object["components"] = DescribeComponents(tone);
-    report.json = Write(object);
+        object["components"] = DescribeComponents(tone, raisedDb);
+    if (high)
+        high->AddTo(report, object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -109,31 +93,64 @@ std::int64_t CountMilliseconds(const LSoundSource& source, const ToneListReport&
     return counts ? source.GetEnd().GetMilliseconds() : sum;
 }
 
-FileReport ReportList(const std::string& path) {
-    FileReport report;
-    ToneListReport list;
-    const LSoundSource source = OpenToneList(path, &list);
+/// What there is to tell of a list in one of both qualities.
+struct ListFacts {
+    ToneListReport found;
+    int rate, channels; ///< no channels where it is refused
+    std::int64_t ms;
+};
+
+ListFacts FindStandardFacts(const std::string& path) {
+    ToneListReport found;
+    const LSoundSource source = OpenToneList(path, &found);
+    const std::int64_t ms = CountMilliseconds(source, found);
+    return {std::move(found), source->sampleRate, source->channels, ms};
+}
+
+ListFacts FindHighFacts(const std::string& path, const HiresInput& input) {
+    ToneListReport found = ExamineHiresList(path);
+    const std::int64_t ms = found.CountMilliseconds();
+    if (!input.source)
+        return {std::move(found), HiresSettings{}.rate, 0, ms};
+    return {std::move(found), input.source->rate, input.source->channels, ms};
+}
+
+Json ListEntries(const ToneListReport& found, FileReport& report) {
     Json entries = Json::array();
-    for (const ToneListEntry& entry : list.entries) {
+    for (const ToneListEntry& entry : found.entries) {
         const std::string indent(static_cast<std::size_t>(entry.depth) * 2, ' ');
         const std::string name = entry.file.empty() ? "silence" : entry.file;
         report.rows.push_back({indent + name + (entry.problem.empty() ? "" : " (" + entry.problem + ")"),
-                               FormatLength(entry.length.GetMilliseconds())});
+                               FormatClock(entry.length.GetMilliseconds())});
         entries.push_back(Json{{"file", entry.file},
                                {"depth", entry.depth},
                                {"durationMs", entry.length.GetMilliseconds()},
                                {"problem", entry.problem}});
     }
-    const std::int64_t total = CountMilliseconds(source, list);
-    report.title = "Tone list, " + std::to_string(source->sampleRate) + " Hz, " +
-                   (source->channels == 1 ? "mono" : "stereo");
-    report.rows.push_back({"Total", FormatLength(total)});
-    Json object = Describe("list");
-    object["rateHz"] = source->sampleRate;
-    object["channels"] = source->channels;
-    object["durationMs"] = total;
+    return entries;
+}
+
+const char* NameChannels(int channels) {
+    return channels == 0 ? "" : channels == 1 ? ", mono" : ", stereo";
+}
+
+FileReport ReportList(const std::string& path, const HiresRequest* request) {
+    std::optional<HighQuality> high;
+    if (request)
+        high.emplace(path, *request);
+    const ListFacts facts = high ? FindHighFacts(path, high->GetInput()) : FindStandardFacts(path);
+    FileReport report;
+    Json entries = ListEntries(facts.found, report);
+    report.title = "Tone list, " + std::to_string(facts.rate) + " Hz" + NameChannels(facts.channels);
+    report.rows.push_back({"Total", FormatClock(facts.ms)});
+    Json object = DescribeType("list");
+    object["rateHz"] = facts.rate;
+    object["channels"] = std::max(facts.channels, 1);
+    object["durationMs"] = facts.ms;
     object["entries"] = std::move(entries);
-    report.json = Write(object);
+    if (high)
+        high->AddTo(report, object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -141,7 +158,7 @@ FileReport ReportWave(const std::string& path) {
     const LWaveFile wave = LWaveFile::Open(path.c_str());
     const LSoundSource& source = wave.source;
     if (source->status != SoundUsable)
-        return Refused(LWaveFile::ExplainStatus(source->status));
+        return RefusedReport(LWaveFile::ExplainStatus(source->status));
     const bool cutShort = wave.header.IsCutShort();
     const std::int64_t ms = source.GetEnd().GetMilliseconds();
     FileReport report;
@@ -150,15 +167,15 @@ FileReport ReportWave(const std::string& path) {
     report.rows = {{"Sample rate", std::to_string(source->sampleRate) + "Hz"},
                    {"Channels", std::to_string(source->channels)},
                    {"Frames", std::to_string(source->GetEndSample())},
-                   {"Length", FormatLength(ms)}};
-    Json object = Describe("wave");
+                   {"Length", FormatClock(ms)}};
+    Json object = DescribeType("wave");
     object["rateHz"] = source->sampleRate;
     object["channels"] = source->channels;
     object["frames"] = source->GetEndSample();
     object["durationMs"] = ms;
     object["streaming"] = source->IsStreaming();
     object["cutShort"] = cutShort;
-    report.json = Write(object);
+    report.json = WriteJson(object);
     return report;
 }
 
@@ -177,14 +194,16 @@ std::string FileReport::ToText() const {
     return text;
 }
 
-FileReport ReportFile(const std::string& path) {
+FileReport ReportFile(const std::string& path, const HiresRequest* high) {
     if (LFailure failure = CheckReadable(path))
-        return Refused(std::move(failure));
+        return RefusedReport(std::move(failure));
     if (HasExtension(path, ".tdf"))
-        return ReportTone(path);
+        return ReportTone(path, high);
     if (HasExtension(path, ".tdl"))
-        return ReportList(path);
+        return ReportList(path, high);
+    if (high)
+        return ReportSoundFile(path);
     if (HasExtension(path, ".wav"))
         return ReportWave(path);
-    return Refused("is of an unknown type: .tdf, .tdl and .wav files are supported");
+    return RefusedReport("is of an unknown type: .tdf, .tdl and .wav files are supported");
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+struct HiresRequest;
+
 /// What a file holds, as lines for people and as an object for scripts.
 struct FileReport {
     struct Row {
@@ -21,5 +23,6 @@ struct FileReport {
     std::string ToText() const;
 };
 
-/// Told apart by the extension in any case.
-FileReport ReportFile(const std::string& path);
+/// Tones, lists and WAVE files, told apart by the extension in any case. With `high`, tones and lists are
+/// shown as well as high quality has them, and any other file as a sound file of its own resolution.
+FileReport ReportFile(const std::string& path, const HiresRequest* high = nullptr);

@@ -2,6 +2,8 @@
 
 #include "cli/output_option.h"
 #include "cli/refusal.h"
+#include "jobs/hires_files.h"
+#include "jobs/hires_lists.h"
 #include "jobs/sound_input.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -14,6 +16,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
@@ -42,8 +45,10 @@ bool IsForLists(const std::string& file) {
 LFailure CheckEntry(const std::string& list, const std::string& file) {
     if (LFailure unreadable = CheckReadable(file))
         return unreadable;
-    if (!IsForLists(file))
-        return "is of an unknown type: lists play .tdf, .wav and .tdl files, and silences such as 500ms";
+    if (!IsForLists(file) && ReadSoundFileFacts(file).failure)
+        return "is of an unknown type: lists play .tdf, .wav and .tdl files, in high quality all sound "
+               "files, and "
+               "silences such as 500ms";
     return CheckListEntry(PlaceBeside(list, file));
 }
 
@@ -52,6 +57,15 @@ std::optional<int> ParseSilence(const std::string& entry) {
     const std::optional<double> ms = FileExists(entry) ? std::nullopt : ParseDuration(entry);
     const bool fits = ms && *ms >= 0 && *ms <= MaxToneDurationMs;
     return fits ? std::optional(static_cast<int>(std::lround(*ms))) : std::nullopt;
+}
+
+void WarnOfEntries(const std::string& list) {
+    const std::vector<LFileWarning> inHigh = CollectWarnings(ExamineHiresList(list));
+    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(list))) {
+        const bool isInBoth = std::any_of(inHigh.begin(), inHigh.end(),
+                                          [&](const auto& each) { return each.file == warning.file; });
+        Warn(warning.file, (isInBoth ? "" : "plays in high quality only; else it ") + warning.reason);
+    }
 }
 
 int MakeList(const ListOptions& options) {
@@ -72,8 +86,7 @@ int MakeList(const ListOptions& options) {
     }
     if (const LFailure failure = WriteToneListFile(output.c_str(), rows))
         return Refuse(output, "can't be written: " + failure.GetReason());
-    for (const LFileWarning& warning : CollectWarnings(ExamineToneList(output)))
-        Warn(warning.file, warning.reason);
+    WarnOfEntries(output);
     return ExitCompleted;
 }
 
@@ -86,8 +99,8 @@ void AddListCommand(CLI::App& program, int& status) {
     command
         ->add_option(
             "ENTRY", options->entries,
-            "What plays, in this order: tones (.tdf), WAVE files (.wav), lists (.tdl), and silences by "
-            "their length, such as 500ms")
+            "What plays, in this order: tones (.tdf), WAVE files (.wav; in high quality any sound files), "
+            "lists (.tdl), and silences by their length, such as 500ms")
         ->required()
         ->type_name("");
     command->callback([options, &status] { status = MakeList(*options); });

@@ -31,16 +31,16 @@ std::string FormatMeter(LDB level) {
 
 } // namespace
 
-PlayDisplay::PlayDisplay(LEventLoop& ended, const SoundInput& input)
+PlayDisplay::PlayDisplay(LEventLoop& ended, const InputFacts& input, LSoundTime inputLength)
     : loop(ended),
-      length(input.source.GetEnd()),
+      length(inputLength),
       endless(input.endless || input.isNeverLeft),
       news(input.news),
       visible(isatty(STDERR_FILENO) != 0) {}
 
 void PlayDisplay::TellNews() {
     for (const LFileWarning& warning : news->Take())
-        Warn(warning.file, warning.reason + "; silence plays in its place");
+        Warn(warning.file, warning.reason + (warning.isLoss ? "; silence plays in its place" : ""));
 }
 
 void PlayDisplay::spntfStop(long /*id*/) {

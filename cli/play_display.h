@@ -12,7 +12,7 @@
 class PlayDisplay : public LSoundPlayerNotify {
 public:
     /// An endless sound has no length, and its position is the time since its start.
-    PlayDisplay(LEventLoop& ended, const SoundInput& input);
+    PlayDisplay(LEventLoop& ended, const InputFacts& input, LSoundTime inputLength);
 
     void spntfStop(long id) override;
     void spntfTime(LSoundTime time, long id) override;

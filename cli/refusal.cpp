@@ -6,6 +6,10 @@
 std::string Printable(std::string name) {
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return c < ' ' || c == 127; }, '?');
+    // The control characters of 8 bits, as UTF-8 has them: U+0080 to U+009F.
+    for (std::size_t at = 0; (at = name.find('\xC2', at)) != std::string::npos; ++at)
+        if (at + 1 < name.size() && static_cast<unsigned char>(name[at + 1]) < 0xA0)
+            name.replace(at, 2, "?");
     return name;
 }
 

@@ -202,11 +202,16 @@ void HintAtShortDuration(const ToneOptions& options) {
     Warn("--duration " + number, "these are milliseconds; " + number + "s would be seconds");
 }
 
-void AddSeedOption(CLI::App& command) {
+void AddSeedOption(CLI::App& command, std::optional<int>& seed) {
     command
         .add_option_function<int>(
-            "--seed", [](int seed) { FixRandomSeed(static_cast<std::uint32_t>(seed)); },
-            "Makes white and pink noise the same every time; without it, they always differ")
+            "--seed",
+            [&seed](int value) {
+                seed = value;
+                FixRandomSeed(static_cast<std::uint32_t>(value));
+            },
+            "Makes white and pink noise the same every time; without it, they always differ, but in high "
+            "quality, whose dither has it as well")
         ->check(DecimalIn(0, std::numeric_limits<int>::max()))
         ->type_name("N");
 }

@@ -31,8 +31,9 @@ void AddToneOptions(CLI::App& command, ToneOptions& options);
 /// Warns of a duration so short that its bare number may have been meant as seconds.
 void HintAtShortDuration(const ToneOptions& options);
 
-/// Adds `--seed`, which makes the noises that are opened from then on the same every time.
-void AddSeedOption(CLI::App& command);
+/// Adds `--seed`, which makes the noises that are opened from then on the same every time. `seed`, which must
+/// outlive the command, is for high quality.
+void AddSeedOption(CLI::App& command, std::optional<int>& seed);
 
 /// The tone that the options describe, or why they describe none.
 struct DescribedTone {

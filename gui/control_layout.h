@@ -22,6 +22,7 @@ enum class LControlKind {
     Edit,       ///< one line of text
     NumberEdit, ///< one line with up and down arrows; the value is the number in it
     NumberText, ///< the text field of the number edit in the row before, under an id of its own
+    Chooser,    ///< one of several texts; its value is the index
     Text,
     Heading, ///< a text in larger letters
     Hint,    ///< a text in a fainter colour

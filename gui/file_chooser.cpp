@@ -39,9 +39,10 @@ bool IsOfAnotherKind(const LFileChooser& chooser, const std::string& path) {
 }
 
 void TellKinds(const LFileChooser& chooser, const std::string& path) {
-    std::string taken;
-    for (const std::string& extension : GetExtensions(chooser))
-        taken += (taken.empty() ? "" : " or ") + extension;
+    const std::vector<std::string> extensions = GetExtensions(chooser);
+    std::string taken = extensions.front();
+    for (std::size_t i = 1; i < extensions.size(); ++i)
+        taken += (i + 1 == extensions.size() ? " or " : ", ") + extensions[i];
     LShowMessageBox("Error", "The name \"" + GetFileName(path) +
                                  "\" is one for another kind of file: here it has to end in " + taken + ".");
 }

@@ -8,8 +8,8 @@ class LWindow;
 
 /// A kind of file that a chooser offers. The pattern is "*.tdf" or several of them, each followed by ";".
 struct LFileFilter {
-    const char* description;
-    const char* pattern;
+    std::string description;
+    std::string pattern;
 };
 
 enum class LFilePurpose { Read, Save };
@@ -19,7 +19,7 @@ struct LFileChooser {
     std::string title;
     std::string name;   ///< what stands in the name field at first; a path starts in its own folder
     std::string folder; ///< where a name without one starts; after a choice, the folder of the file chosen
-    std::span<const LFileFilter> filters;
+    std::vector<LFileFilter> filters;
     std::string defaultExtension; ///< without a dot; added to a name to save that no filter takes
     /// Extensions, in small letters and with a dot, that mean another kind of file where no filter takes
     /// them.

@@ -2,6 +2,7 @@
 
 enum class LStatusKind {
     Text,    ///< the first text takes the space that the others leave
+    Remark,  ///< a text that takes room only while there is one
     Level,   ///< a level meter
     Chooser, ///< one of several texts; its value is the index
     Toggle,  ///< a button with a picture; its value, which a click leaves to the window, is 1 or 0
@@ -10,7 +11,7 @@ enum class LStatusKind {
 
 /// One field of a status bar, from left to right. Afterwards it is a control like any other, reached by its
 /// id. Where the window is too narrow for all of them, the first text gives way, then choosers, then meters,
-/// other texts and sliders.
+/// other texts, remarks and sliders.
 struct LStatusItem {
     int id;
     LStatusKind kind;

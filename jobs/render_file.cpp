@@ -1,13 +1,20 @@
 #include "jobs/render_file.h"
 
+#include "jobs/output_file.h"
 #include "sound/files/wave_file.h"
 #include "sound/sample_format.h"
 #include "sys/path.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
+
+/// What a WAVE file is written as.
+struct OutputFormat {
+    int rate; ///< frames per second
+    std::uint8_t channels;
+    int bits; ///< 8 or 16
+};
 
 int GetPeakLimit(const OutputFormat& format) {
     return format.bits == 8 ? LSFU8::peak : LSF16::peak;
@@ -33,19 +40,11 @@ LFailure CheckInput(const SoundInput& input, const OutputFormat& format) {
                                   format.bits);
 }
 
-/// True for devices and pipes, which have names of their own, and for folders.
-bool IsNoFile(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::is_other(path, ignored) || std::filesystem::is_directory(path, ignored);
-}
-
 /// Whether the output may be written for this input.
 LFailure CheckOutput(const std::string& output, const SoundInput& input) {
-    const bool standard = WaveOutput::IsStandardOutput(output);
-    const std::string written = standard ? "/dev/stdout" : output;
-    if (IsOneOfFiles(written, input.files))
-        return "is read by the input";
-    const bool fits = standard || HasExtension(output, ".wav") || IsNoFile(output);
+    if (LFailure read = OutputFile::CheckUnread(output, input.files))
+        return read;
+    const bool fits = HasExtension(output, ".wav") || OutputFile::IsNoFile(output);
     return fits ? LFailure() : "is no name for a WAVE file, which ends in .wav";
 }
 
@@ -67,13 +66,6 @@ int CountFrames(const LSoundSource& source, const OutputFormat& format) {
     return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
 }
 
-/// Whether all was read that the input consists of.
-LFailure CheckRead(LSourceNews& news) {
-    const std::vector<LFileWarning> lost = news.Take();
-    return lost.empty() ? LFailure()
-                        : "was lost while it was read: " + lost.front().file + " " + lost.front().reason;
-}
-
 /// Why nothing is left of what is converted: a count that has wrapped around, or a rate that is too low.
 const char* ExplainNoFrames(const SoundInput& input, const OutputFormat& format) {
     const double expected = input.frames * format.rate / input.source->sampleRate;
@@ -82,17 +74,16 @@ const char* ExplainNoFrames(const SoundInput& input, const OutputFormat& format)
 
 RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::string& path,
                      const OutputFormat& format, int frames, const RenderUser& user) {
-    WaveOutput output(path, format, frames);
+    OutputFile output(path);
+    const LSoundSink sink = LWaveFile::OpenSinkStream(output.Open(), format.rate, format.channels,
+                                                      static_cast<std::uint16_t>(format.bits), frames);
     if (output.GetFailure())
         return {.failure = output.GetFailure(), .ofTheOutput = true};
-    LPRSourceToSink job("Saving Wave File", source, output.GetSink());
+    LPRSourceToSink job("Saving Wave File", source, sink);
     const LProcessResult result = user.run(job);
-    if (LFailure lost = CheckRead(news)) {
-        static_cast<void>(output.Finish(LProcessResult::Failed));
-        return {.failure = std::move(lost)};
-    }
-    const LFailure failure = output.Finish(result);
-    return {.result = failure ? LProcessResult::Failed : result, .failure = failure, .ofTheOutput = true};
+    sink->Finish();
+    const bool fellShort = (sink->status & SinkFellShort) != 0;
+    return FinishRendering(output, result, fellShort ? sink->failure : LFailure(), news);
 }
 
 } // namespace

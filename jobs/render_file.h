@@ -1,7 +1,7 @@
 #pragma once
 
+#include "jobs/render_outcome.h"
 #include "jobs/sound_input.h"
-#include "jobs/wave_output.h"
 #include "sound/render_job.h"
 
 #include <functional>
@@ -20,13 +20,6 @@ struct RenderUser {
     std::function<bool(const std::vector<LFileWarning>&)> confirm;
     /// Runs the job under a progress display.
     std::function<LProcessResult(LPRSourceToSink&)> run;
-};
-
-/// How a rendering has ended.
-struct RenderOutcome {
-    LProcessResult result = LProcessResult::Failed;
-    LFailure failure{};       ///< nothing where the user did not want to go on
-    bool ofTheOutput = false; ///< whether it is the output that has failed or can't be taken, or the input
 };
 
 /// Renders an input into a WAVE file: refuses what can't be, has the user confirm what would not sound as he

@@ -16,7 +16,9 @@ constexpr int MaxFrames = std::numeric_limits<int>::max();
 constexpr const char* TooManyFrames = "is too long: more than 2147483647 frames";
 
 SoundInput Refused(LFailure failure) {
-    return {.source = {}, .failure = std::move(failure)};
+    SoundInput refused;
+    refused.failure = std::move(failure);
+    return refused;
 }
 
 /// Numbers the entries of a list and of the lists in it.
@@ -44,7 +46,10 @@ LFailure CheckPlayable(const SoundInput& input, SoundLength length) {
 }
 
 SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport report, SoundLength length) {
-    SoundInput input{.source = source, .endless = loops, .warnings = CollectWarnings(report)};
+    SoundInput input;
+    input.source = source;
+    input.endless = loops;
+    input.warnings = CollectWarnings(report);
     input.frames = static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000;
     input.failure = CheckPlayable(input, length);
     input.isNeverLeft = report.isNeverLeft;
@@ -64,8 +69,7 @@ SoundInput OpenListTone(const SonvireData& tone, SoundLength length) {
     ToneListReport report;
     const LSoundSource source = OpenToneEngine(tone, &report);
     SoundInput input = MakeListInput(source, tone.repeat != 0, std::move(report), length);
-    if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
-        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
+    WarnOfUnreadable(tone, input);
     return input;
 }
 
@@ -87,7 +91,9 @@ SoundInput OpenWave(const std::string& path) {
     const int end = wave.source->GetEndSample();
     if (end < 0)
         return Refused(TooManyFrames);
-    SoundInput input{.source = wave.source, .frames = static_cast<double>(end)};
+    SoundInput input;
+    input.source = wave.source;
+    input.frames = static_cast<double>(end);
     if (wave.header.IsCutShort())
         input.warnings.push_back({path, LWaveFile::CutShortText});
     return input;
@@ -117,6 +123,11 @@ std::vector<LFileWarning> CollectWarnings(const ToneListReport& report) {
     return warnings;
 }
 
+void WarnOfUnreadable(const SonvireData& tone, InputFacts& input) {
+    if (const LFailure unreadable = CheckReadable(tone.GetListPath()))
+        input.warnings.push_back({tone.GetListPath(), "can't be read: " + unreadable.GetReason()});
+}
+
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
     if (length == SoundLength::Finite && !tone.IsFinite()) {
         SoundInput refused = Refused("has no end");
@@ -127,10 +138,11 @@ SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
         return Refused(std::move(failure));
     if (tone.IsList())
         return OpenListTone(tone, length);
-    const LSoundSource source = OpenToneEngine(tone);
-    return {.source = source,
-            .endless = !tone.IsFinite() || tone.GetDurationFrames() == 0,
-            .frames = static_cast<double>(source->GetEndSample())};
+    SoundInput input;
+    input.source = OpenToneEngine(tone);
+    input.endless = !tone.IsFinite() || tone.GetDurationFrames() == 0;
+    input.frames = input.source->GetEndSample();
+    return input;
 }
 
 SoundInput OpenSoundInput(const std::string& path, std::optional<unsigned int> durationMs,

@@ -19,17 +19,24 @@ std::vector<LFileWarning> CollectWarnings(const ToneListReport& report);
 /// Whether the sound has to end, or may go on for ever.
 enum class SoundLength { Finite, Any };
 
-/// An input opened as the source of its sound.
-struct SoundInput {
-    LSoundSource source;
+/// What is known of an input, in whichever quality it is opened.
+struct InputFacts {
     LFailure failure{};       ///< why it can't be used
     bool endless = false;     ///< the reason is, or would be, that it has no end
     bool isNeverLeft = false; ///< a list that stays at an entry which goes on for ever, whatever it counts
-    double frames = 0;        ///< how long it is at its own rate, also where that is more than can be counted
     std::vector<LFileWarning> warnings{};
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read
     std::vector<LNotice> notices{};                                      ///< what whoever plays it is told
     std::set<std::string> files{}; ///< all that is read, the input itself and a list's entries included
+};
+
+/// Adds a warning where the list that a tone plays can't be read.
+void WarnOfUnreadable(const SonvireData& tone, InputFacts& input);
+
+/// An input opened as the source of its sound.
+struct SoundInput : InputFacts {
+    LSoundSource source;
+    double frames = 0; ///< how long it is at its own rate, also where that is more than can be counted
 };
 
 /// Opens a tone (.tdf), a tone list (.tdl) or a WAVE file (.wav), told apart by the extension in any case.

@@ -10,16 +10,28 @@ namespace {
 constexpr int FadesPerSecond = 200; // 5 ms each
 
 /// Rounded; 256 leaves the sample as it is.
-std::int16_t ApplyVolume(int sample, int level) {
+std::int16_t ApplyVolume(std::int16_t sample, int level) {
     return static_cast<std::int16_t>((sample * level + 128) >> 8);
+}
+
+float ApplyVolume(float sample, int level) {
+    return sample * (static_cast<float>(level) / 256);
+}
+
+std::int16_t TakePart(std::int16_t sample, int part, int whole) {
+    return static_cast<std::int16_t>(sample * part / whole);
+}
+
+float TakePart(float sample, int part, int whole) {
+    return sample * (static_cast<float>(part) / static_cast<float>(whole));
 }
 
 } // namespace
 
-LChannelFeed::LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing,
+LChannelFeed::LChannelFeed(const LPlayFormat& framesLike, std::shared_ptr<LSoundPlayerRing> playerRing,
                            int expectedLatency)
-    : channels(channelCount),
-      fadeFrames(std::max(1, rate / FadesPerSecond)),
+    : format(framesLike),
+      fadeFrames(std::max(1, format.rate / FadesPerSecond)),
       ring(std::move(playerRing)),
       volume(LSoundChannel::UnityVolume),
       fadeLeft(fadeFrames),
@@ -42,8 +54,16 @@ void LChannelFeed::FadeOut() {
     fading = true;
 }
 
-void LChannelFeed::Fill(std::int16_t* out, int frames) {
+void LChannelFeed::Fill(void* out, int frames) {
     output.Check();
+    if (format.sample == LPlayFormat::Sample::Float)
+        FillWith(static_cast<float*>(out), frames);
+    else
+        FillWith(static_cast<std::int16_t*>(out), frames);
+}
+
+template <class Sample>
+void LChannelFeed::FillWith(Sample* out, int frames) {
     const bool giveUp = fading;
     if (giveUp && !begun)
         fadeLeft = 0;
@@ -55,13 +75,13 @@ void LChannelFeed::Fill(std::int16_t* out, int frames) {
         const int count = FillFrom(*buffer, out, wanted);
         if (giveUp)
             ApplyFade(out, count);
-        out += std::ptrdiff_t{count} * channels;
+        out += std::ptrdiff_t{count} * format.channels;
         frames -= count;
         soundEnd = delivered;
     }
     if (giveUp && frames > 0)
         fadeLeft = 0; // what would come now was queued too late
-    std::fill_n(out, std::ptrdiff_t{frames} * channels, std::int16_t{0});
+    std::fill_n(out, std::ptrdiff_t{frames} * format.channels, Sample{0});
     delivered += static_cast<std::uint64_t>(frames);
 }
 
@@ -71,13 +91,14 @@ LSoundPlayerBuffer* LChannelFeed::GetNext() {
     return queue[taken % queue.size()];
 }
 
-int LChannelFeed::FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames) {
+template <class Sample>
+int LChannelFeed::FillFrom(LSoundPlayerBuffer& buffer, Sample* out, int frames) {
     const int count = std::min(frames, buffer.frames - offset);
-    const std::int16_t* in = buffer.samples + std::ptrdiff_t{offset} * channels;
+    const Sample* in = buffer.GetSamples<Sample>() + std::ptrdiff_t{offset} * format.channels;
     const std::uint32_t word = volume;
     const int levels[] = {static_cast<int>(word & 0xFFFF), static_cast<int>(word >> 16)};
     for (int frame = 0; frame < count; ++frame)
-        for (int channel = 0; channel < channels; ++channel)
+        for (int channel = 0; channel < format.channels; ++channel)
             *out++ = ApplyVolume(*in++, levels[channel & 1]);
     begun = true;
     delivered += static_cast<std::uint64_t>(count);
@@ -90,11 +111,12 @@ int LChannelFeed::FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int fr
     return count;
 }
 
-void LChannelFeed::ApplyFade(std::int16_t* out, int frames) {
+template <class Sample>
+void LChannelFeed::ApplyFade(Sample* out, int frames) {
     for (int frame = 0; frame < frames; ++frame) {
         --fadeLeft;
-        for (int channel = 0; channel < channels; ++channel, ++out)
-            *out = static_cast<std::int16_t>(*out * fadeLeft / fadeFrames);
+        for (int channel = 0; channel < format.channels; ++channel, ++out)
+            *out = TakePart(*out, fadeLeft, fadeFrames);
     }
 }
 

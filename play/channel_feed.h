@@ -15,7 +15,7 @@ class LChannelFeed {
 public:
     /// `expectedLatency` is in frames: the least that stands between a frame's being handed out and its being
     /// heard.
-    LChannelFeed(int rate, std::uint8_t channelCount, std::shared_ptr<LSoundPlayerRing> playerRing,
+    LChannelFeed(const LPlayFormat& framesLike, std::shared_ptr<LSoundPlayerRing> playerRing,
                  int expectedLatency);
 
     /// At most 64 at a time. Thread: player. Blocks: no. Allocates: no.
@@ -26,9 +26,9 @@ public:
     /// that has not begun yet. Thread: player. Blocks: no. Allocates: no.
     void FadeOut();
 
-    /// Fills all of `frames` frames, with silence where nothing is queued. Thread: output. Blocks: no.
-    /// Allocates: no.
-    void Fill(std::int16_t* out, int frames);
+    /// Fills all of `frames` frames of the format, with silence where nothing is queued. Thread: output.
+    /// Blocks: no. Allocates: no.
+    void Fill(void* out, int frames);
     /// `position` counts the frames that the output has played by the `Fill` before. It may be ahead of the
     /// truth: an output that has run dry counts on, and so may one that is only being started. Thread:
     /// output. Blocks: no. Allocates: no.
@@ -38,12 +38,16 @@ public:
     bool IsSilent() const { return *ring->silence; }
 
 private:
-    int FillFrom(LSoundPlayerBuffer& buffer, std::int16_t* out, int frames);
-    void ApplyFade(std::int16_t* out, int frames);
+    template <class Sample>
+    void FillWith(Sample* out, int frames);
+    template <class Sample>
+    int FillFrom(LSoundPlayerBuffer& buffer, Sample* out, int frames);
+    template <class Sample>
+    void ApplyFade(Sample* out, int frames);
     LSoundPlayerBuffer* GetNext();
     bool IsHeard(std::uint64_t end) const { return end + latency <= delivered; }
 
-    std::uint8_t channels;
+    LPlayFormat format;
     int fadeFrames;
     std::shared_ptr<LSoundPlayerRing> ring;
 

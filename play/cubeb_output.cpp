@@ -30,7 +30,7 @@ constexpr std::chrono::milliseconds FadePoll{2};
 constexpr std::chrono::milliseconds WatchPoll{250};
 
 int GetLatencyFrames(const LSoundChannelRequest& request) {
-    return std::max(1, request.rate * LatencyMs / 1000);
+    return std::max(1, request.format.rate * LatencyMs / 1000);
 }
 
 /// A connection to the first of these that is there: PulseAudio (or PipeWire in its place), JACK, ALSA.
@@ -38,7 +38,7 @@ class Context {
 public:
     Context() {
         PinPulseStreams();
-        if (!Cubeb().isThere || !HasRoomForOutput() || Open("pulse"))
+        if (!Cubeb().IsThere() || !HasRoomForOutput() || Open("pulse"))
             return;
         isJack = IsJackRunning() && Open("jack");
         isAlsa = !isJack && Open("alsa");
@@ -129,7 +129,7 @@ ServerQueue& listings = *new ServerQueue;
 struct Shared {
     explicit Shared(const LSoundChannelRequest& asked)
         : request(asked),
-          feed(asked.rate, asked.channels, asked.ring, GetLatencyFrames(asked)) {}
+          feed(asked.format, asked.ring, GetLatencyFrames(asked)) {}
 
     /// Only what is still opening goes on to another state, so that a failure is final.
     void FinishOpening(LSoundChannelState next) {
@@ -156,7 +156,7 @@ long FillOutput(cubeb_stream* stream, void* user, const void* /*input*/, void* o
     LChannelFeed& feed = static_cast<Shared*>(user)->feed;
     std::uint64_t position = 0;
     const bool known = stream && Cubeb().stream_get_position(stream, &position) == CUBEB_OK;
-    feed.Fill(static_cast<std::int16_t*>(output), static_cast<int>(frames));
+    feed.Fill(output, static_cast<int>(frames));
     if (known)
         feed.SetPosition(position);
     return frames; // never less: silence follows the end until all of it has been heard
@@ -173,9 +173,10 @@ class Stream {
 public:
     Stream(const Context& context, cubeb_devid device, Shared& shared) {
         const LSoundChannelRequest& request = shared.request;
-        cubeb_stream_params format{.format = CUBEB_SAMPLE_S16NE,
-                                   .rate = static_cast<std::uint32_t>(request.rate),
-                                   .channels = request.channels,
+        const bool isFloat = request.format.sample == LPlayFormat::Sample::Float;
+        cubeb_stream_params format{.format = isFloat ? CUBEB_SAMPLE_FLOAT32NE : CUBEB_SAMPLE_S16NE,
+                                   .rate = static_cast<std::uint32_t>(request.format.rate),
+                                   .channels = request.format.channels,
                                    .layout = CUBEB_LAYOUT_UNDEFINED,
                                    .prefs = CUBEB_STREAM_PREF_DISABLE_DEVICE_SWITCHING};
         if (Cubeb().stream_init(context.Get(), &stream, request.title.c_str(), nullptr, nullptr, device,
@@ -224,8 +225,8 @@ LSoundChannelState PlayUntilClosed(const Context& context, cubeb_devid device, S
         return LSoundChannelState::NoOutput;
     Stream stream(context, device, shared); // not before: its position would count the wait
     if (!stream.Play())
-        return context.IsTooSlow(shared.request.rate) ? LSoundChannelState::TooSlow
-                                                      : LSoundChannelState::NoOutput;
+        return context.IsTooSlow(shared.request.format.rate) ? LSoundChannelState::TooSlow
+                                                             : LSoundChannelState::NoOutput;
     shared.turn.End();
     shared.FinishOpening(LSoundChannelState::Open);
     while (!WaitForStop(close, WatchPoll))
@@ -295,6 +296,16 @@ std::vector<CubebOutput> ListNow() {
     return Outputs(context).List();
 }
 
+int FindRateNow(const LSoundPlayDevice& device, const std::stop_token& unwanted) {
+    ServerTurn turn(listings);
+    if (!turn.Begin(unwanted))
+        return 0;
+    const Context context;
+    const Outputs outputs(context);
+    const cubeb_device_info* output = outputs.Find(device);
+    return output ? static_cast<int>(output->default_rate) : 0;
+}
+
 } // namespace
 
 std::vector<CubebOutput> ListCubebOutputs() {
@@ -310,6 +321,16 @@ std::vector<CubebOutput> ListCubebOutputs() {
     if (started)
         listing->finished.wait_for(lock, ServerQueue::Limit, [&] { return listing->done; });
     return listing->outputs;
+}
+
+std::shared_ptr<LOutputRate> FindCubebRate(const LSoundPlayDevice& device) {
+    const auto question = std::make_shared<LOutputRate>();
+    if (!RunInBackground([question, device] {
+            question->rate = FindRateNow(device, question->forgotten.get_token());
+            question->answered.Signal();
+        }))
+        question->answered.Signal();
+    return question;
 }
 
 std::unique_ptr<LSoundChannel> OpenCubebChannel(const LSoundChannelRequest& request) {

@@ -1,49 +1,29 @@
 #include "play/playback.h"
 
-#include "sound/fixed_point.h"
-#include "sound/sample_format.h"
+#include "play/server_turn.h"
 
-#include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace {
 
-constexpr int BlocksPerSecond = 10;
 constexpr int FillPriority = 2;
 constexpr unsigned int RestMs = 250;
 /// Short, so that a stop need not wait for data.
 constexpr int StreamingRestMs = 20;
 
-/// After 24 days, which is the most that there is, the time stands.
-LSoundTime ToTime(std::int64_t frames, int rate) {
-    constexpr std::int64_t most = std::numeric_limits<int>::max();
-    return LSoundTime(static_cast<int>(std::min(frames * 1000 / rate, most)));
-}
-
 } // namespace
 
-LPlayback::LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared,
-                     std::shared_ptr<LLimiterNews> limited, const LSoundChannelOpener& opener,
-                     LThreadQueuedNotify& toNotify)
-    : original(toPlay),
-      source(prepared),
-      limiter(std::move(limited)),
-      open(opener),
-      news(toNotify),
-      blockFrames(std::min(source->sampleRate / BlocksPerSecond, MaxBlockFrames)),
-      ring(std::make_shared<LSoundPlayerRing>(blockFrames, source->channels)),
-      work(static_cast<std::size_t>(blockFrames) * source->channels) {}
+LPlayback::LPlayback(std::unique_ptr<LPlayedSound> toPlay, LOutputRateFinder finder,
+                     LSoundChannelOpener opener, LThreadQueuedNotify& toNotify)
+    : sound(std::move(toPlay)),
+      findRate(std::move(finder)),
+      open(std::move(opener)),
+      news(toNotify) {}
 
 void LPlayback::Begin(const LSoundPlayDevice& device, const std::string& title,
                       const LSoundPlayerRing::Silence& after, std::optional<std::uint32_t> volumeWord) {
     owner.Check();
-    request = {.rate = source->sampleRate,
-               .channels = source->channels,
-               .device = device,
-               .title = title,
-               .ring = ring,
-               .after = after};
+    request = {.format = {}, .device = device, .title = title, .ring = ring, .after = after};
     volume = volumeWord;
     if (!Start(FillPriority))
         End(PlayNoOutput);
@@ -71,7 +51,8 @@ std::optional<LPlayback::Report> LPlayback::TakeReport() {
 }
 
 void LPlayback::ThreadFunction() {
-    channel = open(request);
+    if (!Open())
+        return;
     while (!IsStopRequested()) {
         // First, so that what comes after any of the tests below ends the rest.
         ring->done.Reset();
@@ -83,16 +64,48 @@ void LPlayback::ThreadFunction() {
     channel.reset();
 }
 
+/// False where there is nothing to play.
+bool LPlayback::Open() {
+    const std::optional<LPlayFormat> format = sound->Open([this] { return FindRate(); });
+    if (!format) {
+        if (!IsStopRequested())
+            End(PlayNoSound);
+        return false;
+    }
+    request.format = *format;
+    ring->MakeRoom(*format);
+    channel = open(request);
+    opened = true;
+    return true;
+}
+
+/// 0 where the playback is stopped meanwhile.
+int LPlayback::FindRate() {
+    if (!findRate)
+        return LOutputRate::Usual;
+    const std::shared_ptr<LOutputRate> question = findRate(request.device);
+    WaitSignal(question->answered, ServerQueue::Limit.count());
+    question->forgotten.request_stop();
+    if (IsStopRequested())
+        return 0;
+    const int rate = question->rate;
+    return rate > 0 ? rate : LOutputRate::Usual;
+}
+
+std::optional<LPlayFormat> LPlayback::GetFormat() const {
+    return opened ? std::optional(request.format) : std::nullopt;
+}
+
 /// False once there is nothing more to play.
 bool LPlayback::Refill() {
     const unsigned int queued = written - reported;
-    const int remaining = WrapSubtract(source->GetEndSample(), source->GetPositionSample());
     const bool full = queued == LSoundPlayerRing::Buffers;
-    if (!full && remaining > 0) {
-        QueueBlock(std::min(remaining, blockFrames));
-    } else if (!full && source->IsStreaming()) {
+    const int ahead = full ? 0 : sound->GetAhead(request.format.GetBlockFrames());
+    if (ahead > 0) {
+        QueueBlock(ahead);
+    } else if (!full && sound->IsStreaming()) {
         RaisePriority();
-        source->WaitForStreamingData(StreamingRestMs);
+        sound->WaitForStreamingData(StreamingRestMs);
     } else if (queued > 0) {
         Rest();
     } else {
@@ -128,7 +141,7 @@ void LPlayback::ReportHeard() {
             return;
         {
             const std::scoped_lock lock(mutex);
-            Report next{.position = buffer.endPosition, .levels = buffer.levels, .heard = {}};
+            Report next{.position = buffer.endTime, .levels = buffer.levels, .heard = {}};
             if (report)
                 next.heard = report->heard;
             next.heard.Append(buffer.heard);
@@ -140,32 +153,13 @@ void LPlayback::ReportHeard() {
 
 void LPlayback::QueueBlock(int frames) {
     LSoundPlayerBuffer& buffer = ring->buffers[written % LSoundPlayerRing::Buffers];
-    const int start = source->GetPositionSample();
-    source->Read(work.data(), frames);
-    ConvertSamplesOut<LSF16>(buffer.samples, work.data(), frames * source->channels);
-    MeasureLevels(buffer, frames);
-    buffer.Write(*channel, frames, ToOriginal(WrapAdd(start, frames)));
-    ++written;
-}
-
-/// By the ends, since a conversion of rates comes close to its ratio only.
-int LPlayback::ToOriginal(int position) const {
-    if (source->sampleRate == original->sampleRate)
-        return position;
-    const std::int64_t end = std::max(1, source->GetEndSample());
-    return static_cast<int>(position * std::int64_t{original->GetEndSample()} / end);
-}
-
-void LPlayback::MeasureLevels(LSoundPlayerBuffer& buffer, int frames) {
-    buffer.levels = LDBMC(source->channels);
-    buffer.heard.channels = buffer.levels.GetChannels();
-    for (std::uint8_t c = 0; c < buffer.heard.channels; ++c) {
-        buffer.levels[c] = GetBufferRMSDBChan(c, work.data(), frames, source->channels);
-        buffer.heard.peaks[c] = GetBufferPeakChan(c, work.data(), frames, source->channels);
-    }
-    buffer.heard.limiterGain = limiter->TakeLeastGain();
+    sound->Read(buffer, frames);
+    buffer.frames = frames;
     framesRead += frames;
-    buffer.heard.sinceStart = ToTime(framesRead, source->sampleRate);
+    buffer.heard.sinceStart = request.format.GetTime(framesRead);
+    buffer.free = false;
+    channel->Queue(buffer);
+    ++written;
 }
 
 void LPlayback::End(LPlayStatus reason) {

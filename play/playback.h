@@ -1,8 +1,8 @@
 #pragma once
 
+#include "play/output_rate.h"
+#include "play/played_sound.h"
 #include "play/sound_channel.h"
-#include "sound/sound_source.h"
-#include "sound/stages/peak_limit.h"
 #include "sys/queued_notify.h"
 #include "sys/thread.h"
 #include "sys/thread_check.h"
@@ -11,7 +11,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <vector>
 
 /// Why playback ended by itself, or doesn't begin.
 enum LPlayStatus : std::uint8_t {
@@ -20,25 +19,24 @@ enum LPlayStatus : std::uint8_t {
     PlayNoDevice = 2, ///< the chosen output is not there
     PlayLost = 3,     ///< the output went away
     PlayTooSlow = 4,  ///< the output takes no rate as low; the player tries another then
+    PlayNoSound = 5,  ///< what is to be played can't be had at the output's rate
 };
 
-/// One playback: a thread that reads a source up to 64 blocks of 100 ms ahead of what is heard, until the
-/// source ends, the output fails or the playback is destroyed.
+/// One playback: a thread that reads a sound up to 64 blocks of 100 ms ahead of what is heard, until it
+/// ends, the output fails or the playback is destroyed.
 class LPlayback : private LThread {
 public:
     /// What has been heard since the last report.
     struct Report {
-        int position = 0; ///< in frames of what is to be played
-        LDBMC levels;     ///< of the block that ends there
+        LSoundTime position; ///< in what is played
+        LDBMC levels;        ///< of the block that ends there
         LSoundHeard heard;
     };
 
-    /// `prepared` is what the output gets of `toPlay`, which it reads, by way of the limiter whose news are
-    /// `limited`; all of them are the thread's from `Begin` on.
-    /// `opener` makes the channel, on the thread; `toNotify` is posted to when there is a report, and once at
-    /// the end.
-    LPlayback(const LSoundSource& toPlay, const LSoundSource& prepared, std::shared_ptr<LLimiterNews> limited,
-              const LSoundChannelOpener& opener, LThreadQueuedNotify& toNotify);
+    /// `finder` asks for the output's rate and `opener` makes the channel, on the thread; without a finder
+    /// the rate is the usual one. `toNotify` is posted to when there is a report, and once at the end.
+    LPlayback(std::unique_ptr<LPlayedSound> toPlay, LOutputRateFinder finder, LSoundChannelOpener opener,
+              LThreadQueuedNotify& toNotify);
     /// As `Finish`.
     ~LPlayback() override { Finish(); }
 
@@ -47,7 +45,7 @@ public:
     void Begin(const LSoundPlayDevice& device, const std::string& title,
                const LSoundPlayerRing::Silence& after, std::optional<std::uint32_t> volumeWord);
     /// Ends it; what is cut off fades out. Returns why it had ended by itself, if it had. Thread: owner.
-    /// Blocks: no, but for a block that is being read. Allocates: yes.
+    /// Blocks: no, but for a sound that is being opened or read. Allocates: yes.
     LPlayStatus Finish();
     /// Thread: owner. Blocks: no. Allocates: no.
     void SetVolume(std::uint32_t word);
@@ -58,42 +56,42 @@ public:
     bool HasEnded() const { return ended; }
     /// Why it has. Thread: any. Blocks: no. Allocates: no.
     LPlayStatus GetStatus() const { return status; }
-    /// What is to be played; while it is, only what never changes may be read from it. Thread: owner. Blocks:
-    /// no. Allocates: no.
-    const LSoundSource& GetSource() const { return original; }
-    /// Thread: any. Blocks: no. Allocates: no.
-    LSoundPlayerRing::Silence GetSilence() const { return ring->silence; }
+    /// Nothing while the sound is not open yet. Thread: any. Blocks: no. Allocates: no.
+    std::optional<LPlayFormat> GetFormat() const;
+    /// Where it stops. Once it has ended. Thread: owner. Blocks: no. Allocates: no.
+    LSoundTime GetEnd() const { return sound->GetEnd(); }
+    /// What whoever follows has to wait for. Once it has finished. Thread: owner. Blocks: no. Allocates: no.
+    LSoundPlayerRing::Silence GetSilence() const { return opened ? ring->silence : request.after; }
 
 private:
     void ThreadFunction() override;
+    bool Open();
+    int FindRate();
     bool CheckChannel();
     bool Refill();
     void QueueBlock(int frames);
-    int ToOriginal(int position) const;
-    void MeasureLevels(LSoundPlayerBuffer& buffer, int frames);
     void ReportHeard();
     void SendVolume();
     void Rest();
     void RaisePriority();
     void End(LPlayStatus reason);
 
-    const LSoundSource original, source;
-    const std::shared_ptr<LLimiterNews> limiter;
+    const std::unique_ptr<LPlayedSound> sound;
+    const LOutputRateFinder findRate;
     const LSoundChannelOpener open;
     LThreadQueuedNotify& news;
-    LSoundChannelRequest request{};
+    const std::shared_ptr<LSoundPlayerRing> ring = std::make_shared<LSoundPlayerRing>();
+    LSoundChannelRequest request{}; ///< the format is the thread's until it is opened
 
     std::mutex mutex;
     std::optional<std::uint32_t> volume; ///< under the mutex: what the channel doesn't have yet
     std::optional<Report> report;        ///< under the mutex
 
+    std::atomic<bool> opened = false; ///< the sound and the channel
     std::atomic<bool> ended = false;
     std::atomic<LPlayStatus> status = PlayUsable;
 
     // The thread's.
-    const int blockFrames;
-    const std::shared_ptr<LSoundPlayerRing> ring;
-    std::vector<int> work; ///< one block
     std::unique_ptr<LSoundChannel> channel;
     unsigned int written = 0;  ///< buffers queued
     unsigned int reported = 0; ///< buffers heard and reported

@@ -18,8 +18,7 @@ enum class LSoundChannelState {
 };
 
 struct LSoundChannelRequest {
-    int rate; ///< frames per second
-    std::uint8_t channels;
+    LPlayFormat format;
     LSoundPlayDevice device;
     std::string title; ///< what the desktop's volume mixer shows beside the program's name
     std::shared_ptr<LSoundPlayerRing> ring;

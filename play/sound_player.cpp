@@ -1,10 +1,8 @@
 #include "play/sound_player.h"
 
-#include "sound/sample_format.h"
-#include "sound/stages/convert_rate.h"
-#include "sound/stages/peak_limit.h"
+#include "play/standard_sound.h"
 
-#include <algorithm>
+#include <utility>
 
 int GetVolumeLevel(LDB volume) {
     const std::int8_t decibels = volume.GetDecibels();
@@ -12,7 +10,9 @@ int GetVolumeLevel(LDB volume) {
     return decibels < -36 ? 0 : decibels > 12 ? 256 : level;
 }
 
-LSoundPlayer::LSoundPlayer(LSoundChannelOpener opener) : open(std::move(opener)) {
+LSoundPlayer::LSoundPlayer(LSoundChannelOpener opener, LOutputRateFinder finder)
+    : open(std::move(opener)),
+      findRate(std::move(finder)) {
     owner.Check();
 }
 
@@ -40,34 +40,48 @@ bool LSoundPlayer::Start(const LSoundSource& toPlay) {
     Stop();
     if (toPlay->status != SoundUsable)
         return false;
+    source = toPlay;
     start = toPlay->GetPositionSample();
-    if (!Open(toPlay, LSoundChannel::LowestRate))
+    LSoundTime time;
+    time.SetSamples(start, toPlay->sampleRate);
+    if (!Open(LSoundChannel::LowestRate))
         return false;
-    notify->spntfPlay(notifyId);
-    NotifyTime(start);
+    TellStart(time);
     return true;
 }
 
-bool LSoundPlayer::Open(const LSoundSource& toPlay, int lowestRate) {
-    const int rate = std::clamp(toPlay->sampleRate, lowestRate, LSoundChannel::HighestRate);
-    const auto limiter = std::make_shared<LLimiterNews>();
-    const LSoundSource prepared =
-        LSPPeakLimit(FullScale16, limiter).OpenSource(LSPConvertRate(rate).OpenSource(toPlay));
-    if (prepared->status != SoundUsable)
-        return false;
+void LSoundPlayer::Start(const LHiresOpener& opener) {
+    Stop();
+    Begin(std::make_unique<LHiresSound>(opener));
+    TellStart({});
+}
+
+void LSoundPlayer::TellStart(LSoundTime position) {
+    notify->spntfPlay(notifyId);
+    NotifyTime(position);
+}
+
+bool LSoundPlayer::Open(int lowestRate) {
+    auto sound = std::make_unique<LStandardSound>(source, lowestRate);
+    if (sound->IsUsable())
+        Begin(std::move(sound));
+    else
+        source.Close();
+    return playback != nullptr;
+}
+
+void LSoundPlayer::Begin(std::unique_ptr<LPlayedSound> sound) {
     LThreadQueuedNotify& news = *this;
-    playback = std::make_unique<LPlayback>(toPlay, prepared, limiter, open, news);
+    playback = std::make_unique<LPlayback>(std::move(sound), findRate, open, news);
     playback->Begin(playDevice, title, previous, volume);
-    return true;
 }
 
 /// Nothing has been heard yet.
 void LSoundPlayer::OpenFaster() {
-    const LSoundSource source = playback->GetSource();
     status = playback->Finish();
     playback.reset();
     source->Seek(start);
-    if (!Open(source, LSoundChannel::LowestCommonRate))
+    if (!Open(LSoundChannel::LowestCommonRate))
         notify->spntfStop(notifyId);
 }
 
@@ -78,12 +92,18 @@ void LSoundPlayer::Stop() {
     status = playback->Finish();
     previous = playback->GetSilence();
     playback.reset();
+    source.Close();
     notify->spntfStop(notifyId);
 }
 
 LPlayStatus LSoundPlayer::GetStatus() const {
     owner.Check();
     return playback ? playback->GetStatus() : status;
+}
+
+std::optional<LPlayFormat> LSoundPlayer::GetFormat() const {
+    owner.Check();
+    return playback ? playback->GetFormat() : std::nullopt;
 }
 
 void LSoundPlayer::SetPlayVolumeStandard(LDB level) {
@@ -99,7 +119,7 @@ void LSoundPlayer::EvNotify() {
         OpenFaster();
     if (HasEnded()) {
         if (GetStatus() == PlayUsable)
-            NotifyTime(playback->GetSource()->GetEndSample());
+            NotifyTime(playback->GetEnd());
         if (HasEnded()) // the owner may have started anew
             Stop();
         return;
@@ -113,10 +133,7 @@ void LSoundPlayer::EvNotify() {
     NotifyTime(report->position);
 }
 
-void LSoundPlayer::NotifyTime(int position) {
-    if (!playback)
-        return;
-    LSoundTime time;
-    time.SetSamples(position, playback->GetSource()->sampleRate);
-    notify->spntfTime(time, notifyId);
+void LSoundPlayer::NotifyTime(LSoundTime time) {
+    if (playback) // the owner may have stopped it
+        notify->spntfTime(time, notifyId);
 }

@@ -10,12 +10,13 @@
 struct LFileWarning {
     std::string file;
     std::string reason;
+    bool isLoss = true; ///< whether a part of the sound is not there, by which a rendering fails
 
     bool operator==(const LFileWarning&) const = default;
 };
 
-/// What goes wrong with files while they are read, told by their sources, which give silence in their place,
-/// and fetched by whoever has them played or rendered.
+/// What goes wrong with files while they are read, told by their sources, which give silence in place of what
+/// is lost, and fetched by whoever has them played or rendered.
 class LSourceNews {
 public:
     /// The same thing once. Thread: reader. Blocks: no. Allocates: yes.

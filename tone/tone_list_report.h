@@ -27,6 +27,9 @@ struct ToneListLength {
     ToneListLength& operator+=(const ToneListLength& more);
 };
 
+/// Of the notice of an entry that is of no kind which a list plays.
+inline constexpr const char* UnknownEntryTitle = "Unrecognized file type";
+
 /// What opening a list finds.
 struct ToneListReport {
     /// Of all that plays, in the lists of the list as well.

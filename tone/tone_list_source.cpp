@@ -81,7 +81,7 @@ LSoundSource SSFromList::OpenFile(const ListedFile& file, ToneListEntry& entry) 
     if (file.extension == ".tdl")
         return OpenNested(entry.file, entry);
     report.notices.push_back(
-        {.title = "Unrecognized file type",
+        {.title = UnknownEntryTitle,
          .text = "File type of extension \"" + file.extension + "\" is not recognized as a tone file.",
          .mayBeLast = true});
     return {};

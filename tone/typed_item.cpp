@@ -17,16 +17,14 @@ enum class Quantity { None, Frequency, Level, Duration };
 struct QuantityRow {
     std::optional<double> (*parse)(const std::string& text);
     const char* format; ///< of what `SetItemValue` takes
-    const char* input;
+    const char* input;  ///< with %d for the highest frequency
     const char* misread;
 };
-
-constexpr const char* NoFrequency = "is no frequency from 0 to 22050 Hz";
 
 /// In the order of the quantities.
 constexpr QuantityRow Quantities[] = {
     {nullptr, "", "", ""},
-    {ParseFrequency, "%.9g", "Hz, 0 to 22050; also 1.5k, A4, C#5 +3 ct", NoFrequency},
+    {ParseFrequency, "%.9g", "Hz, 0 to %d; also 1.5k, A4, C#5 +3 ct", "is no frequency from 0 to %d Hz"},
     {ParseLevel, "%.0f", "whole dB, -127 to 0", "is no level from -127 to 0 dB"},
     {ParseDuration, "%.0f", "ms, from 1; also 0.5 s, 1:30, 2min, 1h", "is no duration"},
 };
@@ -51,9 +49,10 @@ const QuantityRow& GetRow(unsigned int item) {
     return Quantities[static_cast<std::size_t>(GetQuantity(item))];
 }
 
-/// A tone can be stored with any frequency, but above half of the rate it sounds as another.
-bool IsHeardAsItIs(double hz) {
-    return hz >= 0 && hz <= ToneSampleRate / 2.0;
+std::string WithHighest(const char* words, int highestHz) {
+    const std::string text = words;
+    const std::size_t place = text.find("%d");
+    return place == std::string::npos ? text : std::string(text).replace(place, 2, std::to_string(highestHz));
 }
 
 std::string ExplainComma(const std::string& text) {
@@ -62,11 +61,13 @@ std::string ExplainComma(const std::string& text) {
 
 } // namespace
 
-TypedItem ReadTypedItem(const SonvireData& tone, unsigned int item, const std::string& text) {
+TypedItem ReadTypedItem(const SonvireData& tone, unsigned int item, const std::string& text, int highestHz) {
     const QuantityRow& row = GetRow(item);
     const std::optional<double> number = row.parse ? row.parse(text) : std::nullopt;
-    if (!number || (GetQuantity(item) == Quantity::Frequency && !IsHeardAsItIs(*number)))
-        return {.value = {}, .words = row.misread + ExplainComma(text)};
+    const bool isHeard =
+        GetQuantity(item) != Quantity::Frequency || (number && *number >= 0 && *number <= highestHz);
+    if (!number || !isHeard)
+        return {.value = {}, .words = WithHighest(row.misread, highestHz) + ExplainComma(text)};
     char value[64];
     const double noMinusZero = *number + 0.0;
     std::snprintf(value, sizeof value, row.format, std::clamp<double>(noMinusZero, INT_MIN, INT_MAX));
@@ -80,8 +81,8 @@ TypedItem ReadTypedItem(const SonvireData& tone, unsigned int item, const std::s
     return {.value = value, .words = "= " + made.GetItemValue(item) + (more.empty() ? "" : ", " + more)};
 }
 
-std::string DescribeItemInput(unsigned int item) {
-    return GetRow(item).input;
+std::string DescribeItemInput(unsigned int item, int highestHz) {
+    return WithHighest(GetRow(item).input, highestHz);
 }
 
 std::string DescribeItemValue(const SonvireData& tone, unsigned int item) {

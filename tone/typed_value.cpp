@@ -140,6 +140,6 @@ std::optional<double> ParseDuration(const std::string& text) {
 }
 
 std::optional<double> ParseLevel(const std::string& text) {
-    constexpr Unit units[] = {{"", 1}, {"db", 1}};
+    constexpr Unit units[] = {{"", 1}, {"db", 1}, {"dbfs", 1}};
     return ParseQuantity(Simplify(text), units);
 }

@@ -14,5 +14,5 @@ std::optional<double> ParseFrequency(const std::string& text);
 /// In ms: "500", "500ms", "0.5 s", "2min", "1h"; or a clock's: "1:30", "0:00.25", "1:00:00".
 std::optional<double> ParseDuration(const std::string& text);
 
-/// In dB: "-3", "-3 dB".
+/// In dB: "-3", "-3 dB", "-3 dBFS".
 std::optional<double> ParseLevel(const std::string& text);

@@ -1,5 +1,6 @@
 #include "app/list_editor/entry_rows.h"
 
+#include "app/list_report.h"
 #include "app/window/list_rows.h"
 #include "app/window/time_text.h"
 
@@ -38,7 +39,7 @@ ToneListLength EntryRows::Measure() const {
 }
 
 void EntryRows::Insert(const std::string& entry, int row) {
-    const ToneListReport report = ExamineToneListEntry(entry);
+    const ToneListReport report = ExamineListLine(entry, quality);
     const ToneListEntry& found = report.entries.front();
     const ToneListLength length = report.Measure();
     known.push_back({.text = entry,

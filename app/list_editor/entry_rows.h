@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/edit_history.h"
+#include "app/quality.h"
 #include "gui/list_view.h"
 #include "tone/tone_list_report.h"
 
@@ -57,6 +58,7 @@ private:
     void Show(std::uint32_t entry, int row);
     void Restore(const std::optional<Order>& wanted);
 
+    const Quality& quality = GetQuality(); ///< asked for once, not by thousands of entries
     LListView view;
     std::vector<Known> known;
     Order order; ///< after the last step

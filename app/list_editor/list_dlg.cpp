@@ -1,8 +1,10 @@
 #include "app/list_editor/list_dlg.h"
 
 #include "app/desktop/help_pages.h"
+#include "app/file_kinds.h"
 #include "app/list_editor/list_dlg_layout.h"
 #include "app/list_editor/silence_box.h"
+#include "app/quality.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
 #include "app/window/time_text.h"
@@ -13,12 +15,6 @@
 #include "jobs/tone_lists.h"
 #include "sys/path.h"
 #include "tone/tone_data.h"
-
-namespace {
-
-constexpr LFileFilter AddToneFilters[] = {{"Tone files", "*.tdf"}};
-
-} // namespace
 
 ListDlg::ListDlg(EditedList editedList) : LDialog(ListDlgLayout), edited(std::move(editedList)) {}
 
@@ -113,7 +109,10 @@ void ListDlg::CmCancel() {
 }
 
 void ListDlg::CmAddTone() {
-    LFileChooser chooser{"Select file", "", Setting::EntryReadFolder.Get(), AddToneFilters, ""};
+    std::vector<LFileFilter> filters = {{"Tone files", "*.tdf"}};
+    if (GetQuality().IsHigh())
+        filters.push_back(GetSoundFilter());
+    LFileChooser chooser{"Select file", "", Setting::EntryReadFolder.Get(), filters, ""};
     const std::string path = LChooseFileToRead(*this, chooser);
     if (path.empty())
         return;

@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr LFileFilter SaveListFilters[] = {{"Tone list file", "*.tdl"}};
-
 bool MayReplaceChanged(const std::string& path) {
     return LShowMessageBox("Replace File?",
                            "The file \"" + path +
@@ -38,9 +36,9 @@ bool ListDlg::CmSaveAs() {
     LFileChooser chooser{"Save tone list as",
                          edited.IsUntitled() ? "" : edited.GetPath(),
                          Setting::ListSaveFolder.Get(),
-                         SaveListFilters,
+                         {{"Tone list file", "*.tdl"}},
                          "tdl",
-                         FileKinds};
+                         GetFileKinds()};
     const std::string path = LChooseFileToSave(*this, chooser);
     if (path.empty())
         return false;

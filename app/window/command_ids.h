@@ -72,6 +72,7 @@ enum MainControl : int {
     ControlKeyHint = 309,
     ControlMute = 310,
     ControlVolumeText = 311,
+    ControlFormat = 312,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

@@ -1,5 +1,6 @@
 #include "app/window/list_rows.h"
 
+#include "app/list_report.h"
 #include "app/window/tone_document.h"
 #include "jobs/tone_lists.h"
 #include "sys/path.h"
@@ -17,7 +18,7 @@ constexpr LListColumn Columns[] = {
 /// The entries that don't play as they should, by their files.
 std::map<std::string, ToneListEntry> FindProblems(const std::string& list) {
     std::map<std::string, ToneListEntry> problems;
-    for (const ToneListEntry& entry : ExamineToneList(list).entries)
+    for (const ToneListEntry& entry : ExamineList(list).entries)
         if (entry.depth == 0 && !entry.problem.empty())
             problems.emplace(entry.file, entry);
     return problems;

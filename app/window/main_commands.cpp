@@ -57,7 +57,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandLoadList, [](MainDialog& window) { window.CmLoadList(); }},
     {CommandSaveList, [](MainDialog& window) { window.RelistandStart(window.lists.CmSaveList()); }},
 
-    {CommandPreferences, [](MainDialog& window) { window.Restart(OpenSettingsDialog(window)); }},
+    {CommandPreferences, [](MainDialog& window) { window.RelistandStart(OpenSettingsDialog(window)); }},
     {CommandCloseWindow, [](MainDialog& window) { window.Close(0); }},
     {CommandAbout, [](MainDialog& window) { AboutDlg().RunModal(window); }},
     {CommandCheckForUpdates, [](MainDialog& window) { LAboutCheckForVersionUpdate(window); }},

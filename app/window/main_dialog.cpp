@@ -44,7 +44,7 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
       status(*this),
       devices(windowToolkit, std::move(outputs.listNames),
               [this](const auto& names) { status.SetDevices(names); }),
-      playback(windowToolkit, tone, status, devices, std::move(outputs.open)),
+      playback(windowToolkit, tone, status, devices, std::move(outputs.open), std::move(outputs.findRate)),
       witness(tone, playback),
       rows(*this, tone),
       summary(*this),

@@ -14,6 +14,7 @@
 /// Where the window's sound goes.
 struct MainOutputs {
     LSoundChannelOpener open;
+    LOutputRateFinder findRate{};
     std::function<std::vector<std::string>()> listNames = GetOutputNames; ///< called on any thread
 };
 

@@ -1,10 +1,11 @@
 #include "app/window/playback.h"
 
+#include "app/quality.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
+#include "app/window/play_input.h"
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
-#include "jobs/sound_input.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 
@@ -19,6 +20,10 @@ void ReportLostOutput() {
                     "Unable to start playback.\r\n\r\nThis might be because the sound card is being used by "
                     "some other applications or because you have not selected the correct Sound Play Device "
                     "using Play Settings.");
+}
+
+void ReportNoSound() {
+    ShowNotice({"Error", "The tone can't be played: it can't be had at the output's rate."});
 }
 
 double ToDecibels(double factor) {
@@ -40,12 +45,12 @@ LDB ReadPlayVolume() {
 }
 
 Playback::Playback(LToolkit& windowToolkit, const SonvireData& currentTone, PlaybackView& playbackView,
-                   DeviceList& deviceList, LSoundChannelOpener open)
+                   DeviceList& deviceList, LSoundChannelOpener open, LOutputRateFinder findRate)
     : toolkit(windowToolkit),
       tone(currentTone),
       view(playbackView),
       devices(deviceList),
-      player(std::move(open)) {}
+      player(std::move(open), std::move(findRate)) {}
 
 void Playback::Begin(std::function<void()> changed) {
     tellChange = std::move(changed);
@@ -63,7 +68,7 @@ void Playback::CmPlay() {
     player.SetDevice(LSoundPlayDevice::OfNameOrDefault(Setting::OutDevice.Get()));
     player.SetTitle(tone.GetToneName());
     SetVolume(ReadPlayVolume());
-    const SoundInput input = OpenToneInput(tone, SoundLength::Any);
+    const PlayInput input = OpenPlayInput(tone, GetQuality());
     if (input.failure) {
         player.Stop();
         ShowNotice({"Error", "The tone can't be played: it " + input.failure.GetReason() + "."});
@@ -72,16 +77,17 @@ void Playback::CmPlay() {
     TellProblems(input);
     news = input.news;
     TellLength(input);
-    if (!player.Start(input.source))
+    if (!input.start(player))
         ReportLostOutput();
 }
 
-void Playback::TellLength(const SoundInput& input) {
+void Playback::TellLength(const PlayInput& input) {
     endless = input.endless || input.isNeverLeft;
+    loweredDb = input.loweredDb;
     sinceStart = LSoundTime();
     const bool loops = input.endless && !input.isNeverLeft && tone.repeat != 0;
     const LSoundTime turn(loops && tone.HasFlag(ToneFlagDuration) ? static_cast<int>(tone.durationMs) : 0);
-    view.SetLength(endless ? turn : input.source.GetEnd(), loops);
+    view.SetLength(endless ? turn : input.length, loops);
 }
 
 void Playback::SetVolume(LDB decibels) {
@@ -90,7 +96,7 @@ void Playback::SetVolume(LDB decibels) {
 }
 
 /// Once for all the times that the list plays as it is, and while it does.
-void Playback::TellProblems(const SoundInput& input) {
+void Playback::TellProblems(const PlayInput& input) {
     if (std::exchange(problems, input.warnings) == input.warnings || problems.empty())
         return;
     const std::string list = tone.GetListPath();
@@ -117,20 +123,24 @@ void Playback::spntfStop(long /*id*/) {
     tellChange();
     if (player.GetStatus() != PlayUsable) {
         devices.Refresh();
-        toolkit.Post(ReportLostOutput); // once the player is done with its stop
+        // once the player is done with its stop
+        toolkit.Post(player.GetStatus() == PlayNoSound ? ReportNoSound : ReportLostOutput);
     }
 }
 
 void Playback::TellNews() {
     std::vector<LNotice> notices;
     for (const LFileWarning& warning : news->Take())
-        notices.push_back(DescribeFailed(warning.file, warning.reason + "; silence plays in its place"));
+        notices.push_back(DescribeFailed(
+            warning.file, warning.reason + (warning.isLoss ? "; silence plays in its place" : "")));
     if (!notices.empty())
         toolkit.Post([notices] { ShowNotices(notices); });
 }
 
 void Playback::spntfTime(LSoundTime time, long /*id*/) {
     TellNews();
+    if (const auto format = player.GetFormat())
+        view.ShowFormat(*format, loweredDb);
     if (player.IsPlaying())
         view.ShowPosition(endless ? sinceStart : time);
 }

@@ -7,7 +7,7 @@
 #include "tone/tone_data.h"
 
 class LToolkit;
-struct SoundInput;
+struct PlayInput;
 
 /// What shows how the playback is going.
 class PlaybackView {
@@ -18,6 +18,8 @@ public:
     virtual void SetLength(LSoundTime length, bool loops) = 0;
     /// The time since Play for what has no end.
     virtual void ShowPosition(LSoundTime position) = 0;
+    /// What the output is asked for, and by how many dB the tone is lowered so that it fits into it.
+    virtual void ShowFormat(const LPlayFormat& format, double loweredDb) = 0;
     /// Of what leaves the program.
     virtual void ShowLevels(const LMeterLevels& levels) = 0;
     virtual void ShowStopped() = 0;
@@ -26,12 +28,13 @@ public:
 /// From the settings, in -127..127 dB.
 LDB ReadPlayVolume();
 
-/// Plays the current tone through the output and at the volume that the settings name. UI thread only.
+/// Plays the current tone through the output, at the volume and in the quality that the settings name. UI
+/// thread only.
 class Playback : private LSoundPlayerNotify {
 public:
-    /// `open` makes the channel of every playback. All else must outlive this.
+    /// `open` and `findRate` are the player's. All else must outlive this.
     Playback(LToolkit& windowToolkit, const SonvireData& currentTone, PlaybackView& playbackView,
-             DeviceList& deviceList, LSoundChannelOpener open);
+             DeviceList& deviceList, LSoundChannelOpener open, LOutputRateFinder findRate = {});
 
     /// From here on `changed` is called each time the playback has started or stopped.
     void Begin(std::function<void()> changed);
@@ -47,9 +50,9 @@ public:
     void SetVolume(LDB decibels);
 
 private:
-    void TellProblems(const SoundInput& input);
+    void TellProblems(const PlayInput& input);
     void TellNews();
-    void TellLength(const SoundInput& input);
+    void TellLength(const PlayInput& input);
     void spntfPlay(long id) override;
     void spntfStop(long id) override;
     void spntfTime(LSoundTime time, long id) override;
@@ -63,6 +66,7 @@ private:
     LSoundPlayer player;
     LDB volume;
     bool endless = false;                                                ///< what plays
+    double loweredDb = 0;                                                ///< the same
     LSoundTime sinceStart;                                               ///< of the playback that is on
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< of what plays
     std::vector<LFileWarning> problems; ///< of the list that played last, which the user has been told

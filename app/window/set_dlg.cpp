@@ -1,6 +1,7 @@
 #include "app/window/set_dlg.h"
 
 #include "app/desktop/help_pages.h"
+#include "app/quality.h"
 #include "app/setting_names.h"
 #include "app/window/set_dlg_layout.h"
 #include "sys/desktop/message_box.h"
@@ -37,6 +38,16 @@ void SetDlg::InitDialog() {
         SetText(SetFrequency, Setting::StepHz.Get());
     SetToolTip(SetFrequency, "Frequency");
     SetToolTip(SetSemitones, "SemiTone");
+    ShowQualities();
+}
+
+void SetDlg::ShowQualities() {
+    std::vector<std::string> texts;
+    for (const Quality& each : GetQualities())
+        texts.emplace_back(each.text);
+    SetChoices(SetQuality, texts);
+    SetToolTip(SetQuality, "High quality plays at the output's own rate; its files have 24 bits");
+    SetValue(SetQuality, static_cast<int>(&GetQuality() - GetQualities().data()));
 }
 
 void SetDlg::EnableControls() {
@@ -48,6 +59,7 @@ void SetDlg::EnableControls() {
 
 bool SetDlg::CmOk() {
     Setting::Autoplay.Set(IsChecked(SetAutoplay));
+    Setting::HighRate.Set(GetQualities()[static_cast<std::size_t>(GetValue(SetQuality))].savedRate);
     const std::string semitones = Trimmed(GetText(SetSemitoneText));
     const std::string frequency = Trimmed(GetText(SetFrequency));
     if (IsChecked(SetBySemitone) && !StoreSemitones(semitones))

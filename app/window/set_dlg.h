@@ -2,8 +2,8 @@
 
 #include "gui/dialog.h"
 
-/// The play settings: whether playback begins when the program starts, and by how much a step changes a
-/// frequency. It only reads and writes settings.
+/// The play settings: whether playback begins when the program starts, by how much a step changes a
+/// frequency, and the quality. It only reads and writes settings.
 class SetDlg : public LDialog {
 public:
     SetDlg();
@@ -15,6 +15,7 @@ protected:
     void CmHelp() override;
 
 private:
+    void ShowQualities();
     bool StoreSemitones(const std::string& text);
     bool StoreFrequency(const std::string& text);
 };

@@ -13,6 +13,9 @@ enum SetControl : int {
     SetBySemitone = 107,
     SetSemitones = 108,
     SetSemitoneText = 109,
+    SetSound = 110,
+    SetQualityText = 111,
+    SetQuality = 112,
 };
 
 inline constexpr LControlLayout SetDlgControls[] = {
@@ -28,9 +31,12 @@ inline constexpr LControlLayout SetDlgControls[] = {
     {SetBySemitone, LControlKind::Radio, "SemiTone", {32, 154, 328, 20}},
     {SetSemitones, LControlKind::NumberEdit, "", {369, 154, 58, 20}},
     {SetSemitoneText, LControlKind::NumberText, "", {}},
-    {LCommandHelp, LControlKind::Button, "Help", {20, 200, 100, 0}},
-    {LCommandCancel, LControlKind::Button, "Cancel", {304, 200, 100, 0}},
-    {LCommandOk, LControlKind::Button, "OK", {418, 200, 100, 0}},
+    {SetSound, LControlKind::Group, "Sound", {20, 200, 496, 64}},
+    {SetQualityText, LControlKind::Text, "Quality", {32, 234, 160, 20}},
+    {SetQuality, LControlKind::Chooser, "", {200, 234, 304, 20}},
+    {LCommandHelp, LControlKind::Button, "Help", {20, 274, 100, 0}},
+    {LCommandCancel, LControlKind::Button, "Cancel", {304, 274, 100, 0}},
+    {LCommandOk, LControlKind::Button, "OK", {418, 274, 100, 0}},
 };
 
-inline constexpr LDialogLayout SetDlgLayout{"Play Settings", 540, 236, SetDlgControls};
+inline constexpr LDialogLayout SetDlgLayout{"Play Settings", 540, 310, SetDlgControls};

@@ -1,6 +1,7 @@
 #include "app/window/status_fields.h"
 
 #include "app/desktop/product.h"
+#include "app/quality.h"
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/time_text.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr LStatusItem Items[] = {
     {ControlStatusText, LStatusKind::Text, "", ProductAndVersion},
+    {ControlFormat, LStatusKind::Remark, "What is played"},
     {ControlPosition, LStatusKind::Text, "Position and length", "00:00.0 / ↻ 00:00.0"},
     {ControlLevels, LStatusKind::Level, "Level"},
     {ControlDevice, LStatusKind::Chooser, "Output device", LSoundPlayDevice::DefaultName},
@@ -74,6 +76,13 @@ void StatusFields::ShowPosition(LSoundTime position) {
     window.SetText(ControlPosition, FormatTime(position) + length);
 }
 
+void StatusFields::ShowFormat(const LPlayFormat& format, double loweredDb) {
+    window.SetText(ControlFormat,
+                   DescribeRate(format.rate) +
+                       (format.sample == LPlayFormat::Sample::Float ? ", float" : ", 16 bits") +
+                       (loweredDb >= 0.05 ? ", " + FormatDecibels(-loweredDb, 1) + " dB" : ""));
+}
+
 void StatusFields::ShowLevels(const LMeterLevels& levels) {
     channels = levels.peaks.size();
     window.SetLevels(ControlLevels, levels);
@@ -81,6 +90,7 @@ void StatusFields::ShowLevels(const LMeterLevels& levels) {
 
 void StatusFields::ShowStopped() {
     window.SetText(ControlPosition, FormatTime({}));
+    window.SetText(ControlFormat, "");
     ShowLevels({.peaks = std::vector<double>(channels, -std::numeric_limits<double>::infinity())});
 }
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The status bar: product, position, levels, and the output and volume as controls that keep the user's
-/// choices in the settings.
+/// The status bar: product, format, position, levels, and the output and volume as controls that keep the
+/// user's choices in the settings.
 class StatusFields : public PlaybackView {
 public:
     static std::span<const LStatusItem> GetItems();
@@ -25,6 +25,7 @@ public:
 
     void SetLength(LSoundTime length, bool loops) override;
     void ShowPosition(LSoundTime position) override;
+    void ShowFormat(const LPlayFormat& format, double loweredDb) override;
     void ShowLevels(const LMeterLevels& levels) override;
     void ShowStopped() override;
 

@@ -31,7 +31,7 @@ void SummaryPane::Create() {
 }
 
 void SummaryPane::Show(const SonvireData& tone) {
-    const ToneSummary summary = SummarizeTone(tone);
+    const ToneSummary summary = SummarizeTone(tone, GetQuality());
     for (const Line& line : Lines)
         window.SetText(line.control, summary.*line.text);
 }

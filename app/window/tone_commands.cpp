@@ -1,8 +1,9 @@
 #include "app/window/tone_commands.h"
 
+#include "app/list_report.h"
+#include "app/quality.h"
 #include "app/window/command_ids.h"
 #include "tone/tone_engine.h"
-#include "tone/tone_list_report.h"
 #include "tone/waveforms.h"
 
 #include <algorithm>
@@ -74,6 +75,10 @@ int GetModeCommand(const SonvireData& tone) {
 
 /// What is wrong with a list is told when it plays.
 void TakeLength(SonvireData& tone) {
+    if (GetQuality().IsHigh()) {
+        tone.durationMs = static_cast<std::uint32_t>(ExamineList(tone.GetListPath()).Measure().ms);
+        return;
+    }
     SonvireData onePass = tone;
     onePass.repeat = 0;
     ToneListReport untold;

@@ -1,30 +1,19 @@
 #include "app/window/tone_files.h"
 
 #include "app/file_kinds.h"
+#include "app/list_report.h"
 #include "app/setting_names.h"
 #include "app/window/notices.h"
+#include "app/window/saved_sound.h"
 #include "app/window/time_text.h"
 #include "app/window/tone_summary.h"
 #include "gui/file_chooser.h"
-#include "gui/process_dialog.h"
 #include "jobs/file_notices.h"
-#include "jobs/render_file.h"
-#include "sound/peak_sink.h"
 #include "sys/desktop/message_box.h"
 #include "sys/path.h"
 #include "tone/tone_level.h"
-#include "tone/tone_list_report.h"
-
-#include <cmath>
-#include <span>
 
 namespace {
-
-// Kept quirk: the wording of the first one.
-constexpr LFileFilter LoadToneFilters[] = {{"Tone list file", "*.tdf"}};
-constexpr LFileFilter SaveToneFilters[] = {{"Tone Data Files", "*.tdf"}};
-constexpr LFileFilter SaveFilters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}};
-constexpr LFileFilter WaveFilters[] = {{"Wave Files", "*.wav"}};
 
 void RememberFile(const std::string& path) {
     Setting::File.Set(path);
@@ -32,15 +21,8 @@ void RememberFile(const std::string& path) {
 }
 
 /// Where the last tone file was.
-LFileChooser MakeToneChooser(const char* title, std::span<const LFileFilter> filters) {
-    return {title, Setting::File.Get(), Setting::FileFolder.Get(), filters, "tdf", FileKinds};
-}
-
-/// Tells what of a list will not sound as its user expects; false where that is reason enough to leave it.
-bool ConfirmProblems(const std::vector<LFileWarning>& warnings) {
-    return LShowMessageBox("Save List",
-                           "Not all of the list can be saved as it should sound:" + ListWarnings(warnings),
-                           LMessageButtons::OkCancel) == LMessageAnswer::Ok;
+LFileChooser MakeToneChooser(const char* title, std::vector<LFileFilter> filters) {
+    return {title, Setting::File.Get(), Setting::FileFolder.Get(), std::move(filters), "tdf", GetFileKinds()};
 }
 
 /// "Saved sweep.wav in /home/ann: 10 s, peak -12.04 dBFS"
@@ -48,14 +30,6 @@ std::string DescribeSaved(const std::string& path, const std::string& length,
                           std::optional<double> peakDbfs) {
     return "Saved " + GetFileName(path) + " in " + GetFolder(path) + ": " + length +
            (peakDbfs ? ", peak " + FormatDbfs(*peakDbfs) : "");
-}
-
-/// Runs the job under a progress dialog, and measures what it writes.
-LProcessResult RunJob(LWindow& parent, const LPRSourceToSink& job, SinkMeasure& measure) {
-    LPRSourceToSink measured(job.title, job.source, LSoundSink::Make<LPeakSink>(job.sink, measure));
-    LProcessDialog<LPRSourceToSink> dialog(job.title, measured);
-    dialog.Open(parent);
-    return dialog.GetResult();
 }
 
 } // namespace
@@ -84,7 +58,8 @@ std::optional<LNotice> ToneFiles::Read(const std::string& path, const std::strin
 }
 
 bool ToneFiles::CmLoadTDF() {
-    LFileChooser chooser = MakeToneChooser("Select Tone to Open", LoadToneFilters);
+    // Kept quirk: the wording.
+    LFileChooser chooser = MakeToneChooser("Select Tone to Open", {{"Tone list file", "*.tdf"}});
     const std::string path = LChooseFileToRead(window, chooser);
     if (path.empty())
         return false;
@@ -99,30 +74,33 @@ void ToneFiles::CmSaveAsTDF() {
                                  "tone list file by selecting \"Save List\" on the menu");
         return;
     }
-    LFileChooser chooser = MakeToneChooser("Save As Tone", SaveToneFilters);
+    LFileChooser chooser = MakeToneChooser("Save As Tone", {{"Tone Data Files", "*.tdf"}});
     if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
         CmSaveTDF(path);
 }
 
 void ToneFiles::CmSave() {
-    LFileChooser chooser = MakeToneChooser("Save tone as", SaveFilters);
+    LFileChooser chooser =
+        MakeToneChooser("Save tone as", AddHighQuality({{"Tone file", "*.tdf;"}, {"Wave file", "*.wav"}}));
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return;
     if (HasExtension(path, ".tdf"))
         CmSaveTDF(path);
     else
-        CmSaveWave(path);
+        CmSaveSound(path);
 }
 
 void ToneFiles::CmSaveAsWav() {
     if (!tone.IsFinite()) {
-        CmSaveWave({}); // which says why not
+        CmSaveSound({}); // which says why not
         return;
     }
-    LFileChooser chooser{"Save As Wav File", "", Setting::FileFolder.Get(), WaveFilters, "wav", FileKinds};
+    LFileChooser chooser{
+        "Save As Wav File", "", Setting::FileFolder.Get(), AddHighQuality({{"Wave Files", "*.wav"}}), "wav",
+        GetFileKinds()};
     if (const std::string path = LChooseFileToSave(window, chooser); !path.empty())
-        CmSaveWave(path);
+        CmSaveSound(path);
 }
 
 void ToneFiles::CmSaveTDF(const std::string& path) {
@@ -136,10 +114,10 @@ void ToneFiles::CmSaveTDF(const std::string& path) {
 }
 
 void ToneFiles::TellSavedList(const std::string& path) {
-    tellSaved(DescribeSaved(path, FormatLength(ExamineToneList(path).Measure()), {}));
+    tellSaved(DescribeSaved(path, FormatLength(ExamineList(path).Measure()), {}));
 }
 
-void ToneFiles::CmSaveWave(const std::string& path) {
+void ToneFiles::CmSaveSound(const std::string& path) {
     if (!tone.IsFinite()) {
         LShowMessageBox(
             "No Duration Specified",
@@ -149,16 +127,13 @@ void ToneFiles::CmSaveWave(const std::string& path) {
         return;
     }
     Setting::FileFolder.Set(GetFolder(path));
-    const SoundInput input = OpenToneInput(tone, SoundLength::Finite);
-    SinkMeasure measure;
-    const RenderOutcome outcome = RenderToFile(
-        input, {.path = path},
-        {.confirm = ConfirmProblems, .run = [&](auto& job) { return RunJob(window, job, measure); }});
-    if (outcome.result == LProcessResult::Completed) {
-        const double seconds = static_cast<double>(measure.frames) / input.source->sampleRate;
-        tellSaved(
-            DescribeSaved(path, FormatLength(std::llround(1000 * seconds)), GetSamplePeakDbfs(measure.peak)));
-    }
+    const SavedSound saved = SaveSound(window, tone, path);
+    const RenderOutcome& outcome = saved.outcome;
+    if (outcome.result == LProcessResult::Completed)
+        tellSaved(DescribeSaved(path, FormatLength(saved.ms), saved.peakDbfs) +
+                  (saved.quality.empty() ? "" : ", " + saved.quality));
+    for (const LFileWarning& warning : outcome.warnings)
+        ShowNotice(DescribeFailed(warning.file, warning.reason));
     if (outcome.failure && outcome.ofTheOutput)
         ShowNotice(DescribeFailed(path, outcome.failure));
     else if (outcome.failure)

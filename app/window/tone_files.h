@@ -32,7 +32,7 @@ public:
     void CmSave();
     void CmSaveAsWav();
     /// Renders the tone into this file.
-    void CmSaveWave(const std::string& path);
+    void CmSaveSound(const std::string& path);
     /// Tells that a list has been saved, and how long it is.
     void TellSavedList(const std::string& path);
 

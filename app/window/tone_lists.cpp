@@ -8,6 +8,7 @@
 #include "app/window/tone_files.h"
 #include "gui/file_chooser.h"
 #include "gui/toolkit.h"
+#include "hires/file_kind.h"
 #include "jobs/file_notices.h"
 #include "jobs/tone_lists.h"
 #include "sys/file.h"
@@ -17,9 +18,6 @@
 #include <filesystem>
 
 namespace {
-
-constexpr LFileFilter LoadListFilters[] = {{"Tone list file", "*.tdl"}};
-constexpr LFileFilter SaveListFilters[] = {{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}};
 
 /// Not that of a temporary file.
 std::string ProposeName(const std::string& list) {
@@ -112,8 +110,11 @@ bool ToneLists::OfferUnsavedList() {
 bool ToneLists::CmLoadList() {
     if (OfferUnsavedList())
         return CmEditList(edited.GetPath());
-    LFileChooser chooser{"Select Tone List to Open", ProposeName(edited.GetPath()),
-                         Setting::ListReadFolder.Get(), LoadListFilters, "tdl"};
+    LFileChooser chooser{"Select Tone List to Open",
+                         ProposeName(edited.GetPath()),
+                         Setting::ListReadFolder.Get(),
+                         {{"Tone list file", "*.tdl"}},
+                         "tdl"};
     const std::string path = LChooseFileToRead(window, chooser);
     if (path.empty())
         return false;
@@ -134,16 +135,16 @@ bool ToneLists::CmSaveList() {
     LFileChooser chooser{"Save Tone List to File",
                          ProposeName(list),
                          Setting::ListSaveFolder.Get(),
-                         SaveListFilters,
+                         AddHighQuality({{"Tone List", "*.tdl;"}, {"Wave File", "*.wav"}}),
                          "tdl",
-                         FileKinds};
+                         GetFileKinds()};
     const std::string path = LChooseFileToSave(window, chooser);
     if (path.empty())
         return false;
     Setting::ListSaveFolder.Set(chooser.folder);
-    const bool renders = HasExtension(path, ".wav");
+    const bool renders = HiresFileKind::Find(path) != nullptr;
     if (renders)
-        files.CmSaveWave(path);
+        files.CmSaveSound(path);
     if (renders || !CopyList(list, path))
         return false;
     SetListPath(tone, path);

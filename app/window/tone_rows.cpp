@@ -1,5 +1,6 @@
 #include "app/window/tone_rows.h"
 
+#include "app/quality.h"
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/list_rows.h"
@@ -112,18 +113,21 @@ bool ToneRows::StepSelectedItems(const std::function<void(unsigned int)>& step) 
 }
 
 LEntryRules ToneRows::MakeEntryRules(unsigned int item) {
-    const auto read = [this, item](const std::string& text) {
-        const TypedItem typed = ReadTypedItem(tone, item, text);
+    const int highestHz = GetQuality().GetHighestFrequency();
+    const auto read = [this, item, highestHz](const std::string& text) {
+        const TypedItem typed = ReadTypedItem(tone, item, text, highestHz);
         return LEntryReading{.isTaken = !typed.value.empty(), .words = typed.words};
     };
-    const auto step = [this, item, byStep = ReadFrequencyStep()](const std::string& text, int steps) {
+    const auto step = [this, item, highestHz, byStep = ReadFrequencyStep()](const std::string& text,
+                                                                            int steps) {
         SonvireData stepped = tone;
-        static_cast<void>(stepped.SetItemValue(item, ReadTypedItem(tone, item, text).value.c_str()));
+        static_cast<void>(
+            stepped.SetItemValue(item, ReadTypedItem(tone, item, text, highestHz).value.c_str()));
         for (int i = 0; i < std::abs(steps); ++i)
             steps > 0 ? stepped.IncreaseItem(item, byStep) : stepped.DecreaseItem(item, byStep);
         return stepped.GetItemValue(item);
     };
-    return {.place = {}, .input = DescribeItemInput(item), .read = read, .step = step};
+    return {.place = {}, .input = DescribeItemInput(item, highestHz), .read = read, .step = step};
 }
 
 /// The rows that are asked for: without one that only names the waveform.
@@ -135,7 +139,7 @@ std::vector<int> ToneRows::GetRowsWithValue() const {
 
 bool ToneRows::SetTypedItem(int row, const std::string& text) {
     const unsigned int item = list->GetData(row);
-    const TypedItem typed = ReadTypedItem(tone, item, text);
+    const TypedItem typed = ReadTypedItem(tone, item, text, GetQuality().GetHighestFrequency());
     if (typed.value.empty())
         return false;
     static_cast<void>(tone.SetItemValue(item, typed.value.c_str())); // what it refuses was not typed

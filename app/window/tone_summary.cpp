@@ -1,10 +1,10 @@
 #include "app/window/tone_summary.h"
 
+#include "app/list_report.h"
 #include "app/window/time_text.h"
 #include "tone/note_name.h"
 #include "tone/tone_level.h"
 #include "tone/tone_list_file.h"
-#include "tone/tone_list_report.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -72,30 +72,32 @@ std::string GetWaveformName(const SonvireData& tone) {
     return name.empty() ? "Unknown waveform" : name;
 }
 
-std::string DescribeLevel(const SonvireData& tone) {
+std::string DescribeLevel(const SonvireData& tone, const Quality& quality) {
     const std::optional<double> peak = GetHighestPeakDbfs(tone);
     if (!peak)
         return "Silent";
     return (tone.GetToneCount() > 1 ? "Peak up to " : "Peak ") + FormatDbfs(*peak) +
-           (*peak > 0 ? ", limited to 0 dBFS" : "");
+           (*peak <= 0         ? ""
+            : quality.IsHigh() ? ", lowered to 0 dBFS"
+                               : ", limited to 0 dBFS");
 }
 
-ToneSummary SummarizeComponents(const SonvireData& tone) {
+ToneSummary SummarizeComponents(const SonvireData& tone, const Quality& quality) {
     const char* log = tone.HasFlag(ToneFlagLogSweep) ? ", logarithmic sweep" : ", linear sweep";
     return {.headline = tone.GetToneCount() == 1 ? DescribeOneComponent(tone) : DescribeComponents(tone),
             .kind = GetWaveformName(tone) + (Sweeps(tone) ? log : "") +
                     (tone.HasFlag(ToneFlagStereo) ? ", stereo, " : ", mono, ") + DescribeLength(tone),
-            .level = DescribeLevel(tone),
+            .level = DescribeLevel(tone, quality),
             .keys = "Space plays, Escape stops · + and - step · Return types a value"};
 }
 
-ToneSummary SummarizeList(const SonvireData& tone) {
+ToneSummary SummarizeList(const SonvireData& tone, const Quality& quality) {
     const std::string list = tone.GetListPath();
     std::vector<std::string> lines;
     std::string kind = "can't be read";
     if (!ReadToneListLines(lines, list.c_str()))
         kind = std::to_string(lines.size()) + (lines.size() == 1 ? " entry, " : " entries, ") +
-               FormatLength(ExamineToneList(list).Measure()) + DescribeLoop(tone);
+               FormatLength(ExamineList(list, quality).Measure()) + DescribeLoop(tone);
     return {.headline = "Tone list",
             .kind = kind,
             .level = "",
@@ -108,11 +110,11 @@ std::string DescribeLength(const SonvireData& tone) {
     return tone.HasFlag(ToneFlagDuration) ? FormatLength(tone.durationMs) + DescribeLoop(tone) : "endless";
 }
 
-ToneSummary SummarizeTone(const SonvireData& tone) {
+ToneSummary SummarizeTone(const SonvireData& tone, const Quality& quality) {
     if (tone.HasComponents())
-        return SummarizeComponents(tone);
+        return SummarizeComponents(tone, quality);
     if (tone.IsList())
-        return SummarizeList(tone);
+        return SummarizeList(tone, quality);
     return {.headline = tone.GetToneName(),
             .kind = "Mono, " + DescribeLength(tone),
             .level = "",

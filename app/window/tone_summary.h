@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/quality.h"
 #include "tone/tone_data.h"
 
 #include <string>
@@ -15,5 +16,5 @@ struct ToneSummary {
 /// "10 s, looped", "endless"; by what the tone says of itself, which a list need not be.
 std::string DescribeLength(const SonvireData& tone);
 
-/// Reads the file of a list, and looks through the entries.
-ToneSummary SummarizeTone(const SonvireData& tone);
+/// As it plays in a quality. Reads the file of a list, and looks through the entries.
+ToneSummary SummarizeTone(const SonvireData& tone, const Quality& quality);

@@ -31,7 +31,8 @@ bool FillsItsPlace(const QWidget* widget) {
 }
 
 bool IsInput(LControlKind kind) {
-    return kind == LControlKind::Edit || kind == LControlKind::NumberEdit || kind == LControlKind::NumberText;
+    return kind == LControlKind::Edit || kind == LControlKind::NumberEdit ||
+           kind == LControlKind::NumberText || kind == LControlKind::Chooser;
 }
 
 template <class Widget>

@@ -13,7 +13,7 @@ QStringList FiltersOf(const LFileChooser& chooser) {
         QStringList patterns;
         for (const std::string& pattern : SplitPatterns(filter))
             patterns.append(ToQt(pattern));
-        filters.append(QString::fromUtf8(filter.description) + " (" + patterns.join(' ') + ")");
+        filters.append(ToQt(filter.description) + " (" + patterns.join(' ') + ")");
     }
     return filters;
 }

@@ -5,6 +5,7 @@
 #include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_number_edit.h"
+#include "gui/qt/qt_spoken_chooser.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -85,6 +86,8 @@ QWidget* MakeControl(const LControlLayout& control, QWidget* parent) {
         return MakeChild<LQtNumberEdit>(parent);
     case LControlKind::NumberText:
         break;
+    case LControlKind::Chooser:
+        return MakeChild<LQtSpokenChooser>(parent);
     case LControlKind::Text:
         return MakeText(parent, text);
     case LControlKind::Heading:

@@ -1,9 +1,9 @@
 #include "gui/qt/qt_spoken_text.h"
 
 #include "gui/qt/qt_link.h"
+#include "gui/qt/qt_spoken_chooser.h"
 
 #include <QAccessibleWidget>
-#include <QComboBox>
 
 #include <memory>
 
@@ -22,8 +22,9 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
     QString text(QAccessible::Text kind) const override {
-        const bool isText = kind == QAccessible::Value || (kind == QAccessible::Name && !HasName());
-        return isText ? shown.GetSpoken() : QAccessibleWidget::text(kind);
+        const QString own = QAccessibleWidget::text(kind);
+        const bool isText = kind == QAccessible::Value || (kind == QAccessible::Name && own.isEmpty());
+        return isText ? shown.GetSpoken() : own;
     }
 
     QString text(int start, int end) const override { return shown.GetSpoken().mid(start, end - start); }
@@ -45,17 +46,14 @@ public:
     void scrollToSubstring(int /*start*/, int /*end*/) override {}
 
 private:
-    bool HasName() const { return !widget()->accessibleName().isEmpty(); }
-
     const LQtSpokenText& shown;
 };
 
-/// Qt's own has the text as its name and leaves the rest to a label, which a status bar has no room for.
 class SpokenChooser : public SpokenText {
 public:
-    SpokenChooser(QComboBox* widget, const LQtSpokenText& textOf)
-        : SpokenText(widget, textOf, QAccessible::ComboBox),
-          chooser(widget) {}
+    explicit SpokenChooser(LQtSpokenChooser* shown)
+        : SpokenText(shown, *shown, QAccessible::ComboBox),
+          chooser(shown) {}
 
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
@@ -68,7 +66,7 @@ public:
     }
 
 private:
-    QComboBox* chooser;
+    LQtSpokenChooser* chooser;
 };
 
 class SpokenLink : public QAccessibleWidget {
@@ -93,11 +91,11 @@ private:
 QAccessibleInterface* MakeSpokenText(const QString& /*className*/, QObject* object) {
     if (auto* link = dynamic_cast<LQtLink*>(object))
         return std::make_unique<SpokenLink>(link).release();
+    if (auto* chooser = dynamic_cast<LQtSpokenChooser*>(object))
+        return std::make_unique<SpokenChooser>(chooser).release();
     const auto* shown = dynamic_cast<const LQtSpokenText*>(object);
     if (!shown)
         return nullptr;
-    if (auto* chooser = qobject_cast<QComboBox*>(object))
-        return std::make_unique<SpokenChooser>(chooser, *shown).release();
     auto* widget = qobject_cast<QWidget*>(object);
     return std::make_unique<SpokenText>(widget, *shown, QAccessible::StaticText).release();
 }

@@ -10,13 +10,13 @@ namespace {
 
 constexpr int Gap = 8;
 constexpr LStatusKind GivesWay[] = {LStatusKind::Chooser, LStatusKind::Level, LStatusKind::Text,
-                                    LStatusKind::Slider};
+                                    LStatusKind::Remark, LStatusKind::Slider};
 
 } // namespace
 
 void LQtStatusFields::Add(QWidget* field, LStatusKind kind) {
     fields.push_back({field, kind});
-    if (kind == LStatusKind::Text)
+    if (kind == LStatusKind::Text || kind == LStatusKind::Remark)
         field->setLayoutDirection(Qt::LeftToRight); // figures and units stay in their order
     updateGeometry();
 }

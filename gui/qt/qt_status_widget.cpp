@@ -3,12 +3,11 @@
 #include "gui/qt/qt_child.h"
 #include "gui/qt/qt_icon.h"
 #include "gui/qt/qt_level_meter.h"
+#include "gui/qt/qt_spoken_chooser.h"
 #include "gui/qt/qt_spoken_slider.h"
-#include "gui/qt/qt_spoken_text.h"
 #include "gui/qt/qt_tabular_font.h"
 #include "gui/status_bar.h"
 
-#include <QComboBox>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
@@ -50,11 +49,9 @@ private:
 };
 
 /// Without the keyboard it leaves the wheel alone: a slip would send the sound elsewhere.
-class StatusChooser : public QComboBox, public LQtSpokenText {
+class StatusChooser : public LQtSpokenChooser {
 public:
-    using QComboBox::QComboBox;
-
-    QString GetSpoken() const override { return currentText(); }
+    using LQtSpokenChooser::LQtSpokenChooser;
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
@@ -113,6 +110,14 @@ private:
     QIcon off, on;
 };
 
+/// Does without any room where there is none.
+class StatusRemark : public StatusLabel {
+public:
+    using StatusLabel::StatusLabel;
+
+    QSize minimumSizeHint() const override { return {0, StatusLabel::minimumSizeHint().height()}; }
+};
+
 QWidget* MakeLabel(const LStatusItem& item, QWidget* parent) {
     return MakeChild<StatusLabel>(parent, item.widestText);
 }
@@ -131,6 +136,8 @@ QWidget* MakeWidget(const LStatusItem& item, QWidget* parent) {
     switch (item.kind) {
     case LStatusKind::Text:
         return MakeLabel(item, parent);
+    case LStatusKind::Remark:
+        return MakeChild<StatusRemark>(parent, item.widestText);
     case LStatusKind::Level:
         return MakeChild<LQtLevelMeter>(parent);
     case LStatusKind::Chooser:
@@ -150,7 +157,8 @@ QWidget* MakeStatusWidget(const LStatusItem& item, QWidget* parent) {
     const QString name = QString::fromUtf8(item.toolTip);
     widget->setToolTip(name);
     widget->setAccessibleName(name);
-    if (item.kind != LStatusKind::Text && item.kind != LStatusKind::Level)
+    if (item.kind == LStatusKind::Chooser || item.kind == LStatusKind::Toggle ||
+        item.kind == LStatusKind::Slider)
         widget->setFocusPolicy(Qt::TabFocus);
     return widget;
 }

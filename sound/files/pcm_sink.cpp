@@ -28,8 +28,7 @@ LSNKPCMFileBase::LSNKPCMFileBase(LReadWriteFile&& opened, int rate, std::uint8_t
       bytesPerSample(sampleBytes),
       bytesPerFrame(sampleBytes * channels),
       file(std::move(opened)),
-      start(file.GetOffset()),
-      pacedTo(start) {
+      start(file.GetOffset()) {
     NoteOpened();
     WriteHeader(static_cast<std::uint32_t>(totalFrames) * bytesPerFrame);
 }
@@ -86,20 +85,7 @@ void LSNKPCMFileBase::Seek(int sample) {
 void LSNKPCMFileBase::WriteFrames(const void* data, int frames) {
     lengthHint = WrapAdd(lengthHint, frames);
     Note(file.Write(data, static_cast<std::size_t>(frames) * bytesPerFrame));
-    PaceWriting();
-}
-
-/// Memory takes the file much faster than a disk does: without this, the job would seem to be done while most
-/// of it is still to be written, and could not be stopped any more.
-void LSNKPCMFileBase::PaceWriting() {
-    constexpr std::int64_t StepBytes = 16 << 20;
-    const std::int64_t end = GetOffsetOf(lengthHint);
-    if (start < 0 || end - pacedTo < StepBytes)
-        return;
-    file.WriteBack(pacedTo, end - pacedTo, false);
-    if (pacedTo > start)
-        file.WriteBack(start, pacedTo - start, true);
-    pacedTo = end;
+    pace.KeepUp(file, GetOffsetOf(lengthHint));
 }
 
 template <class Format>

@@ -3,6 +3,7 @@
 #include "sound/sample_format.h"
 #include "sound/sound_sink.h"
 #include "sys/file.h"
+#include "sys/write_pace.h"
 
 #include <cstdint>
 #include <vector>
@@ -35,15 +36,14 @@ private:
     /// one.
     void WriteRIFF(bool final);
     void WriteHeader(std::uint32_t dataBytes);
-    void PaceWriting();
     void NoteOpened();
     void Note(const LFailure& writing);
 
     std::uint32_t bytesPerSample;
     std::uint32_t bytesPerFrame;
     LReadWriteFile file;
-    std::int64_t start = 0;   ///< the header's offset in the file; -1 in a pipe
-    std::int64_t pacedTo = 0; ///< up to here the disk has been asked to write
+    std::int64_t start = 0; ///< the header's offset in the file; -1 in a pipe
+    LWritePace pace{start};
 };
 
 /// The same for one sample format.

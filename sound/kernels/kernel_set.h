@@ -15,5 +15,8 @@ void Narrow(std::int16_t* out, const int* in, int count);
 bool Pack(int* samples, int frames, int shift, const LChannelSamples& negated);
 void Convolve(const LPolyphaseRun& run, int phase, const LChannelSamples& negated, int* out, int frames);
 void Filter(const LOnePoles& filters, LOnePoles::State& state, const double* in, int* out, int count);
+void AddTurned(std::int64_t* sums, const LTurn& turn, int count);
+bool RoundSums(std::int32_t* out, const std::int64_t* sums, int count, int shift);
+void Pack24(char* out, const std::int32_t* samples, int count);
 
 } // namespace KERNEL_ISA

@@ -51,6 +51,13 @@ struct LOnePoles {
     };
 };
 
+/// Points of a circle, turned on by an angle.
+struct LTurn {
+    const std::int32_t* sines;
+    const std::int32_t* cosines;
+    std::int32_t sine, cosine; ///< of the angle
+};
+
 /// The inner loops of the sound that are worth building for several instruction sets. Every build gives the
 /// same bits. All work on plain arrays, without allocation.
 struct LKernels {
@@ -79,6 +86,16 @@ struct LKernels {
     /// Writes for each input the sum of the outputs, the input before and the input, added up in this order,
     /// truncated; 32 bits have to hold it.
     void (*filter)(const LOnePoles& filters, LOnePoles::State& state, const double* in, int* out, int count);
+
+    /// Adds the sines of the points once they are turned to `count` sums.
+    void (*addTurned)(std::int64_t* sums, const LTurn& turn, int count);
+
+    /// Writes sums of less than 2^62 shifted right by `shift`, 1..31, rounded. False where one exceeds
+    /// INT32_MAX, with either sign; it is not written as it should be then.
+    bool (*roundSums)(std::int32_t* out, const std::int64_t* sums, int count, int shift);
+
+    /// Writes the upper three bytes of each sample, little-endian.
+    void (*pack24)(char* out, const std::int32_t* samples, int count);
 };
 
 /// The fastest set that this processor runs; chosen once.

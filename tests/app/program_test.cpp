@@ -157,6 +157,26 @@ TEST_F(Program, KeysAreHeardAndTheToneIsKept) {
     EXPECT_EQ(heard, SamplesOf(ReadBytes(server.Path("expected.wav")).substr(46)));
 }
 
+TEST_F(Program, HighQualityIsHeardAtTheOutputsOwnRate) {
+    ASSERT_TRUE(server.Start());
+    ASSERT_TRUE(server.AddOutput("main", 96000, 1, "", "float32le"));
+    StartDisplay("800x600");
+    std::filesystem::create_directories(server.Path("Quenby Software"));
+    WriteBytes(server.Path("Quenby Software/Sonvire.conf"),
+               "[Settings]\nOutDevice=Output main\n[settings]\nplayvolume=13\nhigh resolution rate=44100\n");
+    ASSERT_TRUE(StartProgram(WriteTone("--duration 700")));
+    Recording recording(server, "main", 96000, 1, "float32le");
+    Key("space");
+    EXPECT_TRUE(WaitFor([this] { return IsPlaying(); }));
+    EXPECT_TRUE(WaitFor([this] { return !IsPlaying(); }));
+    const std::string expected = server.Path("expected.raw");
+    ASSERT_EQ(RunCli("render --rate 96000 --bits float --fade 10 --raw " + server.Path("start.tdf") + " " +
+                     expected)
+                  .status,
+              0);
+    EXPECT_EQ(recording.Finish(), FloatSamplesOf(ReadBytes(expected)));
+}
+
 TEST_F(Program, AHeldKeyWorksOnceAndEveryKeyWithItsModifiersOnly) {
     StartDesktop("1000x700", "-ardelay 250 -arinterval 3");
     StartManager();
@@ -233,7 +253,8 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
         {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "button|OK|"}},
         {{"alt+s", "p"},
          "Play Settings",
-         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0"}},
+         {"radio button|SemiTone|checked", "spin button|SemiTone|1", "text|Frequency|1.0",
+          "combo box|Quality|Standard: 44.1 kHz, 16 bits"}},
         {{"alt+f", "n"}, "Unsaved list - Tone List", {"tree|Entries|", "button|Remove|"}},
         {{"alt+h", "a"}, "About Sonvire", {"link|Sonvire Help|", "label|Sonvire's icon|"}}};
     for (const auto& each : windows) {

@@ -94,7 +94,7 @@ TEST_F(ToneCommands, WhatIsNotUnderstoodIsNamedWithTheNearest) {
         {"--versoin", ": --versoin: no such option; did you mean --version?"},
         {"show first second third", ": second: not expected (see"},
         {"render a.tdf b.wav c.wav", ": c.wav: not expected"},
-        {"render", ": OUTPUT, the WAVE file to write, is required"},
+        {"render", ": OUTPUT, the sound file to write, is required"},
     };
     for (const auto& [command, reason] : cases)
         ExpectRefused(Cli(command), {reason});
@@ -119,7 +119,9 @@ TEST_F(ToneCommands, ShowAsJsonKeepsToItsSchema) {
     EXPECT_EQ(Cli("render --duration 10 w.wav").status, 0);
     EXPECT_EQ(Cli("list l.tdl t.tdf w.wav 5ms nan.tdf").status, 0);
     Write("ages.tdl", "2147483647ms silence.\n2147483647ms silence.\na\tb.wav\n");
-    for (const std::string file : {"sweep.tdf", "t.tdf", "nan.tdf", "w.wav", "l.tdl", "ages.tdl"}) {
+    for (const std::string file : {"sweep.tdf", "t.tdf", "nan.tdf", "w.wav", "l.tdl", "--level 9 sweep.tdf",
+                                   "--fit sweep.tdf", "--quality high t.tdf", "--quality high nan.tdf",
+                                   "--quality high w.wav", "--quality high l.tdl", "ages.tdl"}) {
         Write("shown.json", Cli("show --json " + file).output);
         const std::string check = "/usr/bin/python3 -m jsonschema -i shown.json " SONVIRE_SHOW_SCHEMA;
         EXPECT_EQ(RunProgram(check).status, 0) << Read("shown.json");

@@ -125,7 +125,7 @@ TEST(GuiList, StandsDraggedRowsTogetherWhereTheyAreDropped) {
 TEST(Gui, AFileToSaveGetsAnExtensionAndIsNotReplacedUnasked) {
     const TempDir dir;
     WriteBytes(dir / "old.tdf", "old");
-    static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    const std::vector<LFileFilter> filters = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
     static constexpr const char* kinds[] = {".tdf", ".tdl", ".wav"};
     using enum LMessageAnswer;
     const std::tuple<const char*, std::deque<LChosenFile>, std::deque<LMessageAnswer>, std::string> cases[] =

@@ -525,7 +525,7 @@ TEST_F(QtGui, NotificationsArriveInOrderAlsoUnderABoxThatOneOfThemShows) {
 TEST_F(QtGui, AFileChooserStartsAsAsked) {
     const TempDir dir;
     WriteBytes(dir / "a.tdf", "");
-    static constexpr LFileFilter filters[] = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
+    const std::vector<LFileFilter> filters = {{"Tone file", "*.tdf;"}, {"Wave file", "*.wav;*.wave"}};
     LFileChooser chooser{"Save tone as", "a.tdf", dir / "", filters, "tdf"};
     Then([&](QWidget& widget) {
         auto& dialog = static_cast<QFileDialog&>(widget);

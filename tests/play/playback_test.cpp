@@ -1,6 +1,7 @@
 #include "play/cubeb_output.h"
 #include "play/sound_player.h"
 #include "support/array_source.h"
+#include "support/hires_array.h"
 #include "support/owner.h"
 #include "support/sound_server.h"
 #include "sys/background.h"
@@ -43,43 +44,55 @@ protected:
     static std::unique_ptr<SoundServer> server;
     LEventLoop loop;
     Owner owner;
-    LSoundPlayer player{OpenCubebChannel};
+    LSoundPlayer player{OpenCubebChannel, FindCubebRate};
 };
 
 std::unique_ptr<SoundServer> Playback::server;
 
 /// An output of its own with a player, whose every frame is recorded.
 struct Line {
-    Line(SoundServer& server, int framesPerSecond, int channelCount)
+    Line(SoundServer& server, int framesPerSecond, int channelCount, const std::string& format)
         : rate(framesPerSecond),
           channels(channelCount),
-          name(std::to_string(rate).append("x").append(std::to_string(channels))),
-          added(server.AddOutput(name, rate, channels)),
-          recording(server, name, rate, channels) {
+          isFloat(format != "s16le"),
+          name(format + "x" + std::to_string(rate) + "x" + std::to_string(channels)),
+          added(server.AddOutput(name, rate, channels, "", format)),
+          recording(server, name, rate, channels, format) {
         player.SetDevice(LSoundPlayDevice(
             LSoundPlayDevice::GetListDeviceIndex(("output " + name).c_str()))); // in any case
         player.SetNotify(&owner, 0);
     }
     void Play(int frames) {
-        const std::vector<int> samples = Numbered(frames * channels, static_cast<int>(all.size()));
+        std::vector<int> samples = Numbered(frames * channels, static_cast<int>(all.size()));
+        for (int& sample : samples)
+            sample *= isFloat ? 65280 : 1; // as many bits as a float holds
         all.insert(all.end(), samples.begin(), samples.end());
-        player.Start(SourceOf(samples, rate, static_cast<std::uint8_t>(channels)));
+        if (!isFloat)
+            player.Start(SourceOf(samples, rate, static_cast<std::uint8_t>(channels)));
+        else
+            player.Start([samples, this](int found) {
+                EXPECT_EQ(found, rate);
+                return std::make_unique<HiresArray>(samples, rate, channels);
+            });
     }
 
     int rate, channels;
+    bool isFloat;
     std::string name;
     bool added;
     Recording recording;
     std::vector<int> all;
     Owner owner;
-    LSoundPlayer player{OpenCubebChannel};
+    LSoundPlayer player{OpenCubebChannel, FindCubebRate};
 };
 
 TEST_F(Playback, EveryFrameIsHeardOnceAndInOrderInEveryFormat) {
     std::deque<Line> lines;
-    constexpr int formats[][2] = {{8000, 1}, {22050, 2}, {44100, 1}, {48000, 2}, {96000, 1}, {192000, 2}};
-    for (const auto& [rate, channels] : formats)
-        ASSERT_TRUE(lines.emplace_back(*server, rate, channels).added);
+    const std::tuple<int, int, const char*> formats[] = {
+        {8000, 1, "s16le"},  {22050, 2, "s16le"},  {44100, 1, "s16le"},     {48000, 2, "s16le"},
+        {96000, 1, "s16le"}, {192000, 2, "s16le"}, {44100, 1, "float32le"}, {96000, 2, "float32le"}};
+    for (const auto& [rate, channels, format] : formats)
+        ASSERT_TRUE(lines.emplace_back(*server, rate, channels, format).added);
     for (const double blocks : {0.01, 1.0, 2.002}) { // each length follows the one before
         for (Line& line : lines)
             line.Play(static_cast<int>(blocks * std::min(line.rate / 10, 8192)));
@@ -191,7 +204,7 @@ TEST_F(Playback, AServerThatPausesPlaysOnAndOneThatDoesNotAnswerIsToldOf) {
     stopServer(1);
     const std::size_t threads = CountEntries("/proc/self/task"), descriptors = CountEntries("/proc/self/fd");
     for (int step = 0; step < 300; ++step) { // a key that is held
-        Play(Numbered(44100));
+        step % 2 ? Play(Numbered(44100)) : player.Start([](int) { return nullptr; });
         RunFor(loop, 1);
     }
     EXPECT_LE(CountEntries("/proc/self/task"), threads + 20);

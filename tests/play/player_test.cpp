@@ -1,6 +1,7 @@
 #include "play/sound_player.h"
 #include "sound/files/wave_file.h"
 #include "support/array_source.h"
+#include "support/hires_array.h"
 #include "support/owner.h"
 #include "support/temp_dir.h"
 #include "support/test_output.h"
@@ -10,6 +11,7 @@
 namespace {
 
 using ::testing::Each;
+using ::testing::ElementsAre;
 using Texts = std::vector<std::string>;
 
 LSoundSource Frames(int count, std::uint8_t channels = 1, int rate = 44100) {
@@ -180,7 +182,7 @@ TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
         const LSoundSource source = Constant(10000, 3 * rate / 2, rate);
         source->Seek(rate / 2);
         ASSERT_TRUE(Play(source, playedRate / 2));
-        EXPECT_EQ(output.GetRequest().rate, playedRate);
+        EXPECT_EQ(output.GetRequest().format.rate, playedRate);
         const std::vector<int> played = TakeAll();
         // The converter is a quarter of a percent off in pitch and in level at most, and fades at both ends.
         const auto sounding = std::count_if(played.begin(), played.end(), [](int s) { return s > 5000; });
@@ -189,6 +191,65 @@ TEST_F(Player, WhatNoOutputTakesIsConvertedAndReportedInItsOwnTime) {
         EXPECT_EQ(owner.events[1], "time " + std::to_string(rate / 2 * 1000 / rate));
         EXPECT_EQ(*(owner.events.end() - 2), "time " + std::to_string(3 * rate / 2 * 1000 / rate));
     }
+}
+
+TEST_F(Player, HighResolutionPlaysInFloatAtTheRateThatTheOutputHas) {
+    // The rate that is found, and the one that is asked for.
+    constexpr int rates[][2] = {{12800, 12800}, {0, 48000}, {4000, 8000}, {384000, 192000}};
+    for (const int* each : rates) {
+        const int found = each[0], rate = each[1];
+        owner = {};
+        LSoundPlayer fine(output.Opener(), [found](const LSoundPlayDevice&) {
+            auto answer = std::make_shared<LOutputRate>();
+            answer->rate = found;
+            answer->answered.Signal();
+            return answer;
+        });
+        fine.SetNotify(&owner, 7);
+        fine.SetPlayVolume(LDB(0)); // 180 of 256
+        const int before = output.opened;
+        fine.Start([](int asked) { // a second, half of full scale and a quarter
+            std::vector<int> samples;
+            for (int i = 0; i < asked; ++i)
+                samples.insert(samples.end(), {1 << 30, -1 << 29});
+            return std::make_unique<HiresArray>(samples, asked, 2);
+        });
+        ASSERT_TRUE(Wait([&] { return output.opened > before && output.queuedFrames == rate; }));
+        EXPECT_EQ(fine.GetFormat()->rate, rate);
+        EXPECT_THAT(output.Take(1), ElementsAre(754974720, -377487360));
+        output.Take(rate / 10); // the first block at least
+        ASSERT_TRUE(WaitForEvents(4));
+        // (2^30 / 2^17)^2 is 8 times the mean square of 0 dB, 9.03 dB, and a quarter of it 3.01 dB.
+        EXPECT_EQ(owner.events[2], "level 9 3");
+        fine.Stop();
+        if (rate != 12800) // 5 ms of which are 64 frames
+            continue;
+        EXPECT_THAT(output.Take(3),
+                    ElementsAre(743178240, -371589120, 731381760, -365690880, 719585280, -359792640));
+    }
+    player.Start([](int) { return nullptr; });
+    ASSERT_TRUE(Wait([&] { return !player.IsPlaying(); }));
+    EXPECT_EQ(player.GetStatus(), PlayNoSound);
+}
+
+TEST_F(Player, AStopBeforeTheRateIsKnownIsNoFailureAndWhatFollowsWaitsForTheSoundBefore) {
+    const auto question = std::make_shared<LOutputRate>();
+    std::atomic<bool> asked = false;
+    LSoundPlayer fine(output.Opener(), [&](const LSoundPlayDevice&) {
+        asked = true;
+        return question;
+    });
+    ASSERT_TRUE(fine.Start(Frames(100)));
+    ASSERT_TRUE(Wait([&] { return output.queuedFrames == 100; }));
+    const LSoundPlayerRing::Silence first = output.GetRequest().ring->silence;
+    fine.Start([](int) { return nullptr; });
+    ASSERT_TRUE(Wait([&] { return asked.load(); }));
+    fine.Stop();
+    EXPECT_EQ(fine.GetStatus(), PlayUsable);
+    EXPECT_TRUE(question->forgotten.stop_requested());
+    ASSERT_TRUE(fine.Start(Frames(100)));
+    ASSERT_TRUE(Wait([&] { return output.opened == 2; }));
+    EXPECT_EQ(output.GetRequest().after, first);
 }
 
 TEST_F(Player, ARestartStopsWhatPlays) {

@@ -3,6 +3,7 @@
 #include "play/jack_guard.h"
 
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <cstring>
 #include <sys/wait.h>
@@ -103,9 +104,10 @@ void SoundServer::Kill() {
     std::filesystem::remove(Path("native"));
 }
 
-bool SoundServer::AddOutput(const std::string& name, int rate, int channels, const std::string& shown) {
+bool SoundServer::AddOutput(const std::string& name, int rate, int channels, const std::string& shown,
+                            const std::string& format) {
     const std::string module = Control(
-        "load-module module-null-sink norewinds=1 format=s16le sink_name=" + name +
+        "load-module module-null-sink norewinds=1 format=" + format + " sink_name=" + name +
         " rate=" + std::to_string(rate) + " channels=" + std::to_string(channels) +
         // Quoted once for the shell, once for the server, once for the property.
         " \"sink_properties='device.description=\\\"Output " + (shown.empty() ? name : shown) + "\\\"'\"");
@@ -123,12 +125,13 @@ std::string SoundServer::Control(const std::string& command) {
 }
 
 Recording::Recording(const SoundServer& server, const std::string& output, int framesPerSecond,
-                     int channelCount)
+                     int channelCount, const std::string& format)
     : file(server.Path(output + ".raw")),
       rate(framesPerSecond),
-      channels(channelCount) {
+      channels(channelCount),
+      isFloat(format != "s16le") {
     std::filesystem::remove(file); // one before would count
-    process = Spawn("exec parec --raw --format=s16le --latency-msec=20 -d " + output +
+    process = Spawn("exec parec --raw --format=" + format + " --latency-msec=20 -d " + output +
                         ".monitor --rate=" + std::to_string(rate) + " --channels=" + std::to_string(channels),
                     file, server.Path("record.err"));
     WaitForFrames(1);
@@ -140,7 +143,8 @@ Recording::~Recording() {
 }
 
 void Recording::WaitForFrames(std::uintmax_t more) const {
-    const std::uintmax_t wanted = SizeOf(file) + more * 2 * static_cast<unsigned int>(channels);
+    const std::uintmax_t wanted =
+        SizeOf(file) + more * (isFloat ? 4 : 2) * static_cast<unsigned int>(channels);
     WaitFor([&] { return SizeOf(file) >= wanted; });
 }
 
@@ -148,7 +152,7 @@ std::vector<int> Recording::Finish() {
     WaitForFrames(static_cast<std::uintmax_t>(rate / 3));
     EndProcess(process, SIGTERM);
     process = -1;
-    return SamplesOf(ReadBytes(file));
+    return isFloat ? FloatSamplesOf(ReadBytes(file)) : SamplesOf(ReadBytes(file));
 }
 
 std::vector<int> SamplesOf(const std::string& bytes) {
@@ -156,4 +160,14 @@ std::vector<int> SamplesOf(const std::string& bytes) {
     std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
     std::erase(samples, 0);
     return {samples.begin(), samples.end()};
+}
+
+std::vector<int> FloatSamplesOf(const std::string& bytes) {
+    std::vector<float> floats(bytes.size() / sizeof(float));
+    std::memcpy(floats.data(), bytes.data(), floats.size() * sizeof(float));
+    std::vector<int> samples;
+    for (const float each : floats)
+        if (each != 0)
+            samples.push_back(static_cast<int>(std::lround(each * 0x1p31)));
+    return samples;
 }

@@ -27,9 +27,10 @@ public:
     /// To stop it, or to let it go on.
     void Send(int signal) const { kill(processes.front(), signal); }
 
-    /// Adds an output that takes 16-bit frames of this format as they are. It is shown as "Output NAME", or
-    /// by another name.
-    bool AddOutput(const std::string& name, int rate, int channels, const std::string& shown = "");
+    /// Adds an output that takes frames of this format as they are. It is shown as "Output NAME", or by
+    /// another name.
+    bool AddOutput(const std::string& name, int rate, int channels, const std::string& shown = "",
+                   const std::string& format = "s16le");
     void RemoveOutput(const std::string& name);
     /// Runs a command of the server's own control program; returns what it prints.
     std::string Control(const std::string& command);
@@ -51,7 +52,9 @@ private:
 /// Records what reaches an output, from when it is made until `Finish`.
 class Recording {
 public:
-    Recording(const SoundServer& server, const std::string& output, int rate, int channels);
+    /// `format` is "s16le" or "float32le", whose samples come out in 32 bits.
+    Recording(const SoundServer& server, const std::string& output, int rate, int channels,
+              const std::string& format = "s16le");
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
@@ -65,11 +68,14 @@ private:
 
     std::string file;
     int rate, channels;
+    bool isFloat;
     pid_t process = -1;
 };
 
 /// The 16-bit samples that these bytes hold, but for those that are 0.
 std::vector<int> SamplesOf(const std::string& bytes);
+/// The same for floats, in 32 bits.
+std::vector<int> FloatSamplesOf(const std::string& bytes);
 
 /// Waits until the condition holds; false when that takes so long that something hangs.
 bool WaitFor(const std::function<bool()>& holds);

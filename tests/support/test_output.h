@@ -4,6 +4,7 @@
 #include "play/sound_channel.h"
 
 #include <algorithm>
+#include <cmath>
 #include <mutex>
 #include <vector>
 
@@ -13,7 +14,7 @@ class TestOutput {
 public:
     LSoundChannelOpener Opener() {
         return [this](const LSoundChannelRequest& request) {
-            auto feed = std::make_shared<LChannelFeed>(request.rate, request.channels, request.ring, 0);
+            auto feed = std::make_shared<LChannelFeed>(request.format, request.ring, 0);
             const std::scoped_lock lock(mutex);
             current = feed;
             asked = std::make_shared<LSoundChannelRequest>(request);
@@ -25,15 +26,22 @@ public:
         };
     }
 
-    /// Takes `frames` frames; all but the last `latency` frames taken so far are heard then. A negative one
-    /// stands for an output that ran dry and counted on.
+    /// Takes `frames` frames, in 16 bits or, of floats, in 32; all but the last `latency` frames taken so far
+    /// are heard then. A negative one stands for an output that ran dry and counted on.
     std::vector<int> Take(int frames, int latency = 0) {
         const std::shared_ptr<LChannelFeed> feed = GetFeed();
-        std::vector<std::int16_t> out(static_cast<std::size_t>(frames * GetRequest().channels), 0x5EE);
-        feed->Fill(out.data(), frames);
+        const LPlayFormat format = GetRequest().format;
+        std::vector<float> floats(static_cast<std::size_t>(frames * format.channels), 0.3F);
+        std::vector<std::int16_t> out(floats.size(), 0x5EE);
+        const bool isFloat = format.sample == LPlayFormat::Sample::Float;
+        isFloat ? feed->Fill(floats.data(), frames) : feed->Fill(out.data(), frames);
         taken += frames;
         feed->SetPosition(static_cast<std::uint64_t>(std::max(0L, taken - latency)));
-        return {out.begin(), out.end()};
+        std::vector<int> all(out.begin(), out.end());
+        if (isFloat)
+            std::transform(floats.begin(), floats.end(), all.begin(),
+                           [](float sample) { return static_cast<int>(std::lround(sample * 0x1p31)); });
+        return all;
     }
 
     void Fail(LSoundChannelState failure) {

@@ -70,10 +70,12 @@ TEST(ToneItems, AreTypedAsPeopleWriteThem) {
         {ItemWaveform, "1", "", ""}};
     for (const auto& [item, text, value, words] : cases) {
         const TypedItem typed =
-            ReadTypedItem(Flagged(ToneFlagVariableAmplitude | ToneFlagDuration), item, text);
+            ReadTypedItem(Flagged(ToneFlagVariableAmplitude | ToneFlagDuration), item, text, 22050);
         EXPECT_EQ(typed.value, value) << text;
         EXPECT_EQ(typed.words, words) << text;
     }
+    EXPECT_EQ(ReadTypedItem(SonvireData(), hz, "30k", 48000).value, "30000");
+    EXPECT_EQ(ReadTypedItem(SonvireData(), hz, "48001", 48000).words, "is no frequency from 0 to 48000 Hz");
 }
 
 TEST(ToneItems, ShowTheirValuesWithUnits) {

@@ -12,6 +12,9 @@ const LKernels kernels = {
     .pack = Pack,
     .convolve = Convolve,
     .filter = Filter,
+    .addTurned = AddTurned,
+    .roundSums = RoundSums,
+    .pack24 = Pack24,
 };
 
 } // namespace KERNEL_ISA

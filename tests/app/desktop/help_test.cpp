@@ -42,7 +42,7 @@ TEST(Help, EveryLinkLeadsSomewhere) {
             }
         }
     }
-    EXPECT_EQ(pages, 7);
+    EXPECT_EQ(pages, 8);
 }
 
 TEST_F(App, HelpOpensItsPages) {

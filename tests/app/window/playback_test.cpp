@@ -14,6 +14,9 @@ public:
 
     void SetLength(LSoundTime length, bool loops) override { Add(loops ? "loop of" : "length", length); }
     void ShowPosition(LSoundTime position) override { Add("at", position); }
+    void ShowFormat(const LPlayFormat& format, double loweredDb) override {
+        seen.push_back(std::to_string(format.rate) + " " + FormatDecibels(-loweredDb, 1));
+    }
     void ShowLevels(const LMeterLevels& levels) override {
         const double peak = levels.peaks.at(0);
         seen.push_back(FormatDecibels(peak, 1) + " by " + FormatDecibels(levels.limiter, 1));
@@ -51,20 +54,23 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
     // What has no end shows the time since Play. A sine peaks at a quarter of full scale, and 180 of 256 take
     // 3.1 dB off that; 16 sines add up to 4 times full scale.
     tone.waveform = ToneSine;
-    const std::tuple<bool, std::uint8_t, int, Texts> endless[] = {
-        {true, 1, 0, {"loop of 500", "at 0", "-15.1 by 0.0", "at 1500"}},
-        {true, 1, -36, {"loop of 500", "-inf by 0.0"}},
-        {false, 16, 13, {"length 0", "0.0 by -12.0", "at 1500"}}};
-    for (const auto& [loops, tones, volume, shown] : endless) {
+    const std::tuple<bool, std::uint8_t, int, int, Texts> endless[] = {
+        {true, 1, 0, 0, {"loop of 500", "44100 0.0", "at 0", "-15.1 by 0.0", "at 1500"}},
+        {true, 1, -36, 0, {"loop of 500", "-inf by 0.0"}},
+        {true, 1, 0, 96000, {"loop of 500", "48000 0.0", "at 0", "-15.1 by 0.0", "at 1500"}},
+        {false, 16, 13, 96000, {"length 0", "48000 -12.0", "0.0 by 0.0", "at 1500"}},
+        {false, 16, 13, 0, {"length 0", "0.0 by -12.0", "at 1500"}}};
+    for (const auto& [loops, tones, volume, savedRate, shown] : endless) {
         tone.repeat = loops ? 1 : 0;
         tone.flags = loops ? tone.flags : 0;
         tone.numTones = tones;
         Setting::PlayVolume.Set(volume);
+        Setting::HighRate.Set(savedRate);
         view.seen.clear();
         const int before = output.opened;
         playback.CmPlay();
-        EXPECT_TRUE(Wait([&] { return output.opened > before && output.queuedFrames >= 66150; }));
-        output.Take(66150);
+        EXPECT_TRUE(Wait([&] { return output.opened > before && output.queuedFrames >= 72000; }));
+        output.Take(output.GetRequest().format.rate * 3 / 2);
         EXPECT_TRUE(Wait([&] { return view.seen.back() == "at 1500"; }));
         EXPECT_THAT(view.seen, ::testing::IsSupersetOf(shown));
     }
@@ -84,7 +90,7 @@ TEST_F(App, APlaybackFollowsTheToneUntilItsEnd) {
         EXPECT_THAT(toolkit->boxes.back(), ::testing::HasSubstr("can't be played: it lasts longer than"));
     }
     playback.End();
-    EXPECT_EQ(changes, 12);
+    EXPECT_EQ(changes, 16);
 }
 
 TEST_F(App, OutputAndVolumeAreShownAsTheyAre) {
@@ -120,7 +126,6 @@ TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
         const std::vector<int> samples(100, 16);
         LWaveFile::OpenSinkPCM((folder / name).c_str(), rate, 1, 16, 0)->Write(samples.data(), 100);
     };
-    write("a.wav", 44100);
     SonvireData tone;
     tone.waveform = ToneFromList;
     tone.SetDuration(10);
@@ -131,17 +136,26 @@ TEST_F(App, APlaybackTellsOnceThatAFileOfItsListIsLost) {
         *toolkit, [] { return Texts{}; }, [](const Texts&) {});
     Playback playback(*toolkit, tone, view, devices, output.Opener());
     playback.Begin([] {});
-    playback.CmPlay();
-    write("new.wav", 8000);
-    std::filesystem::rename(folder / "new.wav", folder / "a.wav");
-    EXPECT_TRUE(WaitForPlayback(1));
-    EXPECT_TRUE(Wait([&] {
-        output.Take(4410);
-        return !toolkit->boxes.empty();
-    }));
+    const std::pair<int, std::string> cases[] = {{0, "has been replaced by a file of another format"},
+                                                 {96000, "can't be read any more"}};
+    for (const auto& [savedRate, reason] : cases) {
+        Setting::HighRate.Set(savedRate);
+        write("a.wav", 44100);
+        const int before = output.opened;
+        playback.CmPlay();
+        write("new.wav", 8000);
+        savedRate == 0 ? std::filesystem::rename(folder / "new.wav", folder / "a.wav")
+                       : static_cast<void>(std::filesystem::remove(folder / "a.wav"));
+        EXPECT_TRUE(WaitForPlayback(before + 1));
+        EXPECT_TRUE(Wait([&] {
+            output.Take(4410);
+            return !toolkit->boxes.empty();
+        }));
+        playback.Stop();
+        EXPECT_THAT(Boxes(), ::testing::HasSubstr("a.wav\" " + reason + "; silence"));
+        toolkit->boxes.clear();
+    }
     playback.End();
-    EXPECT_THAT(Boxes(),
-                ::testing::HasSubstr("a.wav\" has been replaced by a file of another format; silence"));
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "app/list_editor/list_dlg_layout.h"
+#include "hires/files/file_source.h"
 #include "sound/files/wave_file.h"
 #include "support/app_window.h"
 #include "support/full_disk.h"
@@ -49,6 +51,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
     for (const std::string before : {"", "precious"}) {
         if (!before.empty())
             WriteBytes(path, before);
+        Setting::HighRate.Set(before.empty() ? 0 : 192000); // in larger blocks
         files = {{path}};
         MemoryDialog* progress = nullptr;
         int dispatched = 0;
@@ -56,7 +59,7 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
             Send({CommandSpecifiedDuration});
             toolkit->onDialog = [&](MemoryDialog& shown) { progress = &shown; };
             toolkit->whileDispatched = [&] {
-                if (progress && ++dispatched == 4) // once some blocks are written
+                if (progress && ++dispatched == (before.empty() ? 4 : 2)) // once some blocks are written
                     progress->Press(LCommandCancel);
             };
             toolkit->answers = {LMessageAnswer::Yes};
@@ -65,13 +68,16 @@ TEST_F(Saving, AStoppedRenderingKeepsItsBlocksOrTheFileBefore) {
         EXPECT_EQ(std::filesystem::file_size(path), before.empty() ? 46 + 3 * 8192 * 2U : 8U)
             << "a shorter file, but a whole one";
     }
+    Setting::HighRate.Set(0);
     const FullDisk full;
-    files = {{path}};
+    files = {{path}, {folder / "sound.flac"}};
     Run([&](MemoryMainWindow&) {
         toolkit->answers = {LMessageAnswer::Yes};
-        Send({CommandSaveAsWav});
-        EXPECT_EQ(toolkit->boxes.back(),
-                  "Error|The file \"" + path + "\" could not be written in full: File too large.");
+        for (const std::string& each : {path, folder / "sound.flac"}) {
+            Send({CommandSaveAsWav});
+            EXPECT_EQ(toolkit->boxes.back(),
+                      "Error|The file \"" + each + "\" could not be written in full: File too large.");
+        }
     });
     EXPECT_EQ(ReadBytes(path), "precious");
 }
@@ -150,9 +156,10 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
     WriteBytes(list, ReadBytes(list) + "inner.tdl\nwave.wav\n");
     const std::string content = ReadBytes(list), waveContent = ReadBytes(wave);
     const std::string error = "Error|The file \"", gone = folder / "no/copy.tdl";
-    const auto ofAnotherKind = [](const char* name, const char* kinds) {
+    const auto ofAnotherKind = [](const char* name, const char* first) {
         return std::string("Error|The name \"") + name +
-               "\" is one for another kind of file: here it has to end in " + kinds + ".";
+               "\" is one for another kind of file: here it has to end in " + first +
+               ".wav, .flac, .aiff, .aif, .w64 or .caf.";
     };
     struct {
         int command;
@@ -162,9 +169,9 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         {CommandSave, sound, ""},
         {CommandSaveAsWav, sound, ""},
         {CommandSaveList, "", ""},
-        {CommandSaveList, folder / "TONE.TDF", ofAnotherKind("TONE.TDF", ".tdl or .wav")},
-        {CommandSaveAsWav, folder / "tone.tdf", ofAnotherKind("tone.tdf", ".wav")},
-        {CommandSaveAsWav, list, ofAnotherKind("list.tdl", ".wav")},
+        {CommandSaveList, folder / "TONE.TDF", ofAnotherKind("TONE.TDF", ".tdl, ")},
+        {CommandSaveAsWav, folder / "tone.tdf", ofAnotherKind("tone.tdf", "")},
+        {CommandSaveAsWav, list, ofAnotherKind("list.tdl", "")},
         {CommandSaveList, inner, error + inner + "\" can't be written: the list plays it."},
         {CommandSaveAsWav, wave, error + wave + "\" is read by the input."},
         {CommandSaveList, gone,
@@ -190,6 +197,83 @@ TEST_F(Saving, AListIsSavedAsAListOrAsItsSound) {
         EXPECT_EQ(ReadBytes(inner), "");
         EXPECT_EQ(ReadBytes(wave), waveContent);
         EXPECT_TRUE(each.chosen != sound || std::filesystem::file_size(sound) == 46 + 55225 * 2U);
+    }
+}
+
+TEST_F(Saving, ASoundIsSavedInTheQualityOfItsNameOrOfTheSettings) {
+    const std::string low = "1 s, peak -12.04 dBFS", high = low + ", 96 kHz, 24 bits";
+    struct {
+        int savedRate;
+        LChosenFile chosen;
+        int components;
+        std::string name, told;
+        std::uintmax_t bytes; ///< 0 where they are packed
+    } const cases[] = {
+        {0, {"a.wav"}, 1, "a.wav", low, 46 + 44100 * 2},
+        {0, {"a.FLAC"}, 1, "a.FLAC", low + ", 44.1 kHz, 24 bits", 0},
+        {96000, {"a.wav"}, 1, "a.wav", high, 0},
+        {96000, {"a.raw", 1}, 1, "a.raw.flac", high, 0},
+        {96000, {"a.1", 2}, 1, "a.1.aiff", high, 0},
+        // 20 log 16 = 24.08
+        {48000, {"a.caf"}, 16, "a.caf", "1 s, peak 0.00 dBFS, 48 kHz, 24 bits, lowered by 12.04 dB", 0}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name + std::to_string(each.savedRate));
+        Setting::HighRate.Set(each.savedRate);
+        files = {{folder / each.chosen.path, each.chosen.filter}};
+        Run([&](MemoryMainWindow& window) {
+            Send({CommandMono, CommandSpecifiedDuration, Tones(each.components), CommandSaveAsWav});
+            EXPECT_EQ(window.passing,
+                      "Saved " + each.name + " in " + GetFolder(folder / "a") + ": " + each.told);
+            EXPECT_EQ(toolkit->boxes, Texts{});
+        });
+        if (each.bytes != 0)
+            EXPECT_EQ(std::filesystem::file_size(folder / each.name), each.bytes);
+        else
+            EXPECT_EQ(
+                OpenHiresFile(folder / each.name, {}, std::make_shared<LSourceNews>()).source->GetLength(),
+                each.savedRate == 0 ? 44100 : each.savedRate);
+        std::filesystem::remove(folder / each.name);
+    }
+}
+
+TEST_F(Saving, AListHasSoundFilesOfAnyKindInHighQuality) {
+    files = {{folder / "a.flac"}};
+    Run([&](MemoryMainWindow&) { Send({CommandSpecifiedDuration, CommandSaveAsWav}); });
+    WriteList("list.tdl", "250ms silence.\na.flac\ngone.tdf\nodd.xyz\n");
+    WriteBytes(folder / "odd.xyz", "odd");
+    const std::string odd = "is of an unknown type and left out",
+                      missing = "can't be read: No such file or directory";
+    struct {
+        int savedRate;
+        std::string total;
+        std::size_t filters;
+        Texts problems; ///< in playing order
+        std::string savedAt;
+    } const cases[] = {
+        {0, "0.25", 1, {odd, missing + "; an endless sine plays, and nothing behind it", odd, ""}, "44.1"},
+        {48000, "1.25", 2, {"is damaged or of a kind that is not read", missing, "", ""}, "48"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.savedRate);
+        Setting::HighRate.Set(each.savedRate);
+        files = {{""}, {folder / "list.caf"}};
+        dialogs = {[&](MemoryDialog& editor) {
+            Texts problems;
+            for (const auto& row : editor.controls[ListRows].list->rows)
+                problems.push_back(row[1]);
+            EXPECT_EQ(problems, each.problems);
+            EXPECT_EQ(editor.controls.GetText(ListTotal), "Total: " + each.total + " s or more");
+            editor.Press(ListAddTone);
+            EXPECT_EQ(toolkit->choosers.back().filters.size(), each.filters);
+            editor.Press(LCommandOk);
+        }};
+        Run(
+            [&](MemoryMainWindow& window) {
+                toolkit->answers = {LMessageAnswer::Ok};
+                Send({CommandSaveList});
+                EXPECT_THAT(window.passing, HasSubstr("1.25 s, peak -12.04 dBFS, " + each.savedAt + " kHz"));
+            },
+            {list});
+        std::filesystem::remove(folder / "list.caf");
     }
 }
 

@@ -54,11 +54,15 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
     Setting::StepsBySemitone.Set(false);
     Setting::StepHz.Set("25");
     Setting::ShownSemitones.Set(7);
+    Setting::HighRate.Set(96000);
     for (const int button : {LCommandCancel, LCommandOk})
         dialogs.emplace_back([button](MemoryDialog& box) {
             EXPECT_EQ(box.controls.GetText(SetFrequency), "25");
             EXPECT_EQ(box.controls.GetText(SetSemitoneText), "7");
             EXPECT_EQ(box.controls.GetValue(SetByFrequency), 1);
+            EXPECT_EQ(box.controls[SetQuality].choices.at(3), "High, saved at 96 kHz");
+            EXPECT_EQ(box.controls.GetValue(SetQuality), 3);
+            box.Set(SetQuality, 0);
             box.Press(button);
         });
     Run([&](MemoryMainWindow& window) {
@@ -66,8 +70,10 @@ TEST_F(App, PlaySettingsShowWhatIsKeptAndAreHeard) {
         EXPECT_TRUE(WaitForPlayback(1));
         Send({CommandPreferences});
         EXPECT_EQ(output.opened, 1);
+        EXPECT_EQ(output.GetRequest().format.sample, LPlayFormat::Sample::Float);
         Send({CommandPreferences});
         EXPECT_TRUE(WaitForPlayback(2)) << "played anew";
+        EXPECT_EQ(output.GetRequest().format.sample, LPlayFormat::Sample::Int16);
         Send({CommandIncrease});
         EXPECT_EQ(Rows(), Texts{"Sine 1 Frequency=1025.00Hz"});
     });

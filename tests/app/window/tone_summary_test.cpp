@@ -1,5 +1,6 @@
 #include "app/window/tone_summary.h"
 
+#include "app/quality.h"
 #include "support/temp_dir.h"
 #include "tone/tone_data.h"
 
@@ -53,11 +54,14 @@ TEST(ToneSummary, SaysInPlainWordsWhatIsHeard) {
     for (const auto& [change, headline, kind, level] : cases) {
         SonvireData tone;
         change(tone);
-        const ToneSummary summary = SummarizeTone(tone);
+        const ToneSummary summary = SummarizeTone(tone, GetQualities()[0]);
         EXPECT_EQ(summary.headline, headline);
         EXPECT_EQ(summary.kind, kind) << headline;
         EXPECT_EQ(summary.level, level) << headline;
     }
+    SonvireData loud;
+    loud.numTones = 5;
+    EXPECT_EQ(SummarizeTone(loud, GetQualities()[1]).level, "Peak up to 1.94 dBFS, lowered to 0 dBFS");
 }
 
 } // namespace

@@ -97,6 +97,7 @@ TEST_F(ShownWindow, StandsAsItIsLaidOutAndEditsItsRows) {
         EXPECT_GT(Control<QLabel>(ControlStatusText)->width(), Control<QLabel>(ControlPosition)->width())
             << "the text takes what the others leave";
         EXPECT_GE(Control<QLabel>(ControlPosition)->width(), 80) << "although less stands in it";
+        Control<QLabel>(ControlFormat)->setText("192 kHz, float, -24.1 dB"); // which goes first
         Main()->resize(480, 360);
         QApplication::processEvents();
         const QRect fields = Control<QWidget>(ControlLevels)->parentWidget()->rect();
@@ -150,6 +151,7 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_TRUE(Wait([&] { return SpokenOf(meter) == "Level -17 dBFS"; }))
             << "-12.04 and what the volume takes";
         EXPECT_TRUE(Wait([] { return Control<QLabel>(ControlPosition)->text() == "00:00.2 / 00:01.0"; }));
+        EXPECT_EQ(SpokenOf(Control<QLabel>(ControlFormat)), "What is played 44.1 kHz, 16 bits");
         volume->setSliderDown(true);
         volume->setValue(-20);
         EXPECT_TRUE(Wait([&] { return output.volume == 80 * Both; })) << "heard at once";
@@ -172,7 +174,8 @@ TEST_F(ShownWindow, FollowsItsSettingsAndWhatPlays) {
         EXPECT_TRUE(Wait([&] { return output.opened == 2; })) << "another output is heard at once";
         EXPECT_EQ(Setting::OutDevice.Get(), "Studio");
         QTest::keyClick(Control<QTreeWidget>(ControlList), Qt::Key_Escape);
-        EXPECT_EQ(Control<QLabel>(ControlPosition)->text(), "00:00.0");
+        EXPECT_EQ(Control<QLabel>(ControlPosition)->text() + Control<QLabel>(ControlFormat)->text(),
+                  "00:00.0");
         EXPECT_TRUE(Wait([&] { return CountLit(meter, calm) == 0; })) << "it falls";
 
         const auto lamp = [meter] { return meter->grab().toImage().pixelColor(meter->width() - 3, 5); };

@@ -41,6 +41,27 @@ TEST(Kernels, GainsPeaksAndFormatsAreTheSameInAllSets) {
     });
 }
 
+TEST(Kernels, FineSamplesAreTheSameInAllSets) {
+    const Samples sines = ReferenceNoise(503, 1 << 29), cosines = ReferenceNoise(503, 1 << 28);
+    const auto [rounded, packed] = TryAllSets([&](const LKernels& kernels) {
+        std::vector<std::int64_t> sums(503, 5);
+        sums[3] = -(std::int64_t{INT32_MAX} << 29);
+        kernels.addTurned(sums.data() + 4, {sines.data(), cosines.data(), 1 << 29, -(1 << 28)}, 499);
+        EXPECT_EQ(sums[4], 5 + (std::int64_t{cosines[0]} << 29) - (std::int64_t{sines[0]} << 28));
+        Samples out(503);
+        EXPECT_TRUE(kernels.roundSums(out.data(), sums.data(), 503, 29));
+        std::string bytes(1509, '?');
+        kernels.pack24(bytes.data(), out.data(), 503);
+        sums[502] = (std::int64_t{INT32_MAX} << 29) + 1;
+        EXPECT_FALSE(kernels.roundSums(Samples(503).data(), sums.data(), 503, 29));
+        return std::pair(out, bytes);
+    });
+    EXPECT_EQ(rounded[3], -INT32_MAX);
+    for (std::size_t i = 0; i < rounded.size(); ++i)
+        for (std::size_t byte = 0; byte < 3; ++byte)
+            ASSERT_EQ(packed[3 * i + byte], static_cast<char>(rounded[i] >> (8 * byte + 8))) << i;
+}
+
 TEST(Kernels, PackingTurnsRoundsAndTellsWhatDoesNotFit) {
     for (const int channels : {1, 2}) {
         const auto pack = [&](Samples samples, int shift) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "cli/report_parts.h"
+#include "jobs/hires_input.h"
+
+/// What high quality makes of a tone or list.
+class HighQuality {
+public:
+    HighQuality(const std::string& path, const HiresRequest& request)
+        : input(OpenHiresInput(path, request)),
+          level(request.settings.level) {}
+
+    const HiresInput& GetInput() const { return input; }
+    /// By how much components stand above what they are in the standard quality.
+    double GetRaisedDb() const { return level - HiresSettings::StandardLevel - input.loweredDb; }
+    void AddTo(FileReport& report, Json& object) const;
+
+private:
+    HiresInput input;
+    double level;
+};
+
+/// Of any sound file, at its own resolution.
+FileReport ReportSoundFile(const std::string& path);
