@@ -25,7 +25,8 @@ the acoustics teacher and the hi-fi owner hunting a rattle. A tone has a
 waveform, 1 to 16 components, mono or stereo, sweeps, levels in dB and a
 duration; every change of it is heard at once. Tones, WAVE files and silences
 are strung into lists, and any of it is rendered into a WAVE file that is exact
-to the bit.
+to the bit. A second quality is for measuring: any rate, 24 bits or float, exact
+levels, FLAC and other kinds of files.
 .
 Beside the window there is sonvire-cli, which does the same in scripts.")
 
