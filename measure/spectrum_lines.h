@@ -1,0 +1,24 @@
+#pragma once
+
+#include "measure/mean_spectrum.h"
+
+#include <cstddef>
+#include <vector>
+
+/// What stands 16 dB or more above its surroundings, and no more than 180 dB below the strongest line.
+struct SpectrumLine {
+    double hz = 0;    ///< by how its phase moves on: to 1e-7 of itself or better where it is steady
+    double power = 0; ///< what is noise in it taken off
+};
+
+/// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins, and
+/// those up to eight bins away from a stronger one. Those up to sixteen bins away from each other share what
+/// lies between.
+struct SpectrumLines {
+    std::vector<SpectrumLine> lines; ///< the strongest first
+    std::vector<double> rest;        ///< the powers of bins; below 0 where a line was, or what does not move
+
+    SpectrumLines(const Spectrum& spectrum, std::size_t channel);
+
+    static constexpr double Taken = -1; ///< in `rest`
+};

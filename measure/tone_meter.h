@@ -1,0 +1,34 @@
+#pragma once
+
+#include "measure/mean_spectrum.h"
+
+#include <cstddef>
+#include <vector>
+
+/// A line of the spectrum.
+struct ToneLine {
+    double hz = 0;
+    double amplitude = 0; ///< of a sine; full scale is 1
+    int tone = -1;        ///< the number of the tone that this is or is a harmonic of; -1: none
+    int harmonic = 0;     ///< 1 for the tone itself; 0: of none
+};
+
+/// The figures of a channel, from 20 Hz to 20 kHz. Ratios are those of amplitudes; 0 stands for none.
+///
+/// Tones are the lines no more than 40 dB below the strongest one, the 16 strongest of them, but for
+/// harmonics of a lower one: a tone of three times another's frequency counts as the other's distortion.
+/// There are none where all lines together have less than a hundredth of the power, as in noise and in
+/// silence. What moves, as a sweep does, has no lines or many.
+///
+/// Noise is what lies between the lines, and taken to lie below them as well.
+struct ToneFigures {
+    std::vector<ToneLine> tones;     ///< by frequency, which may lie above 20 kHz
+    std::vector<ToneLine> strongest; ///< ten lines at most, at any frequency; the strongest first
+
+    double thd = 0;           ///< all harmonics that stand out as lines, beside all tones
+    double thdPlusNoise = 0;  ///< all but the tones beside all, which is AES17's ratio
+    double signalToNoise = 0; ///< all tones beside all that is neither tone nor harmonic
+    double spurFreeRange = 0; ///< the strongest tone beside the strongest other line, harmonic or not
+};
+
+ToneFigures MeasureTones(const Spectrum& spectrum, std::size_t channel);
