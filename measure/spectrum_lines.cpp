@@ -73,6 +73,6 @@ SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
             power += rest[i] - floor;
             rest[i] = Taken;
         }
-        lines.push_back({GetHz(spectrum, bins, peak), power});
+        lines.push_back({peak, GetHz(spectrum, bins, peak), power});
     }
 }
