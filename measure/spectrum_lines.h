@@ -17,7 +17,7 @@ struct SpectrumLine {
 /// lies between.
 struct SpectrumLines {
     std::vector<SpectrumLine> lines; ///< the strongest first
-    std::vector<double> rest;        ///< the powers of bins; below 0 where a line was, or what does not move
+    std::vector<double> rest;        ///< the powers of bins; `Taken` where a line or DC was
 
     SpectrumLines(const Spectrum& spectrum, std::size_t channel);
 

@@ -1,0 +1,129 @@
+#include "measure/jump_finder.h"
+
+#include "measure/tone_meter.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+namespace {
+
+constexpr double LearningSeconds = 1.2;
+constexpr std::size_t MostLines = 4;
+constexpr double LeastLine = 1e-3;    ///< beside the strongest
+constexpr double Loud = 8;            ///< beside the RMS of the noise
+constexpr double LeastLoud = 1e-9;    ///< arithmetic alone is left of a tone without noise
+constexpr std::size_t Stretches = 32; ///< of the beginning, of which the one in the middle tells the noise
+
+/// Mean square about the mean, and the mean.
+std::pair<double, double> GetNoise(ChannelBlock samples) {
+    double sum = 0, squares = 0;
+    for (const double each : samples)
+        sum += each;
+    const double mean = sum / static_cast<double>(samples.size());
+    for (const double each : samples)
+        squares += (each - mean) * (each - mean);
+    return {squares / static_cast<double>(samples.size()), mean};
+}
+
+} // namespace
+
+JumpFinder::JumpFinder(int framesPerSecond) : rate(framesPerSecond) {}
+
+void JumpFinder::Add(ChannelBlock samples) {
+    const std::size_t enough = std::bit_ceil(static_cast<std::size_t>(LearningSeconds * rate));
+    if (!hasLearnt) {
+        const ChannelBlock part = samples.first(std::min(samples.size(), enough - beginning.size()));
+        beginning.insert(beginning.end(), part.begin(), part.end());
+        samples = samples.subspan(part.size());
+        if (beginning.size() == enough)
+            Learn();
+    }
+    if (hasLearnt && jumps.hasLooked)
+        LookAt(RemoveLines(samples));
+}
+
+Jumps JumpFinder::Finish() {
+    if (!hasLearnt)
+        Learn();
+    EndBurst();
+    return jumps;
+}
+
+void JumpFinder::Learn() {
+    hasLearnt = true;
+    MeanSpectrum spectrum(rate, 1);
+    const ChannelBlock all = beginning;
+    spectrum.Add({&all, 1});
+    const Spectrum averaged = spectrum.Finish();
+    if (averaged.segments == 0)
+        return;
+    const ToneFigures figures = MeasureTones(averaged, 0);
+    if (figures.tones.empty())
+        return;
+    for (const ToneLine& each : figures.strongest) {
+        if (lines.size() == MostLines || each.amplitude < LeastLine * figures.strongest[0].amplitude)
+            break;
+        const auto lag = static_cast<std::size_t>(std::max(1.0, std::round(rate / (4 * each.hz))));
+        const double cycles = each.hz * static_cast<double>(lag) / rate;
+        lines.push_back({lag, 2 * std::cos(2 * std::numbers::pi * cycles), std::vector<double>(2 * lag)});
+        reach += static_cast<std::int64_t>(2 * lag);
+    }
+    const std::vector<double> rest = RemoveLines(beginning);
+    if (std::ssize(rest) > 2 * reach) {
+        jumps.hasLooked = true;
+        LearnNoise(rest);
+        LookAt(rest);
+    }
+    beginning = {};
+}
+
+void JumpFinder::LearnNoise(const std::vector<double>& rest) {
+    const std::size_t count = (rest.size() - static_cast<std::size_t>(reach)) / Stretches;
+    std::vector<std::pair<double, double>> noises;
+    for (std::size_t i = 0; i < Stretches; ++i)
+        noises.push_back(
+            GetNoise(ChannelBlock(rest).subspan(static_cast<std::size_t>(reach) + i * count, count)));
+    std::nth_element(noises.begin(), noises.begin() + Stretches / 2, noises.end());
+    mean = noises[Stretches / 2].second;
+    loud = std::max(LeastLoud, Loud * std::sqrt(noises[Stretches / 2].first));
+}
+
+/// What was before the sound is not known, so its first frames are not looked at.
+void JumpFinder::LookAt(const std::vector<double>& rest) {
+    for (const double each : rest) {
+        if (std::abs(each - mean) > loud && frame >= reach) {
+            if (burst < 0)
+                burst = frame;
+            last = frame;
+        } else if (burst >= 0 && frame - last > reach) {
+            EndBurst();
+        }
+        ++frame;
+    }
+}
+
+void JumpFinder::EndBurst() {
+    if (burst >= 0 && last - burst <= reach) {
+        if (jumps.count == 0)
+            jumps.first = burst;
+        ++jumps.count;
+    }
+    burst = -1;
+}
+
+std::vector<double> JumpFinder::RemoveLines(ChannelBlock samples) {
+    std::vector<double> rest(samples.begin(), samples.end());
+    for (Prediction& line : lines)
+        line.Remove(rest);
+    return rest;
+}
+
+void JumpFinder::Prediction::Remove(std::vector<double>& samples) {
+    past.insert(past.end(), samples.begin(), samples.end());
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = past[i + 2 * lag] - factor * past[i + lag] + past[i];
+    past.erase(past.begin(), past.end() - static_cast<std::ptrdiff_t>(2 * lag));
+}

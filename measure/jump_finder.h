@@ -1,0 +1,56 @@
+#pragma once
+
+#include "measure/channel_block.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Where a tone does not go on as it did.
+struct Jumps {
+    bool hasLooked = false; ///< there is a tone at the beginning, and so something to go on
+    std::int64_t count = 0;
+    std::int64_t first = -1; ///< the frame; -1: none
+};
+
+/// Finds where a steady tone, or a sum of four lines at most, jumps: by frames dropped or doubled, to another
+/// phase, by a click, a sudden start or end. The lines of its first 1.2 s or more tell how each sample
+/// follows from those a quarter and a half of a period before; what is left is noise, from which a jump
+/// stands out eightfold, for half a period of each line at most. Fades take longer and don't count, nor does
+/// what goes on and on. The frame is exact for a loud tone of 500 Hz or more; a lower one has to get away
+/// from the noise first, at 100 Hz for 2 frames in 16 bits. Not found are jumps smaller than the noise, and
+/// which of two that are half a period apart is which. Thread: one at a time.
+class JumpFinder {
+public:
+    explicit JumpFinder(int rate);
+
+    void Add(ChannelBlock samples);
+    /// Once, behind all blocks.
+    Jumps Finish();
+
+private:
+    /// Takes one line away, by what it was a quarter and half of a period before.
+    struct Prediction {
+        std::size_t lag;
+        double factor;
+        std::vector<double> past;
+
+        void Remove(std::vector<double>& samples);
+    };
+
+    void Learn();
+    void LearnNoise(const std::vector<double>& rest);
+    void LookAt(const std::vector<double>& rest);
+    std::vector<double> RemoveLines(ChannelBlock samples);
+    void EndBurst();
+
+    int rate;
+    std::vector<double> beginning; ///< what is learnt from
+    std::vector<Prediction> lines;
+    std::int64_t reach = 0;             ///< how far back the predictions look, in frames
+    double mean = 0, loud = 0;          ///< of what is left; how far from it is a jump
+    std::int64_t frame = 0;             ///< the next to be looked at
+    std::int64_t burst = -1, last = -1; ///< the first and the last loud frame of what may be a jump; -1: none
+    bool hasLearnt = false;
+    Jumps jumps;
+};

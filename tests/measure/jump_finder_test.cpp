@@ -1,0 +1,55 @@
+#include "measure/jump_finder.h"
+#include "support/measured_wave.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(JumpFinder, FindsWhereAToneDoesNotGoOn) {
+    const Wave tone = SineOf(997, 0.5, 0.1), low = SineOf(100, 0.5),
+               two = [&](double frame) { return tone(frame) / 2 + SineOf(440, 0.3)(frame) + 0.01; };
+    /// From a frame on, frames are missing or doubled.
+    const auto shifted = [](const Wave& wave, int at, double frames) {
+        return [=](double frame) { return wave(frame < at ? frame : frame + frames); };
+    };
+    const struct {
+        const char* what;
+        Wave wave;
+        std::int64_t count, first, late;
+        int frames = 200000;
+    } cases[] = {
+        {"a steady tone", tone, 0, -1, 0},
+        {"a frame dropped", shifted(tone, 150000, 1), 1, 150000, 0},
+        {"within the first second", shifted(tone, 30000, 1), 1, 30000, 0},
+        {"soon, of a short sound", shifted(tone, 1000, 1), 1, 1000, 0, 20000},
+        {"one doubled", shifted(tone, 150001, -1), 1, 150001, 0},
+        {"of a low tone", shifted(low, 150000, 1), 1, 150000, 2},
+        {"at its peak, where it is level", shifted(low, 150036, 1), 1, 150036, 2},
+        {"of two tones and DC", shifted(two, 150000, 1), 1, 150000, 0},
+        {"two jumps", shifted(shifted(tone, 150000, 11), 170000, 20), 2, 150000, 0},
+        {"a click", [&](double frame) { return frame == 99999 ? 0.51 : tone(frame); }, 1, 99999, 0},
+        {"a sudden end", [&](double frame) { return frame < 180000 ? tone(frame) : 0; }, 1, 180000, 0},
+        {"soft ends",
+         [&](double frame) {
+             return tone(frame) * std::min({1.0, frame / 400, (200000 - frame) / 400});
+         },
+         0, -1, 0},
+    };
+    for (const auto& [what, wave, count, first, late, frames] : cases) {
+        const std::vector<double> samples =
+            TakeSamples([&](double frame) { return wave(frame) + DitherOf(frame); }, frames);
+        JumpFinder finder(44100);
+        for (const auto& part : {ChannelBlock(samples).first(1000), ChannelBlock(samples).subspan(1000)})
+            finder.Add(part);
+        const Jumps jumps = finder.Finish();
+        EXPECT_TRUE(jumps.hasLooked) << what;
+        EXPECT_EQ(jumps.count, count) << what;
+        EXPECT_GE(jumps.first, first) << what;
+        EXPECT_LE(jumps.first, first + late) << what;
+    }
+    JumpFinder noise(44100);
+    noise.Add(TakeSamples(DitherOf, 100000));
+    EXPECT_FALSE(noise.Finish().hasLooked);
+}
+
+} // namespace
