@@ -35,6 +35,7 @@ double GetPower(const Spectrum::Channel& channel) {
 /// Lines have their own frequencies, which are not those of bins.
 std::vector<Shared> ListLines(const Spectrum& spectrum, const std::vector<SpectrumLine>& lines) {
     std::vector<Shared> shared;
+    shared.reserve(lines.size());
     for (const SpectrumLine& each : lines)
         shared.push_back(GetShared(spectrum, each.bin, each.hz));
     return shared;

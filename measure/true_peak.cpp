@@ -18,10 +18,11 @@ double GetSinc(double x) {
 /// The values for samples 0.25, 1.25, ... (or 0.75, ...) away, on one side and on the other, which add up
 /// to 1.
 std::vector<double> MakeFilter(int taps, double fraction) {
+    const int before = taps / 2 - 1;
     std::vector<double> filter;
     double sum = 0;
     for (int i = 0; i < taps; ++i) {
-        const double away = i - (taps / 2 - 1) - fraction;
+        const double away = i - before - fraction;
         filter.push_back(GetSinc(away) * GetKaiser(Beta, 2 * away / taps));
         sum += filter.back();
     }
@@ -45,10 +46,10 @@ TruePeakMeter::TruePeakMeter() : pending(Taps - 1) {
 void TruePeakMeter::Add(ChannelBlock samples) {
     while (!samples.empty()) {
         const ChannelBlock part = samples.first(std::min(samples.size(), Taps - 1 + Chunk - pending.size()));
-        for (const double sample : part) {
+        std::transform(part.begin(), part.end(), std::back_inserter(pending),
+                       [](double sample) { return static_cast<float>(sample); });
+        for (const double sample : part)
             peak = std::max(peak, std::abs(sample));
-            pending.push_back(static_cast<float>(sample));
-        }
         samples = samples.subspan(part.size());
         if (pending.size() == Taps - 1 + Chunk) {
             LookBetween(pending);

@@ -37,7 +37,7 @@ TEST(JumpFinder, FindsWhereAToneDoesNotGoOn) {
     };
     for (const auto& [what, wave, count, first, late, frames] : cases) {
         const std::vector<double> samples =
-            TakeSamples([&](double frame) { return wave(frame) + DitherOf(frame); }, frames);
+            TakeSamples([&wave = wave](double frame) { return wave(frame) + DitherOf(frame); }, frames);
         JumpFinder finder(44100);
         for (const auto& part : {ChannelBlock(samples).first(1000), ChannelBlock(samples).subspan(1000)})
             finder.Add(part);

@@ -1,0 +1,65 @@
+#include "measure/sound_meter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr std::size_t BlockFrames = 4096;
+constexpr double MostUsable = 1e6;
+
+} // namespace
+
+SoundMeter::SoundMeter(int rate, std::size_t channelCount, int bits)
+    : channels(channelCount, {LevelMeter(bits), TruePeakMeter(), JumpFinder(rate), {}}),
+      spectrum(rate, channelCount) {}
+
+void SoundMeter::Add(std::span<const double> frames) {
+    while (!frames.empty()) {
+        const std::size_t count = std::min(frames.size(), BlockFrames * channels.size());
+        TakeApart(frames.first(count));
+        frames = frames.subspan(count);
+        std::vector<ChannelBlock> blocks;
+        for (Channel& each : channels) {
+            each.level.Add(each.block);
+            each.truePeak.Add(each.block);
+            each.jumps.Add(each.block);
+            blocks.emplace_back(each.block);
+        }
+        if (blocks.size() == 2)
+            stereo.Add(blocks[0], blocks[1]);
+        spectrum.Add(blocks);
+    }
+}
+
+void SoundMeter::TakeApart(std::span<const double> frames) {
+    const std::size_t step = channels.size();
+    for (std::size_t c = 0; c < step; ++c) {
+        std::vector<double>& block = channels[c].block;
+        block.resize(frames.size() / step);
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            const double sample = frames[i * step + c];
+            const bool isUsable = std::abs(sample) <= MostUsable;
+            block[i] = isUsable ? sample : 0;
+            unusable += !isUsable;
+        }
+    }
+}
+
+SoundFigures SoundMeter::Finish() {
+    SoundFigures figures;
+    figures.spectrum = spectrum.Finish();
+    figures.unusable = unusable;
+    std::vector<Level> levels;
+    for (std::size_t i = 0; i < channels.size(); ++i) {
+        Channel& each = channels[i];
+        levels.push_back(each.level.Get());
+        figures.channels.push_back(
+            {levels[i], each.truePeak.Get(), MeasureTones(figures.spectrum, i), each.jumps.Finish()});
+        figures.truePeak = std::max(figures.truePeak, figures.channels[i].truePeak);
+    }
+    figures.whole = Together(levels);
+    if (channels.size() == 2)
+        figures.stereo = {stereo.GetLevelRatio(), stereo.GetCorrelation(), MeasureDelay(figures.spectrum)};
+    return figures;
+}

@@ -1,0 +1,42 @@
+#include "measure/sound_meter.h"
+#include "support/measured_wave.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(SoundMeter, MeasuresEachChannelOfFramesInBlocks) {
+    const Wave left = SineOf(997, 0.5), right = SineOf(1500, 0.25);
+    SoundMeter meter(44100, 2, 16);
+    std::vector<double> frames;
+    for (int i = 0; i < 441000; ++i) {
+        // A frame is missing; the second channel has DC and, once, no number.
+        const double at = i < 300000 ? i : i + 1;
+        frames.insert(frames.end(), {left(at), i == 400000 ? NAN : right(i) + 0.0001});
+        if (i % 10007 == 0 || i == 440999) {
+            meter.Add(frames);
+            frames.clear();
+        }
+    }
+    const SoundFigures figures = meter.Finish();
+    ASSERT_EQ(figures.channels.size(), 2u);
+    const auto& [first, second] = std::tie(figures.channels[0], figures.channels[1]);
+    EXPECT_NEAR(first.tones.tones.at(0).hz, 997, 0.01);
+    EXPECT_NEAR(second.tones.tones.at(0).hz, 1500, 0.0001);
+    EXPECT_NEAR(first.truePeak, 0.5, 0.002);
+    EXPECT_NEAR(figures.truePeak, 0.5, 0.002);
+    EXPECT_NEAR(second.level.GetDc(), 0.0001, 1e-6);
+    EXPECT_NEAR(figures.whole.GetRms(), 0.2795085, 1e-5); // the root of (1/8 + 1/32) / 2
+    EXPECT_EQ(std::pair(first.jumps.count, first.jumps.first), std::pair(1l, 300000l));
+    EXPECT_EQ(figures.unusable, 1);
+    EXPECT_EQ(std::pair(second.jumps.count, second.jumps.first), std::pair(1l, 400000l));
+    EXPECT_NEAR(figures.stereo->levelRatio.value_or(9), 0.5, 1e-5);
+    EXPECT_FALSE(figures.stereo->delayFrames);
+
+    const SoundFigures none = SoundMeter(48000, 1, 0).Finish();
+    EXPECT_EQ(none.whole.samples, 0);
+    EXPECT_TRUE(none.channels.at(0).tones.tones.empty());
+    EXPECT_FALSE(none.stereo);
+}
+
+} // namespace
