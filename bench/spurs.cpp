@@ -1,8 +1,11 @@
 #include "spurs.h"
 
+#include "measure/kaiser.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <unsupported/Eigen/FFT>
 
 namespace {
@@ -13,13 +16,8 @@ constexpr double HalfWidth = 10; ///< of a line, in bins: where the first side l
 /// Its sum is 1.
 const std::vector<double>& GetWindow() {
     static const std::vector<double> window = [] {
-        std::vector<double> values;
-        double sum = 0;
-        for (int i = 0; i < LineSpectrum::Frames; ++i) {
-            const double x = 2.0 * i / LineSpectrum::Frames - 1;
-            values.push_back(std::cyl_bessel_i(0, Beta * std::sqrt(1 - x * x)));
-            sum += values.back();
-        }
+        std::vector<double> values = MakeKaiserWindow(Beta, LineSpectrum::Frames);
+        const double sum = std::accumulate(values.begin(), values.end(), 0.0);
         for (double& value : values)
             value /= sum;
         return values;

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-/// The lines of a sound, seen through a Kaiser window whose side lobes lie below -250 dB. Amplitudes are
+/// The lines of a sound, seen through a Kaiser window whose side lobes lie below -220 dB. Amplitudes are
 /// those of sines, full scale being 1.
 class LineSpectrum {
 public:
