@@ -3,14 +3,12 @@
 #include "measure/tone_meter.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <numbers>
 #include <utility>
 
 namespace {
 
-constexpr double LearningSeconds = 1.2;
 constexpr std::size_t MostLines = 4;
 constexpr double LeastLine = 1e-3;    ///< beside the strongest
 constexpr double Loud = 8;            ///< beside the RMS of the noise
@@ -33,7 +31,7 @@ std::pair<double, double> GetNoise(ChannelBlock samples) {
 JumpFinder::JumpFinder(int framesPerSecond) : rate(framesPerSecond) {}
 
 void JumpFinder::Add(ChannelBlock samples) {
-    const std::size_t enough = std::bit_ceil(static_cast<std::size_t>(LearningSeconds * rate));
+    const std::size_t enough = GetSegmentFrames(rate);
     if (!hasLearnt) {
         const ChannelBlock part = samples.first(std::min(samples.size(), enough - beginning.size()));
         beginning.insert(beginning.end(), part.begin(), part.end());

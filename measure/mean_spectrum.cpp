@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t Overlap = 4;     ///< segments begin within the frames of one
 constexpr int DenseSegments = 128;     ///< before some are left out
 constexpr std::size_t MinFrames = 64;  ///< of a sound
-constexpr double SegmentSeconds = 1.2; ///< at least, of a long sound
+constexpr double SegmentSeconds = 1.2; ///< at least
 
 using Bins = std::vector<std::complex<double>>;
 
@@ -22,6 +22,10 @@ void AddProducts(Bins& sums, const Bins& a, const Bins& b) {
 }
 
 } // namespace
+
+std::size_t GetSegmentFrames(int rate) {
+    return std::bit_ceil(static_cast<std::size_t>(std::clamp(SegmentSeconds * rate, 1024.0, 0x1p20)));
+}
 
 struct MeanSpectrum::State {
     struct Input {
@@ -50,7 +54,7 @@ MeanSpectrum::MeanSpectrum(int rate, std::size_t channels) : state(std::make_uni
     state->spectrum.rate = rate;
     state->spectrum.channels.resize(channels);
     state->inputs.resize(channels);
-    state->longest = std::bit_ceil(static_cast<std::size_t>(SegmentSeconds * rate));
+    state->longest = GetSegmentFrames(rate);
 }
 
 MeanSpectrum::~MeanSpectrum() = default;

@@ -35,10 +35,13 @@ struct Spectrum {
     static constexpr std::size_t LineReach = 8;
 };
 
-/// Averages spectra while the sound goes by, of any length. A segment has 1.2 s to 2.4 s, or at most half of
-/// a shorter sound; three quarters of it overlap the next. After the first 128, which are 48 s of 44.1 kHz,
-/// two neighbours are taken of every eight, so that long sounds take little longer than their reading. The
-/// last segment is that at the end. Thread: one at a time.
+/// Of a long sound: 1.2 s to 2.4 s, but 1024..2^20 frames whatever the rate.
+std::size_t GetSegmentFrames(int rate);
+
+/// Averages spectra while the sound goes by, of any length. A segment has `GetSegmentFrames`, or at most half
+/// of a shorter sound; three quarters of it overlap the next. After the first 128, which are 48 s of 44.1
+/// kHz, two neighbours are taken of every eight, so that long sounds take little longer than their reading.
+/// The last segment is that at the end. Thread: one at a time.
 class MeanSpectrum {
 public:
     MeanSpectrum(int rate, std::size_t channels);

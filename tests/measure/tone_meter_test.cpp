@@ -101,6 +101,7 @@ TEST(ToneMeter, FindsTonesAndTheirFigures) {
          0},
         {"the lowest", SineOf(20, 0.5, 0.3), 200000, 44100, {{20, -6.0206}}, 0, 0, 0, 0},
         {"a short one", SineOf(5000.05, 0.5, 0.3), 2000, 44100, {{5000.05, -6.0206}}, 0, 0, 0, 0},
+        {"a strange rate", SineOf(0.2, 0.5, 0, 1), 3000, 1, {{0.2, -6.0206}}, 0, 0, 0, 0},
         {"many", many, 441000, 44100, manyTones, 0, -81.5293, 81.5293, 0},
         // numpy has the figures of its period of 441 samples
         {"clipped by 0.1%",
