@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double ToneBelowStrongest = 1e-4, TonesInSound = 0.01; ///< powers
+constexpr double ToneBelowStrongest = 1e-3, TonesInSound = 0.01; ///< powers
 constexpr double HarmonicBins = 0.05;                            ///< by which a harmonic may be off
 constexpr std::size_t MostTones = 16, MostStrongest = 10;
 constexpr double LowestHz = 20, HighestHz = 20000;

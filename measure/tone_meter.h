@@ -15,7 +15,7 @@ struct ToneLine {
 
 /// The figures of a channel, from 20 Hz to 20 kHz. Ratios are those of amplitudes; 0 stands for none.
 ///
-/// Tones are the lines no more than 40 dB below the strongest one, the 16 strongest of them, but for
+/// Tones are the lines no more than 30 dB below the strongest one, the 16 strongest of them, but for
 /// harmonics of a lower one: a tone of three times another's frequency counts as the other's distortion.
 /// There are none where all lines together have less than a hundredth of the power, as in noise and in
 /// silence. What moves, as a sweep does, has no lines or many.
