@@ -34,6 +34,6 @@ inline double DitherOf(double frame) {
         x = (x ^ x >> 29) * 0xBF58476D1CE4E5B9;
         return static_cast<double>(x >> 11) * 0x1p-53;
     };
-    const auto at = static_cast<std::uint64_t>(frame);
+    const auto at = static_cast<std::uint64_t>(static_cast<std::int64_t>(frame));
     return (hash(2 * at + 1) - hash(2 * at + 2)) / 32768;
 }
