@@ -5,25 +5,30 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <utility>
+#include <numeric>
 
 namespace {
 
 constexpr std::size_t MostLines = 4;
-constexpr double LeastLine = 1e-3;    ///< beside the strongest
-constexpr double Loud = 8;            ///< beside the RMS of the noise
+constexpr double LeastLine = 1e-3; ///< beside the strongest
+constexpr double LoudPeak = 2; ///< beside its peak, which lines that are not predicted have again and again
+constexpr double Loud = 8;     ///< beside the RMS of the noise
 constexpr double LeastLoud = 1e-9;    ///< arithmetic alone is left of a tone without noise
 constexpr std::size_t Stretches = 32; ///< of the beginning, of which the one in the middle tells the noise
 
-/// Mean square about the mean, and the mean.
-std::pair<double, double> GetNoise(ChannelBlock samples) {
-    double sum = 0, squares = 0;
-    for (const double each : samples)
-        sum += each;
-    const double mean = sum / static_cast<double>(samples.size());
-    for (const double each : samples)
-        squares += (each - mean) * (each - mean);
-    return {squares / static_cast<double>(samples.size()), mean};
+/// What is left in a stretch.
+struct Left {
+    double mean = 0, squares = 0, peak = 0; ///< the latter two about the mean
+};
+
+Left GetLeft(ChannelBlock samples) {
+    const auto count = static_cast<double>(samples.size());
+    Left left{.mean = std::accumulate(samples.begin(), samples.end(), 0.0) / count};
+    for (const double each : samples) {
+        left.squares += (each - left.mean) * (each - left.mean) / count;
+        left.peak = std::max(left.peak, std::abs(each - left.mean));
+    }
+    return left;
 }
 
 } // namespace
@@ -80,13 +85,15 @@ void JumpFinder::Learn() {
 
 void JumpFinder::LearnNoise(const std::vector<double>& rest) {
     const std::size_t count = (rest.size() - static_cast<std::size_t>(reach)) / Stretches;
-    std::vector<std::pair<double, double>> noises;
+    std::vector<Left> all;
     for (std::size_t i = 0; i < Stretches; ++i)
-        noises.push_back(
-            GetNoise(ChannelBlock(rest).subspan(static_cast<std::size_t>(reach) + i * count, count)));
-    std::nth_element(noises.begin(), noises.begin() + Stretches / 2, noises.end());
-    mean = noises[Stretches / 2].second;
-    loud = std::max(LeastLoud, Loud * std::sqrt(noises[Stretches / 2].first));
+        all.push_back(
+            GetLeft(ChannelBlock(rest).subspan(static_cast<std::size_t>(reach) + i * count, count)));
+    const auto middle = all.begin() + Stretches / 2;
+    std::nth_element(all.begin(), middle, all.end(),
+                     [](const Left& a, const Left& b) { return a.peak < b.peak; });
+    mean = middle->mean;
+    loud = std::max({LeastLoud, Loud * std::sqrt(middle->squares), LoudPeak * middle->peak});
 }
 
 /// What was before the sound is not known, so its first frames are not looked at.

@@ -15,11 +15,12 @@ struct Jumps {
 
 /// Finds where a steady tone, or a sum of four lines at most, jumps: by frames dropped or doubled, to another
 /// phase, by a click, a sudden start or end. The lines of its first segment (`GetSegmentFrames`) tell how
-/// each sample follows from those a quarter and a half of a period before; what is left is noise, from which
-/// a jump stands out eightfold, for half a period of each line at most. Fades take longer and don't count,
-/// nor does what goes on and on. The frame is exact for a loud tone of 500 Hz or more; a lower one has to get
-/// away from the noise first, at 100 Hz for 2 frames in 16 bits. Not found are jumps smaller than the noise,
-/// and which of two that are half a period apart is which. Thread: one at a time.
+/// each sample follows from those a quarter and a half of a period before; what is left is noise, of which
+/// a jump has eight times the RMS and twice the peak, for half a period of each line at most. Fades take
+/// longer and don't count, nor does what goes on and on. The frame is exact for a loud tone of 500 Hz or
+/// more; a lower one has to get away from the noise first, at 100 Hz for 2 frames in 16 bits. Not found are
+/// jumps smaller than the noise, and which of two that are half a period apart is which. Thread: one at a
+/// time.
 class JumpFinder {
 public:
     explicit JumpFinder(int rate);

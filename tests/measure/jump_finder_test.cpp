@@ -29,6 +29,8 @@ TEST(JumpFinder, FindsWhereAToneDoesNotGoOn) {
         {"two jumps", shifted(shifted(tone, 150000, 11), 170000, 20), 2, 150000, 0},
         {"a click", [&](double frame) { return frame == 99999 ? 0.51 : tone(frame); }, 1, 99999, 0},
         {"a sudden end", [&](double frame) { return frame < 180000 ? tone(frame) : 0; }, 1, 180000, 0},
+        {"a square, which jumps by itself", [&](double frame) { return tone(frame) < 0 ? -0.2 : 0.2; }, 0, -1,
+         0},
         {"soft ends",
          [&](double frame) {
              return tone(frame) * std::min({1.0, frame / 400, (200000 - frame) / 400});
