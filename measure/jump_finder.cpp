@@ -57,13 +57,21 @@ Jumps JumpFinder::Finish() {
 
 void JumpFinder::Learn() {
     hasLearnt = true;
+    LearnLines();
+    const std::vector<double> rest = RemoveLines(beginning);
+    if (!lines.empty() && std::ssize(rest) > 2 * reach) {
+        jumps.hasLooked = true;
+        LearnNoise(rest);
+        LookAt(rest);
+    }
+    beginning = {};
+}
+
+void JumpFinder::LearnLines() {
     MeanSpectrum spectrum(rate, 1);
     const ChannelBlock all = beginning;
     spectrum.Add({&all, 1});
-    const Spectrum averaged = spectrum.Finish();
-    if (averaged.segments == 0)
-        return;
-    const ToneFigures figures = MeasureTones(averaged, 0);
+    const ToneFigures figures = MeasureTones(spectrum.Finish(), 0);
     if (figures.tones.empty())
         return;
     for (const ToneLine& each : figures.strongest) {
@@ -74,13 +82,6 @@ void JumpFinder::Learn() {
         lines.push_back({lag, 2 * std::cos(2 * std::numbers::pi * cycles), std::vector<double>(2 * lag)});
         reach += static_cast<std::int64_t>(2 * lag);
     }
-    const std::vector<double> rest = RemoveLines(beginning);
-    if (std::ssize(rest) > 2 * reach) {
-        jumps.hasLooked = true;
-        LearnNoise(rest);
-        LookAt(rest);
-    }
-    beginning = {};
 }
 
 void JumpFinder::LearnNoise(const std::vector<double>& rest) {

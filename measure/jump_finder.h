@@ -40,6 +40,7 @@ private:
     };
 
     void Learn();
+    void LearnLines();
     void LearnNoise(const std::vector<double>& rest);
     void LookAt(const std::vector<double>& rest);
     std::vector<double> RemoveLines(ChannelBlock samples);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <unsupported/Eigen/FFT>
+#include <utility>
 
 namespace {
 
@@ -75,17 +76,18 @@ void MeanSpectrum::Add(std::span<const ChannelBlock> channels) {
 }
 
 Spectrum MeanSpectrum::Finish() {
-    const std::size_t frames = state->inputs[0].pending.size();
-    if (state->spectrum.segments == 0 && frames < MinFrames)
-        return state->spectrum;
-    if (state->spectrum.segments == 0)
+    if (state->spectrum.segmentFrames == 0) {
+        const std::size_t frames = state->inputs[0].pending.size();
+        if (frames < MinFrames)
+            return std::move(state->spectrum);
         state->Start(std::bit_floor(frames / 2));
+    }
     state->TakeAll();
     const std::size_t left = state->inputs[0].pending.size();
     if (state->end < left)
         state->TakeAt(left - state->spectrum.segmentFrames, false);
     state->Average();
-    return state->spectrum;
+    return std::move(state->spectrum);
 }
 
 void MeanSpectrum::State::Start(std::size_t segmentFrames) {
@@ -102,7 +104,7 @@ void MeanSpectrum::State::Start(std::size_t segmentFrames) {
 
 /// All segments that are there as a whole, of which the last one's frames are kept.
 void MeanSpectrum::State::TakeAll() {
-    if (spectrum.segments == 0 && spectrum.segmentFrames == 0)
+    if (spectrum.segmentFrames == 0)
         Start(longest);
     const std::size_t frames = inputs[0].pending.size(), segment = spectrum.segmentFrames;
     while (next + segment <= frames) {

@@ -20,7 +20,9 @@ struct ToneLine {
 /// There are none where all lines together have less than a hundredth of the power, as in noise and in
 /// silence. What moves, as a sweep does, has no lines or many.
 ///
-/// Noise is what lies between the lines, and taken to lie below them as well.
+/// Noise is what lies between the lines, and taken to lie below them as well. Beside a fit to the samples,
+/// levels of tones are within 0.001 dB, their frequencies within 1e-7, ratios of lines within 0.01 dB, and
+/// those of noise within 0.03 dB after a second and 0.01 dB after ten.
 struct ToneFigures {
     std::vector<ToneLine> tones;     ///< by frequency, which may lie above 20 kHz
     std::vector<ToneLine> strongest; ///< ten lines at most, at any frequency; the strongest first
