@@ -66,8 +66,8 @@ double TruePeakMeter::Get() const {
 }
 
 void TruePeakMeter::LookBetween(const std::vector<float>& samples) {
-    constexpr std::size_t Lanes = 8;
-    float loudest = 0, found = 0;
+    constexpr std::size_t Lanes = 16; // which the compiler keeps side by side
+    float loudest = 0, found[Lanes] = {};
     for (const float sample : samples)
         loudest = std::max(loudest, std::abs(sample));
     if (loudest * MostGain <= peak)
@@ -87,7 +87,7 @@ void TruePeakMeter::LookBetween(const std::vector<float>& samples) {
             ++behind;
         }
         for (std::size_t i = 0; i < Lanes; ++i)
-            found = std::max({found, std::abs(middle[i]), std::abs(evenly[i]) + std::abs(oddly[i])});
+            found[i] = std::max({found[i], std::abs(middle[i]), std::abs(evenly[i]) + std::abs(oddly[i])});
     }
-    peak = std::max(peak, static_cast<double>(found));
+    peak = std::max(peak, static_cast<double>(*std::max_element(found, found + Lanes)));
 }
