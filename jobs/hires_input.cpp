@@ -134,6 +134,7 @@ std::string Describe(const SonvireData& tone) {
 HiresInput OpenHiresToneInput(const SonvireData& tone, const HiresRequest& request) {
     if (request.length == SoundLength::Finite && !tone.IsFinite()) {
         HiresInput refused = Refused("has no end");
+        refused.isList = tone.IsList();
         refused.endless = true;
         return refused;
     }

@@ -26,7 +26,6 @@ struct HiresInput : InputFacts {
     double peak = 0;       ///< what its tones don't exceed, in dBFS: their components' peaks added up
     double loweredDb = 0;  ///< by how much tones were lowered to fit
     bool isFile = false;   ///< a sound file, which stands at its own level
-    bool isList = false;
     std::string description; ///< what it is, in a line, for the tag of a file: "Sine 1 Frequency ..."
 };
 
