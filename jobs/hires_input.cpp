@@ -111,23 +111,18 @@ HiresInput OpenTone(const std::string& path, const HiresRequest& request) {
     return OpenHiresToneInput(tone, request);
 }
 
-HiresInput OpenFile(const std::string& path, const HiresRequest& request) {
+HiresInput OpenFile(const std::string& path, HiresRequest request) {
+    const HiresFileFacts facts = ReadSoundFileFacts(path);
+    if (facts.failure)
+        return Refused(facts.failure);
     HiresInput input;
     input.isFile = true;
     input.description = GetFileName(path);
-    if (ReadSoundFileFacts(path).isCutShort)
+    if (facts.isCutShort)
         input.warnings.push_back({.file = path, .reason = LWaveFile::CutShortText});
-    const auto open = [path, news = input.news](std::optional<int> rate) {
-        return OpenSoundFile(path, rate, news);
-    };
-    HiresRequest asked = request;
-    if (!asked.rate) {
-        const HiresTone own = open({});
-        if (!own.source)
-            return Refused(own.failure);
-        asked.rate = own.source->rate;
-    }
-    return Open(std::move(input), asked, open);
+    request.rate = request.rate.value_or(facts.rate);
+    const auto open = [path, news = input.news](int rate) { return OpenSoundFile(path, rate, news); };
+    return Open(std::move(input), request, open);
 }
 
 HiresInput OpenListTone(const SonvireData& tone, const HiresRequest& request) {
