@@ -120,8 +120,7 @@ int PlayInput(const PlayOptions& options, const std::string& name, const Input& 
 }
 
 HiresRequest MakeRequest(const PlayOptions& options) {
-    constexpr double fadeMs = 10;
-    return {.settings = options.high.MakeSettings(fadeMs, options.seed),
+    return {.settings = options.high.MakeSettings(HiresSettings::PlayedFadeMs, options.seed),
             .durationMs = options.tone.durationMs,
             .length = SoundLength::Any};
 }

@@ -42,7 +42,7 @@ bool Confirm(const std::vector<LFileWarning>& warnings, bool strict) {
 
 /// What may help where the input can't be used.
 std::string Hint(const RenderOptions& options, const InputFacts& input) {
-    if (input.endless)
+    if (input.endless && !input.isList)
         return " (--duration gives it one)";
     return input.failure && !options.high.IsHigh() ? HintAtHighQuality(options.input) : "";
 }

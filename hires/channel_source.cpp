@@ -1,6 +1,6 @@
 #include "hires/channel_source.h"
 
-#include "sound/sound_source.h"
+#include "hires/block.h"
 
 #include <algorithm>
 
@@ -13,11 +13,11 @@ HiresSourcePtr HiresChannels::Open(HiresSourcePtr source, int channelCount) {
 HiresChannels::HiresChannels(HiresSourcePtr source, int channelCount)
     : HiresSource(source->rate, channelCount),
       from(std::move(source)),
-      block(std::size_t{2} * MaxBlockFrames) {}
+      block(std::size_t{2} * HiresBlockFrames) {}
 
 void HiresChannels::Read(std::int32_t* out, int frames) {
     while (frames > 0) {
-        const int now = std::min(frames, MaxBlockFrames);
+        const int now = std::min(frames, HiresBlockFrames);
         from->Read(block.data(), now);
         for (int i = 0; i < now; ++i) {
             const auto at = static_cast<std::size_t>(i);

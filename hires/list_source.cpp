@@ -1,5 +1,6 @@
 #include "hires/list_source.h"
 
+#include "hires/channel_source.h"
 #include "hires/list_programme.h"
 
 #include <algorithm>
@@ -24,7 +25,6 @@ private:
     bool OpenNext();
     void Open(HiresListedSound& sound);
     HiresSourcePtr OpenTone(const std::string& file);
-    void ReadCurrent(std::int32_t* out, int frames);
 
     HiresProgramme programme;
     const HiresSettings settings;
@@ -57,6 +57,7 @@ void HiresListSource::Open(HiresListedSound& sound) {
         news->Tell({sound.file, "has been replaced by another file"});
     if (current && current->channels > channels)
         current = nullptr;
+    current = HiresChannels::Open(std::move(current), channels);
 }
 
 /// False behind the last entry.
@@ -73,26 +74,16 @@ bool HiresListSource::OpenNext() {
     return true;
 }
 
-/// One channel is given to both sides.
-void HiresListSource::ReadCurrent(std::int32_t* out, int frames) {
-    if (!current) {
-        std::fill_n(out, std::ptrdiff_t{frames} * channels, 0);
-        return;
-    }
-    current->Read(out, frames);
-    if (current->channels == channels)
-        return;
-    for (int i = frames - 1; i >= 0; --i)
-        out[2 * i] = out[2 * i + 1] = out[i];
-}
-
 void HiresListSource::Read(std::int32_t* out, int frames) {
     while (frames > 0) {
         while (left == 0)
             if (!OpenNext())
                 left = Endless;
         const int count = static_cast<int>(std::min<std::int64_t>(frames, left));
-        ReadCurrent(out, count);
+        if (current)
+            current->Read(out, count);
+        else
+            std::fill_n(out, std::ptrdiff_t{count} * channels, 0);
         left -= left == Endless ? 0 : count;
         out += std::ptrdiff_t{count} * channels;
         frames -= count;

@@ -8,6 +8,8 @@ struct HiresSettings {
     /// Where a sine of 0 dB stands in the standard quality.
     static constexpr double StandardLevel = -12.04;
     static constexpr double LowestLevel = -200;
+    /// Of both fades where a tone is played and nothing else is asked for.
+    static constexpr double PlayedFadeMs = 10;
 
     int rate = 44100;             ///< `LowestRate`..`HighestRate`
     double level = StandardLevel; ///< dBFS of a component of 0 dB: `LowestLevel`..0 and above

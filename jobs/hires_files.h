@@ -15,6 +15,9 @@
 /// The sound files of high resolution that this build can read and write: without the libraries that they
 /// need (`sound_files.cpp` has them, `raw_files_only.cpp` does without), it writes raw files alone.
 
+/// Whether this build reads any.
+bool CanReadSoundFiles();
+
 /// At its own rate where none is given. `news` is told what happens to it while it is read.
 HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate,
                         const std::shared_ptr<LSourceNews>& news);

@@ -10,7 +10,8 @@
 #include "sys/path.h"
 #include "tone/tone_items.h"
 
-#include <algorithm>
+#include <set>
+#include <string_view>
 
 namespace {
 
@@ -42,24 +43,37 @@ HiresSettings AtRate(HiresSettings settings, int rate) {
     return settings;
 }
 
-/// One that was there at first may be lost once its turn has come.
-HiresTone OpenEntry(const ToneListReport& report, const std::string& path, int rate) {
-    HiresTone opened = OpenSoundFile(path, rate, report.news);
-    const auto wasUsable = [&path](const ToneListEntry& entry) {
-        return entry.file == path && entry.problem.empty();
-    };
-    if (!opened.source && std::any_of(report.entries.begin(), report.entries.end(), wasUsable))
-        report.news->Tell({path, "can't be read any more"});
-    return opened;
-}
+/// The files of a list, its sound files as far as they can be had.
+class ListFiles {
+public:
+    explicit ListFiles(ToneListReport&& found) : report(std::move(found)) {
+        for (const ToneListEntry& each : report.entries)
+            if (!each.problem.empty())
+                problematic.insert(each.file);
+    }
+    ListFiles(const ListFiles&) = delete;
+    ListFiles& operator=(const ListFiles&) = delete;
+
+    const ToneListReport& GetReport() const { return report; }
+    /// One that was there at first may be lost once its turn has come.
+    HiresTone Open(const std::string& path, int rate) const {
+        HiresTone opened = OpenSoundFile(path, rate, report.news);
+        if (!opened.source && !problematic.contains(path))
+            report.news->Tell({path, "can't be read any more"});
+        return opened;
+    }
+
+private:
+    ToneListReport report;
+    std::set<std::string_view> problematic; ///< of the report's files
+};
 
 /// Plays it over and over where it `loops`.
-HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, const HiresSettings& settings,
+HiresTone OpenListAtRate(const std::shared_ptr<const ListFiles>& files, const HiresSettings& settings,
                          bool loops) {
-    const auto open = [report, settings] {
-        return OpenHiresList(*report, settings, [report](const std::string& path, int rate) {
-            return OpenEntry(*report, path, rate);
-        });
+    const auto open = [files, settings] {
+        return OpenHiresList(files->GetReport(), settings,
+                             [files](const std::string& path, int rate) { return files->Open(path, rate); });
     };
     HiresTone opened = open();
     const std::int64_t turn = opened.source ? opened.source->GetLength() : 0;
@@ -70,18 +84,19 @@ HiresTone OpenListAtRate(const std::shared_ptr<const ToneListReport>& report, co
 }
 
 HiresInput OpenList(const std::string& path, bool loops, const HiresRequest& request) {
-    const auto report = std::make_shared<const ToneListReport>(ExamineHiresList(path));
+    const auto files = std::make_shared<const ListFiles>(ExamineHiresList(path));
+    const ToneListReport& report = files->GetReport();
     HiresInput input;
     input.isList = true;
     input.endless = loops;
-    input.isNeverLeft = report->isNeverLeft;
-    input.warnings = CollectWarnings(*report);
-    input.notices = report->notices;
-    input.files = report->files;
-    input.news = report->news;
+    input.isNeverLeft = report.isNeverLeft;
+    input.warnings = CollectWarnings(report);
+    input.notices = report.notices;
+    input.files = report.files;
+    input.news = report.news;
     input.description = "list " + GetFileName(path);
-    return Open(std::move(input), request, [report, loops, settings = request.settings](int rate) {
-        return OpenListAtRate(report, AtRate(settings, rate), loops);
+    return Open(std::move(input), request, [files, loops, settings = request.settings](int rate) {
+        return OpenListAtRate(files, AtRate(settings, rate), loops);
     });
 }
 
@@ -96,23 +111,18 @@ HiresInput OpenTone(const std::string& path, const HiresRequest& request) {
     return OpenHiresToneInput(tone, request);
 }
 
-HiresInput OpenFile(const std::string& path, const HiresRequest& request) {
+HiresInput OpenFile(const std::string& path, HiresRequest request) {
+    const HiresFileFacts facts = ReadSoundFileFacts(path);
+    if (facts.failure)
+        return Refused(facts.failure);
     HiresInput input;
     input.isFile = true;
     input.description = GetFileName(path);
-    if (ReadSoundFileFacts(path).isCutShort)
+    if (facts.isCutShort)
         input.warnings.push_back({.file = path, .reason = LWaveFile::CutShortText});
-    const auto open = [path, news = input.news](std::optional<int> rate) {
-        return OpenSoundFile(path, rate, news);
-    };
-    HiresRequest asked = request;
-    if (!asked.rate) {
-        const HiresTone own = open({});
-        if (!own.source)
-            return Refused(own.failure);
-        asked.rate = own.source->rate;
-    }
-    return Open(std::move(input), asked, open);
+    request.rate = request.rate.value_or(facts.rate);
+    const auto open = [path, news = input.news](int rate) { return OpenSoundFile(path, rate, news); };
+    return Open(std::move(input), request, open);
 }
 
 HiresInput OpenListTone(const SonvireData& tone, const HiresRequest& request) {
@@ -134,6 +144,7 @@ std::string Describe(const SonvireData& tone) {
 HiresInput OpenHiresToneInput(const SonvireData& tone, const HiresRequest& request) {
     if (request.length == SoundLength::Finite && !tone.IsFinite()) {
         HiresInput refused = Refused("has no end");
+        refused.isList = tone.IsList();
         refused.endless = true;
         return refused;
     }

@@ -21,12 +21,11 @@ struct HiresInput : InputFacts {
     /// Opens it anew, from its beginning, at another rate. Any thread may do that, one at a time.
     using Opener = std::function<HiresTone(int rate)>;
 
-    HiresSourcePtr source; ///< null with a failure
-    Opener open;           ///< null with a failure
-    double peak = 0;       ///< what its tones don't exceed, in dBFS: their components' peaks added up
-    double loweredDb = 0;  ///< by how much tones were lowered to fit
-    bool isFile = false;   ///< a sound file, which stands at its own level
-    bool isList = false;
+    HiresSourcePtr source;   ///< null with a failure
+    Opener open;             ///< null with a failure
+    double peak = 0;         ///< what its tones don't exceed, in dBFS: their components' peaks added up
+    double loweredDb = 0;    ///< by how much tones were lowered to fit
+    bool isFile = false;     ///< a sound file, which stands at its own level
     std::string description; ///< what it is, in a line, for the tag of a file: "Sine 1 Frequency ..."
 };
 

@@ -42,10 +42,14 @@ void ExamineSound(ToneListEntry& entry) {
 }
 
 /// What has no problem in the standard quality has none in the high one either, and what is cut short is so
-/// in both.
+/// in both, as long as sound files can be read.
+bool IsSameInBoth(const ToneListEntry& entry) {
+    const bool isUsable = entry.problem.empty() || entry.problem == LWaveFile::CutShortText;
+    return isUsable && (CanReadSoundFiles() || HasExtension(entry.file, ".tdf"));
+}
+
 void Examine(ToneListEntry& entry) {
-    const bool isSame = entry.problem.empty() || entry.problem == LWaveFile::CutShortText;
-    if (isSame || entry.file.empty() || HasExtension(entry.file, ".tdl"))
+    if (entry.file.empty() || HasExtension(entry.file, ".tdl") || IsSameInBoth(entry))
         return;
     HasExtension(entry.file, ".tdf") ? ExamineTone(entry) : ExamineSound(entry);
 }

@@ -7,6 +7,10 @@ constexpr const char* Unread = "is a sound file, which this build can't read in 
 
 } // namespace
 
+bool CanReadSoundFiles() {
+    return false;
+}
+
 HiresTone OpenSoundFile(const std::string& /*path*/, std::optional<int> /*rate*/,
                         const std::shared_ptr<LSourceNews>& /*news*/) {
     return {.source = nullptr, .failure = Unread};

@@ -4,6 +4,10 @@
 #include "hires/raw_writer.h"
 #include "jobs/hires_files.h"
 
+bool CanReadSoundFiles() {
+    return true;
+}
+
 HiresTone OpenSoundFile(const std::string& path, std::optional<int> rate,
                         const std::shared_ptr<LSourceNews>& news) {
     return OpenHiresFile(path, rate, news);

@@ -48,6 +48,7 @@ LFailure CheckPlayable(const SoundInput& input, SoundLength length) {
 SoundInput MakeListInput(const LSoundSource& source, bool loops, ToneListReport report, SoundLength length) {
     SoundInput input;
     input.source = source;
+    input.isList = true;
     input.endless = loops;
     input.warnings = CollectWarnings(report);
     input.frames = static_cast<double>(report.CountMilliseconds()) * source->sampleRate / 1000;
@@ -131,6 +132,7 @@ void WarnOfUnreadable(const SonvireData& tone, InputFacts& input) {
 SoundInput OpenToneInput(const SonvireData& tone, SoundLength length) {
     if (length == SoundLength::Finite && !tone.IsFinite()) {
         SoundInput refused = Refused("has no end");
+        refused.isList = tone.IsList();
         refused.endless = true;
         return refused;
     }

@@ -23,6 +23,7 @@ enum class SoundLength { Finite, Any };
 struct InputFacts {
     LFailure failure{};       ///< why it can't be used
     bool endless = false;     ///< the reason is, or would be, that it has no end
+    bool isList = false;      ///< a list, or a tone that plays one
     bool isNeverLeft = false; ///< a list that stays at an entry which goes on for ever, whatever it counts
     std::vector<LFileWarning> warnings{};
     std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read

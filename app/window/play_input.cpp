@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr double FadeMs = 10;
-
 PlayInput OpenStandard(const SonvireData& tone) {
     const SoundInput input = OpenToneInput(tone, SoundLength::Any);
     return {{input}, input.source.GetEnd(), 0, [source = input.source](LSoundPlayer& player) {
@@ -16,9 +14,10 @@ PlayInput OpenStandard(const SonvireData& tone) {
 }
 
 PlayInput OpenHigh(const SonvireData& tone) {
-    const HiresInput input =
-        OpenHiresToneInput(tone, {.settings = {.fit = true, .fadeInMs = FadeMs, .fadeOutMs = FadeMs},
-                                  .length = SoundLength::Any});
+    const HiresInput input = OpenHiresToneInput(tone, {.settings = {.fit = true,
+                                                                    .fadeInMs = HiresSettings::PlayedFadeMs,
+                                                                    .fadeOutMs = HiresSettings::PlayedFadeMs},
+                                                       .length = SoundLength::Any});
     if (input.failure)
         return {{input}, {}, 0, {}};
     const LPlayFormat format{.rate = input.source->rate};
