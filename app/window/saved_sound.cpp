@@ -2,7 +2,7 @@
 
 #include "app/desktop/product.h"
 #include "app/quality.h"
-#include "gui/level_meter.h"
+#include "gui/format_number.h"
 #include "gui/process_dialog.h"
 #include "jobs/file_notices.h"
 #include "jobs/render_file.h"
@@ -73,7 +73,7 @@ private:
 
 std::string DescribeQuality(const HiresInput& input) {
     return DescribeRate(input.source->rate) + ", 24 bits" +
-           (input.loweredDb >= 0.005 ? ", lowered by " + FormatDecibels(input.loweredDb, 2) + " dB" : "");
+           (input.loweredDb >= 0.005 ? ", lowered by " + FormatNumber(input.loweredDb, 2) + " dB" : "");
 }
 
 SavedSound SaveHigh(LWindow& parent, const SonvireData& tone, const std::string& path, int rate) {
