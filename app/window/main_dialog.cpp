@@ -107,7 +107,7 @@ void MainDialog::LayoutControls(int width, int height) {
     LControlsPeer& controls = GetControls();
     const int barHeight = controls.GetPlace(ControlSmallToolBar).height;
     controls.Place(ControlSmallToolBar, {0, 0, width, barHeight});
-    const int paneHeight = sound.GetHeight(height - barHeight, rows.GetHeight());
+    const int paneHeight = sound.GetHeight(height - barHeight, rows.GetHeight(), summary.GetHeight());
     const int listHeight = std::min(rows.GetHeight(), height - barHeight - paneHeight);
     controls.Place(ControlList, {0, barHeight, width, listHeight});
     const int listEnd = barHeight + listHeight;

@@ -63,11 +63,11 @@ void SoundPane::Ask() {
     });
 }
 
-int SoundPane::GetHeight(int room, int list) const {
+int SoundPane::GetHeight(int room, int list, int texts) const {
     if (!isOpen)
         return 0;
     const int height = std::max(peer->GetLeastHeight(), room * RoomShare / 100);
-    return room - height < std::min(list, LeastList) ? 0 : height;
+    return room - height < std::min(list, LeastList) + texts ? 0 : height;
 }
 
 void SoundPane::Place(const LRect& room) {

@@ -30,9 +30,9 @@ public:
     void MarkMenuItems(LMenu& menu) const;
     std::unique_ptr<LMenuPeer> CreatePopupMenu() { return peer->CreatePopupMenu(); }
 
-    /// How high it is at least in a window that has so much room for it and a list of this height; 0 where it
-    /// is shut, or the list would have too little.
-    int GetHeight(int room, int list) const;
+    /// How high it is at least in a window that has so much room for it, a list and texts of these heights; 0
+    /// where it is shut, or leaves too little of them.
+    int GetHeight(int room, int list, int texts) const;
     /// Without height it gives way.
     void Place(const LRect& room);
 

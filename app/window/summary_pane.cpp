@@ -36,6 +36,14 @@ void SummaryPane::Show(const SonvireData& tone) {
         window.SetText(line.control, summary.*line.text);
 }
 
+int SummaryPane::GetHeight() const {
+    int height = LeastBelow;
+    for (const Line& line : Lines)
+        if (!window.GetText(line.control).empty())
+            height += line.above + window.GetControls().GetPlace(line.control).height;
+    return height;
+}
+
 int SummaryPane::Place(const LRect& room, int beyond) {
     LControlsPeer& controls = window.GetControls();
     const int end = room.y + room.height;

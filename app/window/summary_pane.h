@@ -15,6 +15,8 @@ public:
     void Create();
     /// After every change of the tone; after one of its rows the texts are to be placed anew.
     void Show(const SonvireData& tone);
+    /// Of all texts.
+    int GetHeight() const;
     /// One below the other; answers where the last one ends. Those that have no room stand below `beyond`,
     /// out of sight.
     int Place(const LRect& room, int beyond);

@@ -25,6 +25,7 @@ public:
     int GetLeastHeight() const;
 
     QString GetSpoken() const override;
+    QAccessible::Role GetRole() const override { return QAccessible::Chart; }
 
     std::function<void()> onMenu = [] {}; ///< on a right click
 
