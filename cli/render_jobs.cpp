@@ -47,11 +47,18 @@ std::string Hint(const RenderOptions& options, const InputFacts& input) {
     return input.failure && !options.high.IsHigh() ? HintAtHighQuality(options.input) : "";
 }
 
+void TellLevel(const RenderOptions& options, const RenderOutcome& outcome) {
+    const std::string told = outcome.level.Describe();
+    if (outcome.result == LProcessResult::Completed && !told.empty())
+        Warn(GetInputName(options), told);
+}
+
 int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, const InputFacts& input) {
     if (!outcome.failure) {
         HintAtShortDuration(options.tone);
         for (const LFileWarning& warning : outcome.warnings)
             Warn(warning.file, warning.reason);
+        TellLevel(options, outcome);
         return static_cast<int>(outcome.result);
     }
     const std::string& output = options.output.path;
@@ -115,7 +122,10 @@ int RenderHigh(const RenderOptions& options) {
         options, [&](const std::string& path) { return options.high.Open(path, request); },
         [&](const SonvireData& tone) { return OpenHiresToneInput(tone, request); },
         [&](HiresInput& input, const auto& confirm) {
-            WarnOfSilence(GetInputName(options), input);
-            return RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
+            const bool isSilent = WarnOfSilence(GetInputName(options), input);
+            RenderOutcome outcome = RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
+            if (isSilent) // that is told
+                outcome.level = {};
+            return outcome;
         });
 }
