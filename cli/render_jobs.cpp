@@ -33,10 +33,10 @@ int RenderInput(const RenderOptions& options, Input input, Render render) {
 } // namespace
 
 int RenderStandard(const RenderOptions& options) {
-    RenderTarget target{
-        .path = options.output.path, .rate = options.rate, .bits = options.bits == "8" ? 8 : 16};
+    RenderTarget target{.path = options.output.path,
+                        .format = {.rate = options.rate, .bits = options.bits == "8" ? 8 : 16}};
     if (options.channels)
-        target.channels = static_cast<std::uint8_t>(*options.channels);
+        target.format.channels = static_cast<std::uint8_t>(*options.channels);
     const auto run = [&](LPRSourceToSink& job) {
         return RunJob(job, job.source.GetEnd().GetMilliseconds() / 1000.0, options.quiet);
     };
