@@ -8,11 +8,18 @@
 
 namespace {
 
+void TellLevel(const RenderOptions& options, const RenderOutcome& outcome) {
+    const std::string told = outcome.level.Describe();
+    if (outcome.result == LProcessResult::Completed && !told.empty())
+        Warn(options.GetInputName(), told);
+}
+
 int TellOutcome(const RenderOptions& options, const RenderOutcome& outcome, const InputFacts& input) {
     if (!outcome.failure) {
         HintAtShortDuration(options.tone);
         for (const LFileWarning& warning : outcome.warnings)
             Warn(warning.file, warning.reason);
+        TellLevel(options, outcome);
         return static_cast<int>(outcome.result);
     }
     const std::string& output = options.output.path;
@@ -57,7 +64,10 @@ int RenderHigh(const RenderOptions& options) {
         return RunJob(job, frames / job.source.rate, options.quiet);
     };
     return RenderInput(options, options.OpenHigh(), [&](HiresInput& input, const auto& confirm) {
-        WarnOfSilence(options.GetInputName(), input);
-        return RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
+        const bool isSilent = WarnOfSilence(options.GetInputName(), input);
+        RenderOutcome outcome = RenderHiresToFile(input, target, {.confirm = confirm, .run = run});
+        if (isSilent) // that is told
+            outcome.level = {};
+        return outcome;
     });
 }

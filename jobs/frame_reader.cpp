@@ -6,7 +6,6 @@
 #include "sound/sample_format.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace {
@@ -49,9 +48,7 @@ public:
           limiter(limiterNews),
           block(GetBlockSamples()) {}
 
-    double GetLimiterDb() const override {
-        return leastGain < UnityGain ? -20 * std::log10(static_cast<double>(leastGain) / UnityGain) : 0;
-    }
+    double GetLimiterDb() const override { return LLimiterNews::ToDecibels(leastGain); }
 
 protected:
     void ReadBlock(double* out, int frames) override {
@@ -115,8 +112,9 @@ FrameInput ReadRendered(const SoundInput& input, const RenderedFormatRequest& re
     const std::int64_t frames =
         input.endless ? FrameReader::Endless
                       : std::max(0, WrapSubtract(source->GetEndSample(), source->GetPositionSample()));
-    return {std::make_unique<StandardReader>(
-        source, news, FrameReader::Format{format.rate, format.channels, format.bits}, frames)};
+    return {.reader = std::make_unique<StandardReader>(
+                source, news, FrameReader::Format{format.rate, format.channels, format.bits}, frames),
+            .news = input.news};
 }
 
 FrameInput ReadRenderedHires(HiresInput&& input, const HiresRounding& rounding) {
@@ -128,5 +126,5 @@ FrameInput ReadRenderedHires(HiresInput&& input, const HiresRounding& rounding) 
                                  .frames = input.source->GetLength(),
                                  .dither = rounding.dither,
                                  .seed = rounding.seed};
-    return {std::make_unique<HighReader>(std::move(input.source), stored)};
+    return {.reader = std::make_unique<HighReader>(std::move(input.source), stored), .news = input.news};
 }

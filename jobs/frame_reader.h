@@ -40,6 +40,7 @@ public:
 struct FrameInput {
     std::unique_ptr<FrameReader> reader; ///< null with a failure
     LFailure failure{};
+    std::shared_ptr<LSourceNews> news = std::make_shared<LSourceNews>(); ///< what happens while it is read
 };
 
 /// What is rendered of an input in the standard quality.
@@ -53,5 +54,6 @@ struct HiresRounding {
 };
 FrameInput ReadRenderedHires(HiresInput&& input, const HiresRounding& rounding);
 
-/// What is in a sound file.
+/// What is in a sound file of any kind, to the bit, or in the one that comes by standard input, "-": at its
+/// own rate, with all of its channels, and beyond full scale where it is.
 FrameInput ReadFileFrames(const std::string& path);

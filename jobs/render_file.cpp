@@ -2,6 +2,7 @@
 
 #include "jobs/output_file.h"
 #include "sound/files/wave_file.h"
+#include "sound/peak_sink.h"
 #include "sys/path.h"
 
 #include <algorithm>
@@ -16,9 +17,8 @@ LFailure CheckOutput(const std::string& output, const SoundInput& input) {
     return fits ? LFailure() : "is no name for a WAVE file, which ends in .wav";
 }
 
-int CountFrames(const LSoundSource& source, const RenderedFormat& format) {
-    const LSoundSource converted = format.Open(source);
-    return std::max(0, WrapSubtract(converted->GetEndSample(), converted->GetPositionSample()));
+int CountFrames(const LSoundSource& source) {
+    return std::max(0, WrapSubtract(source->GetEndSample(), source->GetPositionSample()));
 }
 
 /// Why nothing is left of what is converted: a count that has wrapped around, or a rate that is too low.
@@ -28,17 +28,21 @@ const char* ExplainNoFrames(const SoundInput& input, const RenderedFormat& forma
 }
 
 RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::string& path,
-                     const RenderedFormat& format, int frames, const RenderUser& user) {
+                     const RenderedFormat& format, const RenderUser& user) {
     OutputFile output(path);
-    const LSoundSink sink = LWaveFile::OpenSinkStream(output.Open(), format.rate, format.channels,
-                                                      static_cast<std::uint16_t>(format.bits), frames);
+    const LSoundSink sink =
+        LWaveFile::OpenSinkStream(output.Open(), format.rate, format.channels,
+                                  static_cast<std::uint16_t>(format.bits), CountFrames(source));
     if (output.GetFailure())
         return {.failure = output.GetFailure(), .ofTheOutput = true};
-    LPRSourceToSink job("Saving Wave File", source, sink);
+    SinkMeasure measure{.enough = static_cast<int>(RenderedLevel::Quiet * FullScale16) + 1};
+    LPRSourceToSink job("Saving Wave File", source, LSoundSink::Make<LPeakSink>(sink, measure));
     const LProcessResult result = user.run(job);
     sink->Finish();
     const bool fellShort = (sink->status & SinkFellShort) != 0;
-    return FinishRendering(output, result, fellShort ? sink->failure : LFailure(), news);
+    RenderOutcome outcome = FinishRendering(output, result, fellShort ? sink->failure : LFailure(), news);
+    outcome.level.peak = static_cast<double>(measure.peak) / FullScale16;
+    return outcome;
 }
 
 } // namespace
@@ -51,9 +55,11 @@ RenderOutcome RenderToFile(const SoundInput& input, const RenderTarget& target, 
         return {.failure = std::move(refused), .ofTheOutput = true};
     if (!input.warnings.empty() && !user.confirm(input.warnings))
         return {};
-    const LSoundSource source = format.Prepare(input.source);
-    const int frames = CountFrames(source, format);
-    if (frames == 0 && input.source->GetEndSample() > input.source->GetPositionSample())
+    const auto limiter = std::make_shared<LLimiterNews>();
+    const LSoundSource source = format.Open(input.source, limiter);
+    if (CountFrames(source) == 0 && CountFrames(input.source) > 0)
         return {.failure = ExplainNoFrames(input, format)};
-    return Render(source, *input.news, target.path, format, frames, user);
+    RenderOutcome outcome = Render(source, *input.news, target.path, format, user);
+    outcome.level.limitedDb = LLimiterNews::ToDecibels(limiter->TakeLeastGain());
+    return outcome;
 }

@@ -26,16 +26,12 @@ LFailure RenderedFormat::Check(const SoundInput& input) const {
     return LWaveFile::CheckLength(input.frames * rate / source->sampleRate, channels, bits);
 }
 
-LSoundSource RenderedFormat::Prepare(const LSoundSource& source, std::shared_ptr<LLimiterNews> told) const {
+LSoundSource RenderedFormat::Open(const LSoundSource& source,
+                                  const std::shared_ptr<LLimiterNews>& told) const {
     if (source->channels != 2 || channels != 1)
-        return source;
+        return OpenSourceForSink(source, rate, channels, GetPeakLimit(), told);
     LSoundSource mixed = source;
     LSPConvertSourceRateChannels(rate, channels, mixed);
     // A sum of two channels may be too loud, so it is always limited.
-    return LSoundSource::Make<LSRCPeakLimit>(mixed, GetPeakLimit(), std::move(told));
-}
-
-LSoundSource RenderedFormat::Open(const LSoundSource& source,
-                                  const std::shared_ptr<LLimiterNews>& told) const {
-    return OpenSourceForSink(Prepare(source, told), rate, channels, GetPeakLimit(), told);
+    return LSoundSource::Make<LSRCPeakLimit>(mixed, GetPeakLimit(), told);
 }

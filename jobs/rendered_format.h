@@ -26,9 +26,6 @@ struct RenderedFormat {
     int GetPeakLimit() const;
     /// Whether the input can become a sound of this format.
     LFailure Check(const SoundInput& input) const;
-    /// The source as `LPRSourceToSink` takes it: only what is mixed down is not left to the job. `told` hears
-    /// of what is limited on the way, and may be null.
-    LSoundSource Prepare(const LSoundSource& source, std::shared_ptr<LLimiterNews> told = nullptr) const;
-    /// The samples as they are stored.
-    LSoundSource Open(const LSoundSource& source, const std::shared_ptr<LLimiterNews>& told = nullptr) const;
+    /// The samples as they are stored. `told` hears of what is limited on the way.
+    LSoundSource Open(const LSoundSource& source, const std::shared_ptr<LLimiterNews>& told) const;
 };
