@@ -75,11 +75,12 @@ LFailure HiresOptions::CheckFor(bool isSoundFile) const {
                : LFailure();
 }
 
-void WarnOfSilence(const std::string& name, const HiresInput& input) {
-    const bool isSilent = !input.isFile && !input.isList && std::isinf(input.peak);
-    if (!input.failure && isSilent)
+bool WarnOfSilence(const std::string& name, const HiresInput& input) {
+    const bool isSilent = !input.failure && !input.isFile && !input.isList && std::isinf(input.peak);
+    if (isSilent)
         Warn(name, "is silent: no component has a level and lies below half the rate of " +
                        std::to_string(input.source->rate) + " Hz");
+    return isSilent;
 }
 
 HiresSettings HiresOptions::MakeSettings(double fadeMs, std::optional<int> seed) const {

@@ -38,8 +38,8 @@ struct HiresOptions {
 /// Adds `--quality`, `--level`, `--fit` and `--fade` to a command. `options` must outlive it.
 void AddHiresOptions(CLI::App& command, HiresOptions& options);
 
-/// Warns where nothing is heard of a tone.
-void WarnOfSilence(const std::string& name, const HiresInput& input);
+/// Warns where nothing is heard of a tone, and answers whether that is so.
+bool WarnOfSilence(const std::string& name, const HiresInput& input);
 
 /// What to add where the standard quality can't use this file: empty where high quality can't read it either.
 std::string HintAtHighQuality(const std::string& path);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sys/process_result.h"
+
 #include <chrono>
 
 /// Shows a job on one line of the terminal: percent done, time elapsed and speed as a multiple of real time,
@@ -28,3 +30,12 @@ private:
     Clock::time_point start = Clock::now();
     Clock::time_point nextDraw = start;
 };
+
+/// Runs a job with its progress on the terminal.
+template <class Job>
+LProcessResult RunJob(Job& job, double seconds, bool quiet) {
+    ProgressLine progress(quiet, seconds);
+    const LProcessResult result = Process(progress, job);
+    progress.Finish(result == LProcessResult::Completed);
+    return result;
+}

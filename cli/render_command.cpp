@@ -2,9 +2,7 @@
 
 #include "cli/refusal.h"
 #include "cli/render_jobs.h"
-#include "cli/text.h"
 #include "hires/file_kind.h"
-#include "sound/files/wave_file.h"
 #include "sys/path.h"
 
 #include <CLI/App.hpp>
@@ -16,35 +14,11 @@
 
 namespace {
 
-/// Takes high quality where something needs it.
-void ImplyQuality(RenderOptions& options) {
-    if (options.rate.value_or(0) > LWaveFile::MaxRate)
-        options.high.Imply("--rate " + std::to_string(*options.rate));
-    if (!options.bits.empty() && options.bits != "8" && options.bits != "16")
-        options.high.Imply("--bits " + options.bits);
-    options.high.ImplyFor(options.input);
-    options.high.ImplyFor(options.output.path);
-}
-
-/// Why high quality can't do what is asked for; empty where it can.
-std::string CheckHigh(const RenderOptions& options) {
-    if (options.bits == "8")
-        return "--bits 8 goes with the standard quality";
-    if (options.rate && *options.rate < HiresSettings::LowestRate)
-        return "--rate " + std::to_string(*options.rate) + ": high quality has rates from 8000 Hz on";
-    if (!options.dither.empty() && options.bits != "16")
-        return "--dither goes with --bits 16";
-    return {};
-}
-
 int RenderQuality(RenderOptions options) {
-    ImplyQuality(options);
-    if (!options.high.IsHigh())
-        return RenderStandard(options);
-    std::string problem = CheckHigh(options);
-    if (problem.empty())
-        problem = options.high.Settle();
-    return problem.empty() ? RenderHigh(options) : Misuse(problem);
+    const std::string problem = options.Settle(options.output.path);
+    if (!problem.empty())
+        return Misuse(problem);
+    return options.high.IsHigh() ? RenderHigh(options) : RenderStandard(options);
 }
 
 int Render(const RenderOptions& options) {
@@ -65,34 +39,7 @@ RenderOptions TellApart(RenderOptions options) {
     return options;
 }
 
-void AddFormatOptions(CLI::App& command, RenderOptions& options) {
-    command
-        .add_option(
-            "--rate", options.rate,
-            "Sample rate, 1 to 196000, or 8000 to 768000 in high quality; without it, the input's own, "
-            "and 44100 of tones")
-        ->transform(WholeIn(Rates, 1, HiresSettings::HighestRate))
-        ->type_name("HZ");
-    command.add_option("--channels", options.channels, "1 (mono) or 2 (stereo); without it, the input's own")
-        ->check(CLI::IsMember({1, 2}))
-        ->type_name("N");
-    command
-        .add_option("--bits", options.bits,
-                    "Bits per sample: 8 or 16 (without this option); in high quality 16, 24 (without this "
-                    "option), 32 or float")
-        ->check(CLI::IsMember({"8", "16", "24", "32", "float"}))
-        ->type_name("N");
-    command
-        .add_option_function<std::string>(
-            "--dither",
-            [&options](const std::string& kind) {
-                options.dither = kind;
-                options.high.Imply("--dither");
-            },
-            "Of 16 bits: triangular (tpdf, without this option) or none")
-        ->check(CLI::IsMember({"tpdf", "none"}))
-        ->type_name("KIND")
-        ->group(HiresOptions::Group);
+void AddRawOption(CLI::App& command, RenderOptions& options) {
     command
         .add_flag_callback(
             "--raw",
@@ -117,11 +64,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
                     ("The file to write, or - for standard output: .wav, or in high quality " +
                      HiresFileKind::ListExtensions())
                         .c_str());
-    AddFormatOptions(*command, *options);
-    command->add_flag("--strict", options->strict, "Fail where an entry of a list can't be used");
-    command->add_flag("--quiet", options->quiet, "Show no progress");
-    AddSeedOption(*command, options->seed);
-    AddHiresOptions(*command, options->high);
-    AddToneOptions(*command, options->tone);
+    AddSoundOptions(*command, *options);
+    AddRawOption(*command, *options);
     command->callback([options, &status] { status = Render(TellApart(*options)); });
 }

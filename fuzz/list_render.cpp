@@ -53,11 +53,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Write("a.tdf", bytes.substr(first, second - first));
     Write("b.wav", bytes.substr(second));
     constexpr int rates[] = {0, 44100, 22050, 48000, 8000, 96000, 4000, 196000};
-    RenderTarget target{.path = GetFolder() + "/out.wav", .bits = (data[0] & 1) != 0 ? 8 : 16};
+    RenderTarget target{.path = GetFolder() + "/out.wav", .format = {.bits = (data[0] & 1) != 0 ? 8 : 16}};
     if (const int rate = rates[data[0] >> 1 & 7])
-        target.rate = rate;
+        target.format.rate = rate;
     if (const int channels = data[0] >> 4 & 3; channels == 1 || channels == 2)
-        target.channels = static_cast<std::uint8_t>(channels);
+        target.format.channels = static_cast<std::uint8_t>(channels);
     const auto run = [](LPRSourceToSink& job) {
         Impatient user;
         return Process(user, job);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "jobs/render_outcome.h"
-#include "jobs/sound_input.h"
+#include "jobs/rendered_format.h"
 #include "sound/render_job.h"
 
 #include <functional>
@@ -9,9 +9,7 @@
 /// What is to become of an input.
 struct RenderTarget {
     std::string path; ///< of the WAVE file; "-" for standard output
-    std::optional<int> rate{};
-    std::optional<std::uint8_t> channels{};
-    int bits = 16;
+    RenderedFormatRequest format{};
 };
 
 /// What rendering asks of the program that it is a part of.

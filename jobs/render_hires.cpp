@@ -1,11 +1,14 @@
 #include "jobs/render_hires.h"
 
+#include "hires/peak_sink.h"
 #include "jobs/hires_files.h"
 
 #include <algorithm>
 #include <cstdio>
 
 namespace {
+
+constexpr double FullScale = 0x1p31;
 
 const HiresFileKind* ChooseKind(const HiresTarget& target) {
     return target.isRaw ? HiresFileKind::Find(".raw") : FindOutputKind(target.path);
@@ -52,10 +55,15 @@ RenderOutcome Render(HiresInput& input, const HiresTarget& target, const HiresRe
                              {target.program, DescribeSound(input)});
     if (!file.sink)
         return {.failure = file.failure, .ofTheOutput = true};
-    HiresRenderJob job{.source = *input.source, .sink = *file.sink};
+    constexpr auto Quiet = static_cast<std::int64_t>(RenderedLevel::Quiet * FullScale);
+    HiresPeakSink sink(*file.sink, input.source->channels, Quiet);
+    HiresRenderJob job{.source = *input.source, .sink = sink};
     const LProcessResult result = user.run(job);
-    LFailure unfinished = file.sink->Finish();
-    return FinishRendering(output, result, job.failure ? job.failure : unfinished, *input.news);
+    LFailure unfinished = sink.Finish();
+    RenderOutcome outcome =
+        FinishRendering(output, result, job.failure ? job.failure : unfinished, *input.news);
+    outcome.level.peak = static_cast<double>(sink.GetPeak()) / FullScale;
+    return outcome;
 }
 
 } // namespace

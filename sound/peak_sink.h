@@ -3,10 +3,13 @@
 #include "sound/level.h"
 #include "sound/sound_sink.h"
 
+#include <limits>
+
 /// What a sink has been given.
 struct SinkMeasure {
     int frames = 0;
-    int peak = 0; ///< the largest magnitude
+    int peak = 0;                                 ///< the largest magnitude...
+    int enough = std::numeric_limits<int>::max(); ///< ...or one from here on, behind which it does not look
 };
 
 /// Passes on what it is given, and measures it.
@@ -24,7 +27,8 @@ public:
     void Write(const int* buffer, int frames) override {
         sink->Write(buffer, frames);
         measure.frames += frames;
-        measure.peak = std::max(measure.peak, GetBufferPeak(buffer, frames, channels));
+        if (measure.peak < measure.enough)
+            measure.peak = std::max(measure.peak, GetBufferPeak(buffer, frames, channels));
         TakeStatus();
     }
     void Finish() override {

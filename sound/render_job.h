@@ -22,10 +22,12 @@ struct LPRSourceToSink {
     LSoundSink sink;
 };
 
-/// The source as a sink of this rate, channel count and peak takes it: converted, then limited.
-inline LSoundSource OpenSourceForSink(LSoundSource source, int rate, std::uint8_t channels, int peakLimit) {
+/// The source as a sink of this rate, channel count and peak takes it: converted, then limited, of which
+/// `told` hears.
+inline LSoundSource OpenSourceForSink(LSoundSource source, int rate, std::uint8_t channels, int peakLimit,
+                                      std::shared_ptr<LLimiterNews> told = nullptr) {
     LSPConvertSourceRateChannels(rate, channels, source);
-    return LSPPeakLimit(peakLimit).OpenSource(source);
+    return LSPPeakLimit(peakLimit, std::move(told)).OpenSource(source);
 }
 
 /// A write that the user's own stop broke off is a stop.

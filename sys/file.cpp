@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/file.h> // NOLINT(readability-duplicate-include): the system's
@@ -185,6 +186,15 @@ LSharedReadWriteFile::LSharedReadWriteFile(const char* path)
 
 LReadWriteFile LReadWriteFile::OpenUnlocked(const char* path) {
     return LReadWriteFile(OpenAtOnce(path, O_RDWR | O_CREAT));
+}
+
+LReadWriteFile LReadWriteFile::CreateUnnamed() {
+    const char* folder = std::getenv("TMPDIR");
+    std::string name = std::string(folder ? folder : "/var/tmp") + "/sonvire-XXXXXX";
+    LReadWriteFile created(Note(mkostemp(name.data(), O_CLOEXEC)));
+    if (created.IsOpen())
+        unlink(name.c_str());
+    return created;
 }
 
 bool LReadWriteFile::LockExclusively() {

@@ -99,6 +99,8 @@ public:
     static LReadWriteFile Duplicate(int opened);
     /// Creates the file where it is missing.
     static LReadWriteFile OpenUnlocked(const char* path);
+    /// Creates one without a name in $TMPDIR or /var/tmp, which goes with its last descriptor.
+    static LReadWriteFile CreateUnnamed();
     /// Takes an advisory lock that is not waited for; false where somebody else holds one, or it can't be
     /// had.
     [[nodiscard]] bool LockExclusively();

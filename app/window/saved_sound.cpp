@@ -4,6 +4,7 @@
 #include "app/quality.h"
 #include "gui/level_meter.h"
 #include "gui/process_dialog.h"
+#include "hires/peak_sink.h"
 #include "jobs/file_notices.h"
 #include "jobs/render_file.h"
 #include "jobs/render_hires.h"
@@ -11,9 +12,7 @@
 #include "sys/desktop/message_box.h"
 #include "tone/tone_level.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -50,27 +49,6 @@ SavedSound SaveStandard(LWindow& parent, const SonvireData& tone, const std::str
     return saved;
 }
 
-/// Passes on what it is given, and keeps the largest magnitude.
-class HiresPeakSink : public HiresSink {
-public:
-    HiresPeakSink(HiresSink& target, int channelCount) : sink(target), channels(channelCount) {}
-
-    LFailure Write(const std::int32_t* samples, int frames) override {
-        for (int i = 0; i < frames * channels; ++i)
-            peak = std::max(peak, std::abs(std::int64_t{samples[i]}));
-        return sink.Write(samples, frames);
-    }
-    LFailure Finish() override { return sink.Finish(); }
-    std::optional<double> GetPeakDbfs() const {
-        return peak > 0 ? std::optional(20 * std::log10(static_cast<double>(peak) * 0x1p-31)) : std::nullopt;
-    }
-
-private:
-    HiresSink& sink;
-    int channels;
-    std::int64_t peak = 0;
-};
-
 std::string DescribeQuality(const HiresInput& input) {
     return DescribeRate(input.source->rate) + ", 24 bits" +
            (input.loweredDb >= 0.005 ? ", lowered by " + FormatDecibels(input.loweredDb, 2) + " dB" : "");
@@ -84,7 +62,8 @@ SavedSound SaveHigh(LWindow& parent, const SonvireData& tone, const std::string&
         HiresRenderJob measured{.source = job.source, .sink = sink};
         const LProcessResult result = RunJob(parent, HiresRenderJob::Title, measured);
         job.failure = measured.failure;
-        peakDbfs = sink.GetPeakDbfs();
+        if (sink.GetPeak() > 0)
+            peakDbfs = 20 * std::log10(static_cast<double>(sink.GetPeak()) * 0x1p-31);
         return result;
     };
     SavedSound saved{RenderHiresToFile(input, {.path = path, .program = ProductAndVersion},

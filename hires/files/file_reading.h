@@ -23,14 +23,10 @@ public:
 
     /// Whether it was so when it was opened.
     bool IsCutShort() const { return stream.CountMissingFrames() > 0; }
-    /// Whether libsndfile guesses the length from that of the file, or finds the first of several sounds.
-    bool IsLengthGuessed() const;
-    /// Where that is so: whether there is more than it has found.
-    bool HasMore() const;
+    bool IsLengthGuessed() const { return stream.IsLengthGuessed(); }
+    bool HasMore() const { return stream.HasMore(); }
 
 private:
-    std::size_t ReadFile(double* out, std::size_t frames);
-
     HiresSoundStream stream;
     std::vector<double> block;
     std::unique_ptr<HiresRateConverter> converter; ///< at another rate

@@ -79,6 +79,14 @@ HiresSoundStream::HiresSoundStream(const std::string& path)
     : file(LSharedReadFile(path.c_str())),
       start(0),
       failure(CheckReadable(path)) {
+    OpenToRead();
+}
+
+HiresSoundStream::HiresSoundStream(LOpenFile&& opened) : file(std::move(opened)), start(file.GetOffset()) {
+    OpenToRead();
+}
+
+void HiresSoundStream::OpenToRead() {
     Open(SFM_READ, "is damaged or of a kind that is not read");
     if (!handle)
         return;
@@ -116,15 +124,34 @@ void HiresSoundStream::Open(int mode, const char* refusal) {
         Keep(refusal);
 }
 
+std::optional<std::int64_t> HiresSoundStream::GetLength() const {
+    return info.frames <= MostFrames ? std::optional(info.frames) : std::nullopt;
+}
+
 std::int64_t HiresSoundStream::CountFrames() {
-    if (info.frames <= MostFrames)
-        return info.frames;
-    constexpr sf_count_t AtOnce = 1024;
-    std::vector<double> block(static_cast<std::size_t>(AtOnce * info.channels));
+    if (const std::optional<std::int64_t> length = GetLength())
+        return *length;
+    constexpr std::size_t AtOnce = 1024;
+    std::vector<double> block(AtOnce * static_cast<std::size_t>(info.channels));
     std::int64_t all = 0;
-    for (sf_count_t some = AtOnce; some > 0; all += some)
-        some = std::max<sf_count_t>(0, Sndfile().readf_double(handle, block.data(), AtOnce));
+    while (const std::size_t some = Read(block.data(), AtOnce))
+        all += static_cast<std::int64_t>(some);
     return all;
+}
+
+bool HiresSoundStream::IsLengthGuessed() const {
+    const int type = info.format & SF_FORMAT_TYPEMASK;
+    return type == SF_FORMAT_MPEG || type == SF_FORMAT_OGG;
+}
+
+bool HiresSoundStream::HasMore() const {
+    constexpr std::int64_t MostBehind = 1024; // of tags
+    return IsLengthGuessed() && file.GetSize() - file.GetOffset() > MostBehind;
+}
+
+std::size_t HiresSoundStream::Read(double* out, std::size_t frames) {
+    const sf_count_t got = Sndfile().readf_double(handle, out, static_cast<sf_count_t>(frames));
+    return static_cast<std::size_t>(std::max<sf_count_t>(got, 0));
 }
 
 void HiresSoundStream::Write(std::string_view text) {

@@ -15,6 +15,8 @@ class HiresSoundStream {
 public:
     /// Reads a file.
     explicit HiresSoundStream(const std::string& path);
+    /// Reads what is in an open file from its offset on.
+    explicit HiresSoundStream(LOpenFile&& opened);
     /// Replaces what is in the file from its offset on. `format` is one of libsndfile's. In a pipe,
     /// `dataBytes` tells how long what follows the header will be.
     HiresSoundStream(LReadWriteFile&& opened, int format, int rate, int channels, std::int64_t dataBytes);
@@ -29,13 +31,20 @@ public:
     const SF_INFO& GetInfo() const { return info; }
     /// More frames than any file has; lengths below can be added up for hundreds of thousands of files.
     static constexpr std::int64_t MostFrames = std::int64_t{1} << 45;
-    /// How long the file is, for before it is read; one that does not tell, such as a FLAC file that went
-    /// into a pipe, is read through.
+    /// How long the file is, in frames; nothing where it does not tell, such as a FLAC file that went into a
+    /// pipe.
+    std::optional<std::int64_t> GetLength() const;
+    /// The same for before it is read; one that does not tell is read through.
     std::int64_t CountFrames();
     /// How many more there were before it was cut short, by its own account.
     std::int64_t CountMissingFrames() const { return missing; }
-    /// Bytes of the file behind what libsndfile has read.
-    std::int64_t CountUnread() const { return file.GetSize() - file.GetOffset(); }
+    /// Whether libsndfile guesses the length from that of the file, or finds the first of several sounds.
+    bool IsLengthGuessed() const;
+    /// Where that is so, behind the end: whether there is more than it has found.
+    bool HasMore() const;
+
+    /// Interleaved, full scale being 1; answers how many frames there were, fewer at the end only.
+    std::size_t Read(double* out, std::size_t frames);
 
     /// In a pipe, for once all is said that stands in the header: writes it as that of so many frames.
     void BeginPipe(std::int64_t frames);
@@ -47,6 +56,7 @@ private:
     struct Callbacks;
 
     void Open(int mode, const char* refusal);
+    void OpenToRead();
     void Write(std::string_view text);
     void Keep(LFailure unwritten);
 

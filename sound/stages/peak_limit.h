@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -14,6 +15,8 @@ public:
     /// The least gain since the last call, 8.24. Thread: reader. Blocks: no. Allocates: no.
     int TakeLeastGain() { return std::exchange(least, UnityGain); }
     void Note(int gain) { least = std::min(least, gain); }
+    /// By how much a gain lowers what it is applied to.
+    static double ToDecibels(int gain) { return 20 * std::log10(double{UnityGain} / std::max(gain, 1)); }
 
 private:
     int least = UnityGain;

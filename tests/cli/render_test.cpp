@@ -95,6 +95,16 @@ TEST_F(Render, WhatIsTooLoudIsLimitedNotWrapped) {
         EXPECT_EQ(CountSignChanges(samples), input == "rates.tdl" ? 299 : 199) << input;
         EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 31800) << input;
     }
+    const std::string usual = "--duration 1000 --frequency 440 ";
+    for (const auto& [input, told] : std::initializer_list<std::pair<std::string, std::string>>{
+             {"--channels 1 loud.wav", "loud.wav: is too loud, and limited by up to 6.02 dB"}, // both sides
+             {"mono.wav", ""},
+             {usual + "--quality high --amplitude -47", ""}, // beside -12.04
+             {usual + "--quality high --amplitude -48",
+              "the tone: is below -60 dBFS: its peak is -60.04 dBFS"},
+             {usual + "--amplitude -127", "the tone: is silent"}})
+        EXPECT_EQ(Cli("render --strict " + input + " m.wav").errors,
+                  told.empty() ? "" : "sonvire-cli: warning: " + told + "\n");
 }
 
 TEST_F(Render, WritesWhereItCanAndSaysWhereItCant) {

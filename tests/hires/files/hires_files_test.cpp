@@ -4,6 +4,7 @@
 #include "hires/files/read_facts.h"
 #include "hires/random.h"
 #include "hires/raw_writer.h"
+#include "jobs/frame_reader.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -254,6 +255,53 @@ TEST(HiresFiles, ChannelsAndExcessAreBroughtToWhatIsWanted) {
 
     EXPECT_FALSE(WriteFile(dir / "mono.flac", {8000, 1}, {0x100, 0x200}));
     EXPECT_EQ(ReadFile(dir / "mono.flac", {}, 2).samples, (Frames{0x100, 0x100, 0x200, 0x200}));
+}
+
+TEST(HiresFiles, FramesAreThoseOfTheFile) {
+    const TempDir dir;
+    const double values[] = {1.5, -1, 0.5, 0.25, -3, 0.75}; // 6 channels of one frame, 3 of two...
+    WriteBytes(dir / "raw", {reinterpret_cast<const char*>(values), sizeof values});
+    const std::string from = "ffmpeg -v error -f f64le ";
+    const std::string clipped = from + "-ac 2 -ar 800000 -i raw -c:a ";
+    const struct {
+        std::string make;
+        int rate, channels, bits;
+        std::vector<double> expected;
+        const char* told = "";
+    } cases[] = {
+        {from + "-ac 6 -ar 7 -i raw -c:a pcm_f64le f.wav", 7, 6, 0, {values, values + 6}},
+        {from + "-ac 3 -ar 8000 -i raw -c:a pcm_f32be f.aiff", 8000, 3, 0, {values, values + 6}},
+        {clipped + "pcm_s16le f.wav", 800'000, 2, 16, {0x7FFF / 32768.0, -1, 0.5, 0.25, -1, 0.75}},
+        {clipped + "pcm_u8 f.wav && truncate -s -1 f.wav",
+         800'000,
+         2,
+         8,
+         {127 / 128.0, -1, 0.5, 0.25},
+         "is cut short; 1 frames are missing"},
+        {clipped + "pcm_s32le f.caf", 800'000, 2, 32, {INT32_MAX * 0x1p-31, -1, 0.5, 0.25, -1, 0.75}},
+        {"sox -r 44100 -c 2 -t f64 raw -b 24 -t flac - | cat > f.flac",
+         44100,
+         2,
+         24,
+         {0x7FFFFF * 0x1p-23, -1, 0.5, 0.25, -1, 0.75}},
+        {"head -c 2000 /dev/zero | ffmpeg -v error -f s16le -ar 32000 -ac 2 -i - -f ogg -c:a libvorbis f.ogg",
+         32000, 2, 0, std::vector<double>(1000)},
+    };
+    for (const auto& [make, rate, channels, bits, expected, told] : cases) {
+        const std::string path = dir / make.substr(make.rfind(' ') + 1);
+        RunProgram("cd " + (dir / "") + " && rm -f f.* && " + make);
+        const FrameInput input = ReadFileFrames(path);
+        ASSERT_TRUE(input.reader) << make << input.failure.GetReason();
+        const FrameReader::Format& format = input.reader->format;
+        EXPECT_EQ(std::tie(format.rate, format.channels, format.bits), std::tie(rate, channels, bits))
+            << make;
+        std::vector<double> read(expected.size() + 6);
+        read.resize(input.reader->Read(read) * static_cast<std::size_t>(channels));
+        EXPECT_EQ(read, expected) << make;
+        const std::vector<LFileWarning> warnings = input.news->Take();
+        EXPECT_EQ(warnings.empty() ? "" : warnings.front().reason, told) << make;
+    }
+    EXPECT_EQ(ReadFileFrames(dir / "raw").failure.GetReason(), "is damaged or of a kind that is not read");
 }
 
 TEST(HiresFiles, BadOnesDoNoHarm) {

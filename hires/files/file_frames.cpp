@@ -1,0 +1,56 @@
+#include "hires/files/file_frames.h"
+
+#include "hires/files/read_facts.h"
+#include "hires/files/sound_stream.h"
+
+#include <algorithm>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+/// Brings what comes by a pipe into a file.
+LReadWriteFile KeepPiped(LReadWriteFile&& pipe, LFailure& failure) {
+    LReadWriteFile kept = LReadWriteFile::CreateUnnamed();
+    failure = kept.GetFailure();
+    std::vector<char> block(1 << 16);
+    while (const std::size_t bytes = failure ? 0 : pipe.Read(block.data(), block.size()))
+        failure = kept.Write(block.data(), bytes);
+    if (failure)
+        failure = "can't be kept in a temporary file: " + failure.GetReason();
+    kept.SeekTo(0);
+    return kept;
+}
+
+std::unique_ptr<HiresSoundStream> OpenStandardInput(LFailure& failure) {
+    if (isatty(STDIN_FILENO) != 0) {
+        failure = "is a terminal, which gives no sound";
+        return nullptr;
+    }
+    LReadWriteFile opened = LReadWriteFile::Duplicate(STDIN_FILENO);
+    if (!opened.IsRegular())
+        opened = KeepPiped(std::move(opened), failure);
+    return failure ? nullptr : std::make_unique<HiresSoundStream>(std::move(opened));
+}
+
+} // namespace
+
+HiresFileFrames::HiresFileFrames(const std::string& path)
+    : stream(path == "-" ? OpenStandardInput(facts.failure) : std::make_unique<HiresSoundStream>(path)) {
+    if (stream)
+        facts = DescribeSoundStream(*stream);
+}
+
+HiresFileFrames::~HiresFileFrames() = default;
+
+std::optional<std::int64_t> HiresFileFrames::GetLength() const {
+    return stream->GetLength();
+}
+
+std::size_t HiresFileFrames::Read(double* out, std::size_t frames) {
+    return stream->Read(out, frames);
+}
+
+bool HiresFileFrames::HasMore() const {
+    return stream->HasMore();
+}

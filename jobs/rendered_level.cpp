@@ -1,0 +1,16 @@
+#include "jobs/rendered_level.h"
+
+#include <cmath>
+#include <cstdio>
+
+std::string RenderedLevel::Describe() const {
+    constexpr double LeastDb = 0.005; // what is told is rounded to 0.01
+    char text[96] = "";
+    if (limitedDb >= LeastDb)
+        std::snprintf(text, sizeof text, "is too loud, and limited by up to %.2f dB", limitedDb);
+    else if (peak == 0)
+        return "is silent";
+    else if (peak < Quiet)
+        std::snprintf(text, sizeof text, "is below -60 dBFS: its peak is %.2f dBFS", 20 * std::log10(peak));
+    return text;
+}
