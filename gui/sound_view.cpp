@@ -87,7 +87,7 @@ LPlot LSoundView::GetPointedPlot() const {
 }
 
 void LSoundView::StepReading(double places) {
-    Point(GetPointedPlot(), pointed ? pointed->place + places : 0.5, KeyReach);
+    Point(GetPointedPlot(), GetPointedPlace() + places, KeyReach);
 }
 
 void LSoundView::TurnReading() {

@@ -20,16 +20,16 @@ bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
 }
 
-QColor WithAlpha(QColor colour, float alpha) {
-    colour.setAlphaF(alpha);
-    return colour;
-}
-
 QFontMetricsF Measure(const QFont& font) {
     return QFontMetricsF(font);
 }
 
 } // namespace
+
+QColor WithAlpha(QColor colour, float alpha) {
+    colour.setAlphaF(alpha);
+    return colour;
+}
 
 QColor GetChannelColour(const QPalette& palette, std::size_t channel) {
     constexpr QRgb Dark[] = {0x56b4e9, 0xe69f00}, Light[] = {0x0072b2, 0xd55e00};
