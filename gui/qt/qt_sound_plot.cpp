@@ -12,12 +12,30 @@
 
 namespace {
 
-constexpr double Gap = 4;       // between marks and plot
-constexpr double DotPixels = 6; // from sample to sample, for each to be seen
+constexpr double Gap = 4;          // between marks and plot
+constexpr double DotPixels = 6;    // from sample to sample, for each to be seen
+constexpr double DenseFrames = 40; // in a pixel, where a wave becomes an area
 constexpr double CurveWidth = 1.4, WideCurve = 2.8;
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
+}
+
+/// From point to point: a whole polyline takes a hundred times as long where it goes up and down a lot.
+void DrawCurve(QPainter& painter, const QList<QPointF>& points, const QColor& colour, double width) {
+    QList<QLineF> lines;
+    for (qsizetype i = 1; i < points.size(); ++i)
+        lines.append({points[i - 1], points[i]});
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, width));
+    painter.drawLines(lines);
+}
+
+/// Of one pixel of the screen each.
+void DrawColumns(QPainter& painter, const QList<QLineF>& columns, const QColor& colour) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(colour, 0));
+    painter.drawLines(columns);
 }
 
 QFontMetricsF Measure(const QFont& font) {
@@ -50,7 +68,7 @@ LQtSoundPlot::LQtSoundPlot(const LSoundView& shown, LPlot plotKind, const QRectF
     double widest = 0;
     for (const LTick& tick : rows.ticks)
         widest = std::max(widest, metrics.horizontalAdvance(ToQt(tick.text)));
-    area.setLeft(whole.left() + widest + Gap);
+    area.setLeft(std::ceil(whole.left() + widest + Gap));
     const auto most = static_cast<int>(area.width() / metrics.horizontalAdvance("00000"));
     const LAxis& axis = view.GetAxis(plot);
     columns = plot == LPlot::Wave ? MarkSeconds(axis, most) : MarkHz(axis, most);
@@ -111,19 +129,17 @@ void LQtSoundPlot::PaintSamples(QPainter& painter, std::size_t channel) const {
     const std::vector<float>& samples = sound.channels[channel].samples;
     const double first = std::max(0.0, std::floor(axis.from * sound.rate));
     const double last = std::min(std::ceil(axis.to * sound.rate), static_cast<double>(samples.size()) - 1);
-    QPolygonF points;
+    QList<QPointF> points;
     for (double i = first; i <= last; ++i)
         points.append(
             {GetX(axis.GetPlace(i / sound.rate)), GetY(double{samples[static_cast<std::size_t>(i)]})});
     const bool isWide = channel == 0 && sound.channels.size() > 1;
     const QColor colour = GetChannelColour(palette, channel);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, isWide ? WideCurve : CurveWidth));
-    painter.drawPolyline(points);
+    DrawCurve(painter, points, colour, isWide ? WideCurve : CurveWidth);
     if (last - first > area.width() / DotPixels)
         return;
     painter.setPen(QPen(colour, 2 * WideCurve, Qt::SolidLine, Qt::RoundCap));
-    painter.drawPoints(points);
+    painter.drawPoints(points.data(), static_cast<int>(points.size()));
 }
 
 /// What each column of the screen's pixels reaches.
@@ -131,36 +147,35 @@ void LQtSoundPlot::PaintEnvelope(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Wave);
     const double pixel = 1 / painter.device()->devicePixelRatioF();
-    const QColor colour = WithAlpha(GetChannelColour(palette, channel), channel == 0 ? 1.0F : 0.65F);
+    QList<QLineF> lines;
+    QList<QPointF> points;
     for (double x = 0; x < area.width(); x += pixel) {
         const LShownSound::Range range = sound.GetWave(channel, axis.GetValue(x / area.width()),
                                                        axis.GetValue((x + pixel) / area.width()));
-        const double top = GetY(double{range.most});
-        const double height = std::max(pixel, GetY(double{range.least}) - top);
-        painter.fillRect(QRectF(area.left() + x, top, pixel, height), colour);
+        const double middle = area.left() + x + pixel / 2;
+        lines.append({middle, GetY(double{range.most}), middle, GetY(double{range.least})});
+        points << lines.back().p1() << lines.back().p2();
     }
+    if ((axis.to - axis.from) * sound.rate < DenseFrames * area.width())
+        return DrawCurve(painter, points, GetChannelColour(palette, channel), 1);
+    DrawColumns(painter, lines, WithAlpha(GetChannelColour(palette, channel), channel == 0 ? 1.0F : 0.65F));
 }
 
 void LQtSoundPlot::PaintSpectrum(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Spectrum);
     const double pixel = 1 / painter.device()->devicePixelRatioF();
-    QPolygonF points;
-    for (double x = 0; x <= area.width(); x += pixel) {
+    QList<QPointF> points;
+    QList<QLineF> below;
+    for (double x = pixel / 2; x < area.width(); x += pixel) {
         const double level = sound.GetHighest(channel, axis.GetValue((x - pixel / 2) / area.width()),
                                               axis.GetValue((x + pixel / 2) / area.width()));
         points.append({area.left() + x, std::min(GetY(level), area.bottom() + 2)});
+        below.append({points.back(), QPointF(points.back().x(), area.bottom() + 2)});
     }
     const QColor colour = GetChannelColour(palette, channel);
-    QPolygonF filled = points;
-    filled.append({area.right(), area.bottom() + 2});
-    filled.append({area.left(), area.bottom() + 2});
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(WithAlpha(colour, 0.16F));
-    painter.drawPolygon(filled);
-    painter.setPen(QPen(colour, CurveWidth));
-    painter.drawPolyline(points);
+    DrawColumns(painter, below, WithAlpha(colour, 0.16F));
+    DrawCurve(painter, points, colour, CurveWidth);
 }
 
 /// A line through the place, and the words beside it where there is room.
