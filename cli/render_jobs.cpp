@@ -40,10 +40,7 @@ int RenderInput(const RenderOptions& options, Input input, Render render) {
 } // namespace
 
 int RenderStandard(const RenderOptions& options) {
-    RenderTarget target{.path = options.output.path,
-                        .format = {.rate = options.rate, .bits = options.bits == "8" ? 8 : 16}};
-    if (options.channels)
-        target.format.channels = static_cast<std::uint8_t>(*options.channels);
+    const RenderTarget target{.path = options.output.path, .format = options.GetFormat()};
     const auto run = [&](LPRSourceToSink& job) {
         return RunJob(job, job.source.GetEnd().GetMilliseconds() / 1000.0, options.quiet);
     };
@@ -53,11 +50,12 @@ int RenderStandard(const RenderOptions& options) {
 }
 
 int RenderHigh(const RenderOptions& options) {
+    const HiresRounding rounding = options.GetRounding();
     const HiresTarget target{.path = options.output.path,
-                             .samples = options.GetSamples(),
-                             .dither = options.dither != "none",
+                             .samples = rounding.samples,
+                             .dither = rounding.dither,
                              .isRaw = options.isRaw,
-                             .seed = options.GetSeed(),
+                             .seed = rounding.seed,
                              .program = "Sonvire " SONVIRE_VERSION};
     const auto run = [&](HiresRenderJob& job) {
         const double frames = static_cast<double>(job.source.GetLength());
