@@ -1,25 +1,33 @@
 #include "measure/mean_spectrum.h"
 
 #include "measure/kaiser.h"
+#include "measure/kept_by_size.h"
+#include "measure/real_transform.h"
 
 #include <algorithm>
 #include <bit>
-#include <unsupported/Eigen/FFT>
+#include <future>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t Overlap = 4;     ///< segments begin within the frames of one
-constexpr int DenseSegments = 128;     ///< before some are left out
+constexpr int DenseSegments = 64;      ///< before some are left out
+constexpr int SegmentsAtOnce = 16;     ///< before a second thread is worth while
+constexpr std::size_t SparseHops = 16; ///< from a pair of segments to the next one then
 constexpr std::size_t MinFrames = 64;  ///< of a sound
 constexpr double SegmentSeconds = 1.2; ///< at least
 
-using Bins = std::vector<std::complex<double>>;
-
-void AddProducts(Bins& sums, const Bins& a, const Bins& b) {
+void AddProducts(Bins& sums, const Bins& a, const Bins& b, double share) {
     for (std::size_t i = 0; i < sums.size(); ++i) // by parts: the operator looks for infinities
-        sums[i] += std::complex{a[i].real() * b[i].real() + a[i].imag() * b[i].imag(),
-                                a[i].imag() * b[i].real() - a[i].real() * b[i].imag()};
+        sums[i] += std::complex{share * (a[i].real() * b[i].real() + a[i].imag() * b[i].imag()),
+                                share * (a[i].imag() * b[i].real() - a[i].real() * b[i].imag())};
+}
+
+const std::vector<double>& GetWindow(std::size_t frames) {
+    static KeptBySize<std::vector<double>> kept(
+        [](std::size_t count) { return MakeKaiserWindow(Spectrum::WindowBeta, count); });
+    return kept.Get(frames);
 }
 
 } // namespace
@@ -29,16 +37,22 @@ std::size_t GetSegmentFrames(int rate) {
 }
 
 struct MeanSpectrum::State {
+    struct Segment {
+        std::size_t start; ///< in what is pending
+        bool followsOn;    ///< the one before by a hop
+        double share;      ///< for how many hops it stands
+    };
     struct Input {
-        std::vector<double> pending;
+        std::vector<double> pending, taken;
         Bins bins, before;
     };
 
     void Start(std::size_t segmentFrames);
     void TakeAll();
-    void TakeAt(std::size_t start, bool isNeighbour);
-    void Transform(Input& input, std::size_t start);
-    void Drop(std::size_t frames);
+    void TakeLast();
+    std::vector<Segment> ListNext();
+    void HandOver(std::vector<Segment> segments, std::size_t behind);
+    void Look(const Segment& segment);
     void Average();
 
     Spectrum spectrum;
@@ -47,8 +61,10 @@ struct MeanSpectrum::State {
     std::size_t next = 0;   ///< where the next segment begins, in what is pending
     bool followsOn = false; ///< the next one follows the last one by a hop
     std::size_t end = 0;    ///< of the last segment, in what is pending
-    std::vector<double> window, windowed;
-    Eigen::FFT<double> transform{Eigen::FFT<double>::impl_type(), Eigen::FFT<double>::HalfSpectrum};
+    double shares = 0;      ///< of all segments
+    std::vector<double> windowed;
+    std::unique_ptr<RealTransform> transform;
+    std::future<void> work; ///< on what was taken and on the sums; destroyed first, which waits for it
 };
 
 MeanSpectrum::MeanSpectrum(int rate, std::size_t channels) : state(std::make_unique<State>()) {
@@ -83,9 +99,7 @@ Spectrum MeanSpectrum::Finish() {
         state->Start(std::bit_floor(frames / 2));
     }
     state->TakeAll();
-    const std::size_t left = state->inputs[0].pending.size();
-    if (state->end < left)
-        state->TakeAt(left - state->spectrum.segmentFrames, false);
+    state->TakeLast();
     state->Average();
     return std::move(state->spectrum);
 }
@@ -93,8 +107,8 @@ Spectrum MeanSpectrum::Finish() {
 void MeanSpectrum::State::Start(std::size_t segmentFrames) {
     spectrum.segmentFrames = segmentFrames;
     spectrum.hopFrames = segmentFrames / Overlap;
-    window = MakeKaiserWindow(Spectrum::WindowBeta, segmentFrames);
     windowed.resize(segmentFrames);
+    transform = std::make_unique<RealTransform>(segmentFrames);
     const std::size_t bins = segmentFrames / 2 + 1;
     for (Spectrum::Channel& channel : spectrum.channels)
         channel = {std::vector<double>(bins), Bins(bins)};
@@ -102,56 +116,87 @@ void MeanSpectrum::State::Start(std::size_t segmentFrames) {
         spectrum.cross.resize(bins);
 }
 
-/// All segments that are there as a whole, of which the last one's frames are kept.
+/// All segments that are there as a whole. What the next ones or the last one may need stays pending.
 void MeanSpectrum::State::TakeAll() {
     if (spectrum.segmentFrames == 0)
         Start(longest);
-    const std::size_t frames = inputs[0].pending.size(), segment = spectrum.segmentFrames;
-    while (next + segment <= frames) {
-        TakeAt(next, followsOn);
-        end = next + segment;
-        followsOn = spectrum.segments < DenseSegments || spectrum.segments % 2 != 0;
-        next += followsOn ? spectrum.hopFrames : 2 * segment - spectrum.hopFrames;
+    std::vector<Segment> segments = ListNext();
+    const std::size_t behind = std::min(next, inputs[0].pending.size() - spectrum.segmentFrames);
+    HandOver(std::move(segments), behind);
+    next -= behind;
+    end -= std::min(end, behind);
+}
+
+void MeanSpectrum::State::TakeLast() {
+    const std::size_t left = inputs[0].pending.size();
+    if (end < left) {
+        ++spectrum.segments;
+        ++shares;
+        HandOver({{left - spectrum.segmentFrames, false, 1}}, left);
     }
-    Drop(std::min(next, frames - segment));
+    work.wait();
 }
 
-void MeanSpectrum::State::Drop(std::size_t frames) {
-    for (Input& input : inputs)
-        input.pending.erase(input.pending.begin(),
-                            input.pending.begin() + static_cast<std::ptrdiff_t>(frames));
-    next -= frames;
-    end -= std::min(end, frames);
+std::vector<MeanSpectrum::State::Segment> MeanSpectrum::State::ListNext() {
+    std::vector<Segment> segments;
+    while (next + spectrum.segmentFrames <= inputs[0].pending.size()) {
+        const bool isDense = spectrum.segments < DenseSegments;
+        segments.push_back({next, followsOn, isDense ? 1 : SparseHops / 2.0});
+        shares += segments.back().share;
+        end = next + spectrum.segmentFrames;
+        ++spectrum.segments;
+        followsOn = spectrum.segments < DenseSegments || spectrum.segments % 2 != 0;
+        next += followsOn ? spectrum.hopFrames : (SparseHops - 1) * spectrum.hopFrames;
+    }
+    return segments;
 }
 
-void MeanSpectrum::State::TakeAt(std::size_t start, bool isNeighbour) {
+/// Has them looked at while the next ones come in, and keeps what lies behind.
+void MeanSpectrum::State::HandOver(std::vector<Segment> segments, std::size_t behind) {
+    const auto offset = static_cast<std::ptrdiff_t>(behind);
+    if (segments.empty()) {
+        for (Input& input : inputs)
+            input.pending.erase(input.pending.begin(), input.pending.begin() + offset);
+        return;
+    }
+    if (work.valid())
+        work.wait();
+    for (Input& input : inputs) {
+        input.taken.swap(input.pending);
+        input.pending.assign(input.taken.begin() + offset, input.taken.end());
+    }
+    const auto when = spectrum.segments > SegmentsAtOnce ? std::launch::async | std::launch::deferred
+                                                         : std::launch::deferred;
+    work = std::async(when, [this, segments = std::move(segments)] {
+        for (const Segment& segment : segments)
+            Look(segment);
+    });
+}
+
+void MeanSpectrum::State::Look(const Segment& segment) {
+    const std::vector<double>& window = GetWindow(windowed.size());
     for (std::size_t i = 0; i < inputs.size(); ++i) {
         Input& input = inputs[i];
         Spectrum::Channel& sums = spectrum.channels[i];
-        Transform(input, start);
+        for (std::size_t k = 0; k < windowed.size(); ++k)
+            windowed[k] = window[k] * input.taken[segment.start + k];
+        transform->Transform(input.bins, windowed);
         for (std::size_t k = 0; k < sums.power.size(); ++k)
-            sums.power[k] += std::norm(input.bins[k]);
-        if (isNeighbour)
-            AddProducts(sums.advance, input.bins, input.before);
+            sums.power[k] += segment.share * std::norm(input.bins[k]);
+        if (segment.followsOn)
+            AddProducts(sums.advance, input.bins, input.before, segment.share);
     }
     if (inputs.size() == 2)
-        AddProducts(spectrum.cross, inputs[0].bins, inputs[1].bins);
+        AddProducts(spectrum.cross, inputs[0].bins, inputs[1].bins, segment.share);
     for (Input& input : inputs)
         input.bins.swap(input.before);
-    ++spectrum.segments;
-}
-
-void MeanSpectrum::State::Transform(Input& input, std::size_t start) {
-    for (std::size_t i = 0; i < windowed.size(); ++i)
-        windowed[i] = window[i] * input.pending[start + i];
-    transform.fwd(input.bins, windowed);
 }
 
 void MeanSpectrum::State::Average() {
     double unit = 0;
-    for (const double value : window)
+    for (const double value : GetWindow(spectrum.segmentFrames))
         unit += value * value;
-    unit *= static_cast<double>(window.size()) * spectrum.segments / 2; // two sides
+    unit *= static_cast<double>(spectrum.segmentFrames) * shares / 2; // two sides
     for (Spectrum::Channel& channel : spectrum.channels) {
         for (double& power : channel.power)
             power /= unit;

@@ -39,9 +39,10 @@ struct Spectrum {
 std::size_t GetSegmentFrames(int rate);
 
 /// Averages spectra while the sound goes by, of any length. A segment has `GetSegmentFrames`, or at most half
-/// of a shorter sound; three quarters of it overlap the next. After the first 128, which are 48 s of 44.1
-/// kHz, two neighbours are taken of every eight, so that long sounds take little longer than their reading.
-/// The last segment is that at the end. Thread: one at a time.
+/// of a shorter sound; three quarters of it overlap the next. After the first 64, which are 24 s of 44.1 kHz,
+/// two neighbours are taken of every sixteen, and count for all of them. The last segment is that at the end.
+/// What is found doesn't depend on the sizes of blocks. Thread: one at a time; from 16 segments on, a second
+/// one works for it.
 class MeanSpectrum {
 public:
     MeanSpectrum(int rate, std::size_t channels);

@@ -10,22 +10,38 @@ namespace {
 constexpr double AboveFloor = 40, BelowStrongest = 1e-18; ///< powers
 constexpr std::size_t Reach = Spectrum::LineReach;
 
-/// Of a bin, what its surroundings have beside a line there: their mean, told from their median, which other
-/// lines don't move.
-double GetFloor(std::span<const double> power, std::size_t bin) {
-    constexpr std::size_t Width = 32;
-    std::vector<double> around;
-    for (std::size_t i = Reach + 1; i <= Reach + Width; ++i) {
-        if (bin >= i + Reach)
-            around.push_back(power[bin - i]);
-        if (bin + i < power.size())
-            around.push_back(power[bin + i]);
+/// The bins beside a line, on either side.
+struct Surroundings {
+    std::span<const double> below, above;
+
+    Surroundings(std::span<const double> power, std::size_t bin) {
+        constexpr std::size_t Width = 32;
+        const std::size_t first = std::max(Reach, bin - std::min(bin, Reach + Width));
+        below = power.subspan(first, std::max(first, bin - Reach) - first);
+        above = power.subspan(std::min(power.size(), bin + Reach + 1));
+        above = above.first(std::min(above.size(), Width));
     }
-    if (around.empty())
+};
+
+/// What they have beside a line on average, told from their median, which other lines don't move.
+double GetFloor(const Surroundings& around) {
+    std::vector<double> all(around.below.begin(), around.below.end());
+    all.insert(all.end(), around.above.begin(), around.above.end());
+    if (all.empty())
         return 0;
-    const auto middle = around.begin() + std::ssize(around) / 2;
-    std::nth_element(around.begin(), middle, around.end());
+    const auto middle = all.begin() + std::ssize(all) / 2;
+    std::nth_element(all.begin(), middle, all.end());
     return *middle / std::numbers::ln2;
+}
+
+/// Whether their median is that far below, without looking for it.
+bool StandsOut(double power, const Surroundings& around) {
+    const auto isBelow = [limit = power / AboveFloor * std::numbers::ln2](double each) {
+        return each < limit;
+    };
+    const auto count = std::count_if(around.below.begin(), around.below.end(), isBelow) +
+                       std::count_if(around.above.begin(), around.above.end(), isBelow);
+    return 2 * count >= std::ssize(around.below) + std::ssize(around.above);
 }
 
 bool IsPeak(std::span<const double> power, std::size_t bin) {
@@ -39,7 +55,7 @@ std::vector<std::size_t> FindPeaks(std::span<const double> power) {
         return peaks;
     const double least = *std::max_element(power.begin() + Reach + 1, power.end()) * BelowStrongest;
     for (std::size_t bin = Reach + 1; bin + 2 < power.size(); ++bin)
-        if (power[bin] > least && IsPeak(power, bin) && power[bin] > AboveFloor * GetFloor(power, bin))
+        if (power[bin] > least && IsPeak(power, bin) && StandsOut(power[bin], {power, bin}))
             peaks.push_back(bin);
     std::sort(peaks.begin(), peaks.end(), [&](std::size_t a, std::size_t b) { return power[a] > power[b]; });
     return peaks;
@@ -65,7 +81,7 @@ SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
     for (const std::size_t peak : FindPeaks(bins.power)) {
         if (rest[peak] < 0)
             continue;
-        const double floor = GetFloor(bins.power, peak);
+        const double floor = GetFloor({bins.power, peak});
         double power = 0;
         for (std::size_t i = peak - Reach; i <= std::min(peak + Reach, rest.size() - 1); ++i) {
             if (rest[i] < 0)

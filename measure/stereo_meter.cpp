@@ -1,12 +1,12 @@
 #include "measure/stereo_meter.h"
 
+#include "measure/real_transform.h"
 #include "measure/spectrum_lines.h"
 #include "measure/tone_meter.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <unsupported/Eigen/FFT>
 
 namespace {
 
@@ -56,25 +56,31 @@ bool IsOfLines(const Spectrum& spectrum, const std::vector<SpectrumLine>& lines)
     return !lines.empty() && power >= GetPower(spectrum.channels[0]) / 2;
 }
 
-/// Where the correlation is largest, to a fraction of a frame.
+/// Where the correlation is largest, to a fraction of a frame. As it is real, the transform of real values
+/// has it, that of each delay beside that of its opposite.
 double FindDelay(const Spectrum& spectrum) {
     const std::size_t count = StepsPerFrame * spectrum.segmentFrames;
-    std::vector<std::complex<double>> products(count), correlation;
-    for (std::size_t i = FirstBin; i < spectrum.cross.size(); ++i)
-        products[i] = spectrum.cross[i];
-    Eigen::FFT<double>().fwd(correlation, products);
-    const std::size_t most = count / 4;
-    std::size_t best = 0;
-    for (std::size_t i = 0; i < count; ++i)
-        if ((i <= most || i >= count - most) && correlation[i].real() > correlation[best].real())
-            best = i;
-    const double steps = static_cast<double>(best) - (best > most ? static_cast<double>(count) : 0.0);
-    return steps / StepsPerFrame;
+    std::vector<double> products(count);
+    for (std::size_t i = FirstBin; i < spectrum.cross.size(); ++i) {
+        products[i] = spectrum.cross[i].real() + spectrum.cross[i].imag();
+        products[count - i] = spectrum.cross[i].real() - spectrum.cross[i].imag();
+    }
+    Bins bins;
+    RealTransform(count).Transform(bins, products);
+    double best = 0, highest = bins[0].real();
+    for (std::size_t i = 1; i <= count / 4; ++i)
+        for (const int sign : {1, -1})
+            if (const double correlation = bins[i].real() - sign * bins[i].imag(); correlation > highest) {
+                highest = correlation;
+                best = sign * static_cast<double>(i);
+            }
+    return best / StepsPerFrame;
 }
 
 /// The delay nearby at which the frequencies agree best.
 double Refine(const std::vector<Shared>& shared, double delay) {
-    for (int i = 0; i < 8; ++i) {
+    double step = 1;
+    for (int i = 0; i < 8 && std::abs(step) > 1e-9; ++i) {
         double slope = 0, bend = 0;
         for (const Shared& each : shared) {
             const double off = each.phase - each.radians * delay;
@@ -83,7 +89,8 @@ double Refine(const std::vector<Shared>& shared, double delay) {
         }
         if (bend <= 0)
             break;
-        delay += slope / bend;
+        step = slope / bend;
+        delay += step;
     }
     return delay;
 }

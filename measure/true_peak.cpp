@@ -9,10 +9,25 @@
 namespace {
 
 constexpr double Beta = 5;
-constexpr double MostGain = 2.6; ///< of the filters: the sum of their magnitudes
+constexpr double MostGain = 2.6;  ///< of the filters: the sum of their magnitudes
+constexpr std::size_t Lanes = 16; ///< which the compiler keeps side by side
 
 double GetSinc(double x) {
     return x == 0 ? 1 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
+}
+
+float GetLoudest(const std::vector<float>& samples) {
+    float found[Lanes] = {};
+    const auto take = [&](std::size_t i, std::size_t lane) {
+        found[lane] = std::max(found[lane], std::abs(samples[i]));
+    };
+    std::size_t i = 0;
+    for (; i + Lanes <= samples.size(); i += Lanes)
+        for (std::size_t lane = 0; lane < Lanes; ++lane)
+            take(i + lane, lane);
+    for (; i < samples.size(); ++i)
+        take(i, 0);
+    return *std::max_element(found, found + Lanes);
 }
 
 /// The values for samples 0.25, 1.25, ... (or 0.75, ...) away, on one side and on the other, which add up
@@ -45,11 +60,11 @@ TruePeakMeter::TruePeakMeter() : pending(Taps - 1) {
 
 void TruePeakMeter::Add(ChannelBlock samples) {
     while (!samples.empty()) {
-        const ChannelBlock part = samples.first(std::min(samples.size(), Taps - 1 + Chunk - pending.size()));
-        std::transform(part.begin(), part.end(), std::back_inserter(pending),
+        const std::size_t before = pending.size();
+        const ChannelBlock part = samples.first(std::min(samples.size(), Taps - 1 + Chunk - before));
+        pending.resize(before + part.size());
+        std::transform(part.begin(), part.end(), pending.data() + before,
                        [](double sample) { return static_cast<float>(sample); });
-        for (const double sample : part)
-            peak = std::max(peak, std::abs(sample));
         samples = samples.subspan(part.size());
         if (pending.size() == Taps - 1 + Chunk) {
             LookBetween(pending);
@@ -66,12 +81,11 @@ double TruePeakMeter::Get() const {
 }
 
 void TruePeakMeter::LookBetween(const std::vector<float>& samples) {
-    constexpr std::size_t Lanes = 16; // which the compiler keeps side by side
-    float loudest = 0, found[Lanes] = {};
-    for (const float sample : samples)
-        loudest = std::max(loudest, std::abs(sample));
+    const float loudest = GetLoudest(samples);
+    peak = std::max(peak, static_cast<double>(loudest));
     if (loudest * MostGain <= peak)
         return;
+    float found[Lanes] = {};
     for (std::size_t at = 0; at < Chunk; at += Lanes) {
         float middle[Lanes] = {}, evenly[Lanes] = {}, oddly[Lanes] = {};
         const float* before = &samples[at + Taps / 2 - 1];

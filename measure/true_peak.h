@@ -16,7 +16,8 @@ public:
     TruePeakMeter();
 
     void Add(ChannelBlock samples);
-    /// No less than the peak of the samples. Silence lies before the first of them and behind the last.
+    /// No less than the peak of the samples, to 24 bits. Silence lies before the first of them and behind the
+    /// last.
     double Get() const;
 
 private:

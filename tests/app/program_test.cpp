@@ -196,7 +196,7 @@ TEST_F(Program, TheKeyboardFollowsFromPlayToStop) {
     StartDesktop();
     StartManager();
     ASSERT_TRUE(StartProgram(WriteTone()));
-    Keys({"Tab", "Tab", "Tab", "Tab"}); // over output, mute and volume
+    Keys({"Tab", "Tab", "Tab", "Tab", "Tab"}); // over the wave, output, mute and volume
     for (const bool plays : {true, false, true}) {
         Key("space");
         EXPECT_TRUE(WaitFor([&] { return IsPlaying() == plays; }));
@@ -248,7 +248,8 @@ TEST_F(Program, EveryControlHasARoleANameAndItsValue) {
         {{},
          "start.tdf* - Sonvire",
          {"tree|Tone data|", "tool bar|Main tool bar|", "tool bar|Tone tool bar|", "check box|Sine|checked",
-          "label|440 Hz · A4", "label|Position|00:00.0", "combo box|Output device|[Default Sound Out]",
+          "label|440 Hz · A4", "chart|Wave and spectrum|peak -12.0 dBFS, RMS -15.1, crest 3.0 dB",
+          "label|Position|00:00.0", "combo box|Output device|[Default Sound Out]",
           "label|Level|left -inf dBFS, right -inf dBFS", "slider|Volume|0", "button|Play|"}},
         {{"Return"}, "Edit Value", {"text|Sine 1 Frequency|440.00Hz", "button|OK|"}},
         {{"alt+s", "p"},
