@@ -39,11 +39,11 @@ struct MeasuredFigure {
     using Value = std::optional<double>; ///< none where the sound has no such figure; levels may be infinite
 
     Group group;
+    int decimals;      ///< in the report
     const char* name;  ///< in a limit
     const char* label; ///< in the report; one that begins with blanks is left out where no channel has it
     const char* unit;  ///< empty for a count
     const char* field; ///< in JSON
-    int decimals;      ///< in the report
 
     // One of both is there.
     Value (*ofChannel)(const SoundFigures::Channel& channel);

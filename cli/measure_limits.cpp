@@ -192,8 +192,8 @@ std::string ExplainLimits() {
                        "left.peak, right.peak, ch3.peak; all.peak is that of all together.\n";
     for (const MeasuredFigure& each : GetMeasuredFigures()) {
         char line[128];
-        const char* unit = *each.unit ? each.unit : "-";
-        std::snprintf(line, sizeof line, "%-12s  %-6s  %s\n", each.name, unit, each.label);
+        const char* unit = *each.unit ? each.unit : "a number";
+        std::snprintf(line, sizeof line, "%-12s  %-22s  %s\n", each.name, each.label, unit);
         text += line;
     }
     return text;
