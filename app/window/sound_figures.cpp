@@ -60,6 +60,7 @@ std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels) {
 
 std::string DescribeLines(const std::vector<ToneFigures>& channels, bool isSine) {
     std::vector<std::string> texts;
+    texts.reserve(channels.size());
     for (const ToneFigures& figures : channels)
         texts.push_back(DescribeChannel(figures, MostLines / channels.size(), isSine));
     if (texts.size() != 2 || texts[0] == texts[1])

@@ -122,21 +122,30 @@ void LQtSoundPlot::PaintAxes(QPainter& painter) const {
     painter.drawText(QPointF(unitLeft, area.bottom() + Gap + metrics.ascent()), unit);
 }
 
+void LQtSoundPlot::ForEachColumn(const QPainter& painter,
+                                 const std::function<void(double x, double from, double to)>& call) const {
+    const double pixel = 1 / painter.device()->devicePixelRatioF();
+    const LAxis& axis = view.GetAxis(plot);
+    const int count = static_cast<int>(area.width() / pixel);
+    for (int i = 0; i < count; ++i)
+        call(area.left() + (i + 0.5) * pixel, axis.GetValue(i * pixel / area.width()),
+             axis.GetValue((i + 1) * pixel / area.width()));
+}
+
 /// As a line from sample to sample; the first channel wider, to be seen where the other one is the same.
 void LQtSoundPlot::PaintSamples(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Wave);
     const std::vector<float>& samples = sound.channels[channel].samples;
-    const double first = std::max(0.0, std::floor(axis.from * sound.rate));
-    const double last = std::min(std::ceil(axis.to * sound.rate), static_cast<double>(samples.size()) - 1);
+    const auto first = static_cast<std::size_t>(std::max(0.0, axis.from * sound.rate));
+    const auto end = std::min(samples.size(), static_cast<std::size_t>(std::ceil(axis.to * sound.rate)) + 1);
     QList<QPointF> points;
-    for (double i = first; i <= last; ++i)
-        points.append(
-            {GetX(axis.GetPlace(i / sound.rate)), GetY(double{samples[static_cast<std::size_t>(i)]})});
+    for (std::size_t i = first; i < end; ++i)
+        points.append({GetX(axis.GetPlace(static_cast<double>(i) / sound.rate)), GetY(double{samples[i]})});
     const bool isWide = channel == 0 && sound.channels.size() > 1;
     const QColor colour = GetChannelColour(palette, channel);
     DrawCurve(painter, points, colour, isWide ? WideCurve : CurveWidth);
-    if (last - first > area.width() / DotPixels)
+    if (static_cast<double>(points.size()) > area.width() / DotPixels)
         return;
     painter.setPen(QPen(colour, 2 * WideCurve, Qt::SolidLine, Qt::RoundCap));
     painter.drawPoints(points.data(), static_cast<int>(points.size()));
@@ -146,16 +155,13 @@ void LQtSoundPlot::PaintSamples(QPainter& painter, std::size_t channel) const {
 void LQtSoundPlot::PaintEnvelope(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Wave);
-    const double pixel = 1 / painter.device()->devicePixelRatioF();
     QList<QLineF> lines;
     QList<QPointF> points;
-    for (double x = 0; x < area.width(); x += pixel) {
-        const LShownSound::Range range = sound.GetWave(channel, axis.GetValue(x / area.width()),
-                                                       axis.GetValue((x + pixel) / area.width()));
-        const double middle = area.left() + x + pixel / 2;
-        lines.append({middle, GetY(double{range.most}), middle, GetY(double{range.least})});
+    ForEachColumn(painter, [&](double x, double from, double to) {
+        const LShownSound::Range range = sound.GetWave(channel, from, to);
+        lines.append({x, GetY(double{range.most}), x, GetY(double{range.least})});
         points << lines.back().p1() << lines.back().p2();
-    }
+    });
     if ((axis.to - axis.from) * sound.rate < DenseFrames * area.width())
         return DrawCurve(painter, points, GetChannelColour(palette, channel), 1);
     DrawColumns(painter, lines, WithAlpha(GetChannelColour(palette, channel), channel == 0 ? 1.0F : 0.65F));
@@ -163,16 +169,13 @@ void LQtSoundPlot::PaintEnvelope(QPainter& painter, std::size_t channel) const {
 
 void LQtSoundPlot::PaintSpectrum(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
-    const LAxis& axis = view.GetAxis(LPlot::Spectrum);
-    const double pixel = 1 / painter.device()->devicePixelRatioF();
+    const double bottom = area.bottom() + 2; // out of sight
     QList<QPointF> points;
     QList<QLineF> below;
-    for (double x = pixel / 2; x < area.width(); x += pixel) {
-        const double level = sound.GetHighest(channel, axis.GetValue((x - pixel / 2) / area.width()),
-                                              axis.GetValue((x + pixel / 2) / area.width()));
-        points.append({area.left() + x, std::min(GetY(level), area.bottom() + 2)});
-        below.append({points.back(), QPointF(points.back().x(), area.bottom() + 2)});
-    }
+    ForEachColumn(painter, [&](double x, double from, double to) {
+        points.append({x, std::min(GetY(sound.GetHighest(channel, from, to)), bottom)});
+        below.append({points.back(), QPointF(x, bottom)});
+    });
     const QColor colour = GetChannelColour(palette, channel);
     DrawColumns(painter, below, WithAlpha(colour, 0.16F));
     DrawCurve(painter, points, colour, CurveWidth);
