@@ -46,7 +46,15 @@ std::string Row(const std::string& label, const std::vector<std::string>& cells,
     return EndLine(line + "  " + unit);
 }
 
-/// The groups of figures, of columns that stand side by side.
+/// How many tones the channel has that has the most.
+std::size_t CountTones(const MeasuredSound& sound) {
+    std::size_t most = 0;
+    for (const SoundFigures::Channel& each : sound.figures.channels)
+        most = std::max(most, each.tones.tones.size());
+    return most;
+}
+
+/// The groups of figures, of columns that stand side by side. What none of them has is left out.
 class FigureTable {
 public:
     FigureTable(const MeasuredSound& measured, std::span<const MeasuredColumn> shown)
@@ -56,37 +64,44 @@ public:
     std::string Write() {
         WriteGroup(Group::Levels, "Levels");
         WriteGroup(Group::Faults, "Faults");
-        WriteGroup(Group::Tones, "Strongest tone");
+        if (CountTones(sound) == 0)
+            return text + "\nNo tones: noise, a sweep, clicks or silence\n";
+        if (CountTones(sound) == 1) // several are listed
+            WriteGroup(Group::Tone, "Tone");
         WriteGroup(Group::Distortion, "Distortion and noise");
         return text;
     }
 
 private:
     void WriteGroup(Group group, const std::string& title) {
-        std::vector<std::string> titles;
-        for (const MeasuredColumn& each : columns)
-            titles.push_back(!each.isWhole || MeasuredFigure::HasWhole(group) ? each.title : "");
-        text += "\n" + Row(title, titles, "");
+        std::string rows;
         for (const MeasuredFigure& each : GetMeasuredFigures())
             if (each.group == group)
-                WriteFigure(each);
+                rows += WriteFigure(each);
+        std::vector<std::string> titles;
+        for (const MeasuredColumn& each : columns)
+            titles.push_back(IsShown(each, group) ? each.title : "");
+        if (!rows.empty())
+            text += "\n" + Row(title, titles, "") + rows;
     }
 
-    void WriteFigure(const MeasuredFigure& figure) {
+    static bool IsShown(const MeasuredColumn& column, Group group) {
+        return !column.isWhole || MeasuredFigure::HasWhole(group);
+    }
+
+    std::string WriteFigure(const MeasuredFigure& figure) const {
         std::vector<std::string> cells, times;
-        bool isFound = false;
+        bool isFound = figure.group == Group::Levels;
         for (const MeasuredColumn& each : columns) {
-            const bool isShown = !each.isWhole || MeasuredFigure::HasWhole(figure.group);
             const auto value = figure.ofChannel(each.figures);
             isFound |= value.has_value();
-            cells.push_back(isShown ? figure.Format(value) : "");
+            cells.push_back(IsShown(each, figure.group) ? figure.Format(value) : "");
             times.push_back(value ? FormatClock(sound.GetMilliseconds(std::llround(*value))) : "");
         }
-        if (figure.label[0] == ' ' && !isFound)
-            return;
-        text += Row(figure.label, cells, figure.unit);
-        if (figure.unit == std::string_view("frame"))
-            text += Row("", times, "min:s");
+        if (!isFound)
+            return {};
+        const bool isTime = figure.unit == std::string_view("frame");
+        return Row(figure.label, cells, figure.unit) + (isTime ? Row("", times, "min:s") : "");
     }
 
     const MeasuredSound& sound;
@@ -105,49 +120,57 @@ std::string TellFigures(const MeasuredSound& sound) {
     return text;
 }
 
-/// The figures of the sound as a whole; those of two channels only where there are two.
-std::string TellSound(const MeasuredSound& sound) {
-    std::string text = "\nSound\n";
+/// Figures of the sound as a whole; of what may be lost, where there is something.
+std::string TellGroup(const MeasuredSound& sound, Group group) {
+    std::string text;
     for (const MeasuredFigure& each : GetMeasuredFigures()) {
-        if (!each.ofSound)
+        if (each.group != group)
             continue;
         const MeasuredFigure::Value value = each.ofSound(sound);
-        if (value || sound.figures.stereo)
+        if (group != Group::Losses || value > 0)
             text += Row(each.label, {each.Format(value)}, each.unit);
     }
     return text;
 }
 
-std::string NameLine(const ToneLine& line, std::size_t tones) {
-    if (line.harmonic == 0)
-        return "";
-    const std::string tone = tones > 1 ? "tone " + std::to_string(line.tone + 1) : "tone";
-    return line.harmonic == 1
-               ? tone
-               : "harmonic " + std::to_string(line.harmonic) + (tones > 1 ? " of " + tone : "");
+std::string TellLine(const ToneLine& line) {
+    return PadLeft(FormatNumber(line.hz, 4), 16) + " Hz" +
+           PadLeft(FormatNumber(ToDecibels(line.amplitude), 2), 10) + " dBFS";
 }
 
-/// The strongest lines, and all tones that are not among them.
-std::string TellLines(const ToneFigures& figures) {
-    std::vector<ToneLine> lines = figures.strongest;
-    for (const ToneLine& tone : figures.tones)
-        if (std::none_of(lines.begin(), lines.end(),
-                         [&](const ToneLine& each) { return each.hz == tone.hz; }))
-            lines.push_back(tone);
+/// Where there are several: one is among the figures.
+std::string TellTones(const ToneFigures& figures) {
     std::string text;
-    for (const ToneLine& each : lines)
-        text += EndLine(PadLeft(FormatNumber(each.hz, 4), 16) + " Hz" +
-                        PadLeft(FormatNumber(ToDecibels(each.amplitude), 2), 10) + " dBFS" +
-                        PadLeft(FormatNumber(ToDecibels(each.amplitude / lines.front().amplitude), 2), 10) +
-                        " dB  " + NameLine(each, figures.tones.size()));
-    return lines.empty() ? "  none\n" : text;
+    for (const ToneLine& each : figures.tones)
+        text += TellLine(each) + "\n";
+    return figures.tones.size() > 1 ? text : "";
 }
 
-/// Channels that have the same ones share them.
-std::string TellAllLines(const MeasuredSound& sound) {
+/// The strongest lines that are no tones, and how far they are from the strongest one.
+std::string TellLines(const ToneFigures& figures) {
+    const auto strongest = FindStrongestTone(figures);
+    std::string text;
+    for (const ToneLine& each : figures.strongest) {
+        if (each.harmonic == 1)
+            continue;
+        std::string line = TellLine(each);
+        if (strongest)
+            line += PadLeft(FormatNumber(ToDecibels(each.amplitude / strongest->amplitude), 2), 10) + " dB";
+        if (each.harmonic > 1)
+            line += "  harmonic " + std::to_string(each.harmonic);
+        if (each.harmonic > 1 && figures.tones.size() > 1)
+            line += " of " + FormatNumber(figures.tones[static_cast<std::size_t>(each.tone)].hz, 0) + " Hz";
+        text += line + "\n";
+    }
+    return text;
+}
+
+/// A list for each channel; those that have the same one share it.
+std::string TellLists(const MeasuredSound& sound, const std::string& title,
+                      std::string (*tell)(const ToneFigures&)) {
     std::vector<std::pair<std::string, std::string>> told; ///< names of channels, lines
     for (const MeasuredColumn& each : ListChannels(sound)) {
-        const std::string lines = TellLines(each.figures.tones);
+        const std::string lines = tell(each.figures.tones);
         const auto same =
             std::find_if(told.begin(), told.end(), [&](const auto& one) { return one.second == lines; });
         if (same == told.end())
@@ -157,8 +180,8 @@ std::string TellAllLines(const MeasuredSound& sound) {
     }
     std::string text;
     for (const auto& [names, lines] : told)
-        text += "\nStrongest lines of the spectrum" +
-                (sound.figures.channels.size() > 1 ? ": " + names : "") + "\n" + lines;
+        if (!lines.empty())
+            text += "\n" + title + (sound.figures.channels.size() > 1 ? ": " + names : "") + "\n" + lines;
     return text;
 }
 
@@ -181,7 +204,8 @@ std::string TellMethod(const MeasuredSound& sound) {
            NameSamples(sound.bits) +
            "\n"
            "Distortion   from 20 Hz to 20 kHz. THD: harmonics to tones. THD+N: all but the\n"
-           "             tones to all (AES17). Noise: neither tones nor harmonics\n"
+           "             tones to all (AES17). Noise: neither tones nor harmonics.\n"
+           "             none: no harmonic, or no line at all, stands out of the noise\n"
            "Spectrum     " +
            TellSpectrum(sound.figures.spectrum) + "\n";
 }
@@ -189,5 +213,8 @@ std::string TellMethod(const MeasuredSound& sound) {
 } // namespace
 
 std::string ReportMeasurement(const MeasuredSound& sound) {
-    return Head(sound) + TellFigures(sound) + TellSound(sound) + TellAllLines(sound) + TellMethod(sound);
+    const std::string stereo = sound.figures.stereo ? "\nStereo\n" + TellGroup(sound, Group::Stereo) : "";
+    return Head(sound) + TellGroup(sound, Group::Losses) + TellFigures(sound) + stereo +
+           TellLists(sound, "Tones", TellTones) + TellLists(sound, "Strongest other lines", TellLines) +
+           TellMethod(sound);
 }

@@ -134,7 +134,13 @@ TEST_F(Measure, TheReportFitsATerminal) {
     const std::string square = Cli("measure square.wav").output;
     EXPECT_THAT(square, HasSubstr("\nClipped samples                88200\n"));
     EXPECT_THAT(Cli("measure silence.wav").output,
-                HasSubstr("\nTHD                                -           -              dB\n"));
+                HasSubstr("\nNo tones: noise, a sweep, clicks or silence\n"));
+    EXPECT_THAT(
+        Cli("measure --frequency 997,3k --right 440,550 --duration 1s").output,
+        HasSubstr("\nTones: Left\n        997.0000 Hz    -12.04 dBFS\n       3000.0000 Hz    -12.04 dBFS\n"
+                  "\nTones: Right\n        440.0000 Hz"));
+    EXPECT_THAT(Cli("measure thd.wav").output,
+                HasSubstr("\n       3000.0000 Hz    -66.02 dBFS    -60.00 dB  harmonic 3\n"));
     std::istringstream lines(text + square + Cli("measure --limit '?'").output);
     for (std::string line; std::getline(lines, line);)
         EXPECT_LE(line.size(), 80u) << line;
