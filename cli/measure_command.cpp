@@ -78,16 +78,13 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, const Measu
     return status;
 }
 
-/// What happened while it was read. False where that is reason enough to fail: what was lost leaves nothing
-/// to be measured.
+/// What happened while it was read. False where that is reason enough to fail.
 bool TellNews(const MeasureOptions& options, LSourceNews& news) {
     const std::vector<LFileWarning> told = news.Take();
-    for (const LFileWarning& each : told)
-        if (each.isLoss) {
-            Refuse(options.GetName(), "was lost while it was read: " + each.file + " " + each.reason);
-            return false;
-        }
-    return options.Confirm(told);
+    const LFailure lost = FindLoss(told);
+    if (lost)
+        Refuse(options.GetName(), lost.GetReason());
+    return !lost && options.Confirm(told);
 }
 
 int MeasureSound(const MeasureOptions& options, const Limits& limits, const FrameInput& input) {

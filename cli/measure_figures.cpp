@@ -138,6 +138,13 @@ std::int64_t MeasuredSound::GetFrames() const {
     return figures.whole.samples / std::max<std::int64_t>(std::ssize(figures.channels), 1);
 }
 
+std::size_t MeasuredSound::CountTones() const {
+    std::size_t most = 0;
+    for (const Channel& each : figures.channels)
+        most = std::max(most, each.tones.tones.size());
+    return most;
+}
+
 std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {
     return frames * 1000 / std::max(rate, 1);
 }

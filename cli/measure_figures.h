@@ -17,6 +17,8 @@ struct MeasuredSound {
     SoundFigures figures;
 
     std::int64_t GetFrames() const;
+    /// Of the channel that has the most.
+    std::size_t CountTones() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;
 };
 
