@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/certificate_check.h"
 #include "cli/interrupt.h"
 #include "cli/measure_report.h"
 #include "cli/progress_line.h"
@@ -21,6 +22,7 @@ namespace {
 struct MeasureOptions : SoundOptions {
     bool json = false;
     std::vector<std::string> typedLimits;
+    std::string against; ///< a certificate; empty for none
 
     bool IsStandardInput() const { return input == "-"; }
     std::string GetName() const { return IsStandardInput() ? "standard input" : GetInputName(); }
@@ -58,18 +60,20 @@ FrameInput OpenHigh(const MeasureOptions& options) {
     return Accept(options, ReadRenderedHires(std::move(input), options.GetRounding()), facts);
 }
 
-int TellFigures(const MeasureOptions& options, const Limits& limits, const MeasuredSound& sound) {
-    std::string text;
-    if (options.json) {
-        Json object = DescribeMeasurement(sound);
-        object["limits"] = DescribeLimits(limits, sound);
-        text = WriteJson(object);
-    } else
-        text = ReportMeasurement(sound);
+int TellFigures(const MeasureOptions& options, const Limits& limits, CertificateCheck* check,
+                const MeasuredSound& sound) {
+    Json object = DescribeMeasurement(sound);
+    object["limits"] = DescribeLimits(limits, sound);
+    const std::vector<FigureChange> changes = check ? check->Finish(object) : std::vector<FigureChange>();
+    if (check)
+        object["against"] = DescribeChanges(options.against, changes);
+    const std::string text = options.json ? WriteJson(object)
+                             : check      ? TellChanges(sound.name, options.against, changes)
+                                          : ReportMeasurement(sound);
     std::fputs(text.c_str(), stdout);
     if (std::fflush(stdout) != 0)
         return Refuse("standard output", "could not be written");
-    int status = ExitCompleted;
+    int status = changes.empty() ? ExitCompleted : ExitBroken;
     for (const MeasureLimit& each : limits)
         if (const LimitResult result = CheckLimit(each, sound); result.isBroken) {
             Tell(sound.name, std::string(each.figure->name) + ": " + result.reason);
@@ -87,7 +91,10 @@ bool TellNews(const MeasureOptions& options, LSourceNews& news) {
     return !lost && options.Confirm(told);
 }
 
-int MeasureSound(const MeasureOptions& options, const Limits& limits, const FrameInput& input) {
+int MeasureSound(const MeasureOptions& options, const Limits& limits, CertificateCheck* check,
+                 FrameInput input) {
+    if (check)
+        input.reader = check->Watch(std::move(input.reader));
     FrameReader& reader = *input.reader;
     const auto [rate, channels, bits] = reader.format;
     SoundMeter meter(rate, static_cast<std::size_t>(channels), bits);
@@ -98,7 +105,7 @@ int MeasureSound(const MeasureOptions& options, const Limits& limits, const Fram
         return Refuse(options.GetName(), "was not measured to its end: stopped");
     if (!TellNews(options, *input.news))
         return ExitFailed;
-    return TellFigures(options, limits,
+    return TellFigures(options, limits, check,
                        {.name = options.GetName(),
                         .rate = rate,
                         .bits = bits,
@@ -106,7 +113,7 @@ int MeasureSound(const MeasureOptions& options, const Limits& limits, const Fram
                         .figures = meter.Finish()});
 }
 
-int MeasureInput(MeasureOptions options, const Limits& limits) {
+int MeasureInput(MeasureOptions options, const Limits& limits, CertificateCheck* check) {
     const bool describes = options.tone.DescribeTone() || (options.input.empty() && options.tone.durationMs);
     if (describes != options.input.empty())
         return Misuse("either INPUT or tone options are required");
@@ -119,7 +126,7 @@ int MeasureInput(MeasureOptions options, const Limits& limits) {
         return Misuse(problem);
     else
         input = options.high.IsHigh() ? OpenHigh(options) : OpenStandard(options);
-    return input.reader ? MeasureSound(options, limits, input) : ExitFailed;
+    return input.reader ? MeasureSound(options, limits, check, std::move(input)) : ExitFailed;
 }
 
 int Measure(const MeasureOptions& options) {
@@ -134,7 +141,12 @@ int Measure(const MeasureOptions& options) {
             return Misuse("--limit: " + typed.problem);
         limits.push_back(std::move(typed.limit));
     }
-    return MeasureInput(options, limits);
+    std::optional<CertificateCheck> check;
+    if (!options.against.empty())
+        check.emplace(options.against);
+    if (check && check->GetFailure())
+        return Refuse(options.against, check->GetFailure().GetReason());
+    return MeasureInput(options, limits, check ? &*check : nullptr);
 }
 
 } // namespace
@@ -154,6 +166,12 @@ void AddMeasureCommand(CLI::App& program, int& status) {
             "than once. '?' lists the names. A limit that is broken makes the exit status 1")
         ->type_name("LIMIT")
         ->allow_extra_args(false);
+    command
+        ->add_option(
+            "--against", options->against,
+            "Print instead whether the sound is what this certificate of render's says, and what has "
+            "changed; the exit status is 1 where it is not")
+        ->type_name("FILE");
     AddSoundOptions(*command, *options);
     command->callback([options, &status] { status = Measure(*options); });
 }

@@ -1,5 +1,6 @@
 #include "cli/render_jobs.h"
 
+#include "cli/certificate.h"
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
@@ -34,7 +35,10 @@ template <class Input, class Render>
 int RenderInput(const RenderOptions& options, Input input, Render render) {
     CatchInterrupts(); // before there is a file that could be left
     const auto confirm = [&](const auto& warnings) { return options.Confirm(warnings); };
-    return TellOutcome(options, render(input, confirm), input);
+    if (const LFailure refused = CheckCertificate(options, input.files))
+        return Refuse(options.certificate, refused.GetReason());
+    const int status = TellOutcome(options, render(input, confirm), input);
+    return status == ExitCompleted ? Certify(options) : status;
 }
 
 } // namespace

@@ -7,13 +7,14 @@
 namespace {
 
 constexpr float NoLevel = -400;
+constexpr double Rounding = 1e-6; // of whole numbers
 
 /// Those of `size` parts, each `width` wide, that lie between two values; one at least.
 struct Parts {
     Parts(double from, double to, double width, std::size_t size) {
         const auto last = static_cast<double>(size);
-        first = static_cast<std::size_t>(std::clamp(std::floor(from / width), 0.0, last - 1));
-        end = static_cast<std::size_t>(std::clamp(std::ceil(to / width), 0.0, last));
+        first = static_cast<std::size_t>(std::clamp(std::floor(from / width + Rounding), 0.0, last - 1));
+        end = static_cast<std::size_t>(std::clamp(std::ceil(to / width - Rounding), 0.0, last));
         end = std::max(end, first + 1);
     }
     std::size_t first, end;
@@ -107,7 +108,7 @@ std::string LShownSound::WriteWave(const LAxis& axis) const {
     const std::size_t count = channels.empty() ? 0
                               : single         ? channels[0].samples.size()
                                                : channels[0].envelope.size();
-    for (double i = std::ceil(axis.from * rate / width - 1e-6);
+    for (double i = std::max(0.0, std::ceil(axis.from * rate / width - Rounding));
          i < static_cast<double>(count) && i * width / rate <= axis.to; ++i) {
         Append(text, "%.9g", i * width / rate);
         for (const Channel& channel : channels) {
@@ -127,7 +128,7 @@ std::string LShownSound::WriteSpectrum(const LAxis& axis) const {
         text += channels.size() == 2 ? (c == 0 ? ",left_dbfs" : ",right_dbfs") : ",dbfs";
     text += '\n';
     const std::size_t count = channels.empty() ? 0 : channels[0].spectrum.size();
-    for (auto i = static_cast<std::size_t>(std::ceil(axis.from / hzPerBin - 1e-6));
+    for (auto i = static_cast<std::size_t>(std::ceil(axis.from / hzPerBin - Rounding));
          i < count && static_cast<double>(i) * hzPerBin <= axis.to; ++i) {
         Append(text, "%.9g", static_cast<double>(i) * hzPerBin);
         for (const Channel& channel : channels)

@@ -47,7 +47,7 @@ struct LShownSound {
     std::function<std::string(double hz)> nameHz = [](double /*hz*/) { return std::string(); };
 
     /// What the wave's axis shows at most.
-    LAxis GetTime() const { return {0, seconds, false}; }
+    LAxis GetTime() const { return {0, seconds > 0 ? seconds : 1, false}; }
     /// The same of the spectrum's: from 10 Hz where it is logarithmic.
     LAxis GetHz(bool isLinear) const { return {isLinear ? 0.0 : 10.0, rate / 2.0, !isLinear}; }
     /// The full scale of a plot of the wave, in steps of 1, 2 and 5.

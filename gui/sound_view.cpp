@@ -108,7 +108,7 @@ std::optional<LSoundView::Reading> LSoundView::GetReading() const {
 
 std::string LSoundView::ReadWave(double place) const {
     const LAxis& axis = GetAxis(LPlot::Wave);
-    const double seconds = axis.GetValue(place);
+    const double seconds = std::round(axis.GetValue(place) * sound->rate) / sound->rate;
     const int places = CountPlaces(sound->GetWaveTop());
     std::string text = FormatSeconds(seconds);
     for (std::size_t c = 0; c < sound->channels.size(); ++c) {

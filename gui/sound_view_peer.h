@@ -14,7 +14,7 @@ public:
     virtual void Show(LShownSoundPtr sound) = 0;
     virtual void SetLook(const LSoundLook& look) = 0;
     virtual void ResetZoom() = 0;
-    /// How high it has to be to be of use, and in which height it looks best, in units of the layout.
+    /// How high it has to be to be of use, in units of the layout.
     virtual int GetLeastHeight() const = 0;
     /// To the clipboard: what it looks like, in the screen's own pixels.
     virtual void CopyPicture() = 0;

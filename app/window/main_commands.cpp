@@ -89,8 +89,7 @@ void MainDialog::RunCommand(int command) {
         return;
     }
     if (sound.Change(command)) {
-        LayoutControls(content.width, content.height);
-        EnableControls();
+        ShowSound(command);
         return;
     }
     const auto* action = std::find_if(std::begin(Actions), std::end(Actions),
@@ -137,6 +136,13 @@ void MainDialog::CmListViewRightClickMenu() {
     EnableMenuItems(menu, GetState());
     if (const int chosen = menu.Choose(); chosen != 0)
         RunCommand(chosen);
+}
+
+void MainDialog::ShowSound(int command) {
+    LayoutControls(content.width, content.height);
+    EnableControls();
+    if (command == CommandViewSound && sound.GivesWay())
+        ShowPassing("The wave and the spectrum stand below the list once the window is larger");
 }
 
 void MainDialog::CmSoundMenu() {

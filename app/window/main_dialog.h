@@ -77,6 +77,8 @@ private:
     void CmToneEditValue();
     void CmListViewRightClickMenu();
     void CmSoundMenu();
+    /// As a command of the View menu has changed it.
+    void ShowSound(int command);
     void CmSave();
     void CmLoadList();
 

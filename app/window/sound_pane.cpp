@@ -121,7 +121,7 @@ bool SoundPane::Change(int command) {
 
 void SoundPane::MarkMenuItems(LMenu& menu) const {
     menu.SetCheck(CommandViewSound, isOpen);
-    menu.EnableRange(CommandViewBoth, CommandCopyCsv, isPlaced);
+    menu.EnableRange(CommandViewBoth, CommandCopyCsv, isOpen);
     menu.SetRadio(CommandViewBoth, CommandViewSpectrum,
                   !look.hasWave      ? CommandViewSpectrum
                   : look.hasSpectrum ? CommandViewBoth

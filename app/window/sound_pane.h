@@ -35,6 +35,8 @@ public:
     int GetHeight(int room, int list, int texts) const;
     /// Without height it gives way.
     void Place(const LRect& room);
+    /// It is open, and has no room.
+    bool GivesWay() const { return isOpen && !isPlaced; }
 
 private:
     void Ask();

@@ -3,7 +3,8 @@
 #include "app/window/sound_figures.h"
 #include "app/window/spectrum_bins.h"
 #include "app/window/wave_envelope.h"
-#include "measure/sound_meter.h"
+#include "measure/mean_spectrum.h"
+#include "measure/tone_meter.h"
 #include "sys/background.h"
 #include "tone/note_name.h"
 
@@ -38,42 +39,42 @@ public:
           loweredDb(opened.loweredDb),
           reader(*opened.reader),
           channels(static_cast<std::size_t>(reader.format.channels), Channel(reader.format.bits)),
-          block(BlockFrames * channels.size()) {}
+          block(BlockFrames * channels.size()),
+          whole(reader.format.rate, channels.size()) {}
 
-    /// The next frames, interleaved; none at the end.
-    std::span<const double> Read() {
+    /// The next frames; none at the end.
+    std::vector<ChannelBlock> Read() {
         const std::size_t count = channels.size();
         const std::span<const double> read = std::span(block).first(reader.Read(block) * count);
-        for (std::size_t c = 0; c < count; ++c)
-            channels[c].Add(read, c, count);
-        frames += read.size() / count;
-        hasEnded = read.empty() || static_cast<std::int64_t>(frames) == reader.length;
-        return read;
-    }
-    /// The same, by channels.
-    std::vector<ChannelBlock> GetLast() const {
         std::vector<ChannelBlock> blocks;
-        for (const Channel& channel : channels)
-            blocks.emplace_back(channel.last);
+        for (std::size_t c = 0; c < count; ++c)
+            blocks.emplace_back(channels[c].Add(read, c, count));
+        whole.Add(blocks);
+        frames += blocks[0].size();
+        hasEnded = read.empty() || static_cast<std::int64_t>(frames) == reader.length;
         return blocks;
     }
-    bool HasEnded() const { return hasEnded; }
-    double GetSeconds() const { return static_cast<double>(frames) / reader.format.rate; }
+    /// It needs no more.
+    bool IsDone() const {
+        const double most =
+            reader.length == FrameReader::Endless ? SoundSurvey::EndlessSeconds : SoundSurvey::MostSeconds;
+        return hasEnded || GetSeconds() >= most;
+    }
+    bool HasBegun() const { return hasEnded || frames >= SoundSurvey::FirstFrames; }
+    MeanSpectrum MakeSpectrum() const { return {reader.format.rate, channels.size()}; }
+    /// Of all that was read; once.
+    Spectrum FinishSpectrum() { return whole.Finish(); }
 
-    /// With the spectrum of `figures`.
-    LShownSoundPtr Show(const Spectrum& spectrum, const std::vector<ToneFigures>& figures) const {
+    LShownSoundPtr Show(const Spectrum& spectrum) const {
         auto shown = std::make_shared<LShownSound>();
         shown->rate = reader.format.rate;
         shown->seconds = GetSeconds();
+        shown->framesPerRange = static_cast<double>(channels[0].envelope.GetWidth());
         shown->nameHz = DescribeNote;
-        shown->lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
-        shown->lines = DescribeLines(figures);
-        if (spectrum.segmentFrames > 0)
-            shown->hzPerBin = spectrum.GetHzPerBin();
         for (std::size_t c = 0; c < channels.size(); ++c)
             shown->channels.push_back(ShowChannel(channels[c], spectrum, c));
-        shown->framesPerRange = static_cast<double>(channels[0].envelope.GetWidth());
         ShowLevels(*shown);
+        ShowLines(*shown, spectrum);
         return shown;
     }
 
@@ -81,7 +82,8 @@ private:
     struct Channel {
         explicit Channel(int bits) : level(bits) {}
 
-        void Add(std::span<const double> read, std::size_t first, std::size_t step) {
+        /// Its samples of these frames, until the next ones.
+        ChannelBlock Add(std::span<const double> read, std::size_t first, std::size_t step) {
             last.clear();
             for (std::size_t i = first; i < read.size(); i += step) {
                 last.push_back(read[i]);
@@ -91,9 +93,10 @@ private:
                     samples.push_back(sample);
             }
             level.Add(last);
+            return last;
         }
 
-        std::vector<double> last; ///< of the last block
+        std::vector<double> last;
         std::vector<float> samples;
         WaveEnvelope envelope;
         LevelMeter level;
@@ -119,20 +122,25 @@ private:
                                         .isAll = hasEnded});
     }
 
+    void ShowLines(LShownSound& shown, const Spectrum& spectrum) const {
+        std::vector<ToneFigures> figures;
+        for (std::size_t c = 0; c < channels.size(); ++c)
+            figures.push_back(MeasureTones(spectrum, c));
+        shown.lines = DescribeLines(figures);
+        shown.lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
+        if (spectrum.segmentFrames > 0)
+            shown.hzPerBin = spectrum.GetHzPerBin();
+    }
+    double GetSeconds() const { return static_cast<double>(frames) / reader.format.rate; }
+
     double lowestHz, loweredDb;
     FrameReader& reader;
     std::vector<Channel> channels;
     std::vector<double> block;
+    MeanSpectrum whole;
     std::size_t frames = 0;
     bool hasEnded = false;
 };
-
-std::vector<ToneFigures> MeasureChannels(const Spectrum& spectrum, std::size_t channels) {
-    std::vector<ToneFigures> figures;
-    for (std::size_t c = 0; c < channels; ++c)
-        figures.push_back(MeasureTones(spectrum, c));
-    return figures;
-}
 
 } // namespace
 
@@ -141,41 +149,27 @@ void SoundSurvey::Run(const SoundRequest& request, const std::function<bool()>& 
     const RequestedSound opened = OpenRequest(request);
     if (opened.failure) {
         auto shown = std::make_shared<LShownSound>();
-        shown->figures = {{"The tone can't be looked at: it " + opened.failure.GetReason() + ".", true}};
+        shown->figures = {{"The tone can't be shown: it " + opened.failure.GetReason() + ".", true}};
         return show(std::move(shown));
     }
-    const FrameReader::Format& format = opened.reader->format;
-    const auto channels = static_cast<std::size_t>(format.channels);
     Survey survey(request.tone, opened);
-    std::vector<double> begun;
-    MeanSpectrum quick(format.rate, channels);
-    while (isWanted() && !survey.HasEnded() && survey.GetSeconds() < FirstSeconds) {
-        const std::span<const double> read = survey.Read();
-        begun.insert(begun.end(), read.begin(), read.end());
-        quick.Add(survey.GetLast());
-    }
+    MeanSpectrum beginning = survey.MakeSpectrum();
+    while (isWanted() && !survey.HasBegun())
+        beginning.Add(survey.Read());
     if (!isWanted())
         return;
-    Spectrum spectrum = quick.Finish();
-    show(survey.Show(spectrum, MeasureChannels(spectrum, channels)));
+    const Spectrum spectrum = beginning.Finish();
+    show(survey.Show(spectrum));
 
     LowerBackgroundPriority();
-    SoundMeter meter(format.rate, channels, format.bits);
-    meter.Add(begun);
-    const double most = opened.reader->length == FrameReader::Endless ? EndlessSeconds : MostSeconds;
     auto shownAt = std::chrono::steady_clock::now();
-    while (isWanted() && !survey.HasEnded() && survey.GetSeconds() < most) {
-        meter.Add(survey.Read());
+    while (isWanted() && !survey.IsDone()) {
+        static_cast<void>(survey.Read());
         if (const auto now = std::chrono::steady_clock::now(); now - shownAt > Between) {
             shownAt = now;
-            show(survey.Show(spectrum, MeasureChannels(spectrum, channels)));
+            show(survey.Show(spectrum));
         }
     }
-    if (!isWanted())
-        return;
-    const SoundFigures figures = meter.Finish();
-    std::vector<ToneFigures> tones;
-    for (const SoundFigures::Channel& channel : figures.channels)
-        tones.push_back(channel.tones);
-    show(survey.Show(figures.spectrum, tones));
+    if (isWanted())
+        show(survey.Show(survey.FinishSpectrum()));
 }

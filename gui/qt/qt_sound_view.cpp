@@ -98,41 +98,47 @@ void LQtSoundView::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
+/// From the left, or where the desktop is mirrored from the right; the parts stay in their order.
 void LQtSoundView::PaintFigures(QPainter& painter) const {
-    double x = Inset;
-    QFont plain = font(), bold = plain;
+    QFont bold = font();
     bold.setWeight(QFont::DemiBold);
-    const double top = Above, height = QFontMetricsF(plain).height();
+    const auto fontOf = [&](const LMarkedText& part) { return part.isWarning ? bold : font(); };
+    double wide = 0;
+    for (const LMarkedText& part : view.GetSound().figures)
+        wide += QFontMetricsF(fontOf(part)).horizontalAdvance(ToQt(part.text));
+    double x = isRightToLeft() ? std::max<double>(Inset, width() - Inset - wide) : Inset;
     for (const LMarkedText& part : view.GetSound().figures) {
-        const QFont& used = part.isWarning ? bold : plain;
-        const QFontMetricsF metrics(used);
-        painter.setFont(used);
+        const QFontMetricsF metrics(fontOf(part));
+        painter.setFont(fontOf(part));
         painter.setPen(part.isWarning ? GetWarningColour(palette()) : palette().color(QPalette::WindowText));
         const QString text = metrics.elidedText(ToQt(part.text), Qt::ElideRight, width() - Inset - x);
-        painter.drawText(QPointF(x, top + metrics.ascent()), text);
+        painter.drawText(QPointF(x, Above + metrics.ascent()), text);
         x += metrics.horizontalAdvance(text);
     }
     const QFontMetricsF marks(markFont);
+    const QRectF room(Inset, GetTextHeight() - marks.height(), width() - 2 * Inset, marks.height());
     painter.setFont(markFont);
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(QPointF(Inset, top + height + LineGap + marks.ascent()),
-                     marks.elidedText(ToQt(view.GetSound().lines), Qt::ElideRight, width() - 2 * Inset));
+    painter.drawText(room, isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft,
+                     marks.elidedText(ToQt(view.GetSound().lines), Qt::ElideRight, room.width()));
 }
 
+/// At the end of the figures' line.
 void LQtSoundView::PaintLegend(QPainter& painter) const {
     const QFontMetricsF metrics(markFont);
-    double x = width() - Inset;
-    for (std::size_t c = view.GetSound().channels.size(); c-- > 0;) {
-        const QString name = ToQt(view.GetSound().NameChannel(c)).trimmed();
-        x -= metrics.horizontalAdvance(name);
-        const double base = Above + QFontMetricsF(font()).ascent();
-        painter.setFont(markFont);
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(QPointF(x, base), name);
-        x -= metrics.height();
-        painter.fillRect(QRectF(x, base - metrics.ascent() / 2 - 1, metrics.height() * 0.8, 3),
-                         GetChannelColour(palette(), c));
-        x -= metrics.height() / 2;
+    const double swatch = metrics.height(), base = Above + QFontMetricsF(font()).ascent();
+    const LShownSound& sound = view.GetSound();
+    double wide = 0;
+    for (std::size_t c = 0; c < sound.channels.size(); ++c)
+        wide += 1.3 * swatch + metrics.horizontalAdvance(ToQt(sound.NameChannel(c)));
+    double x = isRightToLeft() ? Inset : width() - Inset - wide;
+    painter.setFont(markFont);
+    painter.setPen(palette().color(QPalette::WindowText));
+    for (std::size_t c = 0; c < sound.channels.size(); ++c) {
+        const QString name = ToQt(sound.NameChannel(c));
+        painter.fillRect(QRectF(x, base - metrics.ascent() / 2, swatch, 3), GetChannelColour(palette(), c));
+        painter.drawText(QPointF(x + 1.3 * swatch, base), name);
+        x += 1.3 * swatch + metrics.horizontalAdvance(name);
     }
 }
 
