@@ -59,7 +59,7 @@ Value OfStereo(const MeasuredSound& sound, Value SoundFigures::Stereo::*value) {
 constexpr MeasuredFigure Figures[] = {
     {Group::Losses, 2, "limiter", "Taken off by limiter", "dB", "limiterDb", nullptr,
      [](const MeasuredSound& s) { return Value(s.limiterDb); }},
-    {Group::Losses, 0, "unusable", "Samples not a number", "", "unusableSamples", nullptr,
+    {Group::Losses, 0, "unusable", "Unusable samples", "", "unusableSamples", nullptr,
      [](const MeasuredSound& s) { return Value(static_cast<double>(s.figures.unusable)); }},
 
     {Group::Levels, 2, "peak", "Peak", "dBFS", "peakDbfs",
