@@ -34,7 +34,8 @@ bool IsChannel(const Json& channel) {
 }
 
 bool IsBits(const Json& bits) {
-    return bits == 0 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
+    constexpr int All[] = {0, 8, 16, 24, 32};
+    return std::any_of(std::begin(All), std::end(All), [&](int each) { return bits == each; });
 }
 
 bool IsMeasurement(const Json& figures) {

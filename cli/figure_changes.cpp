@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -48,14 +49,24 @@ std::string CompareCounts(const Json& before, const Json& now, const char* field
     return Tell(is, 0, "") + " instead of " + Tell(was, 0, "") + where;
 }
 
+/// How long the sound is.
+struct Extent {
+    Extent(const Json& before, const Json& now)
+        : frames(std::max(1.0, Count(now, "frames"))),
+          rate(Count(now, "rateHz")),
+          missing(rate == Count(before, "rateHz") ? Count(before, "frames") - frames : 0) {}
+
+    double frames, rate;
+    double missing; ///< frames that it had before; below 0, those that it has more
+};
+
 /// How a channel of then and one of now compare. Empty where they are alike.
 class ChannelChange {
 public:
-    ChannelChange(const Json& channelBefore, const Json& channelNow, double frameCount, double framesMissing)
+    ChannelChange(const Json& channelBefore, const Json& channelNow, const Extent& extentNow)
         : before(channelBefore),
           now(channelNow),
-          frames(frameCount),
-          missing(framesMissing) {}
+          extent(extentNow) {}
 
     std::string TellLevel() const { return Compare(before, now, "rmsDbfs", SameDb, " dBFS", "RMS "); }
     std::string TellFrequency() const;
@@ -72,24 +83,26 @@ public:
 private:
     /// Samples that are others than they were, for reasons that are told.
     double CountDisturbed() const {
-        return std::abs(missing) + std::abs(Count(now, "wrappedSamples") - Count(before, "wrappedSamples")) +
+        return std::abs(extent.missing) +
+               std::abs(Count(now, "wrappedSamples") - Count(before, "wrappedSamples")) +
                std::abs(Count(now, "clippedSamples") - Count(before, "clippedSamples"));
     }
 
     const Json& before;
     const Json& now;
-    double frames, missing;
+    Extent extent;
 };
 
-/// A tone that jumps has a phase that says nothing about its frequency.
+/// By their jumps, the phases of tones look like another frequency: by a part of a period over all of it.
 std::string ChannelChange::TellFrequency() const {
     const Json &was = before["tones"], &is = now["tones"];
-    if (was.size() != is.size() || !TellJumps().empty())
+    if (was.size() != is.size())
         return {};
+    const double ofJumps = TellJumps().empty() ? 0 : extent.rate / extent.frames;
     for (std::size_t i = 0; i < was.size(); ++i) {
         const double hz = Count(was[i], "frequencyHz"), nowHz = Count(is[i], "frequencyHz");
         const double ppm = (nowHz / hz - 1) * 1e6;
-        if (std::abs(ppm) >= SamePpm)
+        if (std::abs(ppm) >= SamePpm && std::abs(nowHz - hz) > ofJumps)
             return MoreOrLess(ppm, 1, " ppm") + FormatNumber(nowHz, 4) + " Hz instead of " +
                    FormatNumber(hz, 4) + " Hz";
     }
@@ -106,7 +119,7 @@ std::string ChannelChange::TellDc() const {
     if (!TellFrequency().empty())
         return {};
     const double was = Count(before, "dcPercent"), is = Count(now, "dcPercent");
-    const double ofDisturbed = 200 * CountDisturbed() / frames;
+    const double ofDisturbed = 200 * CountDisturbed() / extent.frames;
     if (std::abs(is - was) < SameDcPercent + ofDisturbed)
         return {};
     return FormatNumber(is, 4) + "% of full scale instead of " + FormatNumber(was, 4) + "%";
@@ -124,8 +137,10 @@ std::string ChannelChange::TellJumps() const {
     if (!(TellClipping() + TellWraps()).empty())
         return {};
     const std::string text = CompareCounts(before, now, "jumps", "firstJumpFrame");
-    const bool mayBeMissing = missing != 0 && !text.empty();
-    return text + (!mayBeMissing ? "" : missing > 0 ? ", as of dropped frames" : ", as of doubled frames");
+    const bool mayBeMissing = extent.missing != 0 && !text.empty();
+    return text + (!mayBeMissing        ? ""
+                   : extent.missing > 0 ? ", as of dropped frames"
+                                        : ", as of doubled frames");
 }
 
 struct Kind {
@@ -168,23 +183,20 @@ public:
         const Channels channels = Pair(isCrossed);
         for (const Kind& kind : Causes)
             Add(kind, channels);
-        AddStereo();
         for (const Kind& kind : Effects)
             if (changes.empty())
                 Add(kind, channels);
+        AddStereo();
         return changes;
     }
 
 private:
     Channels Pair(bool isCrossed) const {
         Channels pairs;
-        const double frames = std::max(1.0, Count(now, "frames"));
-        const bool isSameRate = Count(before, "rateHz") == Count(now, "rateHz");
-        const double missing = isSameRate ? Count(before, "frames") - frames : 0;
+        const Extent extent(before, now);
         const std::size_t last = before["channels"].size() - 1;
         for (std::size_t i = 0; i <= last; ++i)
-            pairs.emplace_back(before["channels"][i], now["channels"][isCrossed ? last - i : i], frames,
-                               missing);
+            pairs.emplace_back(before["channels"][i], now["channels"][isCrossed ? last - i : i], extent);
         return pairs;
     }
 
