@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <tuple>
+#include <string_view>
 
 namespace {
 
 // How far figures of the same sound may lie apart.
 constexpr double SameDb = 0.01, SameNoiseDb = 0.1, SamePpm = 1, SameDcPercent = 0.003,
-                 SameCorrelation = 0.001, SameFrames = 0.01;
+                 SameCorrelation = 0.001, SameFrames = 0.01, BeyondAllDb = 150;
 
 std::optional<double> Get(const Json& object, const char* field) {
     const auto found = object.find(field);
@@ -28,16 +28,6 @@ std::string Tell(std::optional<double> value, int decimals, const char* unit) {
 
 std::string MoreOrLess(double difference, int decimals, const char* unit) {
     return FormatNumber(std::abs(difference), decimals) + unit + (difference > 0 ? " higher: " : " lower: ");
-}
-
-/// "-20.05 dBFS instead of -20.00 dBFS", behind by how much it is; empty where both are the same.
-std::string Compare(const Json& before, const Json& now, const char* field, double same, const char* unit,
-                    const char* of) {
-    const std::optional<double> was = Get(before, field), is = Get(now, field);
-    if (was.has_value() == is.has_value() && std::abs(is.value_or(0) - was.value_or(0)) < same)
-        return {};
-    const std::string reach = Tell(is, 2, unit) + " instead of " + Tell(was, 2, unit);
-    return (was && is ? MoreOrLess(*is - *was, 2, " dB") : "") + of + reach;
 }
 
 /// "3 samples instead of none, the first at frame 17"
@@ -68,17 +58,14 @@ public:
           now(channelNow),
           extent(extentNow) {}
 
-    std::string TellLevel() const { return Compare(before, now, "rmsDbfs", SameDb, " dBFS", "RMS "); }
+    std::string TellLevel() const;
     std::string TellFrequency() const;
-    std::string TellTones() const;
     std::string TellDc() const;
     std::string TellClipping() const;
     std::string TellWraps() const { return CompareCounts(before, now, "wrappedSamples", "firstWrapFrame"); }
     std::string TellJumps() const;
-    std::string TellPeak() const { return Compare(before, now, "peakDbfs", SameDb, " dBFS", ""); }
-    std::string TellNoise() const {
-        return Compare(before, now, "thdPlusNoiseDb", SameNoiseDb, " dB", "THD+N ");
-    }
+    /// Any other one.
+    std::string TellFigure(const MeasuredFigure& figure) const;
 
 private:
     /// Samples that are others than they were, for reasons that are told.
@@ -92,6 +79,14 @@ private:
     const Json& now;
     Extent extent;
 };
+
+std::string ChannelChange::TellLevel() const {
+    const std::optional<double> was = Get(before, "rmsDbfs"), is = Get(now, "rmsDbfs");
+    if (was.has_value() == is.has_value() && std::abs(is.value_or(0) - was.value_or(0)) < SameDb)
+        return {};
+    return (was && is ? MoreOrLess(*is - *was, 2, " dB") : "") + "RMS " + Tell(is, 2, " dBFS") +
+           " instead of " + Tell(was, 2, " dBFS");
+}
 
 /// By their jumps, the phases of tones look like another frequency: by a part of a period over all of it.
 std::string ChannelChange::TellFrequency() const {
@@ -107,11 +102,6 @@ std::string ChannelChange::TellFrequency() const {
                    FormatNumber(hz, 4) + " Hz";
     }
     return {};
-}
-
-std::string ChannelChange::TellTones() const {
-    const std::size_t was = before["tones"].size(), is = now["tones"].size();
-    return was == is ? "" : std::to_string(is) + " instead of " + std::to_string(was);
 }
 
 /// Of a tone that is another one, the last part of a period is as well.
@@ -143,6 +133,35 @@ std::string ChannelChange::TellJumps() const {
                                         : ", as of doubled frames");
 }
 
+bool IsAnyOf(std::string_view text, std::initializer_list<std::string_view> others) {
+    return std::find(others.begin(), others.end(), text) != others.end();
+}
+
+/// Whether a figure is no other one in another unit, and one of the samples.
+bool IsOfItsOwn(const MeasuredFigure& figure) {
+    return !IsAnyOf(figure.unit, {"%", "µs"}) && !IsAnyOf(figure.name, {"dc", "limiter"});
+}
+
+double GetTolerance(const MeasuredFigure& figure) {
+    if (std::string_view(figure.unit).starts_with("dB"))
+        return figure.group == MeasuredFigure::Group::Levels ? SameDb : SameNoiseDb;
+    return IsAnyOf(figure.unit, {"frames"}) ? SameFrames : figure.decimals > 0 ? SameCorrelation : 0;
+}
+
+/// Also of the sound as a whole.
+std::string ChannelChange::TellFigure(const MeasuredFigure& figure) const {
+    const std::optional<double> was = Get(before, figure.field), is = Get(now, figure.field);
+    if (!before.contains(figure.field) || (!was && !is))
+        return {};
+    const bool areBeyond = was && is && std::min(std::abs(*was), std::abs(*is)) > BeyondAllDb &&
+                           std::string_view(figure.unit).starts_with("dB");
+    if (was && is && (areBeyond || std::abs(*is - *was) <= GetTolerance(figure)))
+        return {};
+    const std::string unit = *figure.unit ? std::string(" ") + figure.unit : "";
+    return Tell(is, figure.decimals, unit.c_str()) + " instead of " +
+           Tell(was, figure.decimals, unit.c_str());
+}
+
 struct Kind {
     const char* what;
     std::string (ChannelChange::*tell)() const;
@@ -153,9 +172,10 @@ constexpr Kind Causes[] = {{"level", &ChannelChange::TellLevel},
                            {"clipped samples", &ChannelChange::TellClipping},
                            {"wrapped samples", &ChannelChange::TellWraps},
                            {"jumps", &ChannelChange::TellJumps}};
-constexpr Kind Effects[] = {{"tones", &ChannelChange::TellTones},
-                            {"noise", &ChannelChange::TellNoise},
-                            {"peak", &ChannelChange::TellPeak}};
+
+/// By their fields: the effects that tell most about their causes. All other figures follow.
+constexpr const char* FirstEffects[] = {"toneCount", "thdPlusNoiseDb", "peakDbfs", "delayFrames",
+                                        "correlation"};
 
 using Channels = std::vector<ChannelChange>;
 
@@ -182,11 +202,8 @@ public:
             changes.push_back({"channels", "swapped, and not to the bit the same"});
         const Channels channels = Pair(isCrossed);
         for (const Kind& kind : Causes)
-            Add(kind, channels);
-        for (const Kind& kind : Effects)
-            if (changes.empty())
-                Add(kind, channels);
-        AddStereo();
+            Add(kind.what, channels, [&](const ChannelChange& each) { return (each.*kind.tell)(); });
+        AddEffect(channels);
         return changes;
     }
 
@@ -201,26 +218,38 @@ private:
     }
 
     /// What all channels have in common is told once.
-    void Add(const Kind& kind, const Channels& channels) {
+    template <class Tell>
+    void Add(const std::string& what, const Channels& channels, Tell tell) {
         std::vector<std::string> texts;
         for (const ChannelChange& each : channels)
-            texts.push_back((each.*kind.tell)());
+            texts.push_back(tell(each));
         const bool isCommon = std::all_of(texts.begin(), texts.end(),
                                           [&](const std::string& text) { return text == texts.front(); });
         for (std::size_t i = 0; i < (isCommon ? 1 : texts.size()); ++i)
             if (!texts[i].empty())
                 changes.push_back(
-                    {kind.what, isCommon ? texts[i] : now["channels"][i].value("name", "") + " " + texts[i]});
+                    {what, isCommon ? texts[i] : now["channels"][i].value("name", "") + " " + texts[i]});
     }
 
-    void AddStereo() {
-        for (const auto& [field, what, unit, same] :
-             {std::tuple{"delayFrames", "delay of right", " frames", SameFrames},
-              std::tuple{"correlation", "correlation", "", SameCorrelation}}) {
-            const auto was = Get(before["whole"], field), is = Get(now["whole"], field);
-            if (changes.empty() && was && is && std::abs(*is - *was) >= same)
-                changes.push_back({what, Tell(is, 3, unit) + " instead of " + Tell(was, 3, unit)});
-        }
+    void AddFigure(const MeasuredFigure& figure, const Channels& channels) {
+        const auto tell = [&](const ChannelChange& each) { return each.TellFigure(figure); };
+        const char* const what = figure.label[0] == ' ' ? figure.name : figure.label;
+        if (!changes.empty() || !IsOfItsOwn(figure))
+            return;
+        if (figure.ofSound)
+            Add(what, {ChannelChange(before["whole"], now["whole"], Extent(before, now))}, tell);
+        else
+            Add(what, channels, tell);
+    }
+
+    /// One of them, where there is no cause.
+    void AddEffect(const Channels& channels) {
+        for (const char* first : FirstEffects)
+            for (const MeasuredFigure& each : GetMeasuredFigures())
+                if (each.field == std::string_view(first))
+                    AddFigure(each, channels);
+        for (const MeasuredFigure& each : GetMeasuredFigures())
+            AddFigure(each, channels);
     }
 
     const Json& before;
