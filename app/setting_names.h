@@ -47,6 +47,13 @@ inline constexpr TextSetting StepHz{"settings", "frequency increment step", "1.0
 inline constexpr ValueSetting<int> ShownSemitones{"settings", "semitoneval", 1};
 inline constexpr TextSetting ShownHz{"settings", "frequencyval", "1.0"};
 
+// Whether the wave and the spectrum are shown, and how.
+inline constexpr ValueSetting<bool> SoundOpen{"view", "sound", true};
+inline constexpr ValueSetting<bool> SoundWave{"view", "wave", true};
+inline constexpr ValueSetting<bool> SoundSpectrum{"view", "spectrum", true};
+inline constexpr ValueSetting<bool> SoundWhole{"view", "whole wave", false};
+inline constexpr ValueSetting<bool> SoundLinear{"view", "linear frequency", false};
+
 // The last tone file and its folder.
 inline constexpr TextSetting File{"settings", "file"};
 inline constexpr TextSetting FileFolder{"settings", "filedir"};

@@ -14,6 +14,8 @@ void AddMakeCommand(CLI::App& program, int& status);
 void AddListCommand(CLI::App& program, int& status);
 /// `show` prints what a tone, a list or a WAVE file holds.
 void AddShowCommand(CLI::App& program, int& status);
+/// `measure` prints the figures of a tone, a list or a sound file, and holds them against limits.
+void AddMeasureCommand(CLI::App& program, int& status);
 /// `play` plays a tone, a list or a WAVE file to its end or until it is interrupted.
 void AddPlayCommand(CLI::App& program, int& status);
 /// `devices` lists the outputs that `play` can play on.

@@ -56,34 +56,10 @@ std::vector<FileReport::Row> ListValues(const SonvireData& tone, double raisedDb
     return rows;
 }
 
-FileReport ReportTone(const std::string& path, const HiresRequest* request) {
+FileReport ReportToneFile(const std::string& path, const HiresRequest* request) {
     SonvireData tone;
-    if (LFailure failure = tone.ReadFromFile(path.c_str()))
-        return RefusedReport(std::move(failure));
-    const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
-    std::optional<HighQuality> high;
-    if (request)
-        high.emplace(path, *request);
-    const double raisedDb = high ? high->GetRaisedDb() : 0;
-    FileReport report;
-    report.title =
-        std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
-    report.rows = ListValues(tone, raisedDb);
-    Json object = DescribeType("tone");
-    object["waveform"] = tone.GetToneName();
-    object["mode"] = tone.GetModeName();
-    object["channels"] = stereo ? 2 : 1;
-    object["loop"] = looped;
-    if (tone.HasFlag(ToneFlagDuration))
-        object["durationMs"] = tone.durationMs;
-    if (tone.IsList())
-        object["list"] = tone.GetListPath();
-    else
-        object["components"] = DescribeComponents(tone, raisedDb);
-    if (high)
-        high->AddTo(report, object);
-    report.json = WriteJson(object);
-    return report;
+    LFailure failure = tone.ReadFromFile(path.c_str());
+    return failure ? RefusedReport(std::move(failure)) : ReportTone(tone, request);
 }
 
 /// As it will play; where its frames can't be counted, as its entries say.
@@ -137,7 +113,7 @@ const char* NameChannels(int channels) {
 FileReport ReportList(const std::string& path, const HiresRequest* request) {
     std::optional<HighQuality> high;
     if (request)
-        high.emplace(path, *request);
+        high.emplace(OpenHiresInput(path, *request), *request);
     const ListFacts facts = high ? FindHighFacts(path, high->GetInput()) : FindStandardFacts(path);
     FileReport report;
     Json entries = ListEntries(facts.found, report);
@@ -198,7 +174,7 @@ FileReport ReportFile(const std::string& path, const HiresRequest* high) {
     if (LFailure failure = CheckReadable(path))
         return RefusedReport(std::move(failure));
     if (HasExtension(path, ".tdf"))
-        return ReportTone(path, high);
+        return ReportToneFile(path, high);
     if (HasExtension(path, ".tdl"))
         return ReportList(path, high);
     if (high)
@@ -206,4 +182,31 @@ FileReport ReportFile(const std::string& path, const HiresRequest* high) {
     if (HasExtension(path, ".wav"))
         return ReportWave(path);
     return RefusedReport("is of an unknown type: .tdf, .tdl and .wav files are supported");
+}
+
+FileReport ReportTone(const SonvireData& tone, const HiresRequest* request) {
+    const bool stereo = tone.HasFlag(ToneFlagStereo), looped = tone.repeat != 0;
+    std::optional<HighQuality> high;
+    if (request)
+        high.emplace(OpenHiresToneInput(tone, *request), *request);
+    const double raisedDb = high ? high->GetRaisedDb() : 0;
+    FileReport report;
+    report.title =
+        std::string(tone.GetModeName()) + (stereo ? ", Stereo" : ", Mono") + (looped ? ", Loop Play" : "");
+    report.rows = ListValues(tone, raisedDb);
+    Json object = DescribeType("tone");
+    object["waveform"] = tone.GetToneName();
+    object["mode"] = tone.GetModeName();
+    object["channels"] = stereo ? 2 : 1;
+    object["loop"] = looped;
+    if (tone.HasFlag(ToneFlagDuration))
+        object["durationMs"] = tone.durationMs;
+    if (tone.IsList())
+        object["list"] = tone.GetListPath();
+    else
+        object["components"] = DescribeComponents(tone, raisedDb);
+    if (high)
+        high->AddTo(report, object);
+    report.json = WriteJson(object);
+    return report;
 }

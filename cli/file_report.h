@@ -6,6 +6,7 @@
 #include <vector>
 
 struct HiresRequest;
+struct SonvireData;
 
 /// What a file holds, as lines for people and as an object for scripts.
 struct FileReport {
@@ -26,3 +27,6 @@ struct FileReport {
 /// Tones, lists and WAVE files, told apart by the extension in any case. With `high`, tones and lists are
 /// shown as well as high quality has them, and any other file as a sound file of its own resolution.
 FileReport ReportFile(const std::string& path, const HiresRequest* high = nullptr);
+
+/// The same for a tone that needs no file.
+FileReport ReportTone(const SonvireData& tone, const HiresRequest* high);

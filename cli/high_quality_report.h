@@ -6,8 +6,8 @@
 /// What high quality makes of a tone or list.
 class HighQuality {
 public:
-    HighQuality(const std::string& path, const HiresRequest& request)
-        : input(OpenHiresInput(path, request)),
+    HighQuality(HiresInput opened, const HiresRequest& request)
+        : input(std::move(opened)),
           level(request.settings.level) {}
 
     const HiresInput& GetInput() const { return input; }

@@ -20,10 +20,10 @@ struct Command {
     void (*add)(CLI::App& program, int& status);
 };
 constexpr Command Commands[] = {
-    {"render", AddRenderCommand}, {"make", AddMakeCommand},
-    {"list", AddListCommand},     {"show", AddShowCommand},
+    {"render", AddRenderCommand},   {"make", AddMakeCommand}, {"list", AddListCommand},
+    {"show", AddShowCommand},
 #ifdef SONVIRE_PLAYS
-    {"play", AddPlayCommand},     {"devices", AddDevicesCommand},
+    {"measure", AddMeasureCommand}, {"play", AddPlayCommand}, {"devices", AddDevicesCommand},
 #endif
 };
 

@@ -13,8 +13,12 @@ std::string Printable(std::string name) {
     return name;
 }
 
+void Tell(const std::string& file, const std::string& what) {
+    std::fprintf(stderr, "sonvire-cli: %s: %s\n", Printable(file).c_str(), what.c_str());
+}
+
 int Refuse(const std::string& file, const std::string& reason) {
-    std::fprintf(stderr, "sonvire-cli: %s: %s\n", Printable(file).c_str(), reason.c_str());
+    Tell(file, reason);
     return ExitFailed;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/certificate.h"
 #include "cli/refusal.h"
 #include "cli/render_jobs.h"
 #include "hires/file_kind.h"
@@ -65,6 +66,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
                      HiresFileKind::ListExtensions())
                         .c_str());
     AddSoundOptions(*command, *options);
+    AddCertificateOption(*command, *options);
     AddRawOption(*command, *options);
     command->callback([options, &status] { status = Render(TellApart(*options)); });
 }

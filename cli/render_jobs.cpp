@@ -1,5 +1,6 @@
 #include "cli/render_jobs.h"
 
+#include "cli/certificate.h"
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
@@ -34,16 +35,16 @@ template <class Input, class Render>
 int RenderInput(const RenderOptions& options, Input input, Render render) {
     CatchInterrupts(); // before there is a file that could be left
     const auto confirm = [&](const auto& warnings) { return options.Confirm(warnings); };
-    return TellOutcome(options, render(input, confirm), input);
+    if (const LFailure refused = CheckCertificate(options, input.files))
+        return Refuse(options.certificate, refused.GetReason());
+    const int status = TellOutcome(options, render(input, confirm), input);
+    return status == ExitCompleted ? Certify(options) : status;
 }
 
 } // namespace
 
 int RenderStandard(const RenderOptions& options) {
-    RenderTarget target{.path = options.output.path,
-                        .format = {.rate = options.rate, .bits = options.bits == "8" ? 8 : 16}};
-    if (options.channels)
-        target.format.channels = static_cast<std::uint8_t>(*options.channels);
+    const RenderTarget target{.path = options.output.path, .format = options.GetFormat()};
     const auto run = [&](LPRSourceToSink& job) {
         return RunJob(job, job.source.GetEnd().GetMilliseconds() / 1000.0, options.quiet);
     };
@@ -53,11 +54,12 @@ int RenderStandard(const RenderOptions& options) {
 }
 
 int RenderHigh(const RenderOptions& options) {
+    const HiresRounding rounding = options.GetRounding();
     const HiresTarget target{.path = options.output.path,
-                             .samples = options.GetSamples(),
-                             .dither = options.dither != "none",
+                             .samples = rounding.samples,
+                             .dither = rounding.dither,
                              .isRaw = options.isRaw,
-                             .seed = options.GetSeed(),
+                             .seed = rounding.seed,
                              .program = "Sonvire " SONVIRE_VERSION};
     const auto run = [&](HiresRenderJob& job) {
         const double frames = static_cast<double>(job.source.GetLength());

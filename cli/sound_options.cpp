@@ -19,6 +19,13 @@ void ImplyQuality(SoundOptions& options, const std::string& output) {
     options.high.ImplyFor(output);
 }
 
+HiresSamples GetSamples(const std::string& bits) {
+    return bits == "16"      ? HiresSamples::Int16
+           : bits == "32"    ? HiresSamples::Int32
+           : bits == "float" ? HiresSamples::Float
+                             : HiresSamples::Int24;
+}
+
 /// Why high quality can't do what is asked for; empty where it can.
 std::string CheckHigh(const SoundOptions& options) {
     if (options.bits == "8")
@@ -42,15 +49,15 @@ std::string SoundOptions::Settle(const std::string& output) {
     return problem.empty() && input.empty() ? MakeTone(tone).problem : problem;
 }
 
-HiresSamples SoundOptions::GetSamples() const {
-    return bits == "16"      ? HiresSamples::Int16
-           : bits == "32"    ? HiresSamples::Int32
-           : bits == "float" ? HiresSamples::Float
-                             : HiresSamples::Int24;
+RenderedFormatRequest SoundOptions::GetFormat() const {
+    RenderedFormatRequest format{.rate = rate, .bits = bits == "8" ? 8 : 16};
+    if (channels)
+        format.channels = static_cast<std::uint8_t>(*channels);
+    return format;
 }
 
-std::uint64_t SoundOptions::GetSeed() const {
-    return high.MakeSettings(0, seed).seed;
+HiresRounding SoundOptions::GetRounding() const {
+    return {.samples = GetSamples(bits), .dither = dither != "none", .seed = high.MakeSettings(0, seed).seed};
 }
 
 SoundInput SoundOptions::OpenStandard() const {

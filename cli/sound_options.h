@@ -2,7 +2,7 @@
 
 #include "cli/hires_options.h"
 #include "cli/tone_options.h"
-#include "hires/file_kind.h"
+#include "jobs/frame_reader.h"
 
 #include <optional>
 #include <string>
@@ -26,8 +26,8 @@ struct SoundOptions {
     std::string Settle(const std::string& output = {});
 
     // Once they are settled:
-    HiresSamples GetSamples() const; ///< of high quality
-    std::uint64_t GetSeed() const;   ///< of high quality
+    RenderedFormatRequest GetFormat() const; ///< in the standard quality
+    HiresRounding GetRounding() const;       ///< in high quality
     SoundInput OpenStandard() const;
     HiresInput OpenHigh() const;
 

@@ -16,7 +16,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.quenbysoftware.example/sonvire")
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What a program loads while it runs, which nothing tells dpkg; Debian 13 has the plug-ins for SVG in a package of their own.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcubeb0, libsndfile1, libsoxr0, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcubeb0, libsndfile1, libsoxr0, libssl3t64 | libssl3, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "test tone generator")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

@@ -32,6 +32,7 @@ enum class LControlKind {
     List,
     Line,
     Progress, ///< value 0..100
+    Sound,    ///< the wave and spectrum of a sound; used by a right click
 };
 
 /// How a control follows a window that is made larger than its layout; any sum of these.

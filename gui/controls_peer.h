@@ -9,6 +9,7 @@
 
 class LListViewEvents;
 class LListViewPeer;
+class LSoundViewPeer;
 
 /// The toolkit's side of a window's controls, each reached by its id. What a control's kind does not have is
 /// ignored, and so is an id that no control has: texts read as empty then, values as 0. A change made here
@@ -51,4 +52,6 @@ public:
 
     /// The peer for the list of this id, which must exist; it may outlive the list.
     virtual std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& events) = 0;
+    /// The same for a view of a sound.
+    virtual std::unique_ptr<LSoundViewPeer> CreateSoundViewPeer(int id) = 0;
 };

@@ -1,8 +1,9 @@
 #include "gui/level_meter.h"
 
+#include "gui/format_number.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <iterator>
 
 namespace {
@@ -21,13 +22,6 @@ std::string NameChannel(std::size_t channel, std::size_t count) {
 }
 
 } // namespace
-
-std::string FormatDecibels(double decibels, int places) {
-    char text[32];
-    const double unit = std::pow(10, places);
-    std::snprintf(text, sizeof text, "%.*f", places, std::round(decibels * unit) / unit + 0.0);
-    return text;
-}
 
 LFallingLevel::LFallingLevel(double least, int holdMilliseconds)
     : floor(least),
@@ -80,9 +74,9 @@ std::string LLevelMeter::Describe(int places) const {
     std::string text;
     for (std::size_t i = 0; i < last.peaks.size(); ++i)
         text += (i > 0 ? ", " : "") + NameChannel(i, last.peaks.size()) +
-                FormatDecibels(last.peaks[i], places) + " dBFS";
+                FormatNumber(last.peaks[i], places) + " dBFS";
     if (IsLimiting())
-        text += ", Limiter " + FormatDecibels(-reduction.Get(), 1) + " dB";
+        text += ", Limiter " + FormatNumber(-reduction.Get(), 1) + " dB";
     return text;
 }
 

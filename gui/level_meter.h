@@ -12,9 +12,6 @@ struct LMeterLevels {
     bool operator==(const LMeterLevels&) const = default;
 };
 
-/// "-12.0", "-inf"; never "-0.0".
-std::string FormatDecibels(double decibels, int places);
-
 /// A level that rises at once, stays for its hold time, and then falls at 40 dB a second.
 class LFallingLevel {
 public:

@@ -10,7 +10,7 @@ namespace {
 constexpr double ToneBelowStrongest = 1e-3, TonesInSound = 0.01; ///< powers
 constexpr double HarmonicBins = 0.05;                            ///< by which a harmonic may be off
 constexpr std::size_t MostTones = 16, MostStrongest = 10;
-constexpr double LowestHz = 20, HighestHz = 20000;
+constexpr double LowestHz = ToneFigures::LowestHz, HighestHz = ToneFigures::HighestHz;
 
 bool IsInBand(double hz, double hzPerBin) {
     return hz >= LowestHz - hzPerBin / 2 && hz <= HighestHz + hzPerBin / 2;

@@ -13,7 +13,7 @@ struct ToneLine {
     int harmonic = 0;     ///< 1 for the tone itself; 0: of none
 };
 
-/// The figures of a channel, from 20 Hz to 20 kHz. Ratios are those of amplitudes; 0 stands for none.
+/// The figures of a channel, from `LowestHz` to `HighestHz`. Ratios are those of amplitudes; 0 stands for none.
 ///
 /// Tones are the lines no more than 30 dB below the strongest one, the 16 strongest of them, but for
 /// harmonics of a lower one: a tone of three times another's frequency counts as the other's distortion.
@@ -24,6 +24,8 @@ struct ToneLine {
 /// levels of tones are within 0.001 dB, their frequencies within 1e-7, ratios of lines within 0.01 dB, and
 /// those of noise within 0.03 dB after a second and 0.01 dB after ten.
 struct ToneFigures {
+    static constexpr double LowestHz = 20, HighestHz = 20000;
+
     std::vector<ToneLine> tones;     ///< by frequency, which may lie above 20 kHz
     std::vector<ToneLine> strongest; ///< ten lines at most, at any frequency; the strongest first
 

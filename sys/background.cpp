@@ -7,10 +7,12 @@
 #include <memory>
 #include <mutex>
 #include <pthread.h>
+#include <sys/resource.h>
 
 namespace {
 
 constexpr unsigned int EndOfProgramMs = 500;
+constexpr int LowestPriority = 19;
 
 struct Pending {
     bool WaitUntilNone(unsigned int milliseconds) {
@@ -58,6 +60,10 @@ bool RunInBackground(std::function<void()> work) {
     pthread_detach(thread);
     static_cast<void>(owned.release()); // the thread's now
     return true;
+}
+
+void LowerBackgroundPriority() {
+    static_cast<void>(setpriority(PRIO_PROCESS, 0, LowestPriority)); // on Linux, of this thread alone
 }
 
 bool WaitForBackground(unsigned int milliseconds) {

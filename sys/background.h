@@ -7,5 +7,8 @@
 /// going on, and leaves what is stuck behind. False where the system has no thread to give.
 bool RunInBackground(std::function<void()> work);
 
+/// Work that calls this lets everything else go first from then on.
+void LowerBackgroundPriority();
+
 /// Waits until no background work is going on, for at most `milliseconds`; false on time-out.
 bool WaitForBackground(unsigned int milliseconds);

@@ -24,6 +24,18 @@ enum MainCommand : int {
     CommandOpenRecent = 1130, ///< plus the place in the list of files opened last, 0..9
     CommandLastRecent = 1139,
 
+    CommandViewSound = 1150, ///< opens or shuts the pane that shows the wave and the spectrum
+    CommandViewBoth = 1151,
+    CommandViewWave = 1152,
+    CommandViewSpectrum = 1153,
+    CommandViewPeriods = 1154,
+    CommandViewWhole = 1155,
+    CommandViewLog = 1156,
+    CommandViewLinear = 1157,
+    CommandResetZoom = 1158,
+    CommandCopyPicture = 1159,
+    CommandCopyCsv = 1160,
+
     CommandPreferences = 1401,
     CommandCloseWindow = 1402,
     CommandAbout = 1403,
@@ -73,6 +85,7 @@ enum MainControl : int {
     ControlMute = 310,
     ControlVolumeText = 311,
     ControlFormat = 312,
+    ControlSound = 313,
 };
 
 /// Of every waveform; for the list, `CommandLoadList`.

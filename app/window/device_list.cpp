@@ -1,21 +1,8 @@
 #include "app/window/device_list.h"
 
-#include "gui/toolkit.h"
+#include "app/window/way_back.h"
 #include "play/play_device.h"
 #include "sys/background.h"
-
-#include <mutex>
-#include <optional>
-
-/// What the background work and the window both hold. The toolkit is left, under the mutex, before it ends.
-struct DeviceList::Shared {
-    std::mutex mutex;
-    LToolkit* toolkit; ///< under the mutex
-    std::function<std::vector<std::string>()> listNames;
-    std::function<void(const std::vector<std::string>&)> changed; ///< empty once the window has left
-    std::optional<std::vector<std::string>> known;                ///< nothing before the first look
-    bool looking = false;
-};
 
 std::vector<std::string> GetOutputNames() {
     LSoundPlayDeviceList found;
@@ -29,30 +16,22 @@ std::vector<std::string> GetOutputNames() {
 
 DeviceList::DeviceList(LToolkit& toolkit, std::function<std::vector<std::string>()> listNames,
                        std::function<void(const std::vector<std::string>&)> changed)
-    : shared(std::make_shared<Shared>()) {
-    shared->toolkit = &toolkit;
-    shared->listNames = std::move(listNames);
-    shared->changed = std::move(changed);
-}
+    : back(std::make_shared<WayBack>(toolkit)),
+      list(std::move(listNames)),
+      tell(std::move(changed)) {}
 
 void DeviceList::Refresh() {
-    if (shared->looking)
+    if (looking)
         return;
-    shared->looking = RunInBackground([state = shared] {
-        const std::vector<std::string> names = state->listNames();
-        const std::scoped_lock lock(state->mutex);
-        if (!state->toolkit)
-            return;
-        state->toolkit->Post([state, names] {
-            state->looking = false;
-            if (state->changed && names != state->known)
-                state->changed(state->known.emplace(names));
+    looking = RunInBackground([this, way = back, listNames = list] {
+        way->Post([this, names = listNames()] {
+            looking = false;
+            if (names != known)
+                tell(known.emplace(names));
         });
     });
 }
 
 void DeviceList::Leave() {
-    shared->changed = nullptr;
-    const std::scoped_lock lock(shared->mutex);
-    shared->toolkit = nullptr;
+    back->Shut();
 }

@@ -2,10 +2,12 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class LToolkit;
+class WayBack;
 
 /// The names of the outputs there are now. Waits for the sound server.
 std::vector<std::string> GetOutputNames();
@@ -26,6 +28,9 @@ public:
     void Leave();
 
 private:
-    struct Shared;
-    std::shared_ptr<Shared> shared; ///< with the work in the background
+    std::shared_ptr<WayBack> back;
+    std::function<std::vector<std::string>()> list;
+    std::function<void(const std::vector<std::string>&)> tell;
+    std::optional<std::vector<std::string>> known; ///< nothing before the first look
+    bool looking = false;
 };

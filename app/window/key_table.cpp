@@ -10,6 +10,8 @@ static constexpr LKeyMapEntry MainKeys[] = {
     {LKeyControl, 'z', CommandUndo},
     {LKeyControl | LKeyShift, 'z', CommandRedo},
     {LKeyControl, 'y', CommandRedo},
+    {LKeyControl, 'm', CommandViewSound},
+    {LKeyControl, '0', CommandResetZoom},
     {LKeyControl, 'w', CommandCloseWindow},
     {LKeyNone, '+', CommandIncrease},
     {LKeyNone, '=', CommandIncrease}, // where "+" needs Shift

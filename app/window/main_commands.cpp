@@ -37,6 +37,7 @@ const MainDialog::Action MainDialog::Actions[] = {
     {CommandEditValue, [](MainDialog& window) { window.CmToneEditValue(); }},
     {CommandListDoubleClick, [](MainDialog& window) { window.CmToneEditValue(); }},
     {CommandListRightClick, [](MainDialog& window) { window.CmListViewRightClickMenu(); }},
+    {ControlSound, [](MainDialog& window) { window.CmSoundMenu(); }},
     {CommandFiniteToggle,
      [](MainDialog& window) {
          window.CmToggle(CommandFiniteToggle, CommandSpecifiedDuration, CommandContinuous);
@@ -87,6 +88,10 @@ void MainDialog::RunCommand(int command) {
         OpenRecent(static_cast<std::size_t>(command - CommandOpenRecent));
         return;
     }
+    if (sound.Change(command)) {
+        ShowSound(command);
+        return;
+    }
     const auto* action = std::find_if(std::begin(Actions), std::end(Actions),
                                       [command](const Action& each) { return each.command == command; });
     if (action != std::end(Actions))
@@ -129,6 +134,20 @@ void MainDialog::CmToneEditValue() {
 void MainDialog::CmListViewRightClickMenu() {
     LMenu menu(rows.CreatePopupMenu(), GetListMenu());
     EnableMenuItems(menu, GetState());
+    if (const int chosen = menu.Choose(); chosen != 0)
+        RunCommand(chosen);
+}
+
+void MainDialog::ShowSound(int command) {
+    LayoutControls(content.width, content.height);
+    EnableControls();
+    if (command == CommandViewSound && sound.GivesWay())
+        ShowPassing("The wave and the spectrum stand below the list once the window is larger");
+}
+
+void MainDialog::CmSoundMenu() {
+    LMenu menu(sound.CreatePopupMenu(), GetSoundMenu());
+    sound.MarkMenuItems(menu);
     if (const int chosen = menu.Choose(); chosen != 0)
         RunCommand(chosen);
 }

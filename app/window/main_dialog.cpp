@@ -48,6 +48,7 @@ MainDialog::MainDialog(LToolkit& windowToolkit, int argumentCount, const char* c
       witness(tone, playback),
       rows(*this, tone),
       summary(*this),
+      sound(*this, tone),
       files(*this, state, [this](const std::string& line) { ShowPassing(line); }),
       lists(*this, tone, files, history) {}
 
@@ -55,6 +56,7 @@ void MainDialog::InitDialog() {
     SetCaption("Sonvire");
     rows.Create();
     summary.Create();
+    sound.Create();
     SetStatusBar(StatusFields::GetItems());
     status.Init();
     SetToolBar(GetMainToolBar());
@@ -81,6 +83,7 @@ void MainDialog::InitDialog() {
 void MainDialog::DestroyDialog() {
     playback.End();
     devices.Leave();
+    sound.Destroy();
     static_cast<void>(tone.WriteToFile(CurrentTonePath().c_str())); // there is nobody left to tell
     witness.Leave();
     history = {};
@@ -104,15 +107,18 @@ void MainDialog::LayoutControls(int width, int height) {
     LControlsPeer& controls = GetControls();
     const int barHeight = controls.GetPlace(ControlSmallToolBar).height;
     controls.Place(ControlSmallToolBar, {0, 0, width, barHeight});
-    const int listHeight = std::min(rows.GetHeight(), height - barHeight);
+    const int paneHeight = sound.GetHeight(height - barHeight, rows.GetHeight(), summary.GetHeight());
+    const int listHeight = std::min(rows.GetHeight(), height - barHeight - paneHeight);
     controls.Place(ControlList, {0, barHeight, width, listHeight});
-    const int end = barHeight + listHeight;
-    summary.Place({0, end, width, height - end});
+    const int listEnd = barHeight + listHeight;
+    const int end = summary.Place({0, listEnd, width, height - listEnd - paneHeight}, height);
+    sound.Place({0, end, width, paneHeight > 0 ? height - end : 0});
 }
 
 void MainDialog::ShowSummary() {
     summary.Show(tone);
     LayoutControls(content.width, content.height);
+    sound.Follow();
 }
 
 MainState MainDialog::GetState() const {
@@ -121,6 +127,7 @@ MainState MainDialog::GetState() const {
 
 void MainDialog::EnableControls() {
     EnableMenuItems(GetMenu(), GetState());
+    sound.MarkMenuItems(GetMenu());
     EnableToolBarItems(GetToolBar(), smallToolBar, GetState());
 }
 
@@ -149,6 +156,7 @@ void MainDialog::Restart(bool changed) {
     if (!changed)
         return;
     summary.Show(tone);
+    sound.Follow();
     playback.Restart();
 }
 

@@ -3,6 +3,7 @@
 #include "app/window/enabling_rules.h"
 #include "app/window/playback.h"
 #include "app/window/recent_files.h"
+#include "app/window/sound_pane.h"
 #include "app/window/status_fields.h"
 #include "app/window/summary_pane.h"
 #include "app/window/tone_files.h"
@@ -75,6 +76,9 @@ private:
     void CmToggle(int toggle, int on, int off);
     void CmToneEditValue();
     void CmListViewRightClickMenu();
+    void CmSoundMenu();
+    /// As a command of the View menu has changed it.
+    void ShowSound(int command);
     void CmSave();
     void CmLoadList();
 
@@ -91,6 +95,7 @@ private:
     ToneWitness witness;
     ToneRows rows;
     SummaryPane summary;
+    SoundPane sound;
     LRect content; ///< as it was laid out last
     ToneFiles files;
     ToneLists lists;

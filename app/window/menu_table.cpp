@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr LMenuEntry FileAndToneMenu[] = {
+constexpr LMenuEntry FileAndEditMenu[] = {
     {-1, "File"},
     {CommandLoadTone, "Load Tone..."},
     {-1, "Open Recent"},
@@ -34,6 +34,32 @@ constexpr LMenuEntry FileAndToneMenu[] = {
     {-1, "Edit"},
     {CommandUndo, "Undo"},
     {CommandRedo, "Redo"},
+    {-1},
+};
+
+constexpr LMenuEntry SoundChoices[] = {
+    {CommandViewBoth, "Both"},
+    {CommandViewWave, "Wave Only"},
+    {CommandViewSpectrum, "Spectrum Only"},
+    {0},
+    {CommandViewPeriods, "A Few Periods"},
+    {CommandViewWhole, "Whole Wave"},
+    {0},
+    {CommandViewLog, "Logarithmic Frequency"},
+    {CommandViewLinear, "Linear Frequency"},
+    {0},
+    {CommandResetZoom, "Reset Zoom"},
+    {CommandCopyPicture, "Copy Picture"},
+    {CommandCopyCsv, "Copy CSV"},
+};
+
+constexpr LMenuEntry StartOfViewMenu[] = {
+    {-1, "View"},
+    {-CommandViewSound, "Wave and Spectrum"},
+    {0},
+};
+
+constexpr LMenuEntry StartOfToneMenu[] = {
     {-1},
     {-1, "Tone"},
     {CommandIncrease, "Increase Value"},
@@ -113,22 +139,26 @@ std::vector<LMenuEntry> GetToneEntries() {
     return entries;
 }
 
-std::vector<LMenuEntry> Join(std::span<const LMenuEntry> before, std::span<const LMenuEntry> after) {
-    const std::vector<LMenuEntry> tone = GetToneEntries();
-    std::vector<LMenuEntry> all(before.begin(), before.end());
-    all.insert(all.end(), tone.begin(), tone.end());
-    all.insert(all.end(), after.begin(), after.end());
+std::vector<LMenuEntry> Join(std::initializer_list<std::span<const LMenuEntry>> parts) {
+    std::vector<LMenuEntry> all;
+    for (const std::span<const LMenuEntry> part : parts)
+        all.insert(all.end(), part.begin(), part.end());
     return all;
 }
 
 } // namespace
 
 std::span<const LMenuEntry> GetMainMenu() {
-    static const std::vector<LMenuEntry> menu = Join(FileAndToneMenu, RestOfMainMenu);
+    static const std::vector<LMenuEntry> menu = Join(
+        {FileAndEditMenu, StartOfViewMenu, SoundChoices, StartOfToneMenu, GetToneEntries(), RestOfMainMenu});
     return menu;
 }
 
 std::span<const LMenuEntry> GetListMenu() {
-    static const std::vector<LMenuEntry> menu = Join(ListValues, {});
+    static const std::vector<LMenuEntry> menu = Join({ListValues, GetToneEntries()});
     return menu;
+}
+
+std::span<const LMenuEntry> GetSoundMenu() {
+    return SoundChoices;
 }

@@ -36,19 +36,32 @@ void SummaryPane::Show(const SonvireData& tone) {
         window.SetText(line.control, summary.*line.text);
 }
 
-void SummaryPane::Place(const LRect& room) {
+int SummaryPane::GetHeight() const {
+    int height = LeastBelow;
+    for (const Line& line : Lines)
+        if (!window.GetText(line.control).empty())
+            height += line.above + window.GetControls().GetPlace(line.control).height;
+    return height;
+}
+
+int SummaryPane::Place(const LRect& room, int beyond) {
     LControlsPeer& controls = window.GetControls();
     const int end = room.y + room.height;
     int y = room.y;
+    bool isFull = false;
     for (const Line& line : Lines) {
         if (window.GetText(line.control).empty())
             continue;
         LRect place{room.x + Inset, y + line.above, room.width - 2 * Inset, 0};
         controls.Place(line.control, place);
-        y = place.y + controls.GetPlace(line.control).height;
-        if (y + LeastBelow <= end)
+        const int below = place.y + controls.GetPlace(line.control).height;
+        if (!isFull && below + LeastBelow <= end) {
+            y = below;
             continue;
-        place.y = y = end;
+        }
+        isFull = true;
+        place.y = beyond;
         controls.Place(line.control, place);
     }
+    return y;
 }

@@ -15,8 +15,11 @@ public:
     void Create();
     /// After every change of the tone; after one of its rows the texts are to be placed anew.
     void Show(const SonvireData& tone);
-    /// One below the other; those that have no room stand beyond its lower edge, out of sight.
-    void Place(const LRect& room);
+    /// Of all texts.
+    int GetHeight() const;
+    /// One below the other; answers where the last one ends. Those that have no room stand below `beyond`,
+    /// out of sight.
+    int Place(const LRect& room, int beyond);
 
 private:
     LWindow& window;

@@ -6,10 +6,13 @@
 
 // The tables of the main window.
 
-/// File, Tone and Playback, then what every program has.
+/// File, Edit, View, Tone and Playback, then what every program has.
 std::span<const LMenuEntry> GetMainMenu();
 /// What a right click on the list shows.
 std::span<const LMenuEntry> GetListMenu();
+
+/// What a right click on the wave and the spectrum shows.
+std::span<const LMenuEntry> GetSoundMenu();
 
 /// With labels, at the top of the window.
 std::span<const LToolBarItem> GetMainToolBar();

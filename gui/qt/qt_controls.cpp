@@ -6,6 +6,7 @@
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_make_control.h"
 #include "gui/qt/qt_number_edit.h"
+#include "gui/qt/qt_sound_view.h"
 #include "gui/qt/qt_text.h"
 #include "gui/window_peer.h"
 
@@ -27,7 +28,8 @@ namespace {
 
 /// A frame fills its place; what holds text is as tall as the text needs, around the middle of its place.
 bool FillsItsPlace(const QWidget* widget) {
-    return qobject_cast<const QGroupBox*>(widget) || dynamic_cast<const LQtListWidget*>(widget);
+    return qobject_cast<const QGroupBox*>(widget) || dynamic_cast<const LQtListWidget*>(widget) ||
+           dynamic_cast<const LQtSoundView*>(widget);
 }
 
 bool IsInput(LControlKind kind) {
@@ -78,6 +80,8 @@ void LQtControls::Connect(int id, QWidget* widget) {
     }
     if (auto* link = dynamic_cast<LQtLink*>(widget))
         QObject::connect(link, &QLabel::linkActivated, link, use);
+    if (auto* sound = dynamic_cast<LQtSoundView*>(widget))
+        sound->onMenu = use;
     if (auto* combo = qobject_cast<QComboBox*>(widget))
         QObject::connect(combo, &QComboBox::activated, combo, use);
     if (auto* slider = qobject_cast<QSlider*>(widget)) {
@@ -270,4 +274,8 @@ void LQtControls::SetValueText(int id, const std::string& text) {
 
 std::unique_ptr<LListViewPeer> LQtControls::CreateListViewPeer(int id, LListViewEvents& listEvents) {
     return std::make_unique<LQtListView>(*dynamic_cast<LQtListWidget*>(Find(id)), listEvents, unit);
+}
+
+std::unique_ptr<LSoundViewPeer> LQtControls::CreateSoundViewPeer(int id) {
+    return std::make_unique<LQtSoundViewPeer>(*dynamic_cast<LQtSoundView*>(Find(id)), unit);
 }

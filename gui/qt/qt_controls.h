@@ -37,6 +37,7 @@ public:
     void SetLevels(int id, const LMeterLevels& levels) override;
     void SetValueText(int id, const std::string& text) override;
     std::unique_ptr<LListViewPeer> CreateListViewPeer(int id, LListViewEvents& listEvents) override;
+    std::unique_ptr<LSoundViewPeer> CreateSoundViewPeer(int id) override;
 
 private:
     QWidget* Make(const LControlLayout& control);

@@ -1,19 +1,17 @@
 #include "gui/qt/qt_level_meter.h"
 
+#include "gui/format_number.h"
 #include "gui/qt/qt_text.h"
 
-#include <QAccessible>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 constexpr int FrameMs = 40;
-constexpr int CalmMs = 1000;
 constexpr double MarkTextSize = 0.72; // of the other fields'
 constexpr double PeakWidth = 2, FullWidth = 5;
 const QString LampText = QStringLiteral("LIM");
@@ -49,13 +47,10 @@ void LQtLevelMeter::SetLevels(const LMeterLevels& levels) {
     meter.Take(levels);
     if (!frames.isActive())
         frames.start(FrameMs, this); // which draws
-    if (!calm.isActive())
-        Tell();
+    spoken.Tell();
 }
 
-void LQtLevelMeter::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == calm.timerId())
-        return Tell();
+void LQtLevelMeter::timerEvent(QTimerEvent* /*event*/) {
     meter.Advance(FrameMs);
     if (!meter.IsMoving())
         frames.stop();
@@ -77,17 +72,6 @@ std::vector<int> LQtLevelMeter::GetPicture() const {
         }
     picture.push_back(meter.IsLimiting() ? 1 + qRound(meter.GetReduction()) : 0);
     return picture;
-}
-
-void LQtLevelMeter::Tell() {
-    const QString text = GetSpoken();
-    if (text == told) {
-        calm.stop();
-        return;
-    }
-    calm.start(CalmMs, this);
-    QAccessibleTextUpdateEvent change(this, 0, std::exchange(told, text), text);
-    QAccessible::updateAccessibility(&change);
 }
 
 QString LQtLevelMeter::GetSpoken() const {
@@ -180,7 +164,7 @@ void LQtLevelMeter::PaintNumbers(QPainter& painter) const {
     double free = width();
     for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
         const double at = end * LLevelMeter::GetPlace(*mark);
-        const QString text = ToQt(FormatDecibels(*mark, 0));
+        const QString text = ToQt(FormatNumber(*mark, 0));
         const double wide = painter.fontMetrics().horizontalAdvance(text);
         const double left = std::max(0.0, at - wide / 2);
         if (left + wide + 3 > free)
@@ -199,5 +183,5 @@ void LQtLevelMeter::PaintLamp(QPainter& painter) const {
     painter.setBrush(lit ? Colours(palette()).loud : Faint(palette(), 0.12F));
     painter.drawRoundedRect(lamp, 2, 2);
     painter.setPen(lit ? palette().color(QPalette::Window) : Faint(palette(), 0.6F));
-    painter.drawText(lamp, Qt::AlignCenter, lit ? ToQt(FormatDecibels(-meter.GetReduction(), 0)) : LampText);
+    painter.drawText(lamp, Qt::AlignCenter, lit ? ToQt(FormatNumber(-meter.GetReduction(), 0)) : LampText);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/level_meter.h"
+#include "gui/qt/qt_calm_text.h"
 #include "gui/qt/qt_spoken_text.h"
 
 #include <QBasicTimer>
@@ -38,13 +39,11 @@ private:
     void PaintLamp(QPainter& painter) const;
     /// What of the bars can be told apart on the screen.
     std::vector<int> GetPicture() const;
-    void Tell();
 
     QFont markFont;
     double lampWidth = 0, numbersHeight = 0; ///< in that font
     LLevelMeter meter;
     std::vector<int> drawn; ///< the last picture
     QBasicTimer frames;     ///< runs only while something moves
-    QBasicTimer calm;       ///< since the levels were told
-    QString told;
+    LQtCalmText spoken{*this, *this};
 };

@@ -5,6 +5,7 @@
 #include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_number_edit.h"
+#include "gui/qt/qt_sound_view.h"
 #include "gui/qt/qt_spoken_chooser.h"
 
 #include <QApplication>
@@ -106,6 +107,8 @@ QWidget* MakeControl(const LControlLayout& control, QWidget* parent) {
         return MakeLine(parent);
     case LControlKind::Progress:
         return MakeChild<QProgressBar>(parent);
+    case LControlKind::Sound:
+        return MakeChild<LQtSoundView>(parent);
     }
     return nullptr;
 }

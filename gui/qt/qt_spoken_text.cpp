@@ -97,7 +97,7 @@ QAccessibleInterface* MakeSpokenText(const QString& /*className*/, QObject* obje
     if (!shown)
         return nullptr;
     auto* widget = qobject_cast<QWidget*>(object);
-    return std::make_unique<SpokenText>(widget, *shown, QAccessible::StaticText).release();
+    return std::make_unique<SpokenText>(widget, *shown, shown->GetRole()).release();
 }
 
 } // namespace

@@ -193,7 +193,8 @@ TEST_F(ToneCommands, AnEntryThatCanNotBeUsedIsNamed) {
     const ProgramResult lenient = Cli("render list.tdl o.wav");
     EXPECT_EQ(lenient.status, 0);
     EXPECT_EQ(lenient.errors,
-              "sonvire-cli: warning: gone.wav: can't be read: No such file or directory (entry 1)\n");
+              "sonvire-cli: warning: gone.wav: can't be read: No such file or directory (entry 1)\n"
+              "sonvire-cli: warning: list.tdl: is silent\n");
     EXPECT_EQ(Read("o.wav").size(), 46u + 2 * 800);
     Write("o.wav", "kept");
     ExpectRefused(Cli("render --strict list.tdl o.wav"),

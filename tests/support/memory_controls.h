@@ -3,6 +3,7 @@
 #include "gui/controls_peer.h"
 #include "gui/list_view_peer.h"
 #include "gui/menu.h"
+#include "gui/sound_view_peer.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +57,32 @@ private:
     MemoryMenuMaker makeMenu;
 };
 
+/// A sound as the user sees it, and what has been copied of it.
+class MemorySound : public LSoundViewPeer {
+public:
+    explicit MemorySound(MemoryMenuMaker menuMaker) : makeMenu(std::move(menuMaker)) {}
+
+    LSoundView view;
+    bool visible = true;
+    int shown = 0; ///< how often it has been another sound
+    std::string copied;
+
+    void SetVisible(bool isVisible) override { visible = isVisible; }
+    void Show(LShownSoundPtr sound) override {
+        view.Show(std::move(sound));
+        ++shown;
+    }
+    void SetLook(const LSoundLook& look) override { view.SetLook(look); }
+    void ResetZoom() override { view.ResetZoom(); }
+    int GetLeastHeight() const override { return 130; }
+    void CopyPicture() override { copied = "picture"; }
+    void CopyCsv() override { copied = view.WriteCsv(); }
+    std::unique_ptr<LMenuPeer> CreatePopupMenu() override { return makeMenu(); }
+
+private:
+    MemoryMenuMaker makeMenu;
+};
+
 /// A control as the user sees it.
 struct MemoryControl {
     MemoryControl() = default;
@@ -67,7 +94,8 @@ struct MemoryControl {
     int value = 0, least = 0, most = 0;
     LMeterLevels levels;
     std::vector<std::string> choices;
-    MemoryList* list = nullptr; ///< while its owner has it
+    MemoryList* list = nullptr;   ///< while its owner has it
+    MemorySound* sound = nullptr; ///< the same
 };
 
 /// Controls by their ids: those that were added, and no others. Where they stand is tested in real
@@ -133,6 +161,11 @@ public:
         auto list = std::make_unique<MemoryList>(events, makeMenu);
         (*this)[id].list = list.get();
         return list;
+    }
+    std::unique_ptr<LSoundViewPeer> CreateSoundViewPeer(int id) override {
+        auto sound = std::make_unique<MemorySound>(makeMenu);
+        (*this)[id].sound = sound.get();
+        return sound;
     }
 
 private:

@@ -122,6 +122,7 @@ public:
     }
     void Drop(const std::vector<std::string>& paths) { events.FilesDropped(paths); }
     void CloseWindow() { events.CloseAsked(); }
+    void Resize(int width, int height) { events.Resized(width, height); }
 
     LControlsPeer& Controls() override { return controls; }
     void SetCaption(const std::string& text) override { caption = text; }

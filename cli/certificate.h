@@ -1,0 +1,22 @@
+#pragma once
+
+#include "cli/render_jobs.h"
+#include "sys/failure.h"
+
+#include <set>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+/// Adds `--certificate` to `render`, where this build can measure. `options` must outlive the command.
+void AddCertificateOption(CLI::App& command, RenderOptions& options);
+
+/// For before a rendering of what is `read`: why there can't be the certificate that the options ask for, if
+/// any.
+LFailure CheckCertificate(const RenderOptions& options, const std::set<std::string>& read);
+
+/// Reads the rendered file back and writes what it is into the certificate that the options ask for, if any;
+/// returns the exit status. docs/file-formats.md tells what is in it.
+int Certify(const RenderOptions& options);

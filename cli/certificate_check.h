@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cli/figure_changes.h"
+#include "jobs/hashed_reader.h"
+
+#include <memory>
+
+/// A sound that is held against a certificate while it is measured.
+class CertificateCheck {
+public:
+    /// `GetFailure` says why the certificate can't be read or is none.
+    explicit CertificateCheck(const std::string& path);
+
+    const LFailure& GetFailure() const { return failure; }
+    /// Stands before what hands out the sound, up to its end.
+    std::unique_ptr<FrameReader> Watch(std::unique_ptr<FrameReader> sound);
+    /// Once, behind the end: what has changed since the certificate was written, from the measurement as
+    /// `DescribeMeasurement` has it; nothing where the sound is to the bit what is certified. The reader
+    /// must still be there.
+    std::vector<FigureChange> Finish(const Json& measured);
+
+private:
+    LFailure Read();
+    std::vector<FigureChange> CompareFormats(const Json& measured) const;
+    std::vector<FigureChange> CompareSamples(const Json& measured) const;
+
+    std::string path;
+    Json figures;
+    std::string sha256;
+    LFailure failure;
+    HashedReader* reader = nullptr; ///< not owned
+};
+
+/// The verdict in lines, and as an object for scripts.
+std::string TellChanges(const std::string& sound, const std::string& certificate,
+                        const std::vector<FigureChange>& changes);
+Json DescribeChanges(const std::string& certificate, const std::vector<FigureChange>& changes);

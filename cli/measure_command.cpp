@@ -1,0 +1,180 @@
+#include "cli/commands.h"
+
+#include "cli/certificate_check.h"
+#include "cli/interrupt.h"
+#include "cli/measure_report.h"
+#include "cli/progress_line.h"
+#include "cli/refusal.h"
+#include "cli/sound_options.h"
+#include "jobs/measure_job.h"
+#include "sys/path.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+struct MeasureOptions : SoundOptions {
+    bool json = false;
+    std::vector<std::string> typedLimits;
+    std::string against; ///< a certificate; empty for none
+
+    bool IsStandardInput() const { return input == "-"; }
+    std::string GetName() const { return IsStandardInput() ? "standard input" : GetInputName(); }
+    bool IsSoundFile() const {
+        return !input.empty() && !HasExtension(input, ".tdf") && !HasExtension(input, ".tdl");
+    }
+    /// Whether other samples are asked for than a sound file holds.
+    bool ShapesSamples() const {
+        return rate || channels || tone.durationMs || high.IsHigh() ||
+               !(bits + dither + high.quality).empty();
+    }
+};
+
+using Limits = std::vector<MeasureLimit>;
+
+/// An input that is told of: without a reader it was refused.
+FrameInput Accept(const MeasureOptions& options, FrameInput input, const InputFacts& facts = {}) {
+    if (input.reader)
+        HintAtShortDuration(options.tone);
+    else
+        Refuse(options.GetName(), input.failure.GetReason() + options.Hint(facts));
+    if (input.reader && !options.Confirm(facts.warnings))
+        input.reader = nullptr;
+    return input;
+}
+
+FrameInput OpenStandard(const MeasureOptions& options) {
+    const SoundInput input = options.OpenStandard();
+    return Accept(options, ReadRendered(input, options.GetFormat()), input);
+}
+
+FrameInput OpenHigh(const MeasureOptions& options) {
+    HiresInput input = options.OpenHigh();
+    const InputFacts facts = input;
+    return Accept(options, ReadRenderedHires(std::move(input), options.GetRounding()), facts);
+}
+
+int TellFigures(const MeasureOptions& options, const Limits& limits, CertificateCheck* check,
+                const MeasuredSound& sound) {
+    Json object = DescribeMeasurement(sound);
+    object["limits"] = DescribeLimits(limits, sound);
+    const std::vector<FigureChange> changes = check ? check->Finish(object) : std::vector<FigureChange>();
+    if (check)
+        object["against"] = DescribeChanges(options.against, changes);
+    const std::string text = options.json ? WriteJson(object)
+                             : check      ? TellChanges(sound.name, options.against, changes)
+                                          : ReportMeasurement(sound);
+    std::fputs(text.c_str(), stdout);
+    if (std::fflush(stdout) != 0)
+        return Refuse("standard output", "could not be written");
+    int status = changes.empty() ? ExitCompleted : ExitBroken;
+    for (const MeasureLimit& each : limits)
+        if (const LimitResult result = CheckLimit(each, sound); result.isBroken) {
+            Tell(sound.name, std::string(each.figure->name) + ": " + result.reason);
+            status = ExitBroken;
+        }
+    return status;
+}
+
+/// What happened while it was read. False where that is reason enough to fail: what was lost leaves nothing
+/// to be measured.
+bool TellNews(const MeasureOptions& options, LSourceNews& news) {
+    const std::vector<LFileWarning> told = news.Take();
+    for (const LFileWarning& each : told)
+        if (each.isLoss) {
+            Refuse(options.GetName(), "was lost while it was read: " + each.file + " " + each.reason);
+            return false;
+        }
+    return options.Confirm(told);
+}
+
+int MeasureSound(const MeasureOptions& options, const Limits& limits, CertificateCheck* check,
+                 FrameInput input) {
+    if (check)
+        input.reader = check->Watch(std::move(input.reader));
+    FrameReader& reader = *input.reader;
+    const auto [rate, channels, bits] = reader.format;
+    SoundMeter meter(rate, static_cast<std::size_t>(channels), bits);
+    MeasureJob job{.reader = reader, .meter = meter};
+    CatchInterrupts();
+    const auto length = static_cast<double>(std::max<std::int64_t>(reader.length, 0));
+    if (RunJob(job, length / rate, options.quiet) == LProcessResult::Stopped)
+        return Refuse(options.GetName(), "was not measured to its end: stopped");
+    if (!TellNews(options, *input.news))
+        return ExitFailed;
+    return TellFigures(options, limits, check,
+                       {.name = options.GetName(),
+                        .rate = rate,
+                        .bits = bits,
+                        .limiterDb = reader.GetLimiterDb(),
+                        .figures = meter.Finish()});
+}
+
+int MeasureInput(MeasureOptions options, const Limits& limits, CertificateCheck* check) {
+    const bool describes = options.tone.DescribeTone() || (options.input.empty() && options.tone.durationMs);
+    if (describes != options.input.empty())
+        return Misuse("either INPUT or tone options are required");
+    FrameInput input;
+    if (options.IsSoundFile() && !options.ShapesSamples())
+        input = Accept(options, ReadFileFrames(options.input));
+    else if (options.IsStandardInput())
+        return Refuse(options.GetName(), "is measured as it is, without options that shape samples");
+    else if (const std::string problem = options.Settle(); !problem.empty())
+        return Misuse(problem);
+    else
+        input = options.high.IsHigh() ? OpenHigh(options) : OpenStandard(options);
+    return input.reader ? MeasureSound(options, limits, check, std::move(input)) : ExitFailed;
+}
+
+int Measure(const MeasureOptions& options) {
+    Limits limits;
+    for (const std::string& each : options.typedLimits) {
+        if (each == "?") {
+            std::fputs(ExplainLimits().c_str(), stdout);
+            return ExitCompleted;
+        }
+        TypedLimit typed = ParseLimit(each);
+        if (!typed.problem.empty())
+            return Misuse("--limit: " + typed.problem);
+        limits.push_back(std::move(typed.limit));
+    }
+    std::optional<CertificateCheck> check;
+    if (!options.against.empty())
+        check.emplace(options.against);
+    if (check && check->GetFailure())
+        return Refuse(options.against, check->GetFailure().GetReason());
+    return MeasureInput(options, limits, check ? &*check : nullptr);
+}
+
+} // namespace
+
+void AddMeasureCommand(CLI::App& program, int& status) {
+    const auto options = std::make_shared<MeasureOptions>();
+    CLI::App* command = program.add_subcommand("measure", "Measure a tone, a tone list or a sound file");
+    command->add_option(
+        "INPUT", options->input,
+        "A tone (.tdf), a tone list (.tdl) or a sound file, or - for one from standard input; "
+        "left out where the tone options stand for it");
+    command->add_flag("--json", options->json, "Print JSON, for scripts");
+    command
+        ->add_option(
+            "--limit", options->typedLimits,
+            "What a figure has to keep to, such as 'thdn<-90' or 'left.peak<=-0.1'; may be given more "
+            "than once. '?' lists the names. A limit that is broken makes the exit status 1")
+        ->type_name("LIMIT")
+        ->allow_extra_args(false);
+    command
+        ->add_option(
+            "--against", options->against,
+            "Print instead whether the sound is what this certificate of render's says, and what has "
+            "changed; the exit status is 1 where it is not")
+        ->type_name("FILE");
+    AddSoundOptions(*command, *options);
+    command->callback([options, &status] { status = Measure(*options); });
+}

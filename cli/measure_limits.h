@@ -1,0 +1,32 @@
+#pragma once
+
+#include "cli/measure_figures.h"
+
+/// What a figure has to keep to, such as "thdn<-90" or "left.peak >= -20.1 dBFS".
+struct MeasureLimit {
+    std::string text;                       ///< as it was typed
+    std::string channel;                    ///< empty: each one, or the sound as a whole
+    const MeasuredFigure* figure = nullptr; ///< with the unit that was typed
+    bool isUpper = true;                    ///< what is above is too much
+    bool isWithin = false;                  ///< the limit itself still holds
+    double value = 0;
+};
+
+/// A limit, or why a text is none.
+struct TypedLimit {
+    MeasureLimit limit;
+    std::string problem; ///< empty where there is a limit
+};
+TypedLimit ParseLimit(const std::string& text);
+
+/// What became of a limit. A figure that the sound doesn't have breaks it.
+struct LimitResult {
+    std::string channel{};         ///< the worst one; empty where there is but one
+    MeasuredFigure::Value value{}; ///< of that channel
+    bool isBroken = false;
+    std::string reason{}; ///< why it is broken: by how much
+};
+LimitResult CheckLimit(const MeasureLimit& limit, const MeasuredSound& sound);
+
+/// What limits look like, and the names of all figures, in lines.
+std::string ExplainLimits();

@@ -1,0 +1,11 @@
+#include "gui/format_number.h"
+
+#include <cmath>
+#include <cstdio>
+
+std::string FormatNumber(double value, int places) {
+    char text[64];
+    const double unit = std::pow(10, places);
+    std::snprintf(text, sizeof text, "%.*f", places, std::round(value * unit) / unit + 0.0);
+    return text;
+}

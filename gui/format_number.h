@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+/// With so many places: "-12.0", "-inf"; never "-0.0".
+std::string FormatNumber(double value, int places);
