@@ -43,7 +43,7 @@ void SoundPane::Destroy() {
 
 void SoundPane::Follow() {
     const SoundRequest wanted{tone, GetQuality().savedRate};
-    if (!isPlaced || (asked == wanted && !tone.IsList())) // whose files may be others by now
+    if (height == 0 || (asked == wanted && !tone.IsList())) // whose files may be others by now
         return;
     asked = wanted;
     Ask();
@@ -64,16 +64,17 @@ void SoundPane::Ask() {
 }
 
 int SoundPane::GetHeight(int room, int list, int texts) const {
-    if (!isOpen)
+    const int figures = peer->GetFiguresHeight();
+    if (!isOpen || room < 3 * figures)
         return 0;
-    const int height = std::max(peer->GetLeastHeight(), room * RoomShare / 100);
-    return room - height < std::min(list, LeastList) + texts ? 0 : height;
+    const int whole = std::max(peer->GetPlotsHeight(), room * RoomShare / 100);
+    return room - whole < std::min(list, LeastList) + texts ? figures : whole;
 }
 
 void SoundPane::Place(const LRect& room) {
-    isPlaced = room.height > 0;
-    peer->SetVisible(isPlaced);
-    if (isPlaced) {
+    height = room.height;
+    peer->SetVisible(height > 0);
+    if (height > 0) {
         window.GetControls().Place(ControlSound, room);
         Follow();
     } else {

@@ -30,13 +30,13 @@ public:
     void MarkMenuItems(LMenu& menu) const;
     std::unique_ptr<LMenuPeer> CreatePopupMenu() { return peer->CreatePopupMenu(); }
 
-    /// How high it is at least in a window that has so much room for it, a list and texts of these heights; 0
-    /// where it is shut, or leaves too little of them.
+    /// How high it is at least in a window that has so much room for it, a list and texts of these heights:
+    /// only its line of figures is shown where it would leave too little of them; 0 where it is shut.
     int GetHeight(int room, int list, int texts) const;
     /// Without height it gives way.
     void Place(const LRect& room);
-    /// It is open, and has no room.
-    bool GivesWay() const { return isOpen && !isPlaced; }
+    /// It is open, and has room for its figures only.
+    bool GivesWay() const { return isOpen && height < peer->GetPlotsHeight(); }
 
 private:
     void Ask();
@@ -48,5 +48,6 @@ private:
     std::unique_ptr<LSoundViewPeer> peer;
     std::optional<SoundRequest> asked; ///< what is shown, or about to be
     LSoundLook look;
-    bool isOpen = false, isPlaced = false;
+    bool isOpen = false;
+    int height = 0; ///< that it has; 0: it is not shown
 };

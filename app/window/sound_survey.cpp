@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr double LeastLineBins = 16;                            // above 0 Hz, from where on lines are seen
 constexpr std::size_t BlockFrames = 4096, KeptFrames = 1 << 19; // 12 s at 44.1 kHz
 constexpr auto Between = std::chrono::milliseconds(400);        // what is shown meanwhile
 
@@ -132,6 +133,10 @@ private:
         for (std::size_t c = 0; c < channels.size(); ++c)
             figures.push_back(MeasureTones(spectrum, c));
         shown.lines = DescribeLines(figures, isSine);
+        if (spectrum.segmentFrames == 0)
+            shown.lines = "too short for a spectrum";
+        else if (lowestHz > 0 && lowestHz < LeastLineBins * spectrum.GetHzPerBin())
+            shown.lines = "too low for its lines to be told";
         shown.lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
         if (spectrum.segmentFrames > 0)
             shown.hzPerBin = spectrum.GetHzPerBin();

@@ -102,14 +102,16 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
             EXPECT_THAT(Sound().copied, StartsWith("hz,dbfs\n0,"));
 
             window.Resize(480, 200);
-            EXPECT_FALSE(Sound().visible) << "no room";
+            window.Key(LKeyPageUp);
+            EXPECT_TRUE(WaitUntilTold("first 10 s|1.762 kHz")) << "the figures have room";
+            window.Key(LKeyControl, 'm');
+            Settle();
             const int before = Sound().shown;
             window.Key(LKeyPageUp);
-            Settle();
-            EXPECT_EQ(Sound().shown, before);
-            window.Key(LKeyControl, 'm');
             window.Resize(800, 600);
-            EXPECT_FALSE(Sound().visible) << "shut";
+            Settle();
+            EXPECT_FALSE(Sound().visible);
+            EXPECT_EQ(Sound().shown, before) << "shut";
         },
         {tone});
     Run([&](MemoryMainWindow& window) {
@@ -118,7 +120,7 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
         window.Choose(CommandViewSound);
         EXPECT_THAT(window.passing, HasSubstr("once the window is larger"));
         window.Resize(800, 600);
-        EXPECT_TRUE(WaitUntilTold("first 10 s|1.762 kHz"));
+        EXPECT_TRUE(WaitUntilTold("first 10 s|3.523 kHz"));
         EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true})) << "remembered";
         EXPECT_TRUE((*window.menu)[CommandViewSpectrum].marked);
     });
