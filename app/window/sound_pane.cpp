@@ -7,7 +7,6 @@
 #include "app/window/way_back.h"
 #include "gui/menu.h"
 #include "gui/window.h"
-#include "sys/background.h"
 
 #include <algorithm>
 
@@ -36,7 +35,7 @@ void SoundPane::Create() {
 }
 
 void SoundPane::Destroy() {
-    ++*newest;
+    work.Drop();
     back->Shut();
     peer.reset();
 }
@@ -50,17 +49,16 @@ void SoundPane::Follow() {
 }
 
 void SoundPane::Ask() {
-    const int mine = ++*newest;
-    RunInBackground([this, request = *asked, mine, number = newest, way = back] {
-        SoundSurvey::Run(
-            request, [&] { return *number == mine; },
-            [&](const LShownSoundPtr& sound) {
-                way->Post([this, sound, mine, number] {
-                    if (*number == mine)
-                        peer->Show(sound);
-                });
+    const bool isTaken = work.Ask([this, request = *asked, way = back](const NewestWork::IsWanted& isWanted) {
+        SoundSurvey::Run(request, isWanted, [&](const LShownSoundPtr& sound) {
+            way->Post([this, sound, isWanted] {
+                if (isWanted())
+                    peer->Show(sound);
             });
+        });
     });
+    if (!isTaken)
+        asked.reset(); // the next change tries again
 }
 
 int SoundPane::GetHeight(int room, int list, int texts) const {
@@ -78,7 +76,7 @@ void SoundPane::Place(const LRect& room) {
         window.GetControls().Place(ControlSound, room);
         Follow();
     } else {
-        ++*newest; // what is being looked at is not wanted any more
+        work.Drop();
         asked.reset();
     }
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/window/newest_work.h"
 #include "app/window/sound_request.h"
 #include "gui/sound_view_peer.h"
 
-#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -44,7 +44,7 @@ private:
     LWindow& window;
     const SonvireData& tone;
     std::shared_ptr<WayBack> back;
-    std::shared_ptr<std::atomic<int>> newest = std::make_shared<std::atomic<int>>(0);
+    NewestWork work;
     std::unique_ptr<LSoundViewPeer> peer;
     std::optional<SoundRequest> asked; ///< what is shown, or about to be
     LSoundLook look;

@@ -1,6 +1,7 @@
 #include "gui/qt/qt_sound_view.h"
 
 #include "gui/qt/qt_menu.h"
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
 #include <QClipboard>
@@ -26,8 +27,7 @@ constexpr int WheelStep = 120;
 constexpr double KeyStep = 0.01; // of the axis
 
 QColor GetWarningColour(const QPalette& palette) {
-    const bool dark = palette.color(QPalette::Window).lightness() < 128;
-    return dark ? QColor(0xe3, 0xa0, 0x08) : QColor(0x9a, 0x52, 0x00);
+    return IsDark(palette) ? QColor(0xe3, 0xa0, 0x08) : QColor(0x9a, 0x52, 0x00);
 }
 
 } // namespace
@@ -128,7 +128,7 @@ void LQtSoundView::PaintLines(QPainter& painter) const {
     const QFontMetricsF marks(markFont);
     const QRectF room(Inset, GetTextHeight() - marks.height(), width() - 2 * Inset, marks.height());
     painter.setFont(markFont);
-    painter.setPen(WithAlpha(palette().color(QPalette::WindowText), 0.7F));
+    painter.setPen(Faint(palette(), 0.7F));
     painter.drawText(room, isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft,
                      marks.elidedText(ToQt(view.GetSound().lines), Qt::ElideRight, room.width()));
 }
