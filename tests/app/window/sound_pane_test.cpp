@@ -40,7 +40,9 @@ protected:
 };
 
 TEST_F(SoundPane, TellsWhatWillSound) {
-    SonvireData endless = Tone440();
+    SonvireData endless = Tone440(), brief = Tone440(), low = Tone440();
+    brief.SetDuration(1);
+    low.startLeftHz[0] = 10;
     struct {
         const char* reason;
         SonvireData tone;
@@ -54,6 +56,9 @@ TEST_F(SoundPane, TellsWhatWillSound) {
         {"8 of 32768", Tone(ToneSine, 1, -60), 0,
          "[peak -72.2 dBFS: below -60, hardly to be heard], RMS -75."},
         {"none", Tone(ToneSine, 1, -127), 0, "[silent]|"},
+        {"44 frames", brief, 0, "dB|too short for a spectrum"},
+        {"below 16 bins of 1 / 1.5 s", low, 0, "|too low for its lines to be told"},
+        {"another one each time", Tone(ToneWhiteNoise, 1, 0), 0, "|one of many: "},
         {"four times full scale", Tone(ToneSine, 16, 0), 0, "[, limiter 12.0 dB]|440.0 Hz"},
         {"the same where it is lowered instead", Tone(ToneSine, 16, 0), 96'000,
          "peak 0.0 dBFS, RMS -3.0, crest 3.0 dB[, lowered by 12.0 dB]|440.0 Hz 0.0 dBFS"}};
