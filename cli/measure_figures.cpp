@@ -151,20 +151,24 @@ std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {
 
 std::vector<MeasuredColumn> ListChannels(const MeasuredSound& sound) {
     std::vector<MeasuredColumn> columns;
-    const auto& channels = sound.figures.channels;
-    for (const Channel& each : channels) {
+    const std::size_t count = sound.figures.channels.size();
+    for (const Channel& each : sound.figures.channels) {
         const std::string number = std::to_string(columns.size() + 1);
-        const bool isFirst = columns.empty();
-        columns.push_back(channels.size() == 1 ? MeasuredColumn{"mono", "Mono", each}
-                          : channels.size() == 2
-                              ? MeasuredColumn{isFirst ? "left" : "right", isFirst ? "Left" : "Right", each}
-                              : MeasuredColumn{"ch" + number, "Ch " + number, each});
+        MeasuredColumn column = count > 2         ? MeasuredColumn{"ch" + number, "Ch " + number, {}}
+                                : count == 1      ? MeasuredColumn{"mono", "Mono", {}}
+                                : columns.empty() ? MeasuredColumn{"left", "Left", {}}
+                                                  : MeasuredColumn{"right", "Right", {}};
+        if (sound.HasUsable())
+            column.figures = each;
+        columns.push_back(std::move(column));
     }
     return columns;
 }
 
 MeasuredColumn MakeWhole(const MeasuredSound& sound) {
     MeasuredColumn whole{"all", "All", {}, true};
+    if (!sound.HasUsable())
+        return whole;
     whole.figures.level = sound.figures.whole;
     whole.figures.truePeak = sound.figures.truePeak;
     Jumps& jumps = whole.figures.jumps;

@@ -17,6 +17,8 @@ struct MeasuredSound {
     SoundFigures figures;
 
     std::int64_t GetFrames() const;
+    /// Whether any sample is one; of nothing but silence in the place of others there are no figures.
+    bool HasUsable() const { return figures.unusable < figures.whole.samples; }
     /// Of the channel that has the most.
     std::size_t CountTones() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;

@@ -94,6 +94,7 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
         {"--frequency 50,997 --duration 1s", "thdn<-60", "tones: 2 is 1 above the limit of 1"},
         {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
         {"nan.wav", "rms<9", "unusable: 88200 is 88200 above the limit of 0"},
+        {"nan.wav", "peak<9", "peak: the sound has no such figure, which breaks the limit of 9 dBFS"},
         {"none.wav", "peak<0", "peak: the sound has no such figure, which breaks the limit of 0 dBFS"},
     };
     for (const auto& [file, limit, told] : cases) {
@@ -166,9 +167,9 @@ TEST_F(Measure, JsonKeepsToItsSchema) {
 TEST_F(Measure, ReadsAndWritesPipesAndStops) {
     EXPECT_THAT(RunProgram(SONVIRE_CLI " measure - < two.wav").output, HasSubstr("standard input\n44100 Hz"));
     EXPECT_THAT(RunProgram("cat two.wav | " SONVIRE_CLI " measure -").output, HasSubstr(" -26.02 "));
-    for (const char* much : {"", "--json "})
-        ExpectRefused(RunCli("measure two.wav > /dev/full " + std::string(much)),
-                      {"standard output: could not be written"});
+    for (const char* command : {"measure two.wav", "measure --json two.wav", "measure --limit '?'", "--help"})
+        for (const char* output : {" > /dev/full", " >&-"})
+            ExpectRefused(RunCli(command + std::string(output)), {"standard output: could not be written"});
     const auto stop = [](pid_t process) {
         EXPECT_TRUE(WaitFor([proc = "/proc/" + std::to_string(process)] { // until it catches the signal
             std::error_code gone;
