@@ -101,7 +101,12 @@ constexpr MeasuredFigure Figures[] = {
      [](const Channel& c) { return Detail(c.jumps.count, c.jumps.first); }},
 
     {Group::Tones, 0, "tones", "Number of tones", "", "toneCount",
-     [](const Channel& c) { return Count(c, std::ssize(c.tones.tones)); }},
+     [](const Channel& c) { return c.tones.isSteady ? Count(c, std::ssize(c.tones.tones)) : Value(); }},
+    {Group::Tones, 1, "variation", "Variation", "%", "variationPercent",
+     [](const Channel& c) {
+         const bool hasTones = !c.tones.isSteady || !c.tones.tones.empty();
+         return hasTones ? Value(100 * c.tones.variation) : Value();
+     }},
     {Group::Tone, 4, "frequency", "Frequency", "Hz", "frequencyHz",
      [](const Channel& c) { return OfStrongestTone(c, &ToneLine::hz); }},
     {Group::Tone, 2, "level", "Level", "dBFS", "levelDbfs",
@@ -143,6 +148,11 @@ std::size_t MeasuredSound::CountTones() const {
     for (const Channel& each : figures.channels)
         most = std::max(most, each.tones.tones.size());
     return most;
+}
+
+bool MeasuredSound::IsSteady() const {
+    return std::all_of(figures.channels.begin(), figures.channels.end(),
+                       [](const Channel& each) { return each.tones.isSteady; });
 }
 
 std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {

@@ -21,6 +21,8 @@ struct MeasuredSound {
     bool HasUsable() const { return figures.unusable < figures.whole.samples; }
     /// Of the channel that has the most.
     std::size_t CountTones() const;
+    /// Whether no channel has tones that come and go, of which nothing can be told.
+    bool IsSteady() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;
 };
 

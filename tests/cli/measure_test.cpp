@@ -93,6 +93,8 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
          "correlation: the sound has no such figure, which breaks the limit of 0"},
         {"--frequency 50,997 --duration 1s", "thdn<-60", "tones: 2 is 1 above the limit of 1"},
         {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
+        {"--frequency 440,442 --duration 3s", "thdn<-6",
+         "thdn: the sound is not steady and has no such figure, which breaks the limit of -6 dB"},
         {"nan.wav", "rms<9", "unusable: 88200 is 88200 above the limit of 0"},
         {"nan.wav", "peak<9", "peak: the sound has no such figure, which breaks the limit of 9 dBFS"},
         {"none.wav", "peak<0", "peak: the sound has no such figure, which breaks the limit of 0 dBFS"},
@@ -155,6 +157,7 @@ TEST_F(Measure, TheReportFitsATerminal) {
 TEST_F(Measure, JsonKeepsToItsSchema) {
     for (const char* input :
          {"two.wav", "square.wav", "silence.wav", "none.wav", "--waveform pink --duration 1s", "--duration 1",
+          "--frequency 440,442 --duration 1s",
           "--frequency 1k,2k,5k --right 1k,3k,5k --duration 1s --quality high"}) {
         Write("shown.json",
               Cli("measure --json --limit 'peak<-1' --limit 'snr>9' " + std::string(input)).output);
