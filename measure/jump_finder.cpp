@@ -13,8 +13,9 @@ constexpr std::size_t MostLines = 4;
 constexpr double LeastLine = 1e-3; ///< beside the strongest
 constexpr double LoudPeak = 2; ///< beside its peak, which lines that are not predicted have again and again
 constexpr double Loud = 8;     ///< beside the RMS of the noise
-constexpr double LeastLoud = 1e-9;    ///< arithmetic alone is left of a tone without noise
-constexpr std::size_t Stretches = 32; ///< of the beginning, of which the one in the middle tells the noise
+constexpr double LeastLoud = 1e-9;     ///< arithmetic alone is left of a tone without noise
+constexpr double LongestChange = 0.25; ///< of a tone that goes on, in seconds
+constexpr std::size_t Stretches = 32;  ///< of the beginning, of which the one in the middle tells the noise
 
 /// What is left in a stretch.
 struct Left {
@@ -52,7 +53,7 @@ Jumps JumpFinder::Finish() {
     if (!hasLearnt)
         Learn();
     EndBurst();
-    return jumps;
+    return hasChanged ? Jumps{} : jumps;
 }
 
 void JumpFinder::Learn() {
@@ -72,7 +73,7 @@ void JumpFinder::LearnLines() {
     const ChannelBlock all = beginning;
     spectrum.Add({&all, 1});
     const ToneFigures figures = MeasureTones(spectrum.Finish(), 0);
-    if (figures.tones.empty())
+    if (figures.variation > MostVariation || (figures.isSteady && figures.tones.empty()))
         return;
     for (const ToneLine& each : figures.strongest) {
         if (lines.size() == MostLines || each.amplitude < LeastLine * figures.strongest[0].amplitude)
@@ -112,7 +113,10 @@ void JumpFinder::LookAt(const std::vector<double>& rest) {
 }
 
 void JumpFinder::EndBurst() {
-    if (burst >= 0 && last - burst <= reach) {
+    const std::int64_t length = burst < 0 ? 0 : last - burst;
+    if (length > reach && static_cast<double>(length) > LongestChange * rate)
+        hasChanged = true;
+    else if (burst >= 0 && length <= reach) {
         if (jumps.count == 0)
             jumps.first = burst;
         ++jumps.count;

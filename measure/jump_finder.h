@@ -8,7 +8,7 @@
 
 /// Where a tone does not go on as it did.
 struct Jumps {
-    bool hasLooked = false; ///< there is a tone at the beginning, and so something to go on
+    bool hasLooked = false; ///< there is a tone at the beginning, which goes on
     std::int64_t count = 0;
     std::int64_t first = -1; ///< the frame; -1: none
 };
@@ -17,13 +17,16 @@ struct Jumps {
 /// phase, by a click, a sudden start or end. The lines of its first segment (`GetSegmentFrames`) tell how
 /// each sample follows from those a quarter and a half of a period before; what is left is noise, of which
 /// a jump has eight times the RMS and twice the peak, for half a period of each line at most. Fades take
-/// longer and don't count, nor does what goes on and on. The frame is exact for a loud tone of 500 Hz or
-/// more; a lower one has to get away from the noise first, at 100 Hz for 2 frames in 16 bits. Not found are
-/// jumps smaller than the noise, and which of two that are half a period apart is which. Thread: one at a
-/// time.
+/// longer and don't count. What goes on for a quarter of a second is another tone or a sweep, of which no
+/// jump is told at all. The frame is exact for a loud tone of 500 Hz or more; a lower one has to get away
+/// from the noise first, at 100 Hz for 2 frames in 16 bits. Not found are jumps smaller than the noise, and
+/// which of two that are half a period apart is which. Thread: one at a time.
 class JumpFinder {
 public:
     explicit JumpFinder(int rate);
+
+    /// Of tones, as `ToneFigures` has it: jumps make less of it. What varies more comes and goes anyway.
+    static constexpr double MostVariation = 0.3;
 
     void Add(ChannelBlock samples);
     /// Once, behind all blocks.
@@ -53,6 +56,6 @@ private:
     double mean = 0, loud = 0;          ///< of what is left; how far from it is a jump
     std::int64_t frame = 0;             ///< the next to be looked at
     std::int64_t burst = -1, last = -1; ///< the first and the last loud frame of what may be a jump; -1: none
-    bool hasLearnt = false;
+    bool hasLearnt = false, hasChanged = false;
     Jumps jumps;
 };

@@ -54,8 +54,10 @@ SoundFigures SoundMeter::Finish() {
     for (std::size_t i = 0; i < channels.size(); ++i) {
         Channel& each = channels[i];
         levels.push_back(each.level.Get());
-        figures.channels.push_back({levels[i], std::max(levels[i].GetPeak(), each.truePeak.Get()),
-                                    MeasureTones(figures.spectrum, i), each.jumps.Finish()});
+        const ToneFigures tones = MeasureTones(figures.spectrum, i);
+        const bool goesOn = tones.variation <= JumpFinder::MostVariation;
+        figures.channels.push_back({levels[i], std::max(levels[i].GetPeak(), each.truePeak.Get()), tones,
+                                    goesOn ? each.jumps.Finish() : Jumps{}});
         figures.truePeak = std::max(figures.truePeak, figures.channels[i].truePeak);
     }
     figures.whole = Together(levels);

@@ -16,7 +16,7 @@ struct SoundFigures {
         Level level;
         double truePeak = 0;
         ToneFigures tones;
-        Jumps jumps;
+        Jumps jumps; ///< none are looked for where the tones come and go
     };
     /// Of the second channel beside the first, as `StereoMeter` and `MeasureDelay` have it.
     struct Stereo {

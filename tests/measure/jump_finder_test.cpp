@@ -49,9 +49,12 @@ TEST(JumpFinder, FindsWhereAToneDoesNotGoOn) {
         EXPECT_GE(jumps.first, first) << what;
         EXPECT_LE(jumps.first, first + late) << what;
     }
-    JumpFinder noise(44100);
-    noise.Add(TakeSamples(DitherOf, 100000));
-    EXPECT_FALSE(noise.Finish().hasLooked);
+    const Wave sweep = [](double frame) { return std::sin(2000 * std::exp(frame / 200000) - 2000); };
+    for (const auto& [wave, frames] : {std::pair(Wave(DitherOf), 100000), {sweep, 800000}}) {
+        JumpFinder finder(44100);
+        finder.Add(TakeSamples(wave, frames));
+        EXPECT_FALSE(finder.Finish().hasLooked) << frames;
+    }
 }
 
 } // namespace
