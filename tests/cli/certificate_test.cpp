@@ -127,6 +127,11 @@ TEST_F(Certificates, NameWhatWasDoneToAFile) {
          }),
          {"polarity: inverted"}},
         {each([](auto& frame) { frame[0] = -frame[0]; }), {"polarity: left inverted"}},
+        {each([](auto& frame) {
+             frame[0] = frame[1] = (frame[0] + frame[1]) / 2;
+         }), // each tone halved in power
+         {"level: 3.01 dB lower: RMS -7.02 dBFS instead of -4.01 dBFS", "Tones: 2 instead of 1",
+          "Correlation: 1.0000 instead of 0.0000"}},
         {[](Frames& frames) { frames[777][1] += 1; },
          {"samples: not the same ones, although all figures agree"}},
     };
