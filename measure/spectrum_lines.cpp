@@ -61,15 +61,28 @@ std::vector<std::size_t> FindPeaks(std::span<const double> power) {
     return peaks;
 }
 
-/// A parabola through the logarithms is right to a hundredth of a bin, the advance to the last digits: but
-/// for whole cycles, which the parabola knows.
+/// As its phase moves on, which is right to the last digits but for whole cycles: those that bring it closest
+/// to `near`.
+double GetMovingHz(const Spectrum& spectrum, const Spectrum::Channel& channel, std::size_t bin, double near) {
+    const double hops = static_cast<double>(spectrum.rate) / static_cast<double>(spectrum.hopFrames);
+    const double cycles = std::arg(channel.advance[bin]) / (2 * std::numbers::pi);
+    return (std::round(near / hops - cycles) + cycles) * hops;
+}
+
+/// A parabola through the logarithms is right to a hundredth of a bin, which tells the whole cycles. A tone
+/// that comes and goes is moved away from a bin by as much as it is away from it: two bins tell from where.
 double GetHz(const Spectrum& spectrum, const Spectrum::Channel& channel, std::size_t bin) {
     const double before = std::log(channel.power[bin - 1]), at = std::log(channel.power[bin]),
                  behind = std::log(channel.power[bin + 1]);
-    const double bins = static_cast<double>(bin) + (before - behind) / (2 * (before - 2 * at + behind));
-    const double hops = static_cast<double>(spectrum.hopFrames) / static_cast<double>(spectrum.segmentFrames);
-    const double cycles = std::arg(channel.advance[bin]) / (2 * std::numbers::pi);
-    return (std::round(bins * hops - cycles) + cycles) / hops * spectrum.GetHzPerBin();
+    const double away = (before - behind) / (2 * (before - 2 * at + behind));
+    const double near = (static_cast<double>(bin) + away) * spectrum.GetHzPerBin();
+    const std::size_t other = away < 0 ? bin - 1 : bin + 1;
+    const double here = GetMovingHz(spectrum, channel, bin, near),
+                 there = GetMovingHz(spectrum, channel, other, near);
+    const double binHz = static_cast<double>(bin) * spectrum.GetHzPerBin();
+    const double moved =
+        (here - there) / ((static_cast<double>(other) - static_cast<double>(bin)) * spectrum.GetHzPerBin());
+    return (here + moved * binHz) / (1 + moved);
 }
 
 } // namespace

@@ -8,8 +8,9 @@
 /// What stands 16 dB or more above its surroundings, and no more than 180 dB below the strongest line.
 struct SpectrumLine {
     std::size_t bin = 0; ///< the highest one
-    double hz = 0;       ///< by how its phase moves on: to 1e-7 of itself or better where it is steady
-    double power = 0;    ///< what is noise in it taken off
+    double hz = 0;    ///< by how its phase moves on: to 1e-7 of itself where it is steady, and 1e-5 where it
+                      ///< comes and goes
+    double power = 0; ///< what is noise in it taken off
 };
 
 /// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins, and

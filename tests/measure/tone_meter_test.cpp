@@ -127,6 +127,10 @@ TEST(ToneMeter, FindsTonesAndTheirFigures) {
             EXPECT_NEAR(ToDb(figures.tones[i].amplitude), tones[i].second, 0.001) << what;
         }
     }
+    const Wave beeps = [](double frame) {
+        return std::fmod(frame, 66150) < 44100 ? SineOf(440, 0.5, 0.1)(frame) : 0;
+    };
+    EXPECT_NEAR(Measure(beeps, 441000, 44100).tones.at(0).hz, 440, 0.004);
     const std::vector<ToneLine> lines = Measure(distorted, 441000, 44100).strongest;
     const std::tuple<double, double, int, int> expected[] = {
         {997, 0.5, 0, 1}, {1994, 0.0005, 0, 2}, {2991, 0.0004, 0, 3}, {5000, 0.0001, -1, 0}};
