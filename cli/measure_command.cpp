@@ -22,7 +22,7 @@ namespace {
 struct MeasureOptions : SoundOptions {
     bool json = false;
     std::vector<std::string> typedLimits;
-    std::string against; ///< a certificate; empty for none
+    std::optional<std::string> against; ///< a certificate
 
     bool IsStandardInput() const { return input == "-"; }
     std::string GetName() const { return IsStandardInput() ? "standard input" : GetInputName(); }
@@ -66,9 +66,9 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, Certificate
     object["limits"] = DescribeLimits(limits, sound);
     const std::vector<FigureChange> changes = check ? check->Finish(object) : std::vector<FigureChange>();
     if (check)
-        object["against"] = DescribeChanges(options.against, changes);
+        object["against"] = DescribeChanges(*options.against, changes);
     const std::string text = options.json ? WriteJson(object)
-                             : check      ? TellChanges(sound.name, options.against, changes)
+                             : check      ? TellChanges(sound.name, *options.against, changes)
                                           : ReportMeasurement(sound);
     std::fputs(text.c_str(), stdout);
     if (std::fflush(stdout) != 0)
@@ -153,10 +153,10 @@ int Measure(const MeasureOptions& options) {
     if (!limits)
         return ExitFailed;
     std::optional<CertificateCheck> check;
-    if (!options.against.empty())
-        check.emplace(options.against);
+    if (options.against)
+        check.emplace(*options.against);
     if (check && check->GetFailure())
-        return Refuse(options.against, check->GetFailure().GetReason());
+        return Refuse(*options.against, check->GetFailure().GetReason());
     return MeasureInput(options, *limits, check ? &*check : nullptr);
 }
 

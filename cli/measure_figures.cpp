@@ -58,7 +58,7 @@ Value OfStereo(const MeasuredSound& sound, Value SoundFigures::Stereo::*value) {
 
 constexpr MeasuredFigure Figures[] = {
     {Group::Losses, 2, "limiter", "Taken off by limiter", "dB", "limiterDb", nullptr,
-     [](const MeasuredSound& s) { return Value(s.limiterDb); }},
+     [](const MeasuredSound& s) { return s.limiterDb; }},
     {Group::Losses, 0, "unusable", "Unusable samples", "", "unusableSamples", nullptr,
      [](const MeasuredSound& s) { return Value(static_cast<double>(s.figures.unusable)); }},
 

@@ -11,9 +11,10 @@
 /// A sound that was measured.
 struct MeasuredSound {
     std::string name;
-    int rate = 0;         ///< frames per second
-    int bits = 0;         ///< of the samples; 0 for floating point
-    double limiterDb = 0; ///< the most that the limiter has taken off
+    int rate = 0; ///< frames per second
+    int bits = 0; ///< of the samples; 0 for floating point
+    std::optional<double>
+        limiterDb{}; ///< the most that the limiter has taken off; nothing where nobody knows
     SoundFigures figures;
 
     std::int64_t GetFrames() const;

@@ -48,7 +48,7 @@ public:
           limiter(limiterNews),
           block(GetBlockSamples()) {}
 
-    double GetLimiterDb() const override { return LLimiterNews::ToDecibels(leastGain); }
+    std::optional<double> GetLimiterDb() const override { return LLimiterNews::ToDecibels(leastGain); }
 
 protected:
     void ReadBlock(double* out, int frames) override {

@@ -121,7 +121,7 @@ private:
         const Level whole = Together(levels);
         shown.peak = whole.GetPeak();
         shown.figures = DescribeLevels({.level = whole,
-                                        .limiterDb = reader.GetLimiterDb(),
+                                        .limiterDb = reader.GetLimiterDb().value_or(0),
                                         .loweredDb = loweredDb,
                                         .seconds = GetSeconds(),
                                         .isAll = hasEnded});
