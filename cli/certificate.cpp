@@ -59,10 +59,7 @@ Json DescribeInput(const RenderOptions& options) {
     const HiresRequest* const request = options.high.IsHigh() ? &high : nullptr;
     const FileReport report = options.input.empty() ? ReportTone(MakeTone(options.tone).tone, request)
                                                     : ReportFile(options.input, request);
-    Json shown = Json::object();
-    if (!options.input.empty())
-        shown["name"] = GetFileName(options.input);
-    shown.update(Json::parse(report.json, nullptr, false));
+    Json shown = Json::parse(report.json, nullptr, false);
     const std::string folder = GetFolder(options.input);
     if (shown.contains("list"))
         shown["list"] = MakeRelative(shown["list"], folder);
@@ -109,10 +106,15 @@ int CertifyFile(const RenderOptions& options, HashedReader& reader, const Render
     const auto [rate, channels, bits] = reader.format;
     SoundMeter meter(rate, static_cast<std::size_t>(channels), bits);
     MeasureJob job{.reader = reader, .meter = meter};
-    if (RunJob(job, static_cast<double>(reader.length) / rate, options.quiet) != LProcessResult::Completed)
-        return Fail(options, "is not written: stopped");
+    const double seconds = static_cast<double>(reader.length) / rate;
+    if (RunJob(job, seconds, options.quiet) == LProcessResult::Stopped) {
+        Fail(options, "is not written: stopped");
+        return ExitStopped;
+    }
     Json certificate = DescribeType("certificate");
     certificate["program"] = ProgramName;
+    if (!options.input.empty())
+        certificate["inputName"] = GetFileName(options.input);
     certificate["input"] = DescribeInput(options);
     certificate["options"] = DescribeOptions(options);
     certificate["file"] = DescribeFile(options.output.path, reader);

@@ -68,7 +68,7 @@ TEST_F(Certificates, TellWhatTheFileWasMadeOfAndNotWhereOrWhen) {
     EXPECT_EQ(Cli(render + "there/list.tdl there/o.wav --certificate there/c.json").status, 0);
     const std::string first = Read("there/c.json");
     for (const std::string part :
-         {R"("type": "certificate")", R"("name": "list.tdl")", R"("file": "sub/x.tdf")",
+         {R"("type": "certificate")", R"("inputName": "list.tdl")", R"("file": "sub/x.tdf")",
           R"("durationMs": 120)", R"("quality": "high")", R"("seed": 5)", R"("levelDbfs": -6.0)",
           R"("fadeInMs": 1.0)", R"("dither": "tpdf")", R"("name": "o.wav")", R"("format": "WAVE, 16 bits")",
           R"("frames": 5292)", R"("peakDbfs": -6.0)"})
