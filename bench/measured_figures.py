@@ -255,8 +255,7 @@ def files():
     yield "wrapped", File(44100, 24, 10, [sine(997, 0.01)], None)
     fades = lambda time: np.minimum(1, 10 * np.minimum(time, 10 - time))
     yield "fades", File(44100, 16, 10, [gated(sine(997, -6), fades)], one(997), steady=False)
-    yield "silences between", File(44100, 16, 10, [gated(sine(440, -6), lambda time: time * 2 % 3 < 2)], one(440),
-                                   steady=False)
+    yield "silences between", File(44100, 16, 10, [gated(sine(440, -6), lambda time: time * 2 % 3 < 2)])
     yield "silence", File(44100, 16, 2, [lambda time: 0 * time])
     yield "200 s", File(44100, 16, 200, [sine(3150, -10), sine(3150.1, -10)], [[3150], [3150.1]], noisy=True)
 

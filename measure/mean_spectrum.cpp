@@ -111,7 +111,7 @@ void MeanSpectrum::State::Start(std::size_t segmentFrames) {
     transform = std::make_unique<RealTransform>(segmentFrames);
     const std::size_t bins = segmentFrames / 2 + 1;
     for (Spectrum::Channel& channel : spectrum.channels)
-        channel = {std::vector<double>(bins), Bins(bins)};
+        channel = {std::vector<double>(bins), std::vector<double>(bins), Bins(bins)};
     if (inputs.size() == 2)
         spectrum.cross.resize(bins);
 }
@@ -181,8 +181,11 @@ void MeanSpectrum::State::Look(const Segment& segment) {
         for (std::size_t k = 0; k < windowed.size(); ++k)
             windowed[k] = window[k] * input.taken[segment.start + k];
         transform->Transform(input.bins, windowed);
-        for (std::size_t k = 0; k < sums.power.size(); ++k)
-            sums.power[k] += segment.share * std::norm(input.bins[k]);
+        for (std::size_t k = 0; k < sums.power.size(); ++k) {
+            const double power = std::norm(input.bins[k]);
+            sums.power[k] += segment.share * power;
+            sums.squaredPower[k] += segment.share * power * power;
+        }
         if (segment.followsOn)
             AddProducts(sums.advance, input.bins, input.before, segment.share);
     }
@@ -200,6 +203,8 @@ void MeanSpectrum::State::Average() {
     for (Spectrum::Channel& channel : spectrum.channels) {
         for (double& power : channel.power)
             power /= unit;
+        for (double& square : channel.squaredPower)
+            square *= shares / (unit * unit);
         channel.power.front() /= 2;
         channel.power.back() /= 2;
     }

@@ -14,6 +14,8 @@
 struct Spectrum {
     struct Channel {
         std::vector<double> power; ///< by bins, from 0 Hz to half the rate
+        /// The mean of the squares of what each segment has there, which tells what is steady.
+        std::vector<double> squaredPower;
         /// The phase is by how much a bin moves on within `hopFrames`.
         std::vector<std::complex<double>> advance;
     };

@@ -85,6 +85,13 @@ double GetHz(const Spectrum& spectrum, const Spectrum::Channel& channel, std::si
     return (here + moved * binHz) / (1 + moved);
 }
 
+/// Noise of this power in the bin, six times which is what chance may make of it in a few segments.
+double GetVariation(const Spectrum::Channel& channel, std::size_t bin, double noise) {
+    const double power = channel.power[bin];
+    const double ofPower = channel.squaredPower[bin] / (power * power) - 1 - 6 * noise / power;
+    return std::sqrt(std::max(0.0, ofPower)) / 2;
+}
+
 } // namespace
 
 SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
@@ -102,6 +109,6 @@ SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
             power += rest[i] - floor;
             rest[i] = Taken;
         }
-        lines.push_back({peak, GetHz(spectrum, bins, peak), power});
+        lines.push_back({peak, GetHz(spectrum, bins, peak), power, GetVariation(bins, peak, floor)});
     }
 }

@@ -11,6 +11,9 @@ struct SpectrumLine {
     double hz = 0;    ///< by how its phase moves on: to 1e-7 of itself where it is steady, and 1e-5 where it
                       ///< comes and goes
     double power = 0; ///< what is noise in it taken off
+    /// The standard deviation of its amplitude from segment to segment, as a part of it and beyond what noise
+    /// makes of it: 0 of a steady tone, 1 and more of one that comes and goes.
+    double variation = 0;
 };
 
 /// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins, and

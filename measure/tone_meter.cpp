@@ -10,6 +10,7 @@ namespace {
 constexpr double ToneBelowStrongest = 1e-3, TonesInSound = 0.01; ///< powers
 constexpr double HarmonicBins = 0.05;                            ///< by which a harmonic may be off
 constexpr std::size_t MostTones = 16, MostStrongest = 10;
+constexpr double MostVariation = 0.1;
 constexpr double LowestHz = ToneFigures::LowestHz, HighestHz = ToneFigures::HighestHz;
 
 bool IsInBand(double hz, double hzPerBin) {
@@ -43,6 +44,13 @@ std::vector<SpectrumLine> FindTones(const std::vector<SpectrumLine>& lines, doub
     tones.resize(std::min(tones.size(), MostTones));
     std::sort(tones.begin(), tones.end(), isLower);
     return tones;
+}
+
+double GetVariation(const std::vector<SpectrumLine>& tones) {
+    double most = 0;
+    for (const SpectrumLine& each : tones)
+        most = std::max(most, each.variation);
+    return most;
 }
 
 /// In the band, as if the lines had never been.
@@ -98,6 +106,10 @@ ToneFigures MeasureTones(const Spectrum& spectrum, std::size_t channel) {
         tones = FindTones(found.lines, hzPerBin);
 
     ToneFigures figures;
+    figures.variation = GetVariation(tones);
+    figures.isSteady = figures.variation <= MostVariation;
+    if (!figures.isSteady)
+        tones.clear();
     figures.tones.resize(tones.size());
     std::vector<ToneLine> lines;
     for (const SpectrumLine& each : found.lines) {

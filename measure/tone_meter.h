@@ -13,7 +13,8 @@ struct ToneLine {
     int harmonic = 0;     ///< 1 for the tone itself; 0: of none
 };
 
-/// The figures of a channel, from `LowestHz` to `HighestHz`. Ratios are those of amplitudes; 0 stands for none.
+/// The figures of a channel, from `LowestHz` to `HighestHz`. Ratios are those of amplitudes; 0 stands for
+/// none.
 ///
 /// Tones are the lines no more than 30 dB below the strongest one, the 16 strongest of them, but for
 /// harmonics of a lower one: a tone of three times another's frequency counts as the other's distortion.
@@ -23,7 +24,14 @@ struct ToneLine {
 /// Noise is what lies between the lines, and taken to lie below them as well. Beside a fit to the samples,
 /// levels of tones are within 0.001 dB, their frequencies within 1e-7, ratios of lines within 0.01 dB, and
 /// those of noise within 0.03 dB after a second and 0.01 dB after ten.
+///
+/// None of this holds for tones that are not steady, but for the strongest lines, which are means then: tones
+/// that come and go, sweep, or beat with others up to eight bins away. After 24 s, a change of less than 6 s
+/// may be overlooked.
 struct ToneFigures {
+    /// Whether no tone varies by more than a tenth (0.9 dB); if not, there are none.
+    bool isSteady = true;
+    double variation = 0; ///< of the one that varies most, as `SpectrumLine` has it
     static constexpr double LowestHz = 20, HighestHz = 20000;
 
     std::vector<ToneLine> tones;     ///< by frequency, which may lie above 20 kHz
