@@ -112,7 +112,7 @@ int CertifyFile(const RenderOptions& options, HashedReader& reader) {
     if (RunJob(job, static_cast<double>(reader.length) / rate, options.quiet) != LProcessResult::Completed)
         return Fail(options, "is not written: stopped");
     Json certificate = DescribeType("certificate");
-    certificate["program"] = "Sonvire " SONVIRE_VERSION;
+    certificate["program"] = ProgramName;
     certificate["input"] = DescribeInput(options);
     certificate["options"] = DescribeOptions(options);
     certificate["file"] = DescribeFile(options.output.path, reader);

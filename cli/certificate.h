@@ -6,6 +6,9 @@
 #include <set>
 #include <string>
 
+/// Who writes certificates.
+inline constexpr const char* ProgramName = "Sonvire " SONVIRE_VERSION;
+
 namespace CLI {
 class App;
 }

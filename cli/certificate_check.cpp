@@ -1,5 +1,6 @@
 #include "cli/certificate_check.h"
 
+#include "cli/certificate.h"
 #include "cli/refusal.h"
 #include "sys/file.h"
 #include "sys/path.h"
@@ -28,13 +29,29 @@ std::string ReadText(const std::string& path, LFailure& failure) {
     return text;
 }
 
+/// Null where it is nested deeper than any certificate: what copies it would not come to an end.
+Json Parse(const std::string& text) {
+    constexpr int Deepest = 16;
+    bool isTooDeep = false;
+    const auto look = [&](int depth, Json::parse_event_t /*event*/, const Json& /*parsed*/) {
+        isTooDeep |= depth > Deepest;
+        return depth <= Deepest;
+    };
+    Json parsed = Json::parse(text, look, false);
+    return isTooDeep ? Json() : parsed;
+}
+
 bool IsChannel(const Json& channel) {
+    constexpr const char* Always[] = {"peakDbfs", "rmsDbfs", "dcPercent", "clippedSamples", "wrappedSamples"};
     return channel.is_object() && channel.value("name", Json()).is_string() &&
-           channel.value("tones", Json()).is_array();
+           channel.value("tones", Json()).is_array() &&
+           std::all_of(std::begin(Always), std::end(Always),
+                       [&](const char* field) { return channel.contains(field); });
 }
 
 bool IsBits(const Json& bits) {
-    return bits == 0 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
+    constexpr int All[] = {0, 8, 16, 24, 32};
+    return std::any_of(std::begin(All), std::end(All), [&](int each) { return bits == each; });
 }
 
 bool IsMeasurement(const Json& figures) {
@@ -46,6 +63,14 @@ bool IsMeasurement(const Json& figures) {
            figures.value("whole", Json()).is_object() && IsBits(figures.value("bits", Json())) &&
            std::all_of(std::begin(FormatFields), std::end(FormatFields), [&](const FormatField& field) {
                return figures.value(field.name, Json()).is_number_integer();
+           });
+}
+
+/// Whether a certificate tells the same of the file in both places.
+bool IsFileOf(const Json& file, const Json& figures) {
+    return file.is_object() && file.value("channels", Json()) == figures["channels"].size() &&
+           std::all_of(std::begin(FormatFields), std::end(FormatFields), [&](const FormatField& field) {
+               return file.value(field.name, Json()) == figures[field.name];
            });
 }
 
@@ -76,25 +101,27 @@ std::vector<FigureChange> NameChange(HashedReader::Change change) {
 
 } // namespace
 
-CertificateCheck::CertificateCheck(const std::string& certificate) : path(certificate), failure(Read()) {
+CertificateCheck::CertificateCheck(const std::string& path) : failure(Read(path)) {
     if (!failure)
         failure = SampleHash::Check();
 }
 
-LFailure CertificateCheck::Read() {
+LFailure CertificateCheck::Read(const std::string& path) {
     LFailure unread;
     const std::string text = ReadText(path, unread);
     if (unread)
         return unread;
-    const Json content = Json::parse(text, nullptr, false);
+    const Json content = Parse(text);
     if (!content.is_object() || content.value("type", Json()) != "certificate")
         return "is no certificate, or a damaged one";
     if (content.value("version", Json()) != DescribeType("certificate")["version"])
         return "is a certificate of another version";
     figures = content.value("figures", Json());
-    if (!content.value("sha256", Json()).is_string() || !IsMeasurement(figures))
+    if (!content.value("sha256", Json()).is_string() || !IsMeasurement(figures) ||
+        !IsFileOf(content.value("file", Json()), figures))
         return "is a damaged certificate";
     sha256 = content["sha256"];
+    isOfThisProgram = content.value("program", Json()) == ProgramName;
     return {};
 }
 
@@ -106,9 +133,25 @@ std::unique_ptr<FrameReader> CertificateCheck::Watch(std::unique_ptr<FrameReader
 
 std::vector<FigureChange> CertificateCheck::Finish(const Json& measured) {
     std::vector<FigureChange> changes = CompareFormats(measured);
-    for (FigureChange& each : CompareSamples(measured))
+    const std::optional<HashedReader::Change> known = reader->FindChange(sha256);
+    if (known && changes.empty() && *known == HashedReader::Change::None)
+        return CheckFigures(measured);
+    const bool isComparable = figures["channels"].size() == measured["channels"].size();
+    for (FigureChange& each : known          ? NameChange(*known)
+                              : isComparable ? CompareSamples(measured)
+                                             : std::vector<FigureChange>())
         changes.push_back(std::move(each));
     return changes;
+}
+
+/// Another version may measure a little differently.
+std::vector<FigureChange> CertificateCheck::CheckFigures(const Json& measured) const {
+    const std::vector<FigureChange> changes =
+        isOfThisProgram ? FindFigureChanges(figures, measured) : std::vector<FigureChange>();
+    if (changes.empty())
+        return {};
+    return {{"certificate", "these are its samples, but not its figures; " + changes.front().what + ": " +
+                                changes.front().text}};
 }
 
 std::vector<FigureChange> CertificateCheck::CompareFormats(const Json& measured) const {
@@ -125,10 +168,6 @@ std::vector<FigureChange> CertificateCheck::CompareFormats(const Json& measured)
 }
 
 std::vector<FigureChange> CertificateCheck::CompareSamples(const Json& measured) const {
-    if (const std::optional<HashedReader::Change> change = reader->FindChange(sha256))
-        return NameChange(*change);
-    if (figures["channels"].size() != measured["channels"].size())
-        return {};
     std::vector<FigureChange> changes = FindFigureChanges(figures, measured);
     if (changes.empty())
         changes.push_back({"samples", "not the same ones, although all figures agree"});

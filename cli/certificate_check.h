@@ -15,18 +15,19 @@ public:
     /// Stands before what hands out the sound, up to its end.
     std::unique_ptr<FrameReader> Watch(std::unique_ptr<FrameReader> sound);
     /// Once, behind the end: what has changed since the certificate was written, from the measurement as
-    /// `DescribeMeasurement` has it; nothing where the sound is to the bit what is certified. The reader
-    /// must still be there.
+    /// `DescribeMeasurement` has it; nothing where the sound is to the bit what is certified, and the
+    /// certificate's figures are its own. The reader must still be there.
     std::vector<FigureChange> Finish(const Json& measured);
 
 private:
-    LFailure Read();
+    LFailure Read(const std::string& path);
     std::vector<FigureChange> CompareFormats(const Json& measured) const;
     std::vector<FigureChange> CompareSamples(const Json& measured) const;
+    std::vector<FigureChange> CheckFigures(const Json& measured) const;
 
-    std::string path;
     Json figures;
     std::string sha256;
+    bool isOfThisProgram = false; ///< of this version
     LFailure failure;
     HashedReader* reader = nullptr; ///< not owned
 };

@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string_view>
 
 namespace {
 
 // How far figures of the same sound may lie apart.
 constexpr double SameDb = 0.01, SameNoiseDb = 0.1, SamePpm = 1, SameDcPercent = 0.003,
-                 SameCorrelation = 0.001, SameFrames = 0.01;
+                 SameCorrelation = 0.001, SameFrames = 0.01, BeyondAllDb = 150;
 
 std::optional<double> Get(const Json& object, const char* field) {
     const auto found = object.find(field);
@@ -29,16 +30,6 @@ std::string MoreOrLess(double difference, int decimals, const char* unit) {
     return FormatNumber(std::abs(difference), decimals) + unit + (difference > 0 ? " higher: " : " lower: ");
 }
 
-/// "-20.05 dBFS instead of -20.00 dBFS", behind by how much it is; empty where both are the same.
-std::string Compare(const Json& before, const Json& now, const char* field, double same, const char* unit,
-                    const char* of) {
-    const std::optional<double> was = Get(before, field), is = Get(now, field);
-    if (was.has_value() == is.has_value() && std::abs(is.value_or(0) - was.value_or(0)) < same)
-        return {};
-    const std::string reach = Tell(is, 2, unit) + " instead of " + Tell(was, 2, unit);
-    return (was && is ? MoreOrLess(*is - *was, 2, " dB") : "") + of + reach;
-}
-
 /// "3 samples instead of none, the first at frame 17"
 std::string CompareCounts(const Json& before, const Json& now, const char* field, const char* first) {
     const double was = Count(before, field), is = Count(now, field);
@@ -48,57 +39,69 @@ std::string CompareCounts(const Json& before, const Json& now, const char* field
     return Tell(is, 0, "") + " instead of " + Tell(was, 0, "") + where;
 }
 
+/// How long the sound is.
+struct Extent {
+    Extent(const Json& before, const Json& now)
+        : frames(std::max(1.0, Count(now, "frames"))),
+          rate(Count(now, "rateHz")),
+          missing(rate == Count(before, "rateHz") ? Count(before, "frames") - frames : 0) {}
+
+    double frames, rate;
+    double missing; ///< frames that it had before; below 0, those that it has more
+};
+
 /// How a channel of then and one of now compare. Empty where they are alike.
 class ChannelChange {
 public:
-    ChannelChange(const Json& channelBefore, const Json& channelNow, double frameCount, double framesMissing)
+    ChannelChange(const Json& channelBefore, const Json& channelNow, const Extent& extentNow)
         : before(channelBefore),
           now(channelNow),
-          frames(frameCount),
-          missing(framesMissing) {}
+          extent(extentNow) {}
 
-    std::string TellLevel() const { return Compare(before, now, "rmsDbfs", SameDb, " dBFS", "RMS "); }
+    std::string TellLevel() const;
     std::string TellFrequency() const;
-    std::string TellTones() const;
     std::string TellDc() const;
     std::string TellClipping() const;
     std::string TellWraps() const { return CompareCounts(before, now, "wrappedSamples", "firstWrapFrame"); }
     std::string TellJumps() const;
-    std::string TellPeak() const { return Compare(before, now, "peakDbfs", SameDb, " dBFS", ""); }
-    std::string TellNoise() const {
-        return Compare(before, now, "thdPlusNoiseDb", SameNoiseDb, " dB", "THD+N ");
-    }
+    /// Any other one.
+    std::string TellFigure(const MeasuredFigure& figure) const;
 
 private:
     /// Samples that are others than they were, for reasons that are told.
     double CountDisturbed() const {
-        return std::abs(missing) + std::abs(Count(now, "wrappedSamples") - Count(before, "wrappedSamples")) +
+        return std::abs(extent.missing) +
+               std::abs(Count(now, "wrappedSamples") - Count(before, "wrappedSamples")) +
                std::abs(Count(now, "clippedSamples") - Count(before, "clippedSamples"));
     }
 
     const Json& before;
     const Json& now;
-    double frames, missing;
+    Extent extent;
 };
 
-/// A tone that jumps has a phase that says nothing about its frequency.
+std::string ChannelChange::TellLevel() const {
+    const std::optional<double> was = Get(before, "rmsDbfs"), is = Get(now, "rmsDbfs");
+    if (was.has_value() == is.has_value() && std::abs(is.value_or(0) - was.value_or(0)) < SameDb)
+        return {};
+    return (was && is ? MoreOrLess(*is - *was, 2, " dB") : "") + "RMS " + Tell(is, 2, " dBFS") +
+           " instead of " + Tell(was, 2, " dBFS");
+}
+
+/// By their jumps, the phases of tones look like another frequency: by a part of a period over all of it.
 std::string ChannelChange::TellFrequency() const {
     const Json &was = before["tones"], &is = now["tones"];
-    if (was.size() != is.size() || !TellJumps().empty())
+    if (was.size() != is.size())
         return {};
+    const double ofJumps = TellJumps().empty() ? 0 : extent.rate / extent.frames;
     for (std::size_t i = 0; i < was.size(); ++i) {
         const double hz = Count(was[i], "frequencyHz"), nowHz = Count(is[i], "frequencyHz");
         const double ppm = (nowHz / hz - 1) * 1e6;
-        if (std::abs(ppm) >= SamePpm)
+        if (std::abs(ppm) >= SamePpm && std::abs(nowHz - hz) > ofJumps)
             return MoreOrLess(ppm, 1, " ppm") + FormatNumber(nowHz, 4) + " Hz instead of " +
                    FormatNumber(hz, 4) + " Hz";
     }
     return {};
-}
-
-std::string ChannelChange::TellTones() const {
-    const std::size_t was = before["tones"].size(), is = now["tones"].size();
-    return was == is ? "" : std::to_string(is) + " instead of " + std::to_string(was);
 }
 
 /// Of a tone that is another one, the last part of a period is as well.
@@ -106,7 +109,7 @@ std::string ChannelChange::TellDc() const {
     if (!TellFrequency().empty())
         return {};
     const double was = Count(before, "dcPercent"), is = Count(now, "dcPercent");
-    const double ofDisturbed = 200 * CountDisturbed() / frames;
+    const double ofDisturbed = 200 * CountDisturbed() / extent.frames;
     if (std::abs(is - was) < SameDcPercent + ofDisturbed)
         return {};
     return FormatNumber(is, 4) + "% of full scale instead of " + FormatNumber(was, 4) + "%";
@@ -124,8 +127,39 @@ std::string ChannelChange::TellJumps() const {
     if (!(TellClipping() + TellWraps()).empty())
         return {};
     const std::string text = CompareCounts(before, now, "jumps", "firstJumpFrame");
-    const bool mayBeMissing = missing != 0 && !text.empty();
-    return text + (!mayBeMissing ? "" : missing > 0 ? ", as of dropped frames" : ", as of doubled frames");
+    const bool mayBeMissing = extent.missing != 0 && !text.empty();
+    return text + (!mayBeMissing        ? ""
+                   : extent.missing > 0 ? ", as of dropped frames"
+                                        : ", as of doubled frames");
+}
+
+bool IsAnyOf(std::string_view text, std::initializer_list<std::string_view> others) {
+    return std::find(others.begin(), others.end(), text) != others.end();
+}
+
+/// Whether a figure is no other one in another unit, and one of the samples.
+bool IsOfItsOwn(const MeasuredFigure& figure) {
+    return !IsAnyOf(figure.unit, {"%", "µs"}) && !IsAnyOf(figure.name, {"dc", "limiter"});
+}
+
+double GetTolerance(const MeasuredFigure& figure) {
+    if (std::string_view(figure.unit).starts_with("dB"))
+        return figure.group == MeasuredFigure::Group::Levels ? SameDb : SameNoiseDb;
+    return IsAnyOf(figure.unit, {"frames"}) ? SameFrames : figure.decimals > 0 ? SameCorrelation : 0;
+}
+
+/// Also of the sound as a whole.
+std::string ChannelChange::TellFigure(const MeasuredFigure& figure) const {
+    const std::optional<double> was = Get(before, figure.field), is = Get(now, figure.field);
+    if (!before.contains(figure.field) || (!was && !is))
+        return {};
+    const bool areBeyond = was && is && std::min(std::abs(*was), std::abs(*is)) > BeyondAllDb &&
+                           std::string_view(figure.unit).starts_with("dB");
+    if (was && is && (areBeyond || std::abs(*is - *was) <= GetTolerance(figure)))
+        return {};
+    const std::string unit = *figure.unit ? std::string(" ") + figure.unit : "";
+    return Tell(is, figure.decimals, unit.c_str()) + " instead of " +
+           Tell(was, figure.decimals, unit.c_str());
 }
 
 struct Kind {
@@ -138,9 +172,10 @@ constexpr Kind Causes[] = {{"level", &ChannelChange::TellLevel},
                            {"clipped samples", &ChannelChange::TellClipping},
                            {"wrapped samples", &ChannelChange::TellWraps},
                            {"jumps", &ChannelChange::TellJumps}};
-constexpr Kind Effects[] = {{"tones", &ChannelChange::TellTones},
-                            {"noise", &ChannelChange::TellNoise},
-                            {"peak", &ChannelChange::TellPeak}};
+
+/// By their fields: the effects that tell most about their causes. All other figures follow.
+constexpr const char* FirstEffects[] = {"toneCount", "thdPlusNoiseDb", "peakDbfs", "delayFrames",
+                                        "correlation"};
 
 using Channels = std::vector<ChannelChange>;
 
@@ -167,48 +202,54 @@ public:
             changes.push_back({"channels", "swapped, and not to the bit the same"});
         const Channels channels = Pair(isCrossed);
         for (const Kind& kind : Causes)
-            Add(kind, channels);
-        AddStereo();
-        for (const Kind& kind : Effects)
-            if (changes.empty())
-                Add(kind, channels);
+            Add(kind.what, channels, [&](const ChannelChange& each) { return (each.*kind.tell)(); });
+        AddEffect(channels);
         return changes;
     }
 
 private:
     Channels Pair(bool isCrossed) const {
         Channels pairs;
-        const double frames = std::max(1.0, Count(now, "frames"));
-        const bool isSameRate = Count(before, "rateHz") == Count(now, "rateHz");
-        const double missing = isSameRate ? Count(before, "frames") - frames : 0;
+        const Extent extent(before, now);
         const std::size_t last = before["channels"].size() - 1;
         for (std::size_t i = 0; i <= last; ++i)
-            pairs.emplace_back(before["channels"][i], now["channels"][isCrossed ? last - i : i], frames,
-                               missing);
+            pairs.emplace_back(before["channels"][i], now["channels"][isCrossed ? last - i : i], extent);
         return pairs;
     }
 
     /// What all channels have in common is told once.
-    void Add(const Kind& kind, const Channels& channels) {
+    template <class Tell>
+    void Add(const std::string& what, const Channels& channels, Tell tell) {
         std::vector<std::string> texts;
         for (const ChannelChange& each : channels)
-            texts.push_back((each.*kind.tell)());
+            texts.push_back(tell(each));
         const bool isCommon = std::all_of(texts.begin(), texts.end(),
                                           [&](const std::string& text) { return text == texts.front(); });
         for (std::size_t i = 0; i < (isCommon ? 1 : texts.size()); ++i)
             if (!texts[i].empty())
                 changes.push_back(
-                    {kind.what, isCommon ? texts[i] : now["channels"][i].value("name", "") + " " + texts[i]});
+                    {what, isCommon ? texts[i] : now["channels"][i].value("name", "") + " " + texts[i]});
     }
 
-    void AddStereo() {
-        for (const auto& [field, what, unit, same] :
-             {std::tuple{"delayFrames", "delay of right", " frames", SameFrames},
-              std::tuple{"correlation", "correlation", "", SameCorrelation}}) {
-            const auto was = Get(before["whole"], field), is = Get(now["whole"], field);
-            if (changes.empty() && was && is && std::abs(*is - *was) >= same)
-                changes.push_back({what, Tell(is, 3, unit) + " instead of " + Tell(was, 3, unit)});
-        }
+    void AddFigure(const MeasuredFigure& figure, const Channels& channels) {
+        const auto tell = [&](const ChannelChange& each) { return each.TellFigure(figure); };
+        const char* const what = figure.label[0] == ' ' ? figure.name : figure.label;
+        if (!changes.empty() || !IsOfItsOwn(figure))
+            return;
+        if (figure.ofSound)
+            Add(what, {ChannelChange(before["whole"], now["whole"], Extent(before, now))}, tell);
+        else
+            Add(what, channels, tell);
+    }
+
+    /// One of them, where there is no cause.
+    void AddEffect(const Channels& channels) {
+        for (const char* first : FirstEffects)
+            for (const MeasuredFigure& each : GetMeasuredFigures())
+                if (each.field == std::string_view(first))
+                    AddFigure(each, channels);
+        for (const MeasuredFigure& each : GetMeasuredFigures())
+            AddFigure(each, channels);
     }
 
     const Json& before;

@@ -82,16 +82,13 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, Certificate
     return status;
 }
 
-/// What happened while it was read. False where that is reason enough to fail: what was lost leaves nothing
-/// to be measured.
+/// What happened while it was read. False where that is reason enough to fail.
 bool TellNews(const MeasureOptions& options, LSourceNews& news) {
     const std::vector<LFileWarning> told = news.Take();
-    for (const LFileWarning& each : told)
-        if (each.isLoss) {
-            Refuse(options.GetName(), "was lost while it was read: " + each.file + " " + each.reason);
-            return false;
-        }
-    return options.Confirm(told);
+    const LFailure lost = FindLoss(told);
+    if (lost)
+        Refuse(options.GetName(), lost.GetReason());
+    return !lost && options.Confirm(told);
 }
 
 int MeasureSound(const MeasureOptions& options, const Limits& limits, CertificateCheck* check,
@@ -132,24 +129,35 @@ int MeasureInput(MeasureOptions options, const Limits& limits, CertificateCheck*
     return input.reader ? MeasureSound(options, limits, check, std::move(input)) : ExitFailed;
 }
 
-int Measure(const MeasureOptions& options) {
+/// What the typed limits are, and those that go with them; refuses what is none.
+std::optional<Limits> TakeLimits(const std::vector<std::string>& typed) {
     Limits limits;
-    for (const std::string& each : options.typedLimits) {
-        if (each == "?") {
-            std::fputs(ExplainLimits().c_str(), stdout);
-            return ExitCompleted;
+    for (const std::string& each : typed) {
+        TypedLimit taken = ParseLimit(each);
+        if (!taken.problem.empty()) {
+            Misuse("--limit: " + taken.problem);
+            return {};
         }
-        TypedLimit typed = ParseLimit(each);
-        if (!typed.problem.empty())
-            return Misuse("--limit: " + typed.problem);
-        limits.push_back(std::move(typed.limit));
+        limits.push_back(std::move(taken.limit));
     }
+    AddImpliedLimits(limits);
+    return limits;
+}
+
+int Measure(const MeasureOptions& options) {
+    if (std::count(options.typedLimits.begin(), options.typedLimits.end(), "?") > 0) {
+        std::fputs(ExplainLimits().c_str(), stdout);
+        return ExitCompleted;
+    }
+    const std::optional<Limits> limits = TakeLimits(options.typedLimits);
+    if (!limits)
+        return ExitFailed;
     std::optional<CertificateCheck> check;
     if (!options.against.empty())
         check.emplace(options.against);
     if (check && check->GetFailure())
         return Refuse(options.against, check->GetFailure().GetReason());
-    return MeasureInput(options, limits, check ? &*check : nullptr);
+    return MeasureInput(options, *limits, check ? &*check : nullptr);
 }
 
 } // namespace

@@ -48,11 +48,8 @@ Value Above(const Channel& c, double ToneFigures::*ratio) {
 }
 
 Value OfStrongestTone(const Channel& c, double ToneLine::*value) {
-    const auto& tones = c.tones.tones;
-    const auto strongest =
-        std::max_element(tones.begin(), tones.end(),
-                         [](const ToneLine& a, const ToneLine& b) { return a.amplitude < b.amplitude; });
-    return strongest == tones.end() ? Value() : Value((*strongest).*value);
+    const ToneLine* strongest = FindStrongestTone(c.tones);
+    return strongest ? Value((*strongest).*value) : Value();
 }
 
 Value OfStereo(const MeasuredSound& sound, Value SoundFigures::Stereo::*value) {
@@ -60,6 +57,11 @@ Value OfStereo(const MeasuredSound& sound, Value SoundFigures::Stereo::*value) {
 }
 
 constexpr MeasuredFigure Figures[] = {
+    {Group::Losses, 2, "limiter", "Taken off by limiter", "dB", "limiterDb", nullptr,
+     [](const MeasuredSound& s) { return Value(s.limiterDb); }},
+    {Group::Losses, 0, "unusable", "Unusable samples", "", "unusableSamples", nullptr,
+     [](const MeasuredSound& s) { return Value(static_cast<double>(s.figures.unusable)); }},
+
     {Group::Levels, 2, "peak", "Peak", "dBFS", "peakDbfs",
      [](const Channel& c) { return ToDb(Of(c, c.level.GetPeak())); }},
     {Group::Levels, 2, "truepeak", "True peak", "dBTP", "truePeakDbtp",
@@ -98,11 +100,11 @@ constexpr MeasuredFigure Figures[] = {
     {Group::Faults, 0, "firstjump", "  first", "frame", "firstJumpFrame",
      [](const Channel& c) { return Detail(c.jumps.count, c.jumps.first); }},
 
-    {Group::Tones, 0, "tones", "Tones", "", "toneCount",
+    {Group::Tones, 0, "tones", "Number of tones", "", "toneCount",
      [](const Channel& c) { return Count(c, std::ssize(c.tones.tones)); }},
-    {Group::Tones, 4, "frequency", "Frequency", "Hz", "frequencyHz",
+    {Group::Tone, 4, "frequency", "Frequency", "Hz", "frequencyHz",
      [](const Channel& c) { return OfStrongestTone(c, &ToneLine::hz); }},
-    {Group::Tones, 2, "level", "Level", "dBFS", "levelDbfs",
+    {Group::Tone, 2, "level", "Level", "dBFS", "levelDbfs",
      [](const Channel& c) { return ToDb(OfStrongestTone(c, &ToneLine::amplitude)); }},
 
     {Group::Distortion, 2, "thd", "THD", "dB", "thdDb",
@@ -118,26 +120,29 @@ constexpr MeasuredFigure Figures[] = {
     {Group::Distortion, 2, "sfdr", "Spur-free range", "dB", "spurFreeRangeDb",
      [](const Channel& c) { return Above(c, &ToneFigures::spurFreeRange); }},
 
-    {Group::Sound, 2, "balance", "Level, right to left", "dB", "levelDifferenceDb", nullptr,
+    {Group::Stereo, 2, "balance", "Level, right to left", "dB", "levelDifferenceDb", nullptr,
      [](const MeasuredSound& s) { return ToDb(OfStereo(s, &SoundFigures::Stereo::levelRatio)); }},
-    {Group::Sound, 4, "correlation", "Correlation", "", "correlation", nullptr,
+    {Group::Stereo, 4, "correlation", "Correlation", "", "correlation", nullptr,
      [](const MeasuredSound& s) { return OfStereo(s, &SoundFigures::Stereo::correlation); }},
-    {Group::Sound, 3, "delay", "Delay of right", "frames", "delayFrames", nullptr,
+    {Group::Stereo, 3, "delay", "Delay of right", "frames", "delayFrames", nullptr,
      [](const MeasuredSound& s) { return OfStereo(s, &SoundFigures::Stereo::delayFrames); }},
-    {Group::Sound, 2, "delay", "Delay of right", "µs", "delayMicroseconds", nullptr,
+    {Group::Stereo, 2, "delay", "Delay of right", "µs", "delayMicroseconds", nullptr,
      [](const MeasuredSound& s) {
          return Times(MicrosecondsPerSecond / s.rate, OfStereo(s, &SoundFigures::Stereo::delayFrames));
      }},
-    {Group::Sound, 2, "limiter", "Taken off by limiter", "dB", "limiterDb", nullptr,
-     [](const MeasuredSound& s) { return Value(s.limiterDb); }},
-    {Group::Sound, 0, "unusable", "Samples not a number", "", "unusableSamples", nullptr,
-     [](const MeasuredSound& s) { return Value(static_cast<double>(s.figures.unusable)); }},
 };
 
 } // namespace
 
 std::int64_t MeasuredSound::GetFrames() const {
     return figures.whole.samples / std::max<std::int64_t>(std::ssize(figures.channels), 1);
+}
+
+std::size_t MeasuredSound::CountTones() const {
+    std::size_t most = 0;
+    for (const Channel& each : figures.channels)
+        most = std::max(most, each.tones.tones.size());
+    return most;
 }
 
 std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {
@@ -176,7 +181,16 @@ std::string MeasuredFigure::Format(Value value) const {
     if (!value)
         return "-";
     const bool isCount = decimals == 0 && *unit == '\0';
-    return isCount && *value == 0 ? "none" : FormatNumber(*value, decimals);
+    const bool isNone =
+        isCount ? *value == 0 : group == Group::Distortion && (*value == 0 || std::isinf(*value));
+    return isNone ? "none" : FormatNumber(*value, decimals);
+}
+
+const ToneLine* FindStrongestTone(const ToneFigures& figures) {
+    const auto strongest =
+        std::max_element(figures.tones.begin(), figures.tones.end(),
+                         [](const ToneLine& a, const ToneLine& b) { return a.amplitude < b.amplitude; });
+    return strongest == figures.tones.end() ? nullptr : &*strongest;
 }
 
 std::span<const MeasuredFigure> GetMeasuredFigures() {

@@ -17,6 +17,8 @@ struct MeasuredSound {
     SoundFigures figures;
 
     std::int64_t GetFrames() const;
+    /// Of the channel that has the most.
+    std::size_t CountTones() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;
 };
 
@@ -35,13 +37,13 @@ MeasuredColumn MakeWhole(const MeasuredSound& sound);
 
 /// A figure as it is called wherever it is told. Those of one name are one thing in several units.
 struct MeasuredFigure {
-    enum class Group { Levels, Faults, Tones, Distortion, Sound };
+    enum class Group { Losses, Levels, Faults, Tones, Tone, Distortion, Stereo };
     using Value = std::optional<double>; ///< none where the sound has no such figure; levels may be infinite
 
     Group group;
     int decimals;      ///< in the report
     const char* name;  ///< in a limit
-    const char* label; ///< in the report; one that begins with blanks is left out where no channel has it
+    const char* label; ///< in the report
     const char* unit;  ///< empty for a count
     const char* field; ///< in JSON
 
@@ -53,9 +55,13 @@ struct MeasuredFigure {
 
     /// Whether all channels together have such figures.
     static bool HasWhole(Group group) { return group == Group::Levels || group == Group::Faults; }
-    /// As the report has it: "none" for a count of 0, "-" where there is none.
+    /// As the report has it: "none" for a count of 0 and for distortion that is not found, "-" where there is
+    /// no such figure.
     std::string Format(Value value) const;
 };
+
+/// Of the tones of a channel; null where there are none.
+const ToneLine* FindStrongestTone(const ToneFigures& figures);
 
 /// All of them, in the order of the report.
 std::span<const MeasuredFigure> GetMeasuredFigures();

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <limits>
 #include <string_view>
+#include <tuple>
 
 namespace {
 
@@ -168,6 +169,22 @@ TypedLimit ParseLimit(const std::string& text) {
     if (typed.problem.empty())
         typed.problem = TakeValue(limit, text.substr(sign + (limit.isWithin ? 2 : 1)), figures);
     return typed;
+}
+
+void AddImpliedLimits(std::vector<MeasureLimit>& limits) {
+    const auto isOfTones = [](const MeasureLimit& each) {
+        return each.figure->group == MeasuredFigure::Group::Tone ||
+               each.figure->group == MeasuredFigure::Group::Distortion;
+    };
+    const bool isOnTones = std::any_of(limits.begin(), limits.end(), isOfTones), isAny = !limits.empty();
+    for (const auto& [name, text, isImplied] :
+         {std::tuple{"tones", "tones<=1", isOnTones}, {"unusable", "unusable<=0", isAny}}) {
+        const auto isSame = [name = std::string_view(name)](const MeasureLimit& each) {
+            return each.figure->name == name;
+        };
+        if (isImplied && std::none_of(limits.begin(), limits.end(), isSame))
+            limits.push_back(ParseLimit(text).limit);
+    }
 }
 
 LimitResult CheckLimit(const MeasureLimit& limit, const MeasuredSound& sound) {

@@ -19,6 +19,11 @@ struct TypedLimit {
 };
 TypedLimit ParseLimit(const std::string& text);
 
+/// Adds what the limits take for granted unless one of them is for just that: that all samples can be used,
+/// as silence stands for the others, and that there is one tone where the figures of tones are limited, as
+/// another one counts as no distortion.
+void AddImpliedLimits(std::vector<MeasureLimit>& limits);
+
 /// What became of a limit. A figure that the sound doesn't have breaks it.
 struct LimitResult {
     std::string channel{};         ///< the worst one; empty where there is but one

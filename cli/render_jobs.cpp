@@ -60,7 +60,7 @@ int RenderHigh(const RenderOptions& options) {
                              .dither = rounding.dither,
                              .isRaw = options.isRaw,
                              .seed = rounding.seed,
-                             .program = "Sonvire " SONVIRE_VERSION};
+                             .program = ProgramName};
     const auto run = [&](HiresRenderJob& job) {
         const double frames = static_cast<double>(job.source.GetLength());
         return RunJob(job, frames / job.source.rate, options.quiet);

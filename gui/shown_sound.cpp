@@ -42,7 +42,7 @@ LShownSound::Range LShownSound::GetWave(std::size_t channel, double from, double
     const Channel& shown = channels[channel];
     if (shown.samples.empty())
         return {0, 0};
-    if (shown.envelope.empty() || HasSamples(to)) {
+    if (HasSamples(to)) {
         const Parts parts(from * rate, to * rate, 1, shown.samples.size());
         const auto [least, most] =
             std::minmax_element(shown.samples.begin() + static_cast<std::ptrdiff_t>(parts.first),
@@ -57,7 +57,8 @@ LShownSound::Range LShownSound::GetWave(std::size_t channel, double from, double
 }
 
 bool LShownSound::HasSamples(double end) const {
-    return !channels.empty() && end * rate <= static_cast<double>(channels[0].samples.size());
+    return !channels.empty() &&
+           (channels[0].envelope.empty() || end * rate <= static_cast<double>(channels[0].samples.size()));
 }
 
 std::size_t LShownSound::FindBin(std::size_t channel, double fromHz, double toHz) const {
@@ -100,19 +101,23 @@ std::string LShownSound::WriteWave(const LAxis& axis) const {
     const bool single = HasSamples(axis.to);
     std::string text = "seconds";
     for (std::size_t c = 0; c < channels.size(); ++c) {
-        const std::string name = channels.size() == 2 ? (c == 0 ? "left" : "right") : "sample";
-        text += single ? "," + name : "," + name + "_least," + name + "_most";
+        const std::string name = channels.size() == 2 ? (c == 0 ? ",left" : ",right") : ",sample";
+        text += name;
+        if (!single)
+            text.append("_least").append(name).append("_most");
     }
     text += '\n';
     const double width = single ? 1 : framesPerRange;
     const std::size_t count = channels.empty() ? 0
                               : single         ? channels[0].samples.size()
                                                : channels[0].envelope.size();
-    for (double i = std::max(0.0, std::ceil(axis.from * rate / width - Rounding));
-         i < static_cast<double>(count) && i * width / rate <= axis.to; ++i) {
-        Append(text, "%.9g", i * width / rate);
+    const auto first = static_cast<std::size_t>(std::ceil(axis.from * rate / width - Rounding));
+    for (std::size_t at = first; at < count; ++at) {
+        const double time = static_cast<double>(at) * width / rate;
+        if (time > axis.to)
+            break;
+        Append(text, "%.9g", time);
         for (const Channel& channel : channels) {
-            const auto at = static_cast<std::size_t>(i);
             Append(text, ",%.9g", double{single ? channel.samples[at] : channel.envelope[at].least});
             if (!single)
                 Append(text, ",%.9g", double{channel.envelope[at].most});

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
@@ -45,9 +46,12 @@ int CountPlaces(double step) {
 LTicks MarkEvenly(const LAxis& axis, int most, double size, const char* unit) {
     LTicks marks{{}, unit};
     const double step = FindStep((axis.to - axis.from) / size, most);
-    const double end = axis.to / size + step * 1e-6;
-    for (double n = std::ceil(axis.from / size / step - 1e-6); n * step <= end; ++n)
-        marks.ticks.push_back({axis.GetPlace(n * step * size), FormatNumber(n * step, CountPlaces(step))});
+    const auto first = static_cast<std::int64_t>(std::ceil(axis.from / size / step - 1e-6));
+    const auto last = static_cast<std::int64_t>(std::floor(axis.to / size / step + 1e-6));
+    for (std::int64_t n = first; n <= last; ++n) {
+        const double value = static_cast<double>(n) * step;
+        marks.ticks.push_back({axis.GetPlace(value * size), FormatNumber(value, CountPlaces(step))});
+    }
     return marks;
 }
 
@@ -60,9 +64,10 @@ LTicks MarkDecades(const LAxis& axis, int most) {
     const double decades = std::log10(axis.to / axis.from);
     const std::array<double, 3> all = {1, 2, 5};
     const std::size_t taken = decades * 3 <= most ? 3 : 1;
-    const auto every = std::max(1.0, std::ceil(decades / most));
+    const int every = std::max(1, static_cast<int>(std::ceil(decades / most)));
+    const int last = static_cast<int>(std::floor(std::log10(axis.to) + 1e-9));
     LTicks marks{{}, "Hz"};
-    for (double power = std::floor(std::log10(axis.from)); power <= std::log10(axis.to); power += every)
+    for (int power = static_cast<int>(std::floor(std::log10(axis.from))); power <= last; power += every)
         for (std::size_t i = 0; i < taken; ++i)
             if (const double hz = all[i] * std::pow(10, power);
                 hz >= axis.from * (1 - 1e-9) && hz <= axis.to * (1 + 1e-9))

@@ -87,7 +87,7 @@ LPlot LSoundView::GetPointedPlot() const {
 }
 
 void LSoundView::StepReading(double places) {
-    Point(GetPointedPlot(), pointed ? pointed->place + places : 0.5, KeyReach);
+    Point(GetPointedPlot(), GetPointedPlace() + places, KeyReach);
 }
 
 void LSoundView::TurnReading() {
@@ -115,7 +115,9 @@ std::string LSoundView::ReadWave(double place) const {
         const LShownSound::Range range = sound->GetWave(c, seconds, seconds);
         const std::string least = FormatNumber(double{range.least}, places),
                           most = FormatNumber(double{range.most}, places);
-        text += ", " + sound->NameChannel(c) + (least == most ? least : least + " to " + most);
+        text.append(", ").append(sound->NameChannel(c)).append(least);
+        if (least != most)
+            text.append(" to ").append(most);
     }
     return text;
 }

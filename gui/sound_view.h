@@ -42,7 +42,7 @@ public:
 
     /// Reads off what is at a place; of the spectrum, what is highest within `reach` to either side.
     void Point(LPlot plot, double place, double reach);
-    /// Takes the reading further by the keyboard, and brings it into the plot first.
+    /// Takes the reading further by the keyboard, at first from the middle.
     void StepReading(double places);
     /// To the other plot.
     void TurnReading();

@@ -1,14 +1,12 @@
 #include "jobs/render_outcome.h"
 
-#include <algorithm>
+#include <utility>
 
 RenderOutcome FinishRendering(OutputFile& output, LProcessResult result, const LFailure& unwritten,
                               LSourceNews& news) {
     std::vector<LFileWarning> told = news.Take();
-    const auto lost =
-        std::find_if(told.begin(), told.end(), [](const LFileWarning& each) { return each.isLoss; });
-    if (lost != told.end())
-        return {.failure = "was lost while it was read: " + lost->file + " " + lost->reason};
+    if (LFailure lost = FindLoss(told))
+        return {.failure = std::move(lost)};
     const LFailure failure = output.Finish(result, unwritten);
     return {.result = failure ? LProcessResult::Failed : result,
             .failure = failure,

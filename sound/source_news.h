@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sys/failure.h"
+
 #include <algorithm>
 #include <mutex>
 #include <string>
@@ -14,6 +16,13 @@ struct LFileWarning {
 
     bool operator==(const LFileWarning&) const = default;
 };
+
+/// Why a job fails by what it is told; nothing where no part of the sound was lost.
+inline LFailure FindLoss(const std::vector<LFileWarning>& told) {
+    const auto lost =
+        std::find_if(told.begin(), told.end(), [](const LFileWarning& each) { return each.isLoss; });
+    return lost == told.end() ? LFailure() : "was lost while it was read: " + lost->file + " " + lost->reason;
+}
 
 /// What goes wrong with files while they are read, told by their sources, which give silence in place of what
 /// is lost, and fetched by whoever has them played or rendered.

@@ -111,7 +111,8 @@ void MainDialog::LayoutControls(int width, int height) {
     const int listHeight = std::min(rows.GetHeight(), height - barHeight - paneHeight);
     controls.Place(ControlList, {0, barHeight, width, listHeight});
     const int listEnd = barHeight + listHeight;
-    const int end = summary.Place({0, listEnd, width, height - listEnd - paneHeight}, height);
+    const int end =
+        summary.Place({0, listEnd, width, height - listEnd - paneHeight}, height, paneHeight == 0);
     sound.Place({0, end, width, paneHeight > 0 ? height - end : 0});
 }
 

@@ -24,7 +24,7 @@ std::string DescribePart(const SoundLevels& levels) {
                                               : FormatNumber(seconds / 60, 0) + " min");
 }
 
-std::string DescribeChannel(const ToneFigures& figures, std::size_t most) {
+std::string DescribeChannel(const ToneFigures& figures, std::size_t most, bool isSine) {
     std::string text;
     for (std::size_t i = 0; i < std::min(most, figures.strongest.size()); ++i) {
         const ToneLine& line = figures.strongest[i];
@@ -32,7 +32,7 @@ std::string DescribeChannel(const ToneFigures& figures, std::size_t most) {
             break;
         text += (i == 0 ? "" : ", ") + FormatHz(line.hz) + " " + FormatDb(line.amplitude) + " dBFS";
     }
-    if (figures.tones.size() == 1 && figures.thdPlusNoise > 0)
+    if (isSine && figures.tones.size() == 1 && figures.thdPlusNoise > 0)
         text += "; THD+N " + FormatDb(figures.thdPlusNoise) + " dB";
     return text;
 }
@@ -58,10 +58,11 @@ std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels) {
     return parts;
 }
 
-std::string DescribeLines(const std::vector<ToneFigures>& channels) {
+std::string DescribeLines(const std::vector<ToneFigures>& channels, bool isSine) {
     std::vector<std::string> texts;
+    texts.reserve(channels.size());
     for (const ToneFigures& figures : channels)
-        texts.push_back(DescribeChannel(figures, MostLines / channels.size()));
+        texts.push_back(DescribeChannel(figures, MostLines / channels.size(), isSine));
     if (texts.size() != 2 || texts[0] == texts[1])
         return texts[0];
     return "left " + texts[0] + " · right " + texts[1];

@@ -16,6 +16,6 @@ struct SoundLevels {
 /// "peak -0.3 dBFS, RMS -9.1, crest 8.8 dB, limiter 3.2 dB", with what the user is to beware of marked.
 std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels);
 
-/// The strongest lines of each channel, and what a single tone has beside itself: "1.000 kHz -12.0 dBFS;
-/// THD+N -98.1 dB"; empty where there are none.
-std::string DescribeLines(const std::vector<ToneFigures>& channels);
+/// The strongest lines of each channel, and what a sine has beside itself: "1.000 kHz -12.0 dBFS; THD+N -98.1
+/// dB"; empty where there are none.
+std::string DescribeLines(const std::vector<ToneFigures>& channels, bool isSine);

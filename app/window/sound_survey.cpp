@@ -31,11 +31,16 @@ double GetLowestHz(const SonvireData& tone) {
     return lowest;
 }
 
+bool IsSine(const SonvireData& tone) {
+    return tone.HasComponents() && tone.waveform == ToneSine && tone.GetToneCount() == 1;
+}
+
 /// Reads block by block, and keeps what is known so far.
 class Survey {
 public:
     Survey(const SonvireData& tone, const RequestedSound& opened)
         : lowestHz(GetLowestHz(tone)),
+          isSine(IsSine(tone)),
           loweredDb(opened.loweredDb),
           reader(*opened.reader),
           channels(static_cast<std::size_t>(reader.format.channels), Channel(reader.format.bits)),
@@ -126,14 +131,16 @@ private:
         std::vector<ToneFigures> figures;
         for (std::size_t c = 0; c < channels.size(); ++c)
             figures.push_back(MeasureTones(spectrum, c));
-        shown.lines = DescribeLines(figures);
+        shown.lines = DescribeLines(figures, isSine);
         shown.lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
         if (spectrum.segmentFrames > 0)
             shown.hzPerBin = spectrum.GetHzPerBin();
     }
     double GetSeconds() const { return static_cast<double>(frames) / reader.format.rate; }
 
-    double lowestHz, loweredDb;
+    double lowestHz;
+    bool isSine;
+    double loweredDb;
     FrameReader& reader;
     std::vector<Channel> channels;
     std::vector<double> block;

@@ -39,12 +39,12 @@ void SummaryPane::Show(const SonvireData& tone) {
 int SummaryPane::GetHeight() const {
     int height = LeastBelow;
     for (const Line& line : Lines)
-        if (!window.GetText(line.control).empty())
+        if (line.control != ControlToneLevel && !window.GetText(line.control).empty())
             height += line.above + window.GetControls().GetPlace(line.control).height;
     return height;
 }
 
-int SummaryPane::Place(const LRect& room, int beyond) {
+int SummaryPane::Place(const LRect& room, int beyond, bool withLevel) {
     LControlsPeer& controls = window.GetControls();
     const int end = room.y + room.height;
     int y = room.y;
@@ -55,11 +55,12 @@ int SummaryPane::Place(const LRect& room, int beyond) {
         LRect place{room.x + Inset, y + line.above, room.width - 2 * Inset, 0};
         controls.Place(line.control, place);
         const int below = place.y + controls.GetPlace(line.control).height;
-        if (!isFull && below + LeastBelow <= end) {
+        const bool isShown = withLevel || line.control != ControlToneLevel;
+        if (isShown && !isFull && below + LeastBelow <= end) {
             y = below;
             continue;
         }
-        isFull = true;
+        isFull = isFull || isShown;
         place.y = beyond;
         controls.Place(line.control, place);
     }

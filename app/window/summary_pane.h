@@ -15,11 +15,11 @@ public:
     void Create();
     /// After every change of the tone; after one of its rows the texts are to be placed anew.
     void Show(const SonvireData& tone);
-    /// Of all texts.
+    /// Of all texts but the level, which is told by the figures of the sound where these are shown.
     int GetHeight() const;
-    /// One below the other; answers where the last one ends. Those that have no room stand below `beyond`,
-    /// out of sight.
-    int Place(const LRect& room, int beyond);
+    /// One below the other, with the level or without; answers where the last one ends. Those that have no
+    /// room stand below `beyond`, out of sight.
+    int Place(const LRect& room, int beyond, bool withLevel);
 
 private:
     LWindow& window;

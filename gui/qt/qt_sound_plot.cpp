@@ -12,17 +12,30 @@
 
 namespace {
 
-constexpr double Gap = 4;       // between marks and plot
-constexpr double DotPixels = 6; // from sample to sample, for each to be seen
+constexpr double Gap = 4;          // between marks and plot
+constexpr double DotPixels = 6;    // from sample to sample, for each to be seen
+constexpr double DenseFrames = 40; // in a pixel, where a wave becomes an area
 constexpr double CurveWidth = 1.4, WideCurve = 2.8;
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
 }
 
-QColor WithAlpha(QColor colour, float alpha) {
-    colour.setAlphaF(alpha);
-    return colour;
+/// From point to point: a whole polyline takes a hundred times as long where it goes up and down a lot.
+void DrawCurve(QPainter& painter, const QList<QPointF>& points, const QColor& colour, double width) {
+    QList<QLineF> lines;
+    for (qsizetype i = 1; i < points.size(); ++i)
+        lines.append({points[i - 1], points[i]});
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, width));
+    painter.drawLines(lines);
+}
+
+/// Of one pixel of the screen each.
+void DrawColumns(QPainter& painter, const QList<QLineF>& columns, const QColor& colour) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(colour, 0));
+    painter.drawLines(columns);
 }
 
 QFontMetricsF Measure(const QFont& font) {
@@ -30,6 +43,11 @@ QFontMetricsF Measure(const QFont& font) {
 }
 
 } // namespace
+
+QColor WithAlpha(QColor colour, float alpha) {
+    colour.setAlphaF(alpha);
+    return colour;
+}
 
 QColor GetChannelColour(const QPalette& palette, std::size_t channel) {
     constexpr QRgb Dark[] = {0x56b4e9, 0xe69f00}, Light[] = {0x0072b2, 0xd55e00};
@@ -50,7 +68,7 @@ LQtSoundPlot::LQtSoundPlot(const LSoundView& shown, LPlot plotKind, const QRectF
     double widest = 0;
     for (const LTick& tick : rows.ticks)
         widest = std::max(widest, metrics.horizontalAdvance(ToQt(tick.text)));
-    area.setLeft(whole.left() + widest + Gap);
+    area.setLeft(std::ceil(whole.left() + widest + Gap));
     const auto most = static_cast<int>(area.width() / metrics.horizontalAdvance("00000"));
     const LAxis& axis = view.GetAxis(plot);
     columns = plot == LPlot::Wave ? MarkSeconds(axis, most) : MarkHz(axis, most);
@@ -104,63 +122,63 @@ void LQtSoundPlot::PaintAxes(QPainter& painter) const {
     painter.drawText(QPointF(unitLeft, area.bottom() + Gap + metrics.ascent()), unit);
 }
 
+void LQtSoundPlot::ForEachColumn(const QPainter& painter,
+                                 const std::function<void(double x, double from, double to)>& call) const {
+    const double pixel = 1 / painter.device()->devicePixelRatioF();
+    const LAxis& axis = view.GetAxis(plot);
+    const int count = static_cast<int>(area.width() / pixel);
+    for (int i = 0; i < count; ++i)
+        call(area.left() + (i + 0.5) * pixel, axis.GetValue(i * pixel / area.width()),
+             axis.GetValue((i + 1) * pixel / area.width()));
+}
+
 /// As a line from sample to sample; the first channel wider, to be seen where the other one is the same.
 void LQtSoundPlot::PaintSamples(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Wave);
     const std::vector<float>& samples = sound.channels[channel].samples;
-    const double first = std::max(0.0, std::floor(axis.from * sound.rate));
-    const double last = std::min(std::ceil(axis.to * sound.rate), static_cast<double>(samples.size()) - 1);
-    QPolygonF points;
-    for (double i = first; i <= last; ++i)
-        points.append(
-            {GetX(axis.GetPlace(i / sound.rate)), GetY(double{samples[static_cast<std::size_t>(i)]})});
+    const auto first = static_cast<std::size_t>(std::max(0.0, axis.from * sound.rate));
+    const auto end = std::min(samples.size(), static_cast<std::size_t>(std::ceil(axis.to * sound.rate)) + 1);
+    QList<QPointF> points;
+    for (std::size_t i = first; i < end; ++i)
+        points.append({GetX(axis.GetPlace(static_cast<double>(i) / sound.rate)), GetY(double{samples[i]})});
     const bool isWide = channel == 0 && sound.channels.size() > 1;
     const QColor colour = GetChannelColour(palette, channel);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, isWide ? WideCurve : CurveWidth));
-    painter.drawPolyline(points);
-    if (last - first > area.width() / DotPixels)
+    DrawCurve(painter, points, colour, isWide ? WideCurve : CurveWidth);
+    if (static_cast<double>(points.size()) > area.width() / DotPixels)
         return;
     painter.setPen(QPen(colour, 2 * WideCurve, Qt::SolidLine, Qt::RoundCap));
-    painter.drawPoints(points);
+    painter.drawPoints(points.data(), static_cast<int>(points.size()));
 }
 
 /// What each column of the screen's pixels reaches.
 void LQtSoundPlot::PaintEnvelope(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
     const LAxis& axis = view.GetAxis(LPlot::Wave);
-    const double pixel = 1 / painter.device()->devicePixelRatioF();
-    const QColor colour = WithAlpha(GetChannelColour(palette, channel), channel == 0 ? 1.0F : 0.65F);
-    for (double x = 0; x < area.width(); x += pixel) {
-        const LShownSound::Range range = sound.GetWave(channel, axis.GetValue(x / area.width()),
-                                                       axis.GetValue((x + pixel) / area.width()));
-        const double top = GetY(double{range.most});
-        const double height = std::max(pixel, GetY(double{range.least}) - top);
-        painter.fillRect(QRectF(area.left() + x, top, pixel, height), colour);
-    }
+    QList<QLineF> lines;
+    QList<QPointF> points;
+    ForEachColumn(painter, [&](double x, double from, double to) {
+        const LShownSound::Range range = sound.GetWave(channel, from, to);
+        lines.append({x, GetY(double{range.most}), x, GetY(double{range.least})});
+        points << lines.back().p1() << lines.back().p2();
+    });
+    if ((axis.to - axis.from) * sound.rate < DenseFrames * area.width())
+        return DrawCurve(painter, points, GetChannelColour(palette, channel), 1);
+    DrawColumns(painter, lines, WithAlpha(GetChannelColour(palette, channel), channel == 0 ? 1.0F : 0.65F));
 }
 
 void LQtSoundPlot::PaintSpectrum(QPainter& painter, std::size_t channel) const {
     const LShownSound& sound = view.GetSound();
-    const LAxis& axis = view.GetAxis(LPlot::Spectrum);
-    const double pixel = 1 / painter.device()->devicePixelRatioF();
-    QPolygonF points;
-    for (double x = 0; x <= area.width(); x += pixel) {
-        const double level = sound.GetHighest(channel, axis.GetValue((x - pixel / 2) / area.width()),
-                                              axis.GetValue((x + pixel / 2) / area.width()));
-        points.append({area.left() + x, std::min(GetY(level), area.bottom() + 2)});
-    }
+    const double bottom = area.bottom() + 2; // out of sight
+    QList<QPointF> points;
+    QList<QLineF> below;
+    ForEachColumn(painter, [&](double x, double from, double to) {
+        points.append({x, std::min(GetY(sound.GetHighest(channel, from, to)), bottom)});
+        below.append({points.back(), QPointF(x, bottom)});
+    });
     const QColor colour = GetChannelColour(palette, channel);
-    QPolygonF filled = points;
-    filled.append({area.right(), area.bottom() + 2});
-    filled.append({area.left(), area.bottom() + 2});
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(WithAlpha(colour, 0.16F));
-    painter.drawPolygon(filled);
-    painter.setPen(QPen(colour, CurveWidth));
-    painter.drawPolyline(points);
+    DrawColumns(painter, below, WithAlpha(colour, 0.16F));
+    DrawCurve(painter, points, colour, CurveWidth);
 }
 
 /// A line through the place, and the words beside it where there is room.

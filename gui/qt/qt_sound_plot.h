@@ -12,6 +12,8 @@ class QPainter;
 /// those who see few colours.
 QColor GetChannelColour(const QPalette& palette, std::size_t channel);
 
+QColor WithAlpha(QColor colour, float alpha);
+
 /// Paints one plot of a sound view: axes, curves and what is read off.
 class LQtSoundPlot {
 public:
@@ -26,6 +28,9 @@ public:
 private:
     double GetX(double place) const { return area.left() + place * area.width(); }
     double GetY(double value) const { return area.bottom() - vertical.GetPlace(value) * area.height(); }
+    /// Calls with the middle of each column of the screen's pixels, and what the axis has there.
+    void ForEachColumn(const QPainter& painter,
+                       const std::function<void(double x, double from, double to)>& call) const;
     void PaintAxes(QPainter& painter) const;
     void PaintSamples(QPainter& painter, std::size_t channel) const;
     void PaintEnvelope(QPainter& painter, std::size_t channel) const;

@@ -118,7 +118,7 @@ void LQtSoundView::PaintFigures(QPainter& painter) const {
     const QFontMetricsF marks(markFont);
     const QRectF room(Inset, GetTextHeight() - marks.height(), width() - 2 * Inset, marks.height());
     painter.setFont(markFont);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(WithAlpha(palette().color(QPalette::WindowText), 0.7F));
     painter.drawText(room, isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft,
                      marks.elidedText(ToQt(view.GetSound().lines), Qt::ElideRight, room.width()));
 }

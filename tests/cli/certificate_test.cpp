@@ -180,6 +180,8 @@ TEST_F(Certificates, AreRefusedWhereTheyCanNotHold) {
     Write("cut.json", good.substr(0, good.size() / 2));
     Write("later.json", std::string(good).replace(good.find("\"version\": 1"), 12, "\"version\": 2"));
     Write("holed.json", std::string(good).replace(good.find("\"tones\""), 7, "\"tomes\""));
+    Write("nested.json", "{\"type\":" + std::string(100'000, '[') + std::string(100'000, ']') + "}");
+    Write("other.json", std::string(good).replace(good.find("\"bits\": 16"), 10, "\"bits\": 24"));
     Write("tone.json", R"({"type": "tone", "version": 1})");
     const std::pair<std::string, std::string> cases[] = {
         {render + "- --certificate c.json | cat", "c.json: is for a sound file, which can be read back"},
@@ -198,6 +200,8 @@ TEST_F(Certificates, AreRefusedWhereTheyCanNotHold) {
         {measure + "o.wav", "o.wav: is no certificate, or a damaged one"},
         {measure + "cut.json", "cut.json: is no certificate, or a damaged one"},
         {measure + "tone.json", "tone.json: is no certificate, or a damaged one"},
+        {measure + "nested.json", "nested.json: is no certificate, or a damaged one"},
+        {measure + "other.json", "other.json: is a damaged certificate"},
         {measure + "later.json", "later.json: is a certificate of another version"},
         {measure + "holed.json", "holed.json: is a damaged certificate"}};
     for (const auto& [command, reason] : cases) {
@@ -208,6 +212,11 @@ TEST_F(Certificates, AreRefusedWhereTheyCanNotHold) {
     EXPECT_FALSE(std::filesystem::exists(Path("r.wav")));
     EXPECT_EQ(Read("good.json"), good);
     EXPECT_EQ(Cli("measure o.wav --against good.json").status, 0);
+    Write("forged.json", std::string(good).replace(good.find("Dbtp\": -12"), 10, "Dbtp\": -11"));
+    const ProgramResult forged = Cli("measure o.wav --against forged.json");
+    EXPECT_EQ(forged.status, 1);
+    EXPECT_THAT(forged.output,
+                HasSubstr("certificate: these are its samples, but not its figures; True peak: "));
 }
 
 } // namespace

@@ -21,6 +21,7 @@ protected:
             "ffmpeg -v error -i two.wav -af volume=20 -c:a pcm_f32le loud.wav;"
             "s dc.wav synth 2 sine 1000 gain -6.0206 dcshift -0.0001;"
             "ffmpeg -v error -f lavfi -i 'aevalsrc=if(lt(mod(n\\,441)\\,221)\\,1\\,-1):d=2' square.wav;"
+            "ffmpeg -v error -f lavfi -i 'aevalsrc=sqrt(-1):d=2' -c:a pcm_f32le nan.wav;"
             "s -c 6 six.flac synth 1 sine 100 vol 0.5 remix 0 0 1 0 0 0;"
             "s -c 2 silence.wav trim 0 1; s none.wav trim 0 0; echo hello > text.wav; : > empty.wav");
     }
@@ -90,13 +91,17 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
         {"silence.wav", "thdn<-90", "thdn: left has no such figure, which breaks the limit of -90 dB"},
         {"silence.wav", "correlation>0",
          "correlation: the sound has no such figure, which breaks the limit of 0"},
+        {"--frequency 50,997 --duration 1s", "thdn<-60", "tones: 2 is 1 above the limit of 1"},
+        {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
+        {"nan.wav", "rms<9", "unusable: 88200 is 88200 above the limit of 0"},
         {"none.wav", "peak<0", "peak: the sound has no such figure, which breaks the limit of 0 dBFS"},
     };
     for (const auto& [file, limit, told] : cases) {
         const ProgramResult result =
             Cli("measure " + std::string(file) + " --limit 'peak<99999' --limit '" + limit + "'");
         EXPECT_EQ(result.status, 1) << limit;
-        EXPECT_THAT(result.errors, HasSubstr("sonvire-cli: " + std::string(file) + ": " + told + "\n"));
+        EXPECT_THAT(result.errors,
+                    HasSubstr((file[0] == '-' ? "the tone" : std::string(file)) + ": " + told + "\n"));
     }
 }
 
@@ -134,7 +139,13 @@ TEST_F(Measure, TheReportFitsATerminal) {
     const std::string square = Cli("measure square.wav").output;
     EXPECT_THAT(square, HasSubstr("\nClipped samples                88200\n"));
     EXPECT_THAT(Cli("measure silence.wav").output,
-                HasSubstr("\nTHD                                -           -              dB\n"));
+                HasSubstr("\nNo tones: noise, a sweep, clicks or silence\n"));
+    EXPECT_THAT(
+        Cli("measure --frequency 997,3k --right 440,550 --duration 1s").output,
+        HasSubstr("\nTones: Left\n        997.0000 Hz    -12.04 dBFS\n       3000.0000 Hz    -12.04 dBFS\n"
+                  "\nTones: Right\n        440.0000 Hz"));
+    EXPECT_THAT(Cli("measure thd.wav").output,
+                HasSubstr("\n       3000.0000 Hz    -66.02 dBFS    -60.00 dB  harmonic 3\n"));
     std::istringstream lines(text + square + Cli("measure --limit '?'").output);
     for (std::string line; std::getline(lines, line);)
         EXPECT_LE(line.size(), 80u) << line;

@@ -32,7 +32,11 @@ TEST(Help, EveryLinkLeadsSomewhere) {
         const std::string page = ReadBytes(file.path());
         EXPECT_THAT(page, HasSubstr("href=\"help.css\"")) << file.path();
         EXPECT_EQ(page.find("<script"), std::string::npos) << file.path();
-        for (const std::string& link : ValuesOf("href", page)) {
+        Texts links = ValuesOf("href", page);
+        for (const char* picture : {"src", "srcset"})
+            for (const std::string& each : ValuesOf(picture, page))
+                links.push_back(each);
+        for (const std::string& link : links) {
             const std::string target = link.substr(0, link.find('#'));
             const std::filesystem::path leadsTo = target.empty() ? file.path() : folder / target;
             EXPECT_TRUE(std::filesystem::is_regular_file(leadsTo)) << file.path() << ": " << link;
@@ -42,7 +46,7 @@ TEST(Help, EveryLinkLeadsSomewhere) {
             }
         }
     }
-    EXPECT_EQ(pages, 8);
+    EXPECT_EQ(pages, 9);
 }
 
 TEST_F(App, HelpOpensItsPages) {

@@ -77,19 +77,24 @@ TEST_F(SoundPane, TellsWhatWillSound) {
 
 TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
     popupChoices = {CommandViewLinear, CommandViewSpectrum};
-    const std::string tone = WriteTone("a.tdf", Tone440());
+    SonvireData between = Tone440();
+    between.startLeftHz[0] = 440.4236F; // 654.5 bins of the spectrum
+    const std::string tone = WriteTone("a.tdf", between);
     Run(
         [&](MemoryMainWindow& window) {
             window.Resize(800, 600);
-            EXPECT_TRUE(WaitUntilTold("first 10 s|440.0 Hz"));
-            EXPECT_EQ(Sound().view.GetSound().lowestHz, 440);
+            EXPECT_TRUE(WaitUntilTold("first 10 s|440.4 Hz"));
+            const LShownSound& sound = Sound().view.GetSound();
+            const std::size_t line = sound.FindBin(0, 400, 500);
+            EXPECT_NEAR(sound.GetBinHz(0, line), 440.4236, 0.005);
+            EXPECT_NEAR(sound.channels[0].spectrum[line].dbfs, -12.04, 0.01);
             Settle();
             const int shown = Sound().shown;
             window.Resize(900, 700);
             Settle();
             EXPECT_EQ(Sound().shown, shown) << "nothing has changed";
             window.Key(LKeyPageUp);
-            EXPECT_TRUE(WaitUntilTold("first 10 s|880.0 Hz"));
+            EXPECT_TRUE(WaitUntilTold("first 10 s|880.8 Hz"));
             window.Press(ControlSound); // the pop-up menu
             window.Press(ControlSound);
             EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true}));
@@ -113,7 +118,7 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
         window.Choose(CommandViewSound);
         EXPECT_THAT(window.passing, HasSubstr("once the window is larger"));
         window.Resize(800, 600);
-        EXPECT_TRUE(WaitUntilTold("first 10 s|1.760 kHz"));
+        EXPECT_TRUE(WaitUntilTold("first 10 s|1.762 kHz"));
         EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true})) << "remembered";
         EXPECT_TRUE((*window.menu)[CommandViewSpectrum].marked);
     });
