@@ -109,6 +109,7 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
             EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true}));
             window.Choose(CommandCopyCsv);
             EXPECT_THAT(Sound().copied, StartsWith("hz,dbfs\n0,"));
+            EXPECT_EQ(window.passing, "Copied");
 
             window.Resize(480, 200);
             window.Key(LKeyPageUp);
