@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/render_jobs.h"
+#include "jobs/rendered_level.h"
 #include "sys/failure.h"
 
 #include <set>
@@ -20,6 +21,6 @@ void AddCertificateOption(CLI::App& command, RenderOptions& options);
 /// any.
 LFailure CheckCertificate(const RenderOptions& options, const std::set<std::string>& read);
 
-/// Reads the rendered file back and writes what it is into the certificate that the options ask for, if any;
-/// returns the exit status. docs/file-formats.md tells what is in it.
-int Certify(const RenderOptions& options);
+/// Reads the rendered file back and writes what it is into the certificate that the options ask for; returns
+/// the exit status. docs/file-formats.md tells what is in it.
+int Certify(const RenderOptions& options, const RenderedLevel& level);

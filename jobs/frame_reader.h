@@ -27,8 +27,8 @@ public:
     /// Fills whole frames, as many as there is room for, and answers how many they are: fewer at the end
     /// only, then 0. Thread: one at a time. Blocks: for files and pipes.
     virtual std::size_t Read(std::span<double> out) = 0;
-    /// The most that the limiter has taken off what was read, in dB; none where that is not known, as of
-    /// files.
+    /// The most that the limiter has taken off what was read, in dB; nothing where there is none, or what it
+    /// did can't be known.
     virtual std::optional<double> GetLimiterDb() const { return {}; }
 
     const Format format;

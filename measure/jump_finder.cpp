@@ -13,9 +13,14 @@ constexpr std::size_t MostLines = 4;
 constexpr double LeastLine = 1e-3; ///< beside the strongest
 constexpr double LoudPeak = 2; ///< beside its peak, which lines that are not predicted have again and again
 constexpr double Loud = 8;     ///< beside the RMS of the noise
-constexpr double LeastLoud = 1e-9;     ///< arithmetic alone is left of a tone without noise
-constexpr double LongestChange = 0.25; ///< of a tone that goes on, in seconds
-constexpr std::size_t Stretches = 32;  ///< of the beginning, of which the one in the middle tells the noise
+constexpr double LeastLoud = 1e-9;      ///< arithmetic alone is left of a tone without noise
+constexpr double StepsLoud = 2;         ///< by which three samples in a row may be off
+constexpr double LongestChange = 0.25;  ///< of a tone that goes on, in seconds
+constexpr double RingingSeconds = 3e-3; ///< of a converter at the ends of a sound
+constexpr double WrapTolerance = 0.02;
+constexpr std::size_t Stretches = 32; ///< of the beginning
+constexpr std::size_t NoiseRank =
+    24; ///< of the one that tells the noise, so that what is rare counts as well
 
 /// What is left in a stretch.
 struct Left {
@@ -34,7 +39,7 @@ Left GetLeft(ChannelBlock samples) {
 
 } // namespace
 
-JumpFinder::JumpFinder(int framesPerSecond) : rate(framesPerSecond) {}
+JumpFinder::JumpFinder(int framesPerSecond, int bitsOfSample) : rate(framesPerSecond), bits(bitsOfSample) {}
 
 void JumpFinder::Add(ChannelBlock samples) {
     const std::size_t enough = GetSegmentFrames(rate);
@@ -52,7 +57,8 @@ void JumpFinder::Add(ChannelBlock samples) {
 Jumps JumpFinder::Finish() {
     if (!hasLearnt)
         Learn();
-    EndBurst();
+    if (frame - burst > reach)
+        EndBurst();
     return hasChanged ? Jumps{} : jumps;
 }
 
@@ -61,9 +67,10 @@ void JumpFinder::Learn() {
     LearnLines();
     const std::vector<double> rest = RemoveLines(beginning);
     if (!lines.empty() && std::ssize(rest) > 2 * reach) {
-        jumps.hasLooked = true;
         LearnNoise(rest);
-        LookAt(rest);
+        jumps.hasLooked = loud < amplitude;
+        if (jumps.hasLooked)
+            LookAt(rest);
     }
     beginning = {};
 }
@@ -75,6 +82,7 @@ void JumpFinder::LearnLines() {
     const ToneFigures figures = MeasureTones(spectrum.Finish(), 0);
     if (figures.variation > MostVariation || (figures.isSteady && figures.tones.empty()))
         return;
+    amplitude = figures.strongest[0].amplitude;
     for (const ToneLine& each : figures.strongest) {
         if (lines.size() == MostLines || each.amplitude < LeastLine * figures.strongest[0].amplitude)
             break;
@@ -83,6 +91,7 @@ void JumpFinder::LearnLines() {
         lines.push_back({lag, 2 * std::cos(2 * std::numbers::pi * cycles), std::vector<double>(2 * lag)});
         reach += static_cast<std::int64_t>(2 * lag);
     }
+    reach = std::max(reach, static_cast<std::int64_t>(RingingSeconds * rate));
 }
 
 void JumpFinder::LearnNoise(const std::vector<double>& rest) {
@@ -91,11 +100,18 @@ void JumpFinder::LearnNoise(const std::vector<double>& rest) {
     for (std::size_t i = 0; i < Stretches; ++i)
         all.push_back(
             GetLeft(ChannelBlock(rest).subspan(static_cast<std::size_t>(reach) + i * count, count)));
-    const auto middle = all.begin() + Stretches / 2;
-    std::nth_element(all.begin(), middle, all.end(),
+    const auto noisy = all.begin() + NoiseRank;
+    std::nth_element(all.begin(), noisy, all.end(),
                      [](const Left& a, const Left& b) { return a.peak < b.peak; });
-    mean = middle->mean;
-    loud = std::max({LeastLoud, Loud * std::sqrt(middle->squares), LoudPeak * middle->peak});
+    mean = noisy->mean;
+    loud = std::max({GetLeastLoud(), Loud * std::sqrt(noisy->squares), LoudPeak * noisy->peak});
+}
+
+double JumpFinder::GetLeastLoud() const {
+    double steps = StepsLoud;
+    for (const Prediction& line : lines)
+        steps *= 2 + std::abs(line.factor);
+    return std::max(LeastLoud, bits == 0 ? 0 : std::ldexp(steps, 1 - bits));
 }
 
 /// What was before the sound is not known, so its first frames are not looked at.
@@ -103,13 +119,18 @@ void JumpFinder::LookAt(const std::vector<double>& rest) {
     for (const double each : rest) {
         if (std::abs(each - mean) > loud && frame >= reach) {
             if (burst < 0)
-                burst = frame;
+                StartBurst(each);
             last = frame;
         } else if (burst >= 0 && frame - last > reach) {
             EndBurst();
         }
         ++frame;
     }
+}
+
+void JumpFinder::StartBurst(double sample) {
+    burst = frame;
+    startsWrapped = std::abs(std::abs(sample - mean) - 2) <= std::max(loud, WrapTolerance);
 }
 
 void JumpFinder::EndBurst() {
@@ -120,6 +141,8 @@ void JumpFinder::EndBurst() {
         if (jumps.count == 0)
             jumps.first = burst;
         ++jumps.count;
+        if (startsWrapped && jumps.wraps++ == 0)
+            jumps.firstWrap = burst;
     }
     burst = -1;
 }

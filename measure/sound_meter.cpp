@@ -11,7 +11,7 @@ constexpr double MostUsable = 1e6;
 } // namespace
 
 SoundMeter::SoundMeter(int rate, std::size_t channelCount, int bits)
-    : channels(channelCount, {LevelMeter(bits), TruePeakMeter(), JumpFinder(rate), {}}),
+    : channels(channelCount, {LevelMeter(bits), TruePeakMeter(), JumpFinder(rate, bits), {}}),
       spectrum(rate, channelCount) {}
 
 void SoundMeter::Add(std::span<const double> frames) {
@@ -46,18 +46,26 @@ void SoundMeter::TakeApart(std::span<const double> frames) {
     }
 }
 
+SoundFigures::Channel SoundMeter::Channel::Finish(const ToneFigures& tones) {
+    SoundFigures::Channel figures{level.Get(), truePeak.Get(), tones, {}};
+    if (tones.variation <= JumpFinder::MostVariation)
+        figures.jumps = jumps.Finish();
+    figures.truePeak = std::max(figures.truePeak, figures.level.GetPeak());
+    if (figures.level.wrapped == 0) {
+        figures.level.wrapped = figures.jumps.wraps;
+        figures.level.firstWrap = figures.jumps.firstWrap;
+    }
+    return figures;
+}
+
 SoundFigures SoundMeter::Finish() {
     SoundFigures figures;
     figures.spectrum = spectrum.Finish();
     figures.unusable = unusable;
     std::vector<Level> levels;
     for (std::size_t i = 0; i < channels.size(); ++i) {
-        Channel& each = channels[i];
-        levels.push_back(each.level.Get());
-        const ToneFigures tones = MeasureTones(figures.spectrum, i);
-        const bool goesOn = tones.variation <= JumpFinder::MostVariation;
-        figures.channels.push_back({levels[i], std::max(levels[i].GetPeak(), each.truePeak.Get()), tones,
-                                    goesOn ? each.jumps.Finish() : Jumps{}});
+        figures.channels.push_back(channels[i].Finish(MeasureTones(figures.spectrum, i)));
+        levels.push_back(figures.channels[i].level);
         figures.truePeak = std::max(figures.truePeak, figures.channels[i].truePeak);
     }
     figures.whole = Together(levels);

@@ -13,7 +13,7 @@
 /// All that is measured of a sound.
 struct SoundFigures {
     struct Channel {
-        Level level;
+        Level level; ///< wrapped samples that jump out of a high tone count as one for each run
         double truePeak = 0;
         ToneFigures tones;
         Jumps jumps; ///< none are looked for where the tones come and go
@@ -50,6 +50,8 @@ private:
         TruePeakMeter truePeak;
         JumpFinder jumps;
         std::vector<double> block;
+
+        SoundFigures::Channel Finish(const ToneFigures& tones);
     };
 
     void TakeApart(std::span<const double> frames);

@@ -97,6 +97,7 @@ public:
     LReadWriteFile() = default;
     /// A descriptor of its own for what an open one leads to.
     static LReadWriteFile Duplicate(int opened);
+    LReadWriteFile Share() const { return Duplicate(descriptor); }
     /// Creates the file where it is missing.
     static LReadWriteFile OpenUnlocked(const char* path);
     /// Creates one without a name in $TMPDIR or /var/tmp, which goes with its last descriptor.
