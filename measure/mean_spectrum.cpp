@@ -134,7 +134,7 @@ void MeanSpectrum::State::TakeLast() {
         ++shares;
         HandOver({{left - spectrum.segmentFrames, false, 1}}, left);
     }
-    work.wait();
+    work.get();
 }
 
 std::vector<MeanSpectrum::State::Segment> MeanSpectrum::State::ListNext() {
@@ -160,7 +160,7 @@ void MeanSpectrum::State::HandOver(std::vector<Segment> segments, std::size_t be
         return;
     }
     if (work.valid())
-        work.wait();
+        work.get();
     for (Input& input : inputs) {
         input.taken.swap(input.pending);
         input.pending.assign(input.taken.begin() + offset, input.taken.end());
