@@ -1,5 +1,6 @@
 #include "cli/certificate.h"
 
+#include "cli/certificate_marks.h"
 #include "cli/file_report.h"
 #include "cli/measure_report.h"
 #include "cli/progress_line.h"
@@ -8,6 +9,7 @@
 #include "jobs/hires_files.h"
 #include "jobs/measure_job.h"
 #include "jobs/render_hires.h"
+#include "jobs/shown_reader.h"
 #include "sys/path.h"
 
 #include <CLI/App.hpp>
@@ -32,8 +34,8 @@ bool IsSamePath(const std::string& path, const std::string& other) {
 }
 
 LFailure CheckName(const RenderOptions& options, const std::set<std::string>& read) {
-    const std::string& path = options.certificate;
-    if (OutputFile::IsNoFile(path))
+    const std::string& path = *options.certificate;
+    if (path.empty() || OutputFile::IsNoFile(path))
         return "is no name for a file";
     if (IsOneOfFiles(path, read))
         return "is read by the input";
@@ -59,10 +61,7 @@ Json DescribeInput(const RenderOptions& options) {
     const HiresRequest* const request = options.high.IsHigh() ? &high : nullptr;
     const FileReport report = options.input.empty() ? ReportTone(MakeTone(options.tone).tone, request)
                                                     : ReportFile(options.input, request);
-    Json shown = Json::object();
-    if (!options.input.empty())
-        shown["name"] = GetFileName(options.input);
-    shown.update(Json::parse(report.json, nullptr, false));
+    Json shown = Json::parse(report.json, nullptr, false);
     const std::string folder = GetFolder(options.input);
     if (shown.contains("list"))
         shown["list"] = MakeRelative(shown["list"], folder);
@@ -101,27 +100,38 @@ Json DescribeFile(const std::string& path, const HashedReader& reader) {
 
 /// That there is none, although there is the sound file.
 int Fail(const RenderOptions& options, const std::string& reason) {
-    return Refuse(options.certificate, reason + "; " + GetFileName(options.output.path) + " is complete");
+    return Refuse(*options.certificate, reason + "; " + GetFileName(options.output.path) + " is complete");
 }
 
 /// What is on the disk is what is certified.
-int CertifyFile(const RenderOptions& options, HashedReader& reader) {
+int CertifyFile(const RenderOptions& options, HashedReader& reader, const FrameMarker& marker,
+                const RenderedLevel& level) {
     const auto [rate, channels, bits] = reader.format;
     SoundMeter meter(rate, static_cast<std::size_t>(channels), bits);
     MeasureJob job{.reader = reader, .meter = meter};
-    if (RunJob(job, static_cast<double>(reader.length) / rate, options.quiet) != LProcessResult::Completed)
-        return Fail(options, "is not written: stopped");
+    const double seconds = static_cast<double>(reader.length) / rate;
+    if (RunJob(job, seconds, options.quiet) == LProcessResult::Stopped) {
+        Fail(options, "is not written: stopped");
+        return ExitStopped;
+    }
     Json certificate = DescribeType("certificate");
     certificate["program"] = ProgramName;
+    if (!options.input.empty())
+        certificate["inputName"] = GetFileName(options.input);
     certificate["input"] = DescribeInput(options);
     certificate["options"] = DescribeOptions(options);
     certificate["file"] = DescribeFile(options.output.path, reader);
     certificate["sha256"] = reader.Finish();
-    certificate["figures"] = DescribeMeasurement(
-        {.name = GetFileName(options.output.path), .rate = rate, .bits = bits, .figures = meter.Finish()});
+    certificate["marks"] = DescribeMarks(marker.GetMarks());
+    certificate["meter"] = MeterNumber;
+    certificate["figures"] = DescribeMeasurement({.name = GetFileName(options.output.path),
+                                                  .rate = rate,
+                                                  .bits = bits,
+                                                  .limiterDb = level.limitedDb,
+                                                  .figures = meter.Finish()});
     const std::string text = WriteJson(certificate);
-    const LFailure unwritten =
-        LFile::SaveFile(options.certificate.c_str(), text.data(), static_cast<unsigned int>(text.size()));
+    const char* const path = options.certificate->c_str();
+    const LFailure unwritten = LFile::SaveFile(path, text.data(), static_cast<unsigned int>(text.size()));
     return unwritten ? Fail(options, "can't be written: " + unwritten.GetReason()) : ExitCompleted;
 }
 
@@ -136,7 +146,7 @@ void AddCertificateOption(CLI::App& command, RenderOptions& options) {
 }
 
 LFailure CheckCertificate(const RenderOptions& options, const std::set<std::string>& read) {
-    if (options.certificate.empty())
+    if (!options.certificate)
         return {};
     if (OutputFile::IsNoFile(options.output.path) || IsRaw(options))
         return "is for a sound file, which can be read back: not for standard output, pipes or raw samples";
@@ -144,16 +154,21 @@ LFailure CheckCertificate(const RenderOptions& options, const std::set<std::stri
         return refused;
     if (LFailure missing = SampleHash::Check())
         return missing;
-    return OutputFile(options.certificate).GetFailure();
+    return OutputFile(*options.certificate).GetFailure();
 }
 
-int Certify(const RenderOptions& options) {
-    if (options.certificate.empty())
-        return ExitCompleted;
+int Certify(const RenderOptions& options, const RenderedLevel& level) {
+    if (IsSameFile(*options.certificate, options.output.path)) // by a link that has led nowhere before
+        return Fail(options, "is the sound file");
+    std::error_code ignored;
+    std::filesystem::remove(*options.certificate, ignored); // an old one is no more that of the file
     FrameInput written = ReadFileFrames(options.output.path);
     if (!written.reader)
         return Fail(options, "is not written: what was rendered " + written.failure.GetReason());
-    const int bits = written.reader->format.bits;
-    HashedReader reader(std::move(written.reader), bits, false);
-    return CertifyFile(options, reader);
+    const FrameReader::Format format = written.reader->format;
+    FrameMarker marker(format.channels, written.reader->length);
+    auto shown = std::make_unique<ShownReader>(std::move(written.reader),
+                                               [&](std::span<const double> samples) { marker.Add(samples); });
+    HashedReader reader(std::move(shown), format.bits, false);
+    return CertifyFile(options, reader, marker, level);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/render_jobs.h"
+#include "jobs/rendered_level.h"
 #include "sys/failure.h"
 
 #include <set>
@@ -8,6 +9,8 @@
 
 /// Who writes certificates.
 inline constexpr const char* ProgramName = "Sonvire " SONVIRE_VERSION;
+/// Of what measures their figures: to be raised where the same samples get others.
+inline constexpr int MeterNumber = 1;
 
 namespace CLI {
 class App;
@@ -20,6 +23,6 @@ void AddCertificateOption(CLI::App& command, RenderOptions& options);
 /// any.
 LFailure CheckCertificate(const RenderOptions& options, const std::set<std::string>& read);
 
-/// Reads the rendered file back and writes what it is into the certificate that the options ask for, if any;
-/// returns the exit status. docs/file-formats.md tells what is in it.
-int Certify(const RenderOptions& options);
+/// Reads the rendered file back and writes what it is into the certificate that the options ask for; returns
+/// the exit status. docs/file-formats.md tells what is in it.
+int Certify(const RenderOptions& options, const RenderedLevel& level);

@@ -3,6 +3,7 @@
 #include "cli/certificate_check.h"
 #include "cli/interrupt.h"
 #include "cli/measure_report.h"
+#include "cli/print.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
 #include "cli/sound_options.h"
@@ -14,7 +15,6 @@
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -22,17 +22,12 @@ namespace {
 struct MeasureOptions : SoundOptions {
     bool json = false;
     std::vector<std::string> typedLimits;
-    std::string against; ///< a certificate; empty for none
+    std::optional<std::string> against; ///< a certificate
 
     bool IsStandardInput() const { return input == "-"; }
     std::string GetName() const { return IsStandardInput() ? "standard input" : GetInputName(); }
     bool IsSoundFile() const {
         return !input.empty() && !HasExtension(input, ".tdf") && !HasExtension(input, ".tdl");
-    }
-    /// Whether other samples are asked for than a sound file holds.
-    bool ShapesSamples() const {
-        return rate || channels || tone.durationMs || high.IsHigh() ||
-               !(bits + dither + high.quality).empty();
     }
 };
 
@@ -65,14 +60,15 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, Certificate
     Json object = DescribeMeasurement(sound);
     object["limits"] = DescribeLimits(limits, sound);
     const std::vector<FigureChange> changes = check ? check->Finish(object) : std::vector<FigureChange>();
+    if (check && !check->GetNote().empty())
+        Warn(*options.against, check->GetNote());
     if (check)
-        object["against"] = DescribeChanges(options.against, changes);
+        object["against"] = DescribeChanges(*options.against, changes);
     const std::string text = options.json ? WriteJson(object)
-                             : check      ? TellChanges(sound.name, options.against, changes)
+                             : check      ? TellChanges(sound.name, *options.against, changes)
                                           : ReportMeasurement(sound);
-    std::fputs(text.c_str(), stdout);
-    if (std::fflush(stdout) != 0)
-        return Refuse("standard output", "could not be written");
+    if (PrintAll(text) != ExitCompleted)
+        return ExitFailed;
     int status = changes.empty() ? ExitCompleted : ExitBroken;
     for (const MeasureLimit& each : limits)
         if (const LimitResult result = CheckLimit(each, sound); result.isBroken) {
@@ -140,23 +136,21 @@ std::optional<Limits> TakeLimits(const std::vector<std::string>& typed) {
         }
         limits.push_back(std::move(taken.limit));
     }
-    AddImpliedLimits(limits);
+    AddImpliedLimit(limits);
     return limits;
 }
 
 int Measure(const MeasureOptions& options) {
-    if (std::count(options.typedLimits.begin(), options.typedLimits.end(), "?") > 0) {
-        std::fputs(ExplainLimits().c_str(), stdout);
-        return ExitCompleted;
-    }
+    if (std::count(options.typedLimits.begin(), options.typedLimits.end(), "?") > 0)
+        return PrintAll(ExplainLimits());
     const std::optional<Limits> limits = TakeLimits(options.typedLimits);
     if (!limits)
         return ExitFailed;
     std::optional<CertificateCheck> check;
-    if (!options.against.empty())
-        check.emplace(options.against);
+    if (options.against)
+        check.emplace(*options.against);
     if (check && check->GetFailure())
-        return Refuse(options.against, check->GetFailure().GetReason());
+        return Refuse(*options.against, check->GetFailure().GetReason());
     return MeasureInput(options, *limits, check ? &*check : nullptr);
 }
 
@@ -174,7 +168,8 @@ void AddMeasureCommand(CLI::App& program, int& status) {
         ->add_option(
             "--limit", options->typedLimits,
             "What a figure has to keep to, such as 'thdn<-90' or 'left.peak<=-0.1'; may be given more "
-            "than once. '?' lists the names. A limit that is broken makes the exit status 1")
+            "than once. '?' lists the names. A limit that is broken makes the exit status 1; samples "
+            "that are no numbers break any")
         ->type_name("LIMIT")
         ->allow_extra_args(false);
     command

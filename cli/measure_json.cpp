@@ -41,6 +41,7 @@ Json DescribeChannels(const MeasuredSound& sound) {
     for (const MeasuredColumn& each : ListChannels(sound)) {
         Json object = {{"name", each.name}};
         AddFigures(object, each);
+        object["isSteady"] = each.figures.tones.isSteady;
         object["tones"] = DescribeLines(each.figures.tones.tones);
         object["strongestLines"] = DescribeLines(each.figures.tones.strongest);
         array.push_back(std::move(object));
@@ -93,6 +94,7 @@ Json DescribeLimits(const std::vector<MeasureLimit>& limits, const MeasuredSound
     for (const MeasureLimit& each : limits) {
         const LimitResult result = CheckLimit(each, sound);
         array.push_back({{"limit", each.text},
+                         {"isImplied", each.isImplied},
                          {"isBroken", result.isBroken},
                          {"channel", result.channel},
                          {"value", Number(*each.figure, result.value)},

@@ -36,9 +36,10 @@ int RenderInput(const RenderOptions& options, Input input, Render render) {
     CatchInterrupts(); // before there is a file that could be left
     const auto confirm = [&](const auto& warnings) { return options.Confirm(warnings); };
     if (const LFailure refused = CheckCertificate(options, input.files))
-        return Refuse(options.certificate, refused.GetReason());
-    const int status = TellOutcome(options, render(input, confirm), input);
-    return status == ExitCompleted ? Certify(options) : status;
+        return Refuse(*options.certificate, refused.GetReason());
+    const RenderOutcome outcome = render(input, confirm);
+    const int status = TellOutcome(options, outcome, input);
+    return status == ExitCompleted && options.certificate ? Certify(options, outcome.level) : status;
 }
 
 } // namespace

@@ -6,8 +6,8 @@
 /// What `render` was asked for.
 struct RenderOptions : SoundOptions {
     OutputOption output;
-    std::string certificate; ///< to be written as well; empty where none is asked for
-    bool isRaw = false;      ///< in high quality
+    std::optional<std::string> certificate{}; ///< to be written as well
+    bool isRaw = false;                       ///< in high quality
 };
 
 /// Render the input in one of both qualities, and return the exit status.

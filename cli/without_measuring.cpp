@@ -7,6 +7,6 @@ LFailure CheckCertificate(const RenderOptions& /*options*/, const std::set<std::
     return {};
 }
 
-int Certify(const RenderOptions& /*options*/) {
+int Certify(const RenderOptions& /*options*/, const RenderedLevel& /*level*/) {
     return ExitCompleted;
 }

@@ -48,7 +48,7 @@ public:
           limiter(limiterNews),
           block(GetBlockSamples()) {}
 
-    double GetLimiterDb() const override { return LLimiterNews::ToDecibels(leastGain); }
+    std::optional<double> GetLimiterDb() const override { return LLimiterNews::ToDecibels(leastGain); }
 
 protected:
     void ReadBlock(double* out, int frames) override {
@@ -79,6 +79,9 @@ public:
           source(std::move(opened)),
           packer(stored),
           block(GetBlockSamples()) {}
+
+    /// There is none: what is too loud is refused.
+    std::optional<double> GetLimiterDb() const override { return 0; }
 
 protected:
     void ReadBlock(double* out, int frames) override {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 
 /// Hands out a sound as it is stored in a file or heard, once, from the beginning on: doubles, interleaved by
@@ -26,8 +27,9 @@ public:
     /// Fills whole frames, as many as there is room for, and answers how many they are: fewer at the end
     /// only, then 0. Thread: one at a time. Blocks: for files and pipes.
     virtual std::size_t Read(std::span<double> out) = 0;
-    /// The most that the limiter has taken off what was read, in dB.
-    virtual double GetLimiterDb() const { return 0; }
+    /// The most that the limiter has taken off what was read, in dB; nothing where there is none, or what it
+    /// did can't be known.
+    virtual std::optional<double> GetLimiterDb() const { return {}; }
 
     const Format format;
     const std::int64_t length; ///< in frames; `Endless` where it has no end

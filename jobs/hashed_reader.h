@@ -19,7 +19,7 @@ public:
     HashedReader(std::unique_ptr<FrameReader> wrapped, int bits, bool triesChanges);
 
     std::size_t Read(std::span<double> out) override;
-    double GetLimiterDb() const override { return reader->GetLimiterDb(); }
+    std::optional<double> GetLimiterDb() const override { return reader->GetLimiterDb(); }
 
     // One of both, once, behind the end:
 

@@ -3,6 +3,7 @@
 #include "jobs/output_file.h"
 #include "sound/files/wave_file.h"
 #include "sound/peak_sink.h"
+#include "sound/sample_format.h"
 #include "sys/path.h"
 
 #include <algorithm>
@@ -27,6 +28,12 @@ const char* ExplainNoFrames(const SoundInput& input, const RenderedFormat& forma
     return expected > 1000 ? "is too long to be converted" : "is too short for a frame at that rate";
 }
 
+/// What is stored for a magnitude, full scale being 1.
+double StorePeak(int peak, const RenderedFormat& format) {
+    const int held = std::min(peak, format.GetPeakLimit());
+    return format.bits == 8 ? (LSFU8::Out(held) - 128) * 0x1p-7 : LSF16::Out(held) * 0x1p-15;
+}
+
 RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::string& path,
                      const RenderedFormat& format, const RenderUser& user) {
     OutputFile output(path);
@@ -41,7 +48,7 @@ RenderOutcome Render(const LSoundSource& source, LSourceNews& news, const std::s
     sink->Finish();
     const bool fellShort = (sink->status & SinkFellShort) != 0;
     RenderOutcome outcome = FinishRendering(output, result, fellShort ? sink->failure : LFailure(), news);
-    outcome.level.peak = static_cast<double>(measure.peak) / FullScale16;
+    outcome.level.peak = StorePeak(measure.peak, format);
     return outcome;
 }
 

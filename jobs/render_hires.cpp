@@ -1,9 +1,11 @@
 #include "jobs/render_hires.h"
 
 #include "hires/peak_sink.h"
+#include "hires/sample_bits.h"
 #include "jobs/hires_files.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -45,6 +47,14 @@ bool IsTold(const LFileWarning& warning, const HiresInput& input) {
                        [&](const LFileWarning& each) { return each.file == warning.file; });
 }
 
+/// As it is stored, but for the dither.
+double RoundPeak(double peak, const HiresTarget& target) {
+    if (target.samples == HiresSamples::Float || (target.dither && target.samples == HiresSamples::Int16))
+        return peak;
+    const double scale = std::ldexp(1, GetBits(target.samples) - 1);
+    return std::round(peak * scale) / scale;
+}
+
 RenderOutcome Render(HiresInput& input, const HiresTarget& target, const HiresRenderUser& user) {
     OutputFile output(target.path);
     LReadWriteFile opened = output.Open();
@@ -62,7 +72,8 @@ RenderOutcome Render(HiresInput& input, const HiresTarget& target, const HiresRe
     LFailure unfinished = sink.Finish();
     RenderOutcome outcome =
         FinishRendering(output, result, job.failure ? job.failure : unfinished, *input.news);
-    outcome.level.peak = static_cast<double>(sink.GetPeak()) / FullScale;
+    outcome.level.isDithered = target.dither && target.samples == HiresSamples::Int16;
+    outcome.level.peak = RoundPeak(static_cast<double>(sink.GetPeak()) / FullScale, target);
     return outcome;
 }
 

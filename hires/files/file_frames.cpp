@@ -9,15 +9,30 @@
 
 namespace {
 
-/// Brings what comes by a pipe into a file.
+LFailure CheckSound(LReadWriteFile file) {
+    file.SeekTo(0);
+    return HiresSoundStream(std::move(file)).GetFailure();
+}
+
+/// Brings what comes by a pipe into a file, unless this much of it is no sound yet: it might never end.
 LReadWriteFile KeepPiped(LReadWriteFile&& pipe, LFailure& failure) {
+    constexpr std::int64_t Enough = 64 << 20; // more than the pictures before a sound take
     LReadWriteFile kept = LReadWriteFile::CreateUnnamed();
-    failure = kept.GetFailure();
+    LFailure unkept = kept.GetFailure();
     std::vector<char> block(1 << 16);
-    while (const std::size_t bytes = failure ? 0 : pipe.Read(block.data(), block.size()))
-        failure = kept.Write(block.data(), bytes);
-    if (failure)
-        failure = "can't be kept in a temporary file: " + failure.GetReason();
+    std::int64_t size = 0;
+    while (const std::size_t bytes = unkept || failure ? 0 : pipe.Read(block.data(), block.size())) {
+        unkept = kept.Write(block.data(), bytes);
+        size += static_cast<std::int64_t>(bytes);
+        if (size == Enough) {
+            failure = CheckSound(kept.Share());
+            kept.SeekTo(size);
+        }
+    }
+    if (const LFailure unread = pipe.GetReadFailure())
+        failure = "can't be read: " + unread.GetReason();
+    if (unkept)
+        failure = "can't be kept in a temporary file: " + unkept.GetReason();
     kept.SeekTo(0);
     return kept;
 }

@@ -102,7 +102,9 @@ TEST_F(Render, WhatIsTooLoudIsLimitedNotWrapped) {
              {usual + "--quality high --amplitude -47", ""}, // beside -12.04
              {usual + "--quality high --amplitude -48",
               "the tone: is below -60 dBFS: its peak is -60.04 dBFS"},
-             {usual + "--amplitude -127", "the tone: is silent"}})
+             {usual + "--amplitude -80",
+              "the tone: is below -60 dBFS: its peak is -90.31 dBFS"}, // the last bit
+             {usual + "--amplitude -120", "the tone: is silent"}})
         EXPECT_EQ(Cli("render --strict " + input + " m.wav").errors,
                   told.empty() ? "" : "sonvire-cli: warning: " + told + "\n");
 }
