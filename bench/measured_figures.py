@@ -3,12 +3,12 @@
 
 usage: bench/measured_figures.py [sonvire-cli] [FILE ...]      the release build's, and all files, without any
 
-Levels are sums over the samples. What is a tone is known, so its frequency, level and phase are fitted to the samples by
-least squares, as are its harmonics; the rest is noise, of which a spectrum without a window tells what lies between 20 Hz
-and 20 kHz. Wanted are 0.01 dB and 1e-7 of a frequency, but 1e-5 where a tone comes and goes. Noise is a matter of chance:
-windows weigh its samples otherwise, by which its level may differ by the standard deviation of the mean square of as many,
-and a frequency in it by three of those that no method gets below (the bound of Cramer and Rao). Exit status 1 where a
-figure is further off. Needs numpy.
+Levels are sums over the samples. What is a tone is known, so its frequency, level and phase are fitted to the samples
+by least squares, as are its harmonics; the rest is noise, of which a spectrum without a window tells what lies
+between 20 Hz and 20 kHz. Wanted are 0.01 dB and 1e-7 of a frequency, but 1e-5 where a tone comes and goes. Noise is a
+matter of chance: windows weigh its samples otherwise, by which its level may differ by the standard deviation of the
+mean square of as many, and a frequency in it by three of those that no method gets below (the bound of Cramer and
+Rao). Exit status 1 where a figure is further off. Needs numpy.
 """
 import json
 import pathlib
@@ -147,7 +147,8 @@ class File:
         if self.noisy:
             all_left, noise = in_band(left, self.rate) + of_others, in_band(noise, self.rate) + of_others
             chance = 4.34 / np.sqrt(audible * len(x) / self.rate)
-            yield "thdPlusNoiseDb", db(np.sqrt(all_left / (tone_power + all_left))), max(0.01, chance * noise / all_left)
+            share = chance * noise / all_left
+            yield "thdPlusNoiseDb", db(np.sqrt(all_left / (tone_power + all_left))), max(0.01, share)
             yield "signalToNoiseDb", db(np.sqrt(tone_power / noise)), max(0.01, chance)
 
     def expected_of_both(self):

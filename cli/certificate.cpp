@@ -1,5 +1,6 @@
 #include "cli/certificate.h"
 
+#include "cli/certificate_marks.h"
 #include "cli/file_report.h"
 #include "cli/measure_report.h"
 #include "cli/progress_line.h"
@@ -8,6 +9,7 @@
 #include "jobs/hires_files.h"
 #include "jobs/measure_job.h"
 #include "jobs/render_hires.h"
+#include "jobs/shown_reader.h"
 #include "sys/path.h"
 
 #include <CLI/App.hpp>
@@ -102,7 +104,8 @@ int Fail(const RenderOptions& options, const std::string& reason) {
 }
 
 /// What is on the disk is what is certified.
-int CertifyFile(const RenderOptions& options, HashedReader& reader, const RenderedLevel& level) {
+int CertifyFile(const RenderOptions& options, HashedReader& reader, const FrameMarker& marker,
+                const RenderedLevel& level) {
     const auto [rate, channels, bits] = reader.format;
     SoundMeter meter(rate, static_cast<std::size_t>(channels), bits);
     MeasureJob job{.reader = reader, .meter = meter};
@@ -119,6 +122,8 @@ int CertifyFile(const RenderOptions& options, HashedReader& reader, const Render
     certificate["options"] = DescribeOptions(options);
     certificate["file"] = DescribeFile(options.output.path, reader);
     certificate["sha256"] = reader.Finish();
+    certificate["marks"] = DescribeMarks(marker.GetMarks());
+    certificate["meter"] = MeterNumber;
     certificate["figures"] = DescribeMeasurement({.name = GetFileName(options.output.path),
                                                   .rate = rate,
                                                   .bits = bits,
@@ -155,10 +160,15 @@ LFailure CheckCertificate(const RenderOptions& options, const std::set<std::stri
 int Certify(const RenderOptions& options, const RenderedLevel& level) {
     if (IsSameFile(*options.certificate, options.output.path)) // by a link that has led nowhere before
         return Fail(options, "is the sound file");
+    std::error_code ignored;
+    std::filesystem::remove(*options.certificate, ignored); // an old one is no more that of the file
     FrameInput written = ReadFileFrames(options.output.path);
     if (!written.reader)
         return Fail(options, "is not written: what was rendered " + written.failure.GetReason());
-    const int bits = written.reader->format.bits;
-    HashedReader reader(std::move(written.reader), bits, false);
-    return CertifyFile(options, reader, level);
+    const FrameReader::Format format = written.reader->format;
+    FrameMarker marker(format.channels, written.reader->length);
+    auto shown = std::make_unique<ShownReader>(std::move(written.reader),
+                                               [&](std::span<const double> samples) { marker.Add(samples); });
+    HashedReader reader(std::move(shown), format.bits, false);
+    return CertifyFile(options, reader, marker, level);
 }

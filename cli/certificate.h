@@ -9,6 +9,8 @@
 
 /// Who writes certificates.
 inline constexpr const char* ProgramName = "Sonvire " SONVIRE_VERSION;
+/// Of what measures their figures: to be raised where the same samples get others.
+inline constexpr int MeterNumber = 1;
 
 namespace CLI {
 class App;

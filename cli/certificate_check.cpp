@@ -2,6 +2,7 @@
 
 #include "cli/certificate.h"
 #include "cli/refusal.h"
+#include "jobs/shown_reader.h"
 #include "sys/file.h"
 #include "sys/path.h"
 
@@ -26,6 +27,8 @@ std::string ReadText(const std::string& path, LFailure& failure) {
     failure = file.GetFailure();
     std::string text(static_cast<std::size_t>(std::min(file.GetSize(), MostBytes)), '\0');
     text.resize(file.Read(text.data(), text.size()));
+    if (!failure)
+        failure = file.GetReadFailure();
     return text;
 }
 
@@ -120,13 +123,20 @@ LFailure CertificateCheck::Read(const std::string& path) {
     if (!content.value("sha256", Json()).is_string() || !IsMeasurement(figures) ||
         !IsFileOf(content.value("file", Json()), figures))
         return "is a damaged certificate";
+    const auto read = ReadMarks(content.value("marks", Json()));
+    if (!read)
+        return "is a damaged certificate";
+    marks = *read;
     sha256 = content["sha256"];
-    isOfThisProgram = content.value("program", Json()) == ProgramName;
+    isOfThisMeter = content.value("meter", Json()) == MeterNumber;
     return {};
 }
 
 std::unique_ptr<FrameReader> CertificateCheck::Watch(std::unique_ptr<FrameReader> sound) {
-    auto watching = std::make_unique<HashedReader>(std::move(sound), figures["bits"].get<int>(), true);
+    finder.emplace(sound->format.channels, marks);
+    auto shown = std::make_unique<ShownReader>(
+        std::move(sound), [this](std::span<const double> samples) { finder->Add(samples); });
+    auto watching = std::make_unique<HashedReader>(std::move(shown), figures["bits"].get<int>(), true);
     reader = watching.get();
     return watching;
 }
@@ -134,8 +144,11 @@ std::unique_ptr<FrameReader> CertificateCheck::Watch(std::unique_ptr<FrameReader
 std::vector<FigureChange> CertificateCheck::Finish(const Json& measured) {
     std::vector<FigureChange> changes = CompareFormats(measured);
     const std::optional<HashedReader::Change> known = reader->FindChange(sha256);
-    if (known && changes.empty() && *known == HashedReader::Change::None)
-        return CheckFigures(measured);
+    if (known == HashedReader::Change::None) {
+        if (changes.empty())
+            NoteFigures(measured);
+        return changes;
+    }
     const bool isComparable = figures["channels"].size() == measured["channels"].size();
     for (FigureChange& each : known          ? NameChange(*known)
                               : isComparable ? CompareSamples(measured)
@@ -144,14 +157,13 @@ std::vector<FigureChange> CertificateCheck::Finish(const Json& measured) {
     return changes;
 }
 
-/// Another version may measure a little differently.
-std::vector<FigureChange> CertificateCheck::CheckFigures(const Json& measured) const {
-    const std::vector<FigureChange> changes =
-        isOfThisProgram ? FindFigureChanges(figures, measured) : std::vector<FigureChange>();
-    if (changes.empty())
-        return {};
-    return {{"certificate", "these are its samples, but not its figures; " + changes.front().what + ": " +
-                                changes.front().text}};
+void CertificateCheck::NoteFigures(const Json& measured) {
+    if (!isOfThisMeter)
+        return;
+    const std::vector<FigureChange> changes = FindFigureChanges(figures, measured);
+    if (!changes.empty())
+        note = "tells other figures than these samples have; " + changes.front().what + ": " +
+               changes.front().text;
 }
 
 std::vector<FigureChange> CertificateCheck::CompareFormats(const Json& measured) const {
@@ -167,8 +179,14 @@ std::vector<FigureChange> CertificateCheck::CompareFormats(const Json& measured)
     return changes;
 }
 
-std::vector<FigureChange> CertificateCheck::CompareSamples(const Json& measured) const {
-    std::vector<FigureChange> changes = FindFigureChanges(figures, measured);
+/// What moved marks tell stands for what follows from it.
+std::vector<FigureChange> CertificateCheck::CompareSamples(const Json& measured) {
+    const std::int64_t was = figures["frames"], is = measured["frames"];
+    std::vector<FigureChange> changes = NameMoves(marks, finder->Finish(), is - was);
+    const bool hasMoved = !changes.empty();
+    for (FigureChange& each : FindFigureChanges(figures, measured))
+        if (!hasMoved || (each.what != "jumps" && each.what != "frequency" && each.what != "DC"))
+            changes.push_back(std::move(each));
     if (changes.empty())
         changes.push_back({"samples", "not the same ones, although all figures agree"});
     return changes;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/figure_changes.h"
+#include "cli/certificate_marks.h"
 #include "jobs/hashed_reader.h"
 
 #include <memory>
@@ -15,19 +15,24 @@ public:
     /// Stands before what hands out the sound, up to its end.
     std::unique_ptr<FrameReader> Watch(std::unique_ptr<FrameReader> sound);
     /// Once, behind the end: what has changed since the certificate was written, from the measurement as
-    /// `DescribeMeasurement` has it; nothing where the sound is to the bit what is certified, and the
-    /// certificate's figures are its own. The reader must still be there.
+    /// `DescribeMeasurement` has it; nothing where the sound is to the bit what is certified. The reader must
+    /// still be there.
     std::vector<FigureChange> Finish(const Json& measured);
+    /// Then: that the certificate's figures are not those of its samples; empty where they are.
+    const std::string& GetNote() const { return note; }
 
 private:
     LFailure Read(const std::string& path);
     std::vector<FigureChange> CompareFormats(const Json& measured) const;
-    std::vector<FigureChange> CompareSamples(const Json& measured) const;
-    std::vector<FigureChange> CheckFigures(const Json& measured) const;
+    std::vector<FigureChange> CompareSamples(const Json& measured);
+    void NoteFigures(const Json& measured);
 
     Json figures;
     std::string sha256;
-    bool isOfThisProgram = false; ///< of this version
+    std::vector<FrameMark> marks;
+    std::optional<FrameMarkFinder> finder;
+    bool isOfThisMeter = false;
+    std::string note;
     LFailure failure;
     HashedReader* reader = nullptr; ///< not owned
 };

@@ -48,6 +48,13 @@ Extent::Extent(const Json& before, const Json& now)
       rate(Count(now, "rateHz")),
       missing(rate == Count(before, "rateHz") ? Count(before, "frames") - frames : 0) {}
 
+bool ChannelChange::IsClearlyAnother() const {
+    constexpr double ClearPpm = 100, ClearDb = 0.1;
+    const std::optional<Shift> shift = FindShift();
+    return before["tones"].size() != now["tones"].size() || (shift && std::abs(shift->GetPpm()) > ClearPpm) ||
+           std::abs(Count(now, "rmsDbfs") - Count(before, "rmsDbfs")) > ClearDb;
+}
+
 std::string ChannelChange::TellLevel() const {
     const std::optional<double> was = Get(before, "rmsDbfs"), is = Get(now, "rmsDbfs");
     if (was.has_value() == is.has_value() && std::abs(is.value_or(0) - was.value_or(0)) < SameDb)

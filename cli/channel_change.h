@@ -22,6 +22,8 @@ public:
           now(channelNow),
           extent(extentNow) {}
 
+    /// By more than figures are in doubt: 100 ppm, or 0.1 dB.
+    bool IsClearlyAnother() const;
     std::string TellLevel() const;
     std::string TellFrequency() const;
     std::string TellDc() const;

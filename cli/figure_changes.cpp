@@ -65,7 +65,7 @@ bool IsAlike(const Channels& channels, std::string (ChannelChange::*tell)() cons
 bool AreSwapped(const Channels& straight, const Channels& crossed) {
     for (const auto tell : {&ChannelChange::TellFrequency, &ChannelChange::TellLevel})
         if (!IsAlike(straight, tell))
-            return straight.size() == 2 && IsAlike(crossed, tell);
+            return IsAlike(crossed, tell);
     return false;
 }
 
@@ -74,7 +74,7 @@ public:
     Finder(const Json& measuredBefore, const Json& measuredNow) : before(measuredBefore), now(measuredNow) {}
 
     std::vector<FigureChange> Find() {
-        const bool isCrossed = AreSwapped(Pair(false), Pair(true));
+        const bool isCrossed = AreSidesOthers() && AreSwapped(Pair(false), Pair(true));
         if (isCrossed)
             changes.push_back({"channels", "swapped, and not to the bit the same"});
         const Channels channels = Pair(isCrossed);
@@ -88,6 +88,12 @@ public:
     }
 
 private:
+    bool AreSidesOthers() const {
+        const Json& channels = before["channels"];
+        return channels.size() == 2 &&
+               ChannelChange(channels[0], channels[1], Extent(before, now)).IsClearlyAnother();
+    }
+
     Channels Pair(bool isCrossed) const {
         Channels pairs;
         const Extent extent(before, now);

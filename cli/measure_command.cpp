@@ -60,6 +60,8 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, Certificate
     Json object = DescribeMeasurement(sound);
     object["limits"] = DescribeLimits(limits, sound);
     const std::vector<FigureChange> changes = check ? check->Finish(object) : std::vector<FigureChange>();
+    if (check && !check->GetNote().empty())
+        Warn(*options.against, check->GetNote());
     if (check)
         object["against"] = DescribeChanges(*options.against, changes);
     const std::string text = options.json ? WriteJson(object)

@@ -98,33 +98,34 @@ bool HasTones(const SpectrumLines& found) {
 
 /// Of powers, in the band.
 struct Shares {
-    double tone = 0, tones = 0, harmonics = 0, others = 0, spur = 0;
+    double tone = 0, otherTones = 0, harmonics = 0, others = 0, spur = 0;
 
     Shares(const std::vector<ToneLine>& lines, const ToneLine& main, double hzPerBin) {
         for (const ToneLine& each : lines) {
             if (!IsInBand(each.hz, hzPerBin))
                 continue;
             const double power = each.amplitude * each.amplitude / 2;
-            tones += each.harmonic == 1 ? power : 0;
             if (each.hz == main.hz) {
                 tone = power;
                 continue;
             }
             spur = std::max(spur, power);
-            (GetHarmonic(each.hz, main.hz, hzPerBin) > 0 ? harmonics : others) += power;
+            (each.harmonic == 1                            ? otherTones
+             : GetHarmonic(each.hz, main.hz, hzPerBin) > 0 ? harmonics
+                                                           : others) += power;
         }
     }
 };
 
 void SetRatios(ToneFigures& figures, const Shares& shares, double noise) {
     const auto beside = [](double part, double whole) { return whole > 0 ? std::sqrt(part / whole) : 0; };
-    const double all = shares.tone + shares.harmonics + shares.others + noise;
+    const double spurs = shares.harmonics + shares.others + noise, rest = spurs + shares.otherTones;
     if (shares.tone == 0)
         return;
     figures.thd = beside(shares.harmonics, shares.tone);
-    figures.thdPlusNoise = beside(all - shares.tone, all);
-    figures.residual = beside(std::max(0.0, all - shares.tones), all);
-    figures.signalToNoise = beside(shares.tone, shares.others + noise);
+    figures.thdPlusNoise = beside(rest, shares.tone + rest);
+    figures.residual = beside(spurs, shares.tone + rest);
+    figures.signalToNoise = beside(shares.tone, shares.otherTones + shares.others + noise);
     figures.spurFreeRange = beside(shares.tone, shares.spur);
 }
 

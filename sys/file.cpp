@@ -97,6 +97,8 @@ std::size_t LOpenFile::Read(void* data, std::size_t bytes) {
         const ssize_t got = read(descriptor, static_cast<char*>(data) + done, bytes - done);
         if (got < 0 && errno == EINTR)
             continue;
+        if (got < 0)
+            readError = errno;
         if (got <= 0)
             break;
         done += static_cast<std::size_t>(got);

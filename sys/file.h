@@ -43,6 +43,8 @@ public:
 
     /// Reads up to `bytes` bytes from the current offset, as many as the file has; returns the count read.
     [[nodiscard]] std::size_t Read(void* data, std::size_t bytes);
+    /// Why a `Read` has ended before the file did.
+    LFailure GetReadFailure() const { return readError == 0 ? LFailure() : LFailure::OfSystem(readError); }
     /// Writes all of `bytes`; fails when even one byte did not make it (a full disk, a closed pipe, a signal
     /// while it waited for a pipe).
     LFailure Write(const void* data, std::size_t bytes);
@@ -76,6 +78,7 @@ protected:
 
     int descriptor = -1;
     int openError = 0;
+    int readError = 0;
 };
 
 LFileIdentity GetFileIdentity(const char* path);

@@ -29,6 +29,8 @@ LReadWriteFile KeepPiped(LReadWriteFile&& pipe, LFailure& failure) {
             kept.SeekTo(size);
         }
     }
+    if (const LFailure unread = pipe.GetReadFailure())
+        failure = "can't be read: " + unread.GetReason();
     if (unkept)
         failure = "can't be kept in a temporary file: " + unkept.GetReason();
     kept.SeekTo(0);
