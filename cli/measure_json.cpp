@@ -66,6 +66,7 @@ Json DescribeMethod(const Spectrum& spectrum) {
             {"segmentFrames", spectrum.segmentFrames},
             {"hopFrames", spectrum.hopFrames},
             {"segments", spectrum.segments},
+            {"lookedAtPercent", 100 * spectrum.lookedAt},
             {"averaging", "mean power"},
             {"binHz", hasSpectrum ? Json(spectrum.GetHzPerBin()) : Json()},
             {"lowestHz", ToneFigures::LowestHz},

@@ -89,7 +89,10 @@ std::string TellSpectrum(const Spectrum& spectrum) {
     return std::to_string(spectrum.segments) + " segments of " + std::to_string(spectrum.segmentFrames) +
            " frames that overlap by " + std::to_string(overlap) + "%,\n             " +
            FormatNumber(spectrum.GetHzPerBin(), 3) + " Hz a bin, Kaiser window of beta " +
-           FormatNumber(Spectrum::WindowBeta, 0) + ", powers averaged";
+           FormatNumber(Spectrum::WindowBeta, 0) + ", powers averaged" +
+           (spectrum.lookedAt < 1 ? ",\n             " + FormatNumber(100 * spectrum.lookedAt, 0) +
+                                        "% of the sound; the rest goes on as it begins"
+                                  : "");
 }
 
 std::string TellMethod(const MeasuredSound& sound) {
