@@ -9,15 +9,15 @@
 
 namespace {
 
-constexpr std::size_t MostLines = 4;
+constexpr std::size_t MostLines = 8;
 constexpr double LeastLine = 1e-3; ///< beside the strongest
 constexpr double LoudPeak = 2; ///< beside its peak, which lines that are not predicted have again and again
 constexpr double Loud = 8;     ///< beside the RMS of the noise
 constexpr double LeastLoud = 1e-9;      ///< arithmetic alone is left of a tone without noise
-constexpr double StepsLoud = 2;         ///< by which three samples in a row may be off
+constexpr double StepsLoud = 3;         ///< by which samples may be off
 constexpr double LongestChange = 0.25;  ///< of a tone that goes on, in seconds
 constexpr double RingingSeconds = 3e-3; ///< of a converter at the ends of a sound
-constexpr double WrapTolerance = 0.02;
+constexpr double WrapTolerance = 0.1;
 constexpr std::size_t Stretches = 32; ///< of the beginning
 constexpr std::size_t NoiseRank =
     24; ///< of the one that tells the noise, so that what is rare counts as well
@@ -89,9 +89,9 @@ void JumpFinder::LearnLines() {
         const auto lag = static_cast<std::size_t>(std::max(1.0, std::round(rate / (4 * each.hz))));
         const double cycles = each.hz * static_cast<double>(lag) / rate;
         lines.push_back({lag, 2 * std::cos(2 * std::numbers::pi * cycles), std::vector<double>(2 * lag)});
-        reach += static_cast<std::int64_t>(2 * lag);
+        history += static_cast<std::int64_t>(2 * lag);
     }
-    reach = std::max(reach, static_cast<std::int64_t>(RingingSeconds * rate));
+    reach = std::max(history, static_cast<std::int64_t>(RingingSeconds * rate));
 }
 
 void JumpFinder::LearnNoise(const std::vector<double>& rest) {
@@ -110,14 +110,14 @@ void JumpFinder::LearnNoise(const std::vector<double>& rest) {
 double JumpFinder::GetLeastLoud() const {
     double steps = StepsLoud;
     for (const Prediction& line : lines)
-        steps *= 2 + std::abs(line.factor);
+        steps *= std::sqrt(2 + line.factor * line.factor);
     return std::max(LeastLoud, bits == 0 ? 0 : std::ldexp(steps, 1 - bits));
 }
 
-/// What was before the sound is not known, so its first frames are not looked at.
+/// What was before the sound is not known. What is seen soon after may be left of what was not.
 void JumpFinder::LookAt(const std::vector<double>& rest) {
     for (const double each : rest) {
-        if (std::abs(each - mean) > loud && frame >= reach) {
+        if (std::abs(each - mean) > loud && frame >= history) {
             if (burst < 0)
                 StartBurst(each);
             last = frame;
@@ -137,7 +137,7 @@ void JumpFinder::EndBurst() {
     const std::int64_t length = burst < 0 ? 0 : last - burst;
     if (length > reach && static_cast<double>(length) > LongestChange * rate)
         hasChanged = true;
-    else if (burst >= 0 && length <= reach) {
+    else if (burst >= history + reach && length <= reach) {
         if (jumps.count == 0)
             jumps.first = burst;
         ++jumps.count;

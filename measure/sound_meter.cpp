@@ -46,8 +46,8 @@ void SoundMeter::TakeApart(std::span<const double> frames) {
     }
 }
 
-SoundFigures::Channel SoundMeter::Channel::Finish(const ToneFigures& tones) {
-    SoundFigures::Channel figures{level.Get(), truePeak.Get(), tones, {}};
+SoundFigures::Channel SoundMeter::Channel::Finish(const ToneFigures& tones, int rate) {
+    SoundFigures::Channel figures{level.Get(), truePeak.Get(), tones, {}, false};
     if (tones.variation <= JumpFinder::MostVariation)
         figures.jumps = jumps.Finish();
     figures.truePeak = std::max(figures.truePeak, figures.level.GetPeak());
@@ -55,6 +55,9 @@ SoundFigures::Channel SoundMeter::Channel::Finish(const ToneFigures& tones) {
         figures.level.wrapped = figures.jumps.wraps;
         figures.level.firstWrap = figures.jumps.firstWrap;
     }
+    const bool isLow = !tones.tones.empty() && tones.tones.back().hz <= rate / 20.0;
+    figures.areWrapsKnown =
+        isLow || figures.jumps.hasLooked || figures.level.wrapped > 0 || figures.level.GetPeak() < 0.5;
     return figures;
 }
 
@@ -64,7 +67,8 @@ SoundFigures SoundMeter::Finish() {
     figures.unusable = unusable;
     std::vector<Level> levels;
     for (std::size_t i = 0; i < channels.size(); ++i) {
-        figures.channels.push_back(channels[i].Finish(MeasureTones(figures.spectrum, i)));
+        figures.channels.push_back(
+            channels[i].Finish(MeasureTones(figures.spectrum, i), figures.spectrum.rate));
         levels.push_back(figures.channels[i].level);
         figures.truePeak = std::max(figures.truePeak, figures.channels[i].truePeak);
     }

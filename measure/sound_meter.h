@@ -17,6 +17,9 @@ struct SoundFigures {
         double truePeak = 0;
         ToneFigures tones;
         Jumps jumps; ///< none are looked for where the tones come and go
+        /// Wraps would have been found: the tones lie below a twentieth of the rate, or are looked at for
+        /// jumps, or the peak lies below a half.
+        bool areWrapsKnown = false;
     };
     /// Of the second channel beside the first, as `StereoMeter` and `MeasureDelay` have it.
     struct Stereo {
@@ -51,7 +54,7 @@ private:
         JumpFinder jumps;
         std::vector<double> block;
 
-        SoundFigures::Channel Finish(const ToneFigures& tones);
+        SoundFigures::Channel Finish(const ToneFigures& tones, int rate);
     };
 
     void TakeApart(std::span<const double> frames);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double AboveFloor = 40, BelowStrongest = 1e-18; ///< powers
+constexpr double AboveFloor = 40, BelowStrongest = 1e-18, AsStrong = 1e-3; ///< powers
 constexpr std::size_t Reach = Spectrum::LineReach;
 
 /// The bins beside a line, on either side.
@@ -126,19 +126,17 @@ SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
     hidden = GetHidden(rest);
     std::fill_n(rest.begin(), std::min(rest.size(), Reach + 1), Taken);
     for (const std::size_t peak : FindPeaks(bins.power)) {
-        if (rest[peak] < 0)
-            continue;
         const double floor = GetFloor({bins.power, peak}), hz = GetHz(spectrum, bins, peak);
-        double power = 0;
-        for (std::size_t i = peak - Reach; i <= peak + Reach; ++i) {
-            if (rest[i] < 0)
-                continue;
-            power += rest[i] - floor;
-            rest[i] = Taken;
-        }
-        if (peak <= 2 * Reach) // some of its bins are those of DC
-            power = GetWholePower(bins.power[peak] - floor,
-                                  hz / spectrum.GetHzPerBin() - static_cast<double>(peak));
-        lines.push_back({peak, hz, power, GetVariation(bins, peak, floor)});
+        const double place = static_cast<double>(peak), away = hz / spectrum.GetHzPerBin() - place;
+        SpectrumLine line{peak, hz, GetWholePower(bins.power[peak] - floor, away),
+                          GetVariation(bins, peak, floor)};
+        if (rest[peak] < 0) // which falls from its middle on, but for another line
+            for (SpectrumLine& each : lines)
+                if (std::max(each.bin, peak) - std::min(each.bin, peak) <= Reach &&
+                    line.power >= AsStrong * each.power)
+                    each.isResolved = line.isResolved = false;
+        const std::size_t first = peak - Reach;
+        std::fill_n(rest.begin() + static_cast<std::ptrdiff_t>(first), 2 * Reach + 1, Taken);
+        lines.push_back(line);
     }
 }

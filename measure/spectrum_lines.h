@@ -14,11 +14,11 @@ struct SpectrumLine {
     /// The standard deviation of its amplitude from segment to segment, as a part of it and beyond what noise
     /// makes of it: 0 of a steady tone, 1 and more of one that comes and goes.
     double variation = 0;
+    bool isResolved = true; ///< no line within 30 dB is up to eight bins away
 };
 
 /// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins or
-/// the last eight, and those up to eight bins away from a stronger one. Those up to sixteen bins away from
-/// each other share what lies between.
+/// the last eight, and those so close to a stronger one that they make no peak.
 struct SpectrumLines {
     std::vector<SpectrumLine> lines; ///< the strongest first
     std::vector<double> rest;        ///< the powers of bins; `Taken` where a line or DC was

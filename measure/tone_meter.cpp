@@ -142,7 +142,9 @@ ToneFigures MeasureTones(const Spectrum& spectrum, std::size_t channel) {
     if (HasTones(found))
         tones = FindTones(found.lines, hzPerBin);
     figures.variation = GetVariation(tones);
-    figures.isSteady = figures.variation <= MostVariation;
+    figures.isSteady =
+        figures.variation <= MostVariation &&
+        std::all_of(tones.begin(), tones.end(), [](const SpectrumLine& each) { return each.isResolved; });
     if (!figures.isSteady)
         tones.clear();
 

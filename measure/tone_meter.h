@@ -32,7 +32,7 @@ struct ToneFigures {
     static constexpr double LowestHz = 20, HighestHz = 20000;
 
     bool isWithinReach = true; ///< of the spectrum
-    /// Whether no tone varies by more than a tenth (0.9 dB).
+    /// Whether no tone varies by more than a tenth (0.9 dB), nor has another one up to eight bins away.
     bool isSteady = true;
     double variation = 0; ///< of the one that varies most, as `SpectrumLine` has it
 
