@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/print.h"
 #include "cli/refusal.h"
 #include "play/play_device.h"
 #include "play/room_for_output.h"
@@ -8,7 +9,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include <cstdio>
+#include <string>
 
 namespace {
 
@@ -19,10 +20,11 @@ int ListDevices() {
     if (GetSoundPlayDeviceList(list) == 0)
         return Refuse("devices",
                       "there is no sound output: no sound server or card was found, or it doesn't answer");
+    std::string text;
     for (const LSoundPlayDeviceListItem& item : list)
         if (!item.name.empty())
-            std::printf("%c %s\n", item.isDefault ? '*' : ' ', item.name.c_str());
-    return ExitCompleted;
+            text.append(item.isDefault ? "* " : "  ").append(item.name).append("\n");
+    return PrintAll(text);
 }
 
 } // namespace

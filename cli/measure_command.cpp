@@ -3,6 +3,7 @@
 #include "cli/certificate_check.h"
 #include "cli/interrupt.h"
 #include "cli/measure_report.h"
+#include "cli/print.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
 #include "cli/sound_options.h"
@@ -14,7 +15,6 @@
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -72,9 +72,8 @@ int TellFigures(const MeasureOptions& options, const Limits& limits, Certificate
     const std::string text = options.json ? WriteJson(object)
                              : check      ? TellChanges(sound.name, *options.against, changes)
                                           : ReportMeasurement(sound);
-    std::fputs(text.c_str(), stdout);
-    if (std::fflush(stdout) != 0)
-        return Refuse("standard output", "could not be written");
+    if (PrintAll(text) != ExitCompleted)
+        return ExitFailed;
     int status = changes.empty() ? ExitCompleted : ExitBroken;
     for (const MeasureLimit& each : limits)
         if (const LimitResult result = CheckLimit(each, sound); result.isBroken) {
@@ -147,10 +146,8 @@ std::optional<Limits> TakeLimits(const std::vector<std::string>& typed) {
 }
 
 int Measure(const MeasureOptions& options) {
-    if (std::count(options.typedLimits.begin(), options.typedLimits.end(), "?") > 0) {
-        std::fputs(ExplainLimits().c_str(), stdout);
-        return ExitCompleted;
-    }
+    if (std::count(options.typedLimits.begin(), options.typedLimits.end(), "?") > 0)
+        return PrintAll(ExplainLimits());
     const std::optional<Limits> limits = TakeLimits(options.typedLimits);
     if (!limits)
         return ExitFailed;

@@ -101,7 +101,12 @@ constexpr MeasuredFigure Figures[] = {
      [](const Channel& c) { return Detail(c.jumps.count, c.jumps.first); }},
 
     {Group::Tones, 0, "tones", "Number of tones", "", "toneCount",
-     [](const Channel& c) { return Count(c, std::ssize(c.tones.tones)); }},
+     [](const Channel& c) { return c.tones.isSteady ? Count(c, std::ssize(c.tones.tones)) : Value(); }},
+    {Group::Tones, 1, "variation", "Variation", "%", "variationPercent",
+     [](const Channel& c) {
+         const bool hasTones = !c.tones.isSteady || !c.tones.tones.empty();
+         return hasTones ? Value(100 * c.tones.variation) : Value();
+     }},
     {Group::Tone, 4, "frequency", "Frequency", "Hz", "frequencyHz",
      [](const Channel& c) { return OfStrongestTone(c, &ToneLine::hz); }},
     {Group::Tone, 2, "level", "Level", "dBFS", "levelDbfs",
@@ -145,26 +150,35 @@ std::size_t MeasuredSound::CountTones() const {
     return most;
 }
 
+bool MeasuredSound::IsSteady() const {
+    return std::all_of(figures.channels.begin(), figures.channels.end(),
+                       [](const Channel& each) { return each.tones.isSteady; });
+}
+
 std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {
     return frames * 1000 / std::max(rate, 1);
 }
 
 std::vector<MeasuredColumn> ListChannels(const MeasuredSound& sound) {
     std::vector<MeasuredColumn> columns;
-    const auto& channels = sound.figures.channels;
-    for (const Channel& each : channels) {
+    const std::size_t count = sound.figures.channels.size();
+    for (const Channel& each : sound.figures.channels) {
         const std::string number = std::to_string(columns.size() + 1);
-        const bool isFirst = columns.empty();
-        columns.push_back(channels.size() == 1 ? MeasuredColumn{"mono", "Mono", each}
-                          : channels.size() == 2
-                              ? MeasuredColumn{isFirst ? "left" : "right", isFirst ? "Left" : "Right", each}
-                              : MeasuredColumn{"ch" + number, "Ch " + number, each});
+        MeasuredColumn column = count > 2         ? MeasuredColumn{"ch" + number, "Ch " + number, {}}
+                                : count == 1      ? MeasuredColumn{"mono", "Mono", {}}
+                                : columns.empty() ? MeasuredColumn{"left", "Left", {}}
+                                                  : MeasuredColumn{"right", "Right", {}};
+        if (sound.HasUsable())
+            column.figures = each;
+        columns.push_back(std::move(column));
     }
     return columns;
 }
 
 MeasuredColumn MakeWhole(const MeasuredSound& sound) {
     MeasuredColumn whole{"all", "All", {}, true};
+    if (!sound.HasUsable())
+        return whole;
     whole.figures.level = sound.figures.whole;
     whole.figures.truePeak = sound.figures.truePeak;
     Jumps& jumps = whole.figures.jumps;

@@ -11,15 +11,18 @@
 /// A sound that was measured.
 struct MeasuredSound {
     std::string name;
-    int rate = 0; ///< frames per second
-    int bits = 0; ///< of the samples; 0 for floating point
-    std::optional<double>
-        limiterDb{}; ///< the most that the limiter has taken off; nothing where nobody knows
+    int rate = 0;                      ///< frames per second
+    int bits = 0;                      ///< of the samples; 0 for floating point
+    std::optional<double> limiterDb{}; ///< the most that the limiter has taken off, where that is known
     SoundFigures figures;
 
     std::int64_t GetFrames() const;
+    /// Whether any sample is one; of nothing but silence in the place of others there are no figures.
+    bool HasUsable() const { return figures.unusable < figures.whole.samples; }
     /// Of the channel that has the most.
     std::size_t CountTones() const;
+    /// Whether no channel has tones that come and go, of which nothing can be told.
+    bool IsSteady() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;
 };
 

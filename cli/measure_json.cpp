@@ -41,6 +41,7 @@ Json DescribeChannels(const MeasuredSound& sound) {
     for (const MeasuredColumn& each : ListChannels(sound)) {
         Json object = {{"name", each.name}};
         AddFigures(object, each);
+        object["isSteady"] = each.figures.tones.isSteady;
         object["tones"] = DescribeLines(each.figures.tones.tones);
         object["strongestLines"] = DescribeLines(each.figures.tones.strongest);
         array.push_back(std::move(object));

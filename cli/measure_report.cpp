@@ -108,5 +108,6 @@ std::string ReportMeasurement(const MeasuredSound& sound) {
         sound.figures.stereo ? "\nStereo\n" + WriteSoundFigures(sound, Group::Stereo) : "";
     return Head(sound) + WriteSoundFigures(sound, Group::Losses) + WriteFigureTable(sound) + stereo +
            (sound.CountTones() > 1 ? TellLists(sound, "Tones", TellTones) : "") +
-           TellLists(sound, "Strongest other lines", TellLines) + TellMethod(sound);
+           TellLists(sound, sound.CountTones() > 0 ? "Strongest other lines" : "Strongest lines", TellLines) +
+           TellMethod(sound);
 }

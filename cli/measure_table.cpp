@@ -38,6 +38,8 @@ public:
     std::string Write() {
         WriteGroup(Group::Levels, "Levels");
         WriteGroup(Group::Faults, "Faults");
+        if (!sound.IsSteady())
+            WriteGroup(Group::Tones, "Tones");
         if (sound.CountTones() == 1) // several are listed
             WriteGroup(Group::Tone, "Tone");
         WriteGroup(Group::Distortion, "Distortion and noise");
@@ -91,7 +93,9 @@ std::string WriteFigureTable(const MeasuredSound& sound) {
     for (std::span<const MeasuredColumn> left = columns; !left.empty();
          left = left.subspan(std::min(left.size(), ColumnsAbreast)))
         text += FigureTable(sound, left.first(std::min(left.size(), ColumnsAbreast))).Write();
-    return text + (sound.CountTones() == 0 ? "\nNo tones: noise, a sweep, clicks or silence\n" : "");
+    return text + (!sound.IsSteady() ? "\nNot steady: tones that come and go, sweep or beat with each other\n"
+                   : sound.CountTones() == 0 ? "\nNo tones: noise, a sweep, clicks or silence\n"
+                                             : "");
 }
 
 std::string WriteSoundFigures(const MeasuredSound& sound, Group group) {

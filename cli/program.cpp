@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/help_format.h"
 #include "cli/nearest.h"
+#include "cli/print.h"
 #include "cli/refusal.h"
 
 #include <CLI/App.hpp>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 #include <string_view>
 
 namespace {
@@ -72,6 +74,13 @@ int RefuseLeftovers(const CLI::App& program) {
     return Misuse(first + ": " + kind + (nearest.empty() ? "" : "; did you mean " + nearest + "?"));
 }
 
+/// What `--help` and `--version` ask for.
+std::string GetHelp(const CLI::App& program, const CLI::ParseError& asked) {
+    std::ostringstream help;
+    program.exit(asked, help);
+    return help.str();
+}
+
 } // namespace
 
 int RunCommandLine(int argc, const char* const* argv) {
@@ -85,7 +94,7 @@ int RunCommandLine(int argc, const char* const* argv) {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
-            return program.exit(error); // --help and --version
+            return PrintAll(GetHelp(program, error));
         if (program.remaining_size(true) > 0)
             return RefuseLeftovers(program);
         return Misuse(error.what());

@@ -2,6 +2,7 @@
 
 #include "cli/file_report.h"
 #include "cli/hires_options.h"
+#include "cli/print.h"
 #include "cli/refusal.h"
 #include "cli/text.h"
 #include "jobs/hires_input.h"
@@ -11,7 +12,6 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -36,9 +36,7 @@ int Show(ShowOptions options) {
     if (report.failure)
         return Refuse(options.input, report.failure.GetReason() +
                                          (options.high.IsHigh() ? "" : HintAtHighQuality(options.input)));
-    const std::string text = options.json ? report.json : report.ToText();
-    std::fputs(text.c_str(), stdout);
-    return std::fflush(stdout) == 0 ? ExitCompleted : Refuse("standard output", "could not be written");
+    return PrintAll(options.json ? report.json : report.ToText());
 }
 
 } // namespace

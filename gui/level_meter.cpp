@@ -1,6 +1,6 @@
 #include "gui/level_meter.h"
 
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 
 #include <algorithm>
 #include <cmath>
@@ -73,10 +73,10 @@ bool LLevelMeter::IsLimiting() const {
 std::string LLevelMeter::Describe(int places) const {
     std::string text;
     for (std::size_t i = 0; i < last.peaks.size(); ++i)
-        text += (i > 0 ? ", " : "") + NameChannel(i, last.peaks.size()) +
-                FormatNumber(last.peaks[i], places) + " dBFS";
+        text += (i > 0 ? ", " : "") + NameChannel(i, last.peaks.size()) + FormatFixed(last.peaks[i], places) +
+                " dBFS";
     if (IsLimiting())
-        text += ", Limiter " + FormatNumber(-reduction.Get(), 1) + " dB";
+        text += ", Limiter " + FormatFixed(-reduction.Get(), 1) + " dB";
     return text;
 }
 

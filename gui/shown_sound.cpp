@@ -92,9 +92,7 @@ double LShownSound::GetHighest(std::size_t channel, double fromHz, double toHz) 
 }
 
 std::string LShownSound::NameChannel(std::size_t channel) const {
-    if (channels.size() == 2)
-        return channel == 0 ? "left " : "right ";
-    return channels.size() == 1 ? "" : "channel " + std::to_string(channel + 1) + " ";
+    return channels.size() < 2 ? "" : channel == 0 ? "left " : "right ";
 }
 
 std::string LShownSound::WriteWave(const LAxis& axis) const {

@@ -39,9 +39,9 @@ struct LShownSound {
     double seconds = 0;        ///< that are shown, all channels being that long
     double framesPerRange = 1; ///< above
     double hzPerBin = 1;
-    double peak = 0;     ///< the largest magnitude
-    double lowestHz = 0; ///< of what repeats itself in the wave; 0: unknown
-    std::vector<Channel> channels;
+    double peak = 0;                  ///< the largest magnitude
+    double lowestHz = 0;              ///< of what repeats itself in the wave; 0: unknown
+    std::vector<Channel> channels;    ///< one or two; none at first
     std::vector<LMarkedText> figures; ///< one line: levels, and what to beware of
     std::string lines;                ///< another one: what stands out of the spectrum
     std::function<std::string(double hz)> nameHz = [](double /*hz*/) { return std::string(); };

@@ -1,6 +1,6 @@
 #include "gui/sound_axis.h"
 
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 
 #include <algorithm>
 #include <array>
@@ -50,13 +50,13 @@ LTicks MarkEvenly(const LAxis& axis, int most, double size, const char* unit) {
     const auto last = static_cast<std::int64_t>(std::floor(axis.to / size / step + 1e-6));
     for (std::int64_t n = first; n <= last; ++n) {
         const double value = static_cast<double>(n) * step;
-        marks.ticks.push_back({axis.GetPlace(value * size), FormatNumber(value, CountPlaces(step))});
+        marks.ticks.push_back({axis.GetPlace(value * size), FormatFixed(value, CountPlaces(step))});
     }
     return marks;
 }
 
 std::string ShortenHz(double hz) {
-    return hz < 1000 ? FormatNumber(hz, CountPlaces(hz)) : FormatNumber(hz / 1000, 0) + "k";
+    return hz < 1000 ? FormatFixed(hz, CountPlaces(hz)) : FormatFixed(hz / 1000, 0) + "k";
 }
 
 /// All that begin with 1, 2 and 5, or only as many decades as there is room for.
@@ -115,9 +115,9 @@ LTicks MarkNumbers(const LAxis& axis, int most) {
 }
 
 std::string FormatHz(double hz) {
-    return hz < 999.95 ? FormatNumber(hz, 1) + " Hz" : FormatNumber(hz / 1000, 3) + " kHz";
+    return hz < 999.95 ? FormatFixed(hz, 1) + " Hz" : FormatFixed(hz / 1000, 3) + " kHz";
 }
 
 std::string FormatSeconds(double seconds) {
-    return seconds < 1 ? FormatNumber(seconds * 1000, 2) + " ms" : FormatNumber(seconds, 3) + " s";
+    return seconds < 1 ? FormatFixed(seconds * 1000, 2) + " ms" : FormatFixed(seconds, 3) + " s";
 }

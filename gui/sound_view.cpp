@@ -1,6 +1,6 @@
 #include "gui/sound_view.h"
 
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,8 +113,8 @@ std::string LSoundView::ReadWave(double place) const {
     std::string text = FormatSeconds(seconds);
     for (std::size_t c = 0; c < sound->channels.size(); ++c) {
         const LShownSound::Range range = sound->GetWave(c, seconds, seconds);
-        const std::string least = FormatNumber(double{range.least}, places),
-                          most = FormatNumber(double{range.most}, places);
+        const std::string least = FormatFixed(double{range.least}, places),
+                          most = FormatFixed(double{range.most}, places);
         text.append(", ").append(sound->NameChannel(c)).append(least);
         if (least != most)
             text.append(" to ").append(most);
@@ -131,7 +131,7 @@ LSoundView::Reading LSoundView::ReadSpectrum(const Pointed& at) const {
         const std::size_t bin =
             sound->FindBin(c, axis.GetValue(at.place - at.reach), axis.GetValue(at.place + at.reach));
         const float dbfs = sound->channels[c].spectrum[bin].dbfs;
-        levels += ", " + sound->NameChannel(c) + FormatNumber(double{dbfs}, 1);
+        levels += ", " + sound->NameChannel(c) + FormatFixed(double{dbfs}, 1);
         if (dbfs > highest)
             hz = sound->GetBinHz(c, bin);
         highest = std::max(highest, dbfs);

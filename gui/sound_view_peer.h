@@ -14,8 +14,11 @@ public:
     virtual void Show(LShownSoundPtr sound) = 0;
     virtual void SetLook(const LSoundLook& look) = 0;
     virtual void ResetZoom() = 0;
-    /// How high it has to be to be of use, in units of the layout.
-    virtual int GetLeastHeight() const = 0;
+    /// How high it has to be for its plots, in units of the layout; where it is less, only the line of figures
+    /// is shown.
+    virtual int GetPlotsHeight() const = 0;
+    /// The same for that line.
+    virtual int GetFiguresHeight() const = 0;
     /// To the clipboard: what it looks like, in the screen's own pixels.
     virtual void CopyPicture() = 0;
     /// The same: its figures.

@@ -80,6 +80,9 @@ public:
           packer(stored),
           block(GetBlockSamples()) {}
 
+    /// There is none: what is too loud is refused.
+    std::optional<double> GetLimiterDb() const override { return 0; }
+
 protected:
     void ReadBlock(double* out, int frames) override {
         source->Read(block.data(), frames);

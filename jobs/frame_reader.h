@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 
 /// Hands out a sound as it is stored in a file or heard, once, from the beginning on: doubles, interleaved by

@@ -2,7 +2,7 @@
 
 #include "app/desktop/product.h"
 #include "app/quality.h"
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 #include "gui/process_dialog.h"
 #include "hires/peak_sink.h"
 #include "jobs/file_notices.h"
@@ -51,7 +51,7 @@ SavedSound SaveStandard(LWindow& parent, const SonvireData& tone, const std::str
 
 std::string DescribeQuality(const HiresInput& input) {
     return DescribeRate(input.source->rate) + ", 24 bits" +
-           (input.loweredDb >= 0.005 ? ", lowered by " + FormatNumber(input.loweredDb, 2) + " dB" : "");
+           (input.loweredDb >= 0.005 ? ", lowered by " + FormatFixed(input.loweredDb, 2) + " dB" : "");
 }
 
 SavedSound SaveHigh(LWindow& parent, const SonvireData& tone, const std::string& path, int rate) {

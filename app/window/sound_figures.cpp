@@ -1,27 +1,27 @@
 #include "app/window/sound_figures.h"
 
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
+#include "jobs/rendered_level.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double Faint = -60;      // dBFS, below which a peak is hardly to be heard
 constexpr double LeastTold = 0.05; // dB
 constexpr double LeastLine = 1e-4; // beside the strongest one
 constexpr std::size_t MostLines = 5;
 
 std::string FormatDb(double factor) {
-    return FormatNumber(20 * std::log10(factor), 1);
+    return FormatFixed(20 * std::log10(factor), 1);
 }
 
 std::string DescribePart(const SoundLevels& levels) {
     if (levels.isAll)
         return "";
     const double seconds = levels.seconds;
-    return ", of the first " + (seconds < 120 ? FormatNumber(seconds, seconds < 9.95 ? 1 : 0) + " s"
-                                              : FormatNumber(seconds / 60, 0) + " min");
+    return ", of the first " + (seconds < 120 ? FormatFixed(seconds, seconds < 9.95 ? 1 : 0) + " s"
+                                              : FormatFixed(seconds / 60, 0) + " min");
 }
 
 std::string DescribeChannel(const ToneFigures& figures, std::size_t most, bool isSine) {
@@ -43,7 +43,7 @@ std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels) {
     const double peak = levels.level.GetPeak();
     if (peak == 0)
         return {{"silent", true}, {DescribePart(levels)}};
-    const bool isFaint = 20 * std::log10(peak) < Faint;
+    const bool isFaint = peak < RenderedLevel::Quiet;
     const std::string told = "peak " + FormatDb(peak) + (isFaint ? "" : " dBFS");
     const std::string rest =
         ", RMS " + FormatDb(levels.level.GetRms()) + ", crest " + FormatDb(levels.level.GetCrest()) + " dB";
@@ -51,9 +51,9 @@ std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels) {
     if (isFaint)
         parts[0].text += " dBFS: below -60, hardly to be heard";
     if (levels.loweredDb >= LeastTold)
-        parts.push_back({", lowered by " + FormatNumber(levels.loweredDb, 1) + " dB", true});
+        parts.push_back({", lowered by " + FormatFixed(levels.loweredDb, 1) + " dB", true});
     if (levels.limiterDb >= LeastTold)
-        parts.push_back({", limiter " + FormatNumber(levels.limiterDb, 1) + " dB", true});
+        parts.push_back({", limiter " + FormatFixed(levels.limiterDb, 1) + " dB", true});
     parts.push_back({DescribePart(levels)});
     return parts;
 }

@@ -7,7 +7,6 @@
 #include "app/window/way_back.h"
 #include "gui/menu.h"
 #include "gui/window.h"
-#include "sys/background.h"
 
 #include <algorithm>
 
@@ -36,48 +35,48 @@ void SoundPane::Create() {
 }
 
 void SoundPane::Destroy() {
-    ++*newest;
+    work.Drop();
     back->Shut();
     peer.reset();
 }
 
 void SoundPane::Follow() {
     const SoundRequest wanted{tone, GetQuality().savedRate};
-    if (!isPlaced || (asked == wanted && !tone.IsList())) // whose files may be others by now
+    if (height == 0 || (asked == wanted && !tone.IsList())) // whose files may be others by now
         return;
     asked = wanted;
     Ask();
 }
 
 void SoundPane::Ask() {
-    const int mine = ++*newest;
-    RunInBackground([this, request = *asked, mine, number = newest, way = back] {
-        SoundSurvey::Run(
-            request, [&] { return *number == mine; },
-            [&](const LShownSoundPtr& sound) {
-                way->Post([this, sound, mine, number] {
-                    if (*number == mine)
-                        peer->Show(sound);
-                });
+    const bool isTaken = work.Ask([this, request = *asked, way = back](const NewestWork::IsWanted& isWanted) {
+        SoundSurvey::Run(request, isWanted, [&](const LShownSoundPtr& sound) {
+            way->Post([this, sound, isWanted] {
+                if (isWanted())
+                    peer->Show(sound);
             });
+        });
     });
+    if (!isTaken)
+        asked.reset(); // the next change tries again
 }
 
 int SoundPane::GetHeight(int room, int list, int texts) const {
-    if (!isOpen)
+    const int figures = peer->GetFiguresHeight();
+    if (!isOpen || room < 3 * figures)
         return 0;
-    const int height = std::max(peer->GetLeastHeight(), room * RoomShare / 100);
-    return room - height < std::min(list, LeastList) + texts ? 0 : height;
+    const int whole = std::max(peer->GetPlotsHeight(), room * RoomShare / 100);
+    return room - whole < std::min(list, LeastList) + texts ? figures : whole;
 }
 
 void SoundPane::Place(const LRect& room) {
-    isPlaced = room.height > 0;
-    peer->SetVisible(isPlaced);
-    if (isPlaced) {
+    height = room.height;
+    peer->SetVisible(height > 0);
+    if (height > 0) {
         window.GetControls().Place(ControlSound, room);
         Follow();
     } else {
-        ++*newest; // what is being looked at is not wanted any more
+        work.Drop();
         asked.reset();
     }
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/window/newest_work.h"
 #include "app/window/sound_request.h"
 #include "gui/sound_view_peer.h"
 
-#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -30,13 +30,13 @@ public:
     void MarkMenuItems(LMenu& menu) const;
     std::unique_ptr<LMenuPeer> CreatePopupMenu() { return peer->CreatePopupMenu(); }
 
-    /// How high it is at least in a window that has so much room for it, a list and texts of these heights; 0
-    /// where it is shut, or leaves too little of them.
+    /// How high it is at least in a window that has so much room for it, a list and texts of these heights:
+    /// only its line of figures is shown where it would leave too little of them; 0 where it is shut.
     int GetHeight(int room, int list, int texts) const;
     /// Without height it gives way.
     void Place(const LRect& room);
-    /// It is open, and has no room.
-    bool GivesWay() const { return isOpen && !isPlaced; }
+    /// It is open, and has room for its figures only.
+    bool GivesWay() const { return isOpen && height < peer->GetPlotsHeight(); }
 
 private:
     void Ask();
@@ -44,9 +44,10 @@ private:
     LWindow& window;
     const SonvireData& tone;
     std::shared_ptr<WayBack> back;
-    std::shared_ptr<std::atomic<int>> newest = std::make_shared<std::atomic<int>>(0);
+    NewestWork work;
     std::unique_ptr<LSoundViewPeer> peer;
     std::optional<SoundRequest> asked; ///< what is shown, or about to be
     LSoundLook look;
-    bool isOpen = false, isPlaced = false;
+    bool isOpen = false;
+    int height = 0; ///< that it has; 0: it is not shown
 };

@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr double LeastLineBins = 16;                            // above 0 Hz, from where on lines are seen
 constexpr std::size_t BlockFrames = 4096, KeptFrames = 1 << 19; // 12 s at 44.1 kHz
 constexpr auto Between = std::chrono::milliseconds(400);        // what is shown meanwhile
 
@@ -35,12 +36,18 @@ bool IsSine(const SonvireData& tone) {
     return tone.HasComponents() && tone.waveform == ToneSine && tone.GetToneCount() == 1;
 }
 
+/// In high quality it is the same every time.
+bool IsPassingNoise(const SoundRequest& request) {
+    return request.highRate == 0 && !request.tone.HasComponents() && !request.tone.IsList();
+}
+
 /// Reads block by block, and keeps what is known so far.
 class Survey {
 public:
-    Survey(const SonvireData& tone, const RequestedSound& opened)
-        : lowestHz(GetLowestHz(tone)),
-          isSine(IsSine(tone)),
+    Survey(const SoundRequest& request, const RequestedSound& opened)
+        : lowestHz(GetLowestHz(request.tone)),
+          isSine(IsSine(request.tone)),
+          isPassingNoise(IsPassingNoise(request)),
           loweredDb(opened.loweredDb),
           reader(*opened.reader),
           channels(static_cast<std::size_t>(reader.format.channels), Channel(reader.format.bits)),
@@ -132,6 +139,12 @@ private:
         for (std::size_t c = 0; c < channels.size(); ++c)
             figures.push_back(MeasureTones(spectrum, c));
         shown.lines = DescribeLines(figures, isSine);
+        if (spectrum.segmentFrames == 0)
+            shown.lines = "too short for a spectrum";
+        else if (lowestHz > 0 && lowestHz < LeastLineBins * spectrum.GetHzPerBin())
+            shown.lines = "too low for its lines to be told";
+        else if (isPassingNoise)
+            shown.lines = "one of many: each time it plays it is another noise";
         shown.lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
         if (spectrum.segmentFrames > 0)
             shown.hzPerBin = spectrum.GetHzPerBin();
@@ -139,7 +152,7 @@ private:
     double GetSeconds() const { return static_cast<double>(frames) / reader.format.rate; }
 
     double lowestHz;
-    bool isSine;
+    bool isSine, isPassingNoise;
     double loweredDb;
     FrameReader& reader;
     std::vector<Channel> channels;
@@ -159,7 +172,7 @@ void SoundSurvey::Run(const SoundRequest& request, const std::function<bool()>& 
         shown->figures = {{"The tone can't be shown: it " + opened.failure.GetReason() + ".", true}};
         return show(std::move(shown));
     }
-    Survey survey(request.tone, opened);
+    Survey survey(request, opened);
     MeanSpectrum beginning = survey.MakeSpectrum();
     while (isWanted() && !survey.HasBegun())
         beginning.Add(survey.Read());

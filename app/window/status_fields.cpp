@@ -5,7 +5,7 @@
 #include "app/setting_names.h"
 #include "app/window/command_ids.h"
 #include "app/window/time_text.h"
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 #include "play/output_names.h"
 
 #include <algorithm>
@@ -32,7 +32,7 @@ constexpr int MostVolume = 13;
 /// What the volume takes off.
 std::string DescribeVolume(int decibels) {
     const int level = GetVolumeLevel(LDB(static_cast<std::int8_t>(decibels)));
-    return level == 0 ? "muted" : FormatNumber(20 * std::log10(level / 256.0), 1) + " dB";
+    return level == 0 ? "muted" : FormatFixed(20 * std::log10(level / 256.0), 1) + " dB";
 }
 
 } // namespace
@@ -81,7 +81,7 @@ void StatusFields::ShowFormat(const LPlayFormat& format, double loweredDb) {
     window.SetText(ControlFormat,
                    DescribeRate(format.rate) +
                        (format.sample == LPlayFormat::Sample::Float ? ", float" : ", 16 bits") +
-                       (loweredDb >= 0.05 ? ", " + FormatNumber(-loweredDb, 1) + " dB" : ""));
+                       (loweredDb >= 0.05 ? ", " + FormatFixed(-loweredDb, 1) + " dB" : ""));
 }
 
 void StatusFields::ShowLevels(const LMeterLevels& levels) {

@@ -1,5 +1,6 @@
 #include "gui/qt/qt_icon.h"
 
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
 #include <QFile>
@@ -16,7 +17,7 @@ constexpr qreal Corner = 0.2; // of the background's width
 
 /// As the theme is dark or light, so that it stands out.
 QColor LampColour(const QPalette& palette) {
-    const bool dark = palette.color(QPalette::Active, QPalette::Button).lightness() < 128;
+    const bool dark = IsDark(palette, QPalette::Button);
     return dark ? QColor(0x3f, 0xb9, 0x50) : QColor(0x1f, 0x88, 0x3d);
 }
 

@@ -1,6 +1,7 @@
 #include "gui/qt/qt_level_meter.h"
 
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
 #include <QHelpEvent>
@@ -16,18 +17,12 @@ constexpr double MarkTextSize = 0.72; // of the other fields'
 constexpr double PeakWidth = 2, FullWidth = 5;
 const QString LampText = QStringLiteral("LIM");
 
-QColor Faint(const QPalette& palette, float alpha) {
-    QColor colour = palette.color(QPalette::WindowText);
-    colour.setAlphaF(alpha);
-    return colour;
-}
-
 /// Legible on what the theme has behind them.
 struct Colours {
     QColor calm, loud, full;
 
     explicit Colours(const QPalette& palette) {
-        const bool dark = palette.color(QPalette::Window).lightness() < 128;
+        const bool dark = IsDark(palette);
         calm = dark ? QColor(0x3f, 0xb9, 0x50) : QColor(0x1f, 0x8a, 0x3b);
         loud = dark ? QColor(0xe3, 0xa0, 0x08) : QColor(0xb8, 0x6e, 0x00);
         full = dark ? QColor(0xff, 0x5c, 0x57) : QColor(0xd1, 0x24, 0x2f);
@@ -164,7 +159,7 @@ void LQtLevelMeter::PaintNumbers(QPainter& painter) const {
     double free = width();
     for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
         const double at = end * LLevelMeter::GetPlace(*mark);
-        const QString text = ToQt(FormatNumber(*mark, 0));
+        const QString text = ToQt(FormatFixed(*mark, 0));
         const double wide = painter.fontMetrics().horizontalAdvance(text);
         const double left = std::max(0.0, at - wide / 2);
         if (left + wide + 3 > free)
@@ -183,5 +178,5 @@ void LQtLevelMeter::PaintLamp(QPainter& painter) const {
     painter.setBrush(lit ? Colours(palette()).loud : Faint(palette(), 0.12F));
     painter.drawRoundedRect(lamp, 2, 2);
     painter.setPen(lit ? palette().color(QPalette::Window) : Faint(palette(), 0.6F));
-    painter.drawText(lamp, Qt::AlignCenter, lit ? ToQt(FormatNumber(-meter.GetReduction(), 0)) : LampText);
+    painter.drawText(lamp, Qt::AlignCenter, lit ? ToQt(FormatFixed(-meter.GetReduction(), 0)) : LampText);
 }

@@ -5,6 +5,7 @@
 #include "gui/qt/qt_link.h"
 #include "gui/qt/qt_list_view.h"
 #include "gui/qt/qt_number_edit.h"
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_sound_view.h"
 #include "gui/qt/qt_spoken_chooser.h"
 
@@ -26,8 +27,23 @@ QFrame* MakeLine(QWidget* parent) {
     return line;
 }
 
+class LQtHint : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        QPalette shades = palette();
+        shades.setColor(QPalette::WindowText, Faint(shades, 0.6F));
+        style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), shades, isEnabled(), text(),
+                              QPalette::WindowText);
+    }
+};
+
+template <class Label = QLabel>
 QLabel* MakeText(QWidget* parent, const QString& text) {
-    auto* label = MakeChild<QLabel>(parent, text);
+    auto* label = MakeChild<Label>(parent, text);
     label->setTextFormat(Qt::PlainText);
     // With its window, and not with the language of its text.
     label->setAlignment(QStyle::visualAlignment(parent->layoutDirection(), Qt::AlignLeading) |
@@ -42,12 +58,6 @@ QLabel* MakeHeading(QWidget* parent, const QString& text) {
     font.setPointSizeF(label->fontInfo().pointSizeF() * Larger);
     font.setWeight(QFont::DemiBold);
     label->setFont(font);
-    return label;
-}
-
-QLabel* MakeHint(QWidget* parent, const QString& text) {
-    QLabel* label = MakeText(parent, text);
-    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 
@@ -94,7 +104,7 @@ QWidget* MakeControl(const LControlLayout& control, QWidget* parent) {
     case LControlKind::Heading:
         return MakeHeading(parent, text);
     case LControlKind::Hint:
-        return MakeHint(parent, text);
+        return MakeText<LQtHint>(parent, text);
     case LControlKind::Picture:
         return MakeChild<LQtPicture>(parent, text);
     case LControlKind::Link:

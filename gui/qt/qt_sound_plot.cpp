@@ -1,11 +1,11 @@
 #include "gui/qt/qt_sound_plot.h"
 
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
 #include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -16,10 +16,6 @@ constexpr double Gap = 4;          // between marks and plot
 constexpr double DotPixels = 6;    // from sample to sample, for each to be seen
 constexpr double DenseFrames = 40; // in a pixel, where a wave becomes an area
 constexpr double CurveWidth = 1.4, WideCurve = 2.8;
-
-bool IsDark(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightness() < 128;
-}
 
 /// From point to point: a whole polyline takes a hundred times as long where it goes up and down a lot.
 void DrawCurve(QPainter& painter, const QList<QPointF>& points, const QColor& colour, double width) {
@@ -43,11 +39,6 @@ QFontMetricsF Measure(const QFont& font) {
 }
 
 } // namespace
-
-QColor WithAlpha(QColor colour, float alpha) {
-    colour.setAlphaF(alpha);
-    return colour;
-}
 
 QColor GetChannelColour(const QPalette& palette, std::size_t channel) {
     constexpr QRgb Dark[] = {0x56b4e9, 0xe69f00}, Light[] = {0x0072b2, 0xd55e00};
@@ -95,12 +86,11 @@ void LQtSoundPlot::Paint(QPainter& painter) const {
 
 void LQtSoundPlot::PaintAxes(QPainter& painter) const {
     const QFontMetricsF metrics = Measure(font);
-    const QColor text = palette.color(QPalette::WindowText);
     const auto line = [&](double x, double y, double width, double height, float alpha) {
-        painter.fillRect(QRectF(x, y, width, height), WithAlpha(text, alpha));
+        painter.fillRect(QRectF(x, y, width, height), Faint(palette, alpha));
     };
     painter.setFont(font);
-    painter.setPen(WithAlpha(text, 0.85F));
+    painter.setPen(Faint(palette, 0.85F));
     for (const LTick& tick : rows.ticks) {
         const double y = area.bottom() - tick.place * area.height();
         line(area.left(), std::round(y), area.width(), 1, tick.text == "0" ? 0.3F : 0.12F);
@@ -185,7 +175,7 @@ void LQtSoundPlot::PaintSpectrum(QPainter& painter, std::size_t channel) const {
 void LQtSoundPlot::PaintReading(QPainter& painter, const LSoundView::Reading& reading) const {
     const QColor text = palette.color(QPalette::WindowText);
     const double x = GetX(reading.place);
-    painter.fillRect(QRectF(std::round(x), area.top(), 1, area.height()), WithAlpha(text, 0.7F));
+    painter.fillRect(QRectF(std::round(x), area.top(), 1, area.height()), Faint(palette, 0.7F));
     painter.setFont(font);
     const QFontMetricsF metrics = Measure(font);
     const QString words = ToQt(reading.text);

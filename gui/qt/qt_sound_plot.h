@@ -12,8 +12,6 @@ class QPainter;
 /// those who see few colours.
 QColor GetChannelColour(const QPalette& palette, std::size_t channel);
 
-QColor WithAlpha(QColor colour, float alpha);
-
 /// Paints one plot of a sound view: axes, curves and what is read off.
 class LQtSoundPlot {
 public:

@@ -1,6 +1,7 @@
 #include "gui/qt/qt_sound_view.h"
 
 #include "gui/qt/qt_menu.h"
+#include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
 #include <QClipboard>
@@ -26,8 +27,7 @@ constexpr int WheelStep = 120;
 constexpr double KeyStep = 0.01; // of the axis
 
 QColor GetWarningColour(const QPalette& palette) {
-    const bool dark = palette.color(QPalette::Window).lightness() < 128;
-    return dark ? QColor(0xe3, 0xa0, 0x08) : QColor(0x9a, 0x52, 0x00);
+    return IsDark(palette) ? QColor(0xe3, 0xa0, 0x08) : QColor(0x9a, 0x52, 0x00);
 }
 
 } // namespace
@@ -62,7 +62,11 @@ double LQtSoundView::GetTextHeight() const {
     return Above + QFontMetricsF(font()).height() + LineGap + QFontMetricsF(markFont).height();
 }
 
-int LQtSoundView::GetLeastHeight() const {
+int LQtSoundView::GetFiguresHeight() const {
+    return static_cast<int>(Above + QFontMetricsF(font()).height() + LineGap);
+}
+
+int LQtSoundView::GetPlotsHeight() const {
     const double marks = QFontMetricsF(markFont).height();
     return static_cast<int>(GetTextHeight() + LeastPlotLines * marks + 2 * LineGap + marks);
 }
@@ -80,11 +84,14 @@ void LQtSoundView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setLayoutDirection(Qt::LeftToRight); // of numbers and axes
     PaintFigures(painter);
+    if (height() < GetPlotsHeight())
+        return;
+    PaintLines(painter);
     if (view.GetSound().channels.size() > 1)
         PaintLegend(painter);
     const auto reading = view.GetReading();
     for (const LPlot plot : {LPlot::Wave, LPlot::Spectrum}) {
-        if (!view.HasPlot(plot))
+        if (!HasPlot(plot))
             continue;
         const LQtSoundPlot shown = GetPlot(plot);
         shown.Paint(painter);
@@ -115,10 +122,13 @@ void LQtSoundView::PaintFigures(QPainter& painter) const {
         painter.drawText(QPointF(x, Above + metrics.ascent()), text);
         x += metrics.horizontalAdvance(text);
     }
+}
+
+void LQtSoundView::PaintLines(QPainter& painter) const {
     const QFontMetricsF marks(markFont);
     const QRectF room(Inset, GetTextHeight() - marks.height(), width() - 2 * Inset, marks.height());
     painter.setFont(markFont);
-    painter.setPen(WithAlpha(palette().color(QPalette::WindowText), 0.7F));
+    painter.setPen(Faint(palette(), 0.7F));
     painter.drawText(room, isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft,
                      marks.elidedText(ToQt(view.GetSound().lines), Qt::ElideRight, room.width()));
 }
@@ -144,7 +154,7 @@ void LQtSoundView::PaintLegend(QPainter& painter) const {
 
 std::optional<LQtSoundView::Spot> LQtSoundView::FindSpot(const QPointF& point) const {
     for (const LPlot plot : {LPlot::Wave, LPlot::Spectrum}) {
-        if (!view.HasPlot(plot))
+        if (!HasPlot(plot))
             continue;
         const QRectF area = GetPlot(plot).GetArea();
         if (area.contains(point))
@@ -247,8 +257,12 @@ void LQtSoundViewPeer::ResetZoom() {
     widget.Change([](LSoundView& view) { view.ResetZoom(); });
 }
 
-int LQtSoundViewPeer::GetLeastHeight() const {
-    return static_cast<int>(std::ceil(widget.GetLeastHeight() / unit));
+int LQtSoundViewPeer::GetPlotsHeight() const {
+    return static_cast<int>(std::ceil(widget.GetPlotsHeight() / unit));
+}
+
+int LQtSoundViewPeer::GetFiguresHeight() const {
+    return static_cast<int>(std::ceil(widget.GetFiguresHeight() / unit));
 }
 
 void LQtSoundViewPeer::CopyPicture() {

@@ -22,7 +22,8 @@ public:
     const LSoundView& GetView() const { return view; }
     /// On the screen, where the last right click was, by mouse or keyboard.
     QPoint GetMenuPlace() const { return menuPlace; }
-    int GetLeastHeight() const;
+    int GetPlotsHeight() const;
+    int GetFiguresHeight() const;
 
     QString GetSpoken() const override;
     QAccessible::Role GetRole() const override { return QAccessible::Chart; }
@@ -51,8 +52,11 @@ private:
     };
     std::optional<Spot> FindSpot(const QPointF& point) const;
     LQtSoundPlot GetPlot(LPlot plot) const;
+    /// It is chosen, and there is room.
+    bool HasPlot(LPlot plot) const { return view.HasPlot(plot) && height() >= GetPlotsHeight(); }
     double GetTextHeight() const;
     void PaintFigures(QPainter& painter) const;
+    void PaintLines(QPainter& painter) const;
     void PaintLegend(QPainter& painter) const;
 
     LSoundView view;
@@ -72,7 +76,8 @@ public:
     void Show(LShownSoundPtr sound) override;
     void SetLook(const LSoundLook& look) override;
     void ResetZoom() override;
-    int GetLeastHeight() const override;
+    int GetPlotsHeight() const override;
+    int GetFiguresHeight() const override;
     void CopyPicture() override;
     void CopyCsv() override;
     std::unique_ptr<LMenuPeer> CreatePopupMenu() override;

@@ -50,7 +50,8 @@ TEST_F(Measure, FindsWhatWasPutIntoASound) {
           {"clipped", 0, 0},
           {"wrapped", 0, 0},
           {"jumps", 0, 0},
-          {"unusable", 0, 0}}},
+          {"unusable", 0, 0},
+          {"tones", 1, 0}}},
         {"late.wav", {{"delay", 12, 0.01}}},
         {"thd.wav", {{"thd", -60, 0.01}, {"thdn", -60, 0.01}, {"sfdr", 60, 0.01}, {"level", -6.0206, 0.001}}},
         {"loud.wav", {{"left.peak", 6.0206, 0.001}}},
@@ -92,7 +93,10 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
          "correlation: the sound has no such figure, which breaks the limit of 0"},
         {"--frequency 50,997 --duration 1s", "thdn<-60", "tones: 2 is 1 above the limit of 1"},
         {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
+        {"--frequency 440,442 --duration 3s", "thdn<-6",
+         "thdn: the sound is not steady and has no such figure, which breaks the limit of -6 dB"},
         {"nan.wav", "rms<9", "unusable: 88200 is 88200 above the limit of 0"},
+        {"nan.wav", "peak<9", "peak: the sound has no such figure, which breaks the limit of 9 dBFS"},
         {"none.wav", "peak<0", "peak: the sound has no such figure, which breaks the limit of 0 dBFS"},
     };
     for (const auto& [file, limit, told] : cases) {
@@ -153,6 +157,7 @@ TEST_F(Measure, TheReportFitsATerminal) {
 TEST_F(Measure, JsonKeepsToItsSchema) {
     for (const char* input :
          {"two.wav", "square.wav", "silence.wav", "none.wav", "--waveform pink --duration 1s", "--duration 1",
+          "--frequency 440,442 --duration 1s",
           "--frequency 1k,2k,5k --right 1k,3k,5k --duration 1s --quality high"}) {
         Write("shown.json",
               Cli("measure --json --limit 'peak<-1' --limit 'snr>9' " + std::string(input)).output);
@@ -165,7 +170,9 @@ TEST_F(Measure, JsonKeepsToItsSchema) {
 TEST_F(Measure, ReadsAndWritesPipesAndStops) {
     EXPECT_THAT(RunProgram(SONVIRE_CLI " measure - < two.wav").output, HasSubstr("standard input\n44100 Hz"));
     EXPECT_THAT(RunProgram("cat two.wav | " SONVIRE_CLI " measure -").output, HasSubstr(" -26.02 "));
-    ExpectRefused(RunCli("measure two.wav > /dev/full"), {"standard output: could not be written"});
+    for (const char* command : {"measure two.wav", "measure --json two.wav", "measure --limit '?'", "--help"})
+        for (const char* output : {" > /dev/full", " >&-"})
+            ExpectRefused(RunCli(command + std::string(output)), {"standard output: could not be written"});
     const auto stop = [](pid_t process) {
         EXPECT_TRUE(WaitFor([proc = "/proc/" + std::to_string(process)] { // until it catches the signal
             std::error_code gone;

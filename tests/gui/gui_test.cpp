@@ -1,4 +1,4 @@
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 #include "gui/level_meter.h"
 #include "support/memory_toolkit.h"
 #include "support/temp_dir.h"
@@ -186,7 +186,7 @@ TEST(LevelMeter, RisesAtOnceHoldsItsPeaksAndFallsFortyDecibelsASecond) {
     constexpr double places[][2] = {{Nothing, 0}, {-60, 0}, {-9, 0.775}, {-3, 0.925}, {0, 1}, {1, 1}};
     for (const auto& [decibels, place] : places)
         EXPECT_DOUBLE_EQ(LLevelMeter::GetPlace(decibels), place);
-    EXPECT_EQ(FormatNumber(-0.04, 1), "0.0");
+    EXPECT_EQ(FormatFixed(-0.04, 1), "0.0");
 }
 
 } // namespace

@@ -74,7 +74,8 @@ public:
     }
     void SetLook(const LSoundLook& look) override { view.SetLook(look); }
     void ResetZoom() override { view.ResetZoom(); }
-    int GetLeastHeight() const override { return 130; }
+    int GetPlotsHeight() const override { return 130; }
+    int GetFiguresHeight() const override { return 30; }
     void CopyPicture() override { copied = "picture"; }
     void CopyCsv() override { copied = view.WriteCsv(); }
     std::unique_ptr<LMenuPeer> CreatePopupMenu() override { return makeMenu(); }

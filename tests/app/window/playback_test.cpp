@@ -1,6 +1,6 @@
 #include "app/window/playback.h"
 #include "app/window/time_text.h"
-#include "gui/format_number.h"
+#include "gui/format_fixed.h"
 #include "sound/files/wave_file.h"
 #include "support/app_window.h"
 
@@ -16,11 +16,11 @@ public:
     void SetLength(LSoundTime length, bool loops) override { Add(loops ? "loop of" : "length", length); }
     void ShowPosition(LSoundTime position) override { Add("at", position); }
     void ShowFormat(const LPlayFormat& format, double loweredDb) override {
-        seen.push_back(std::to_string(format.rate) + " " + FormatNumber(-loweredDb, 1));
+        seen.push_back(std::to_string(format.rate) + " " + FormatFixed(-loweredDb, 1));
     }
     void ShowLevels(const LMeterLevels& levels) override {
         const double peak = levels.peaks.at(0);
-        seen.push_back(FormatNumber(peak, 1) + " by " + FormatNumber(levels.limiter, 1));
+        seen.push_back(FormatFixed(peak, 1) + " by " + FormatFixed(levels.limiter, 1));
     }
     void ShowStopped() override { seen.emplace_back("stopped"); }
 

@@ -40,7 +40,9 @@ protected:
 };
 
 TEST_F(SoundPane, TellsWhatWillSound) {
-    SonvireData endless = Tone440();
+    SonvireData endless = Tone440(), brief = Tone440(), low = Tone440();
+    brief.SetDuration(1);
+    low.startLeftHz[0] = 10;
     struct {
         const char* reason;
         SonvireData tone;
@@ -54,6 +56,9 @@ TEST_F(SoundPane, TellsWhatWillSound) {
         {"8 of 32768", Tone(ToneSine, 1, -60), 0,
          "[peak -72.2 dBFS: below -60, hardly to be heard], RMS -75."},
         {"none", Tone(ToneSine, 1, -127), 0, "[silent]|"},
+        {"44 frames", brief, 0, "dB|too short for a spectrum"},
+        {"below 16 bins of 1 / 1.5 s", low, 0, "|too low for its lines to be told"},
+        {"another one each time", Tone(ToneWhiteNoise, 1, 0), 0, "|one of many: "},
         {"four times full scale", Tone(ToneSine, 16, 0), 0, "[, limiter 12.0 dB]|440.0 Hz"},
         {"the same where it is lowered instead", Tone(ToneSine, 16, 0), 96'000,
          "peak 0.0 dBFS, RMS -3.0, crest 3.0 dB[, lowered by 12.0 dB]|440.0 Hz 0.0 dBFS"}};
@@ -102,14 +107,16 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
             EXPECT_THAT(Sound().copied, StartsWith("hz,dbfs\n0,"));
 
             window.Resize(480, 200);
-            EXPECT_FALSE(Sound().visible) << "no room";
+            window.Key(LKeyPageUp);
+            EXPECT_TRUE(WaitUntilTold("first 10 s|1.762 kHz")) << "the figures have room";
+            window.Key(LKeyControl, 'm');
+            Settle();
             const int before = Sound().shown;
             window.Key(LKeyPageUp);
-            Settle();
-            EXPECT_EQ(Sound().shown, before);
-            window.Key(LKeyControl, 'm');
             window.Resize(800, 600);
-            EXPECT_FALSE(Sound().visible) << "shut";
+            Settle();
+            EXPECT_FALSE(Sound().visible);
+            EXPECT_EQ(Sound().shown, before) << "shut";
         },
         {tone});
     Run([&](MemoryMainWindow& window) {
@@ -118,7 +125,7 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
         window.Choose(CommandViewSound);
         EXPECT_THAT(window.passing, HasSubstr("once the window is larger"));
         window.Resize(800, 600);
-        EXPECT_TRUE(WaitUntilTold("first 10 s|1.762 kHz"));
+        EXPECT_TRUE(WaitUntilTold("first 10 s|3.523 kHz"));
         EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true})) << "remembered";
         EXPECT_TRUE((*window.menu)[CommandViewSpectrum].marked);
     });

@@ -3,4 +3,4 @@
 #include <string>
 
 /// With so many places: "-12.0", "-inf"; never "-0.0".
-std::string FormatNumber(double value, int places);
+std::string FormatFixed(double value, int places);
