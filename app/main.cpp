@@ -5,6 +5,7 @@
 #include "gui/qt/qt_session_service.h"
 #include "gui/qt/qt_toolkit.h"
 #include "play/cubeb_output.h"
+#include "sys/background.h"
 #include "sys/file.h"
 
 #include <clocale>
@@ -12,6 +13,8 @@
 #include <string_view>
 
 namespace {
+
+constexpr unsigned int EndOfWorkMs = 500;
 
 constexpr const char* Usage = "usage: sonvire [FILE]          a tone (.tdf) or a tone list (.tdl)\n"
                               "       sonvire -installer      registers the program for the user\n"
@@ -47,5 +50,6 @@ int main(int argc, char** argv) {
     MainDialog window(toolkit, argc, argv, {.open = OpenCubebChannel, .findRate = FindCubebRate});
     service.Serve(window);
     window.Run();
+    static_cast<void>(WaitForBackground(EndOfWorkMs)); // while there is still all that it uses
     return 0;
 }

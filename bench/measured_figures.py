@@ -3,12 +3,12 @@
 
 usage: bench/measured_figures.py [sonvire-cli] [FILE ...]      the release build's, and all files, without any
 
-Levels are sums over the samples. What is a tone is known, so its frequency, level and phase are fitted to the samples by
-least squares, as are its harmonics; the rest is noise, of which a spectrum without a window tells what lies between 20 Hz
-and 20 kHz. Wanted are 0.01 dB and 1e-7 of a frequency, but 1e-5 where a tone comes and goes. Noise is a matter of chance:
-windows weigh its samples otherwise, by which its level may differ by the standard deviation of the mean square of as many,
-and a frequency in it by three of those that no method gets below (the bound of Cramer and Rao). Exit status 1 where a
-figure is further off. Needs numpy.
+Levels are sums over the samples. What is a tone is known, so its frequency, level and phase are fitted to the samples
+by least squares, as are its harmonics; the rest is noise, of which a spectrum without a window tells what lies
+between 20 Hz and 20 kHz. Wanted are 0.01 dB and 1e-7 of a frequency, but 1e-5 where a tone comes and goes. Noise is a
+matter of chance: windows weigh its samples otherwise, by which its level may differ by the standard deviation of the
+mean square of as many, and a frequency in it by three of those that no method gets below (the bound of Cramer and
+Rao). Exit status 1 where a figure is further off. Needs numpy.
 """
 import json
 import pathlib
@@ -134,17 +134,19 @@ class File:
             if self.steady:
                 yield ("levelDbfs", each), db(line), 0.01
         audible = self.rate / 2 if self.rate < 40000 else 20000
-        chance = 4.34 / np.sqrt(audible * len(x) / self.rate)
         spurs = fit(left, self.rate, self.spurs, ())[1] if self.spurs else np.array([])
         in_ear = [i for i in range(count, len(hz)) if 20 <= hz[i] <= 20000]
-        tone_power, of_harmonics = squares[:count].sum(), squares[in_ear].sum()
+        main = np.argmax(squares[:count] > 0.98 * squares[:count].max())
+        tone_power, of_harmonics = squares[main], squares[in_ear].sum()
+        of_others = sum(squares[i] for i in range(count) if i != main)
         if len(in_ear):
             yield "thdDb", db(np.sqrt(of_harmonics / tone_power)), 0.01
-        if len(in_ear) or len(spurs):
-            strongest = max(np.append(lines[in_ear], spurs))
-            yield "spurFreeRangeDb", db(lines[:count].max() / strongest), 0.01
+        others = np.concatenate([np.delete(lines[:count], main), lines[in_ear], spurs])
+        if len(others):
+            yield "spurFreeRangeDb", db(lines[main] / max(others)), 0.01
         if self.noisy:
-            all_left, noise = in_band(left, self.rate), in_band(noise, self.rate)
+            all_left, noise = in_band(left, self.rate) + of_others, in_band(noise, self.rate) + of_others
+            chance = 4.34 / np.sqrt(audible * len(x) / self.rate)
             share = chance * noise / all_left
             yield "thdPlusNoiseDb", db(np.sqrt(all_left / (tone_power + all_left))), max(0.01, share)
             yield "signalToNoiseDb", db(np.sqrt(tone_power / noise)), max(0.01, chance)
@@ -227,6 +229,9 @@ def files():
     yield "sine, 3.99 kHz of 8", File(8000, 24, 10, [sine(3990, -6)], one(3990))
     yield "sine, 22 kHz", File(44100, 16, 10, [sine(22000, -6)], one(22000))
     yield "two tones", File(48000, 24, 10, [add(sine(60, -4), sine(7000, -16))], [[60, 7000]], noisy=True)
+    yield "hum, -25 dB", File(44100, 16, 10, [add(sine(997, -6), sine(50.3, -31))], [[50.3, 997]], noisy=True)
+    yield "12 Hz", File(44100, 16, 2, [sine(12, -6)], one(12))
+    yield "50 Hz, half a second", File(48000, 24, 0.5, [sine(50, -6)], one(50))
     yield "16 tones", File(44100, 16, 10, [add(*(sine(hz, -26, 0.17 * i) for i, hz in enumerate(many)))], [many],
                            noisy=True)
     yield "tones of products", File(44100, 24, 10, [add(sine(7000, -9), sine(8000.5, -9), sine(6000, -75),

@@ -29,11 +29,6 @@ struct MeasureOptions : SoundOptions {
     bool IsSoundFile() const {
         return !input.empty() && !HasExtension(input, ".tdf") && !HasExtension(input, ".tdl");
     }
-    /// Whether other samples are asked for than a sound file holds.
-    bool ShapesSamples() const {
-        return rate || channels || tone.durationMs || high.IsHigh() ||
-               !(bits + dither + high.quality).empty();
-    }
 };
 
 using Limits = std::vector<MeasureLimit>;
@@ -141,7 +136,7 @@ std::optional<Limits> TakeLimits(const std::vector<std::string>& typed) {
         }
         limits.push_back(std::move(taken.limit));
     }
-    AddImpliedLimits(limits);
+    AddImpliedLimit(limits);
     return limits;
 }
 
@@ -173,7 +168,8 @@ void AddMeasureCommand(CLI::App& program, int& status) {
         ->add_option(
             "--limit", options->typedLimits,
             "What a figure has to keep to, such as 'thdn<-90' or 'left.peak<=-0.1'; may be given more "
-            "than once. '?' lists the names. A limit that is broken makes the exit status 1")
+            "than once. '?' lists the names. A limit that is broken makes the exit status 1; samples "
+            "that are no numbers break any")
         ->type_name("LIMIT")
         ->allow_extra_args(false);
     command

@@ -94,6 +94,7 @@ Json DescribeLimits(const std::vector<MeasureLimit>& limits, const MeasuredSound
     for (const MeasureLimit& each : limits) {
         const LimitResult result = CheckLimit(each, sound);
         array.push_back({{"limit", each.text},
+                         {"isImplied", each.isImplied},
                          {"isBroken", result.isBroken},
                          {"channel", result.channel},
                          {"value", Number(*each.figure, result.value)},

@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstdio>
 #include <string_view>
-#include <tuple>
 
 namespace {
 
@@ -111,20 +110,14 @@ TypedLimit ParseLimit(const std::string& text) {
     return typed;
 }
 
-void AddImpliedLimits(std::vector<MeasureLimit>& limits) {
-    const auto isOfTones = [](const MeasureLimit& each) {
-        return each.figure->group == MeasuredFigure::Group::Tone ||
-               each.figure->group == MeasuredFigure::Group::Distortion;
+void AddImpliedLimit(std::vector<MeasureLimit>& limits) {
+    const auto isOfUnusable = [](const MeasureLimit& each) {
+        return each.figure->name == std::string_view("unusable");
     };
-    const bool isOnTones = std::any_of(limits.begin(), limits.end(), isOfTones), isAny = !limits.empty();
-    for (const auto& [name, text, isImplied] :
-         {std::tuple{"tones", "tones<=1", isOnTones}, {"unusable", "unusable<=0", isAny}}) {
-        const auto isSame = [name = std::string_view(name)](const MeasureLimit& each) {
-            return each.figure->name == name;
-        };
-        if (isImplied && std::none_of(limits.begin(), limits.end(), isSame))
-            limits.push_back(ParseLimit(text).limit);
-    }
+    if (limits.empty() || std::any_of(limits.begin(), limits.end(), isOfUnusable))
+        return;
+    limits.push_back(ParseLimit("unusable<=0").limit);
+    limits.back().isImplied = true;
 }
 
 std::string ExplainLimits() {

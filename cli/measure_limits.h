@@ -10,6 +10,7 @@ struct MeasureLimit {
     bool isUpper = true;                    ///< what is above is too much
     bool isWithin = false;                  ///< the limit itself still holds
     double value = 0;
+    bool isImplied = false; ///< nobody typed it
 };
 
 /// A limit, or why a text is none.
@@ -19,10 +20,9 @@ struct TypedLimit {
 };
 TypedLimit ParseLimit(const std::string& text);
 
-/// Adds what the limits take for granted unless one of them is for just that: that all samples can be used,
-/// as silence stands for the others, and that there is one tone where the figures of tones are limited, as
-/// another one counts as no distortion.
-void AddImpliedLimits(std::vector<MeasureLimit>& limits);
+/// Adds that all samples can be used, which other limits take for granted: silence stands for those that
+/// can't. Not where one of them is for just that.
+void AddImpliedLimit(std::vector<MeasureLimit>& limits);
 
 /// What limits look like, and the names of all figures, in lines.
 std::string ExplainLimits();

@@ -43,6 +43,11 @@ std::string SoundOptions::GetInputName() const {
     return input.empty() ? "the tone" : input;
 }
 
+bool SoundOptions::ShapesSamples() const {
+    return rate || channels || seed || tone.durationMs || high.IsHigh() ||
+           !(bits + dither + high.quality).empty();
+}
+
 std::string SoundOptions::Settle(const std::string& output) {
     ImplyQuality(*this, output);
     const std::string problem = high.IsHigh() ? CheckHigh(*this) : std::string();

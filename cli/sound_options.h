@@ -21,6 +21,8 @@ struct SoundOptions {
     bool strict = false;
 
     std::string GetInputName() const;
+    /// Whether other samples are asked for than a sound file holds.
+    bool ShapesSamples() const;
     /// Takes high quality where something needs it, such as the name of an output. Why the options make no
     /// sense; empty where they do.
     std::string Settle(const std::string& output = {});

@@ -1,12 +1,13 @@
 #include "gui/shown_sound.h"
 
+#include "gui/format_fixed.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 namespace {
 
-constexpr float NoLevel = -400;
 constexpr double Rounding = 1e-6; // of whole numbers
 
 /// Those of `size` parts, each `width` wide, that lie between two values; one at least.
@@ -91,6 +92,10 @@ double LShownSound::GetHighest(std::size_t channel, double fromHz, double toHz) 
     return std::lerp(double{bins[below].dbfs}, double{bins[above].dbfs}, at - static_cast<double>(below));
 }
 
+std::string LShownSound::FormatLevel(float dbfs, int places) {
+    return dbfs <= NoLevel ? "-inf" : FormatFixed(double{dbfs}, places);
+}
+
 std::string LShownSound::NameChannel(std::size_t channel) const {
     return channels.size() < 2 ? "" : channel == 0 ? "left " : "right ";
 }
@@ -135,7 +140,7 @@ std::string LShownSound::WriteSpectrum(const LAxis& axis) const {
          i < count && static_cast<double>(i) * hzPerBin <= axis.to; ++i) {
         Append(text, "%.9g", static_cast<double>(i) * hzPerBin);
         for (const Channel& channel : channels)
-            Append(text, ",%.2f", double{channel.spectrum[i].dbfs});
+            text.append(",").append(FormatLevel(channel.spectrum[i].dbfs, 2));
         text += '\n';
     }
     return text;

@@ -52,7 +52,8 @@ struct LShownSound {
     LAxis GetHz(bool isLinear) const { return {isLinear ? 0.0 : 10.0, rate / 2.0, !isLinear}; }
     /// The full scale of a plot of the wave, in steps of 1, 2 and 5.
     double GetWaveTop() const;
-    static constexpr double Floor = -140; ///< the lowest level worth showing, in dBFS
+    static constexpr double Floor = -140;  ///< the lowest level worth showing, in dBFS
+    static constexpr float NoLevel = -300; ///< of a bin without anything
 
     /// What the wave reaches between two times; the nearest sample where there is none between them.
     Range GetWave(std::size_t channel, double from, double to) const;
@@ -65,6 +66,8 @@ struct LShownSound {
     /// The highest level between two frequencies; where no bin lies, that of a line from bin to bin.
     double GetHighest(std::size_t channel, double fromHz, double toHz) const;
 
+    /// "-20.3", "-inf"
+    static std::string FormatLevel(float dbfs, int places);
     /// "left " and "right " of two channels, "" of one.
     std::string NameChannel(std::size_t channel) const;
     /// With a row of names, one row for each sample, or range where samples are not known; numbers with

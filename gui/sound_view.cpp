@@ -131,7 +131,7 @@ LSoundView::Reading LSoundView::ReadSpectrum(const Pointed& at) const {
         const std::size_t bin =
             sound->FindBin(c, axis.GetValue(at.place - at.reach), axis.GetValue(at.place + at.reach));
         const float dbfs = sound->channels[c].spectrum[bin].dbfs;
-        levels += ", " + sound->NameChannel(c) + FormatFixed(double{dbfs}, 1);
+        levels += ", " + sound->NameChannel(c) + LShownSound::FormatLevel(dbfs, 1);
         if (dbfs > highest)
             hz = sound->GetBinHz(c, bin);
         highest = std::max(highest, dbfs);

@@ -14,8 +14,8 @@ public:
     virtual void Show(LShownSoundPtr sound) = 0;
     virtual void SetLook(const LSoundLook& look) = 0;
     virtual void ResetZoom() = 0;
-    /// How high it has to be for its plots, in units of the layout; where it is less, only the line of figures
-    /// is shown.
+    /// How high it has to be for its plots, in units of the layout; where it is less, only the line of
+    /// figures is shown.
     virtual int GetPlotsHeight() const = 0;
     /// The same for that line.
     virtual int GetFiguresHeight() const = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -13,6 +14,14 @@ double GetBell(double beta, double x) {
 
 double GetKaiser(double beta, double x) {
     return GetBell(beta, x) / GetBell(beta, 0);
+}
+
+double GetKaiserResponse(double beta, double bins) {
+    const double turn = std::numbers::pi * bins, square = beta * beta - turn * turn;
+    const double root = std::sqrt(std::abs(square));
+    if (root < 1e-6)
+        return 1;
+    return square > 0 ? std::sinh(root) / root : std::sin(root) / root;
 }
 
 std::vector<double> MakeKaiserWindow(double beta, std::size_t count) {

@@ -1,20 +1,22 @@
 #include "measure/mean_spectrum.h"
 
+#include "measure/alike_watch.h"
 #include "measure/kaiser.h"
 #include "measure/kept_by_size.h"
 #include "measure/real_transform.h"
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <future>
+#include <optional>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t Overlap = 4;     ///< segments begin within the frames of one
-constexpr int DenseSegments = 64;      ///< before some are left out
 constexpr int SegmentsAtOnce = 16;     ///< before a second thread is worth while
-constexpr std::size_t SparseHops = 16; ///< from a pair of segments to the next one then
+constexpr std::size_t SparseHops = 16; ///< from a pair of segments to the next one, where all is alike
 constexpr std::size_t MinFrames = 64;  ///< of a sound
 constexpr double SegmentSeconds = 1.2; ///< at least
 
@@ -25,9 +27,8 @@ void AddProducts(Bins& sums, const Bins& a, const Bins& b, double share) {
 }
 
 const std::vector<double>& GetWindow(std::size_t frames) {
-    static KeptBySize<std::vector<double>> kept(
-        [](std::size_t count) { return MakeKaiserWindow(Spectrum::WindowBeta, count); });
-    return kept.Get(frames);
+    static auto& kept = *new KeptBySize<std::vector<double>>;
+    return kept.Get(frames, [](std::size_t count) { return MakeKaiserWindow(Spectrum::WindowBeta, count); });
 }
 
 } // namespace
@@ -51,6 +52,8 @@ struct MeanSpectrum::State {
     void TakeAll();
     void TakeLast();
     std::vector<Segment> ListNext();
+    bool IsAlike(std::size_t start);
+    double GetShare(bool isAlike);
     void HandOver(std::vector<Segment> segments, std::size_t behind);
     void Look(const Segment& segment);
     void Average();
@@ -58,9 +61,12 @@ struct MeanSpectrum::State {
     Spectrum spectrum;
     std::size_t longest; ///< a segment may be
     std::vector<Input> inputs;
-    std::size_t next = 0;   ///< where the next segment begins, in what is pending
-    bool followsOn = false; ///< the next one follows the last one by a hop
+    std::optional<AlikeWatch> watch;
+    std::int64_t hop = 0;   ///< the next one's number
+    std::size_t next = 0;   ///< where it begins, in what is pending
+    bool followsOn = false; ///< the segment there follows one by a hop
     std::size_t end = 0;    ///< of the last segment, in what is pending
+    double leftOut = 0;     ///< hops that no segment stands for yet
     double shares = 0;      ///< of all segments
     std::vector<double> windowed;
     std::unique_ptr<RealTransform> transform;
@@ -109,6 +115,7 @@ void MeanSpectrum::State::Start(std::size_t segmentFrames) {
     spectrum.hopFrames = segmentFrames / Overlap;
     windowed.resize(segmentFrames);
     transform = std::make_unique<RealTransform>(segmentFrames);
+    watch.emplace(inputs.size(), 2 * spectrum.hopFrames);
     const std::size_t bins = segmentFrames / 2 + 1;
     for (Spectrum::Channel& channel : spectrum.channels)
         channel = {std::vector<double>(bins), std::vector<double>(bins), Bins(bins)};
@@ -134,21 +141,46 @@ void MeanSpectrum::State::TakeLast() {
         ++shares;
         HandOver({{left - spectrum.segmentFrames, false, 1}}, left);
     }
-    work.wait();
+    work.get();
 }
 
 std::vector<MeanSpectrum::State::Segment> MeanSpectrum::State::ListNext() {
     std::vector<Segment> segments;
-    while (next + spectrum.segmentFrames <= inputs[0].pending.size()) {
-        const bool isDense = spectrum.segments < DenseSegments;
-        segments.push_back({next, followsOn, isDense ? 1 : SparseHops / 2.0});
-        shares += segments.back().share;
-        end = next + spectrum.segmentFrames;
-        ++spectrum.segments;
-        followsOn = spectrum.segments < DenseSegments || spectrum.segments % 2 != 0;
-        next += followsOn ? spectrum.hopFrames : (SparseHops - 1) * spectrum.hopFrames;
+    for (; next + spectrum.segmentFrames <= inputs[0].pending.size(); next += spectrum.hopFrames) {
+        const double share = GetShare(IsAlike(next));
+        if (share > 0) {
+            segments.push_back({next, followsOn, share});
+            end = next + spectrum.segmentFrames;
+            shares += share;
+            ++spectrum.segments;
+        }
+        followsOn = share > 0;
+        ++hop;
     }
     return segments;
+}
+
+/// By the middle half of a segment, which is what its window leaves.
+bool MeanSpectrum::State::IsAlike(std::size_t start) {
+    std::vector<ChannelBlock> stretches;
+    for (const Input& input : inputs)
+        stretches.push_back(
+            ChannelBlock(input.pending).subspan(start + spectrum.hopFrames - 1, 2 * spectrum.hopFrames + 1));
+    return watch->IsAlike(stretches);
+}
+
+/// For how many hops a segment at the next one stands; 0 where it is left out.
+double MeanSpectrum::State::GetShare(bool isAlike) {
+    if (!isAlike)
+        return 1;
+    const bool isFirst = hop % SparseHops == 0, isSecond = hop % SparseHops == 1;
+    if (!isFirst && !isSecond) {
+        ++leftOut;
+        return 0;
+    }
+    const double standsFor = isFirst ? leftOut / 2 : leftOut;
+    leftOut -= standsFor;
+    return 1 + standsFor;
 }
 
 /// Has them looked at while the next ones come in, and keeps what lies behind.
@@ -160,7 +192,7 @@ void MeanSpectrum::State::HandOver(std::vector<Segment> segments, std::size_t be
         return;
     }
     if (work.valid())
-        work.wait();
+        work.get();
     for (Input& input : inputs) {
         input.taken.swap(input.pending);
         input.pending.assign(input.taken.begin() + offset, input.taken.end());
@@ -196,6 +228,8 @@ void MeanSpectrum::State::Look(const Segment& segment) {
 }
 
 void MeanSpectrum::State::Average() {
+    if (hop > 0)
+        spectrum.lookedAt = std::min(1.0, spectrum.segments / static_cast<double>(hop));
     double unit = 0;
     for (const double value : GetWindow(spectrum.segmentFrames))
         unit += value * value;

@@ -24,6 +24,7 @@ struct Spectrum {
     std::size_t segmentFrames = 0; ///< a power of two; 0: the sound is shorter than 64 frames
     std::size_t hopFrames = 0;     ///< from a segment to the one that overlaps it
     int segments = 0;              ///< that were averaged
+    double lookedAt = 1;           ///< how much of the sound they are; the rest is like its beginning
     std::vector<Channel> channels;
     /// Of two channels: the mean product of the first one's bins and the conjugates of the second one's, in
     /// the unit of the power. The phase is by how much the second one lags.
@@ -42,9 +43,10 @@ std::size_t GetSegmentFrames(int rate);
 
 /// Averages spectra while the sound goes by, of any length. A segment has `GetSegmentFrames`, or at most half
 /// of a shorter sound; three quarters of it overlap the next. After the first 64, which are 24 s of 44.1 kHz,
-/// two neighbours are taken of every sixteen, and count for all of them. The last segment is that at the end.
-/// What is found doesn't depend on the sizes of blocks. Thread: one at a time; from 16 segments on, a second
-/// one works for it.
+/// those are left out that are like the first ones (`AlikeWatch`), but for two neighbours of every sixteen,
+/// which count for all of them: so a long steady tone takes little longer than its reading, and what happens
+/// late is seen. The last segment is that at the end. What is found doesn't depend on the sizes of blocks.
+/// Thread: one at a time; from 16 segments on, a second one works for it.
 class MeanSpectrum {
 public:
     MeanSpectrum(int rate, std::size_t channels);

@@ -1,6 +1,3 @@
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC optimize("cx-limited-range") // no product is looked at for infinity; ahead of what it is for
-#endif
 #include "measure/real_transform.h"
 
 #include "measure/kept_by_size.h"
@@ -20,8 +17,8 @@ struct RealTransform::Tables {
 
 /// A copy, as the library takes no tables that can't be changed.
 RealTransform::RealTransform(std::size_t size) {
-    static KeptBySize<Tables> kept(Tables::Make);
-    tables = std::make_unique<Tables>(kept.Get(size));
+    static auto& kept = *new KeptBySize<Tables>;
+    tables = std::make_unique<Tables>(kept.Get(size, Tables::Make));
 }
 
 RealTransform::~RealTransform() = default;

@@ -1,5 +1,7 @@
 #include "measure/spectrum_lines.h"
 
+#include "measure/kaiser.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -54,7 +56,7 @@ std::vector<std::size_t> FindPeaks(std::span<const double> power) {
     if (power.size() <= 2 * Reach)
         return peaks;
     const double least = *std::max_element(power.begin() + Reach + 1, power.end()) * BelowStrongest;
-    for (std::size_t bin = Reach + 1; bin + 2 < power.size(); ++bin)
+    for (std::size_t bin = Reach + 1; bin + Reach < power.size(); ++bin)
         if (power[bin] > least && IsPeak(power, bin) && StandsOut(power[bin], {power, bin}))
             peaks.push_back(bin);
     std::sort(peaks.begin(), peaks.end(), [&](std::size_t a, std::size_t b) { return power[a] > power[b]; });
@@ -92,23 +94,51 @@ double GetVariation(const Spectrum::Channel& channel, std::size_t bin, double no
     return std::sqrt(std::max(0.0, ofPower)) / 2;
 }
 
+double GetWindowPower(double bins) {
+    const double response = GetKaiserResponse(Spectrum::WindowBeta, bins);
+    return response * response;
+}
+
+/// Of a line that is so far away from the bin of its peak, what the bin says that all of its bins have.
+double GetWholePower(double ofPeak, double away) {
+    double all = 0;
+    for (int i = -static_cast<int>(Reach); i <= static_cast<int>(Reach); ++i)
+        all += GetWindowPower(i - away);
+    return ofPeak * all / GetWindowPower(away);
+}
+
+/// What is in the bins where lines can't be told, but for what a DC of this power leaves there.
+double GetHidden(std::span<const double> power) {
+    const std::size_t few = std::min(power.size(), Reach + 1);
+    double hidden = 0;
+    for (std::size_t i = 1; i < few; ++i) {
+        const double ofDc = 2 * power[0] * GetWindowPower(static_cast<double>(i)) / GetWindowPower(0);
+        hidden += std::max(0.0, power[i] - 2 * ofDc) + (power.size() > 2 * few ? power[power.size() - i] : 0);
+    }
+    return hidden;
+}
+
 } // namespace
 
 SpectrumLines::SpectrumLines(const Spectrum& spectrum, std::size_t channel) {
     const Spectrum::Channel& bins = spectrum.channels[channel];
     rest = bins.power;
+    hidden = GetHidden(rest);
     std::fill_n(rest.begin(), std::min(rest.size(), Reach + 1), Taken);
     for (const std::size_t peak : FindPeaks(bins.power)) {
         if (rest[peak] < 0)
             continue;
-        const double floor = GetFloor({bins.power, peak});
+        const double floor = GetFloor({bins.power, peak}), hz = GetHz(spectrum, bins, peak);
         double power = 0;
-        for (std::size_t i = peak - Reach; i <= std::min(peak + Reach, rest.size() - 1); ++i) {
+        for (std::size_t i = peak - Reach; i <= peak + Reach; ++i) {
             if (rest[i] < 0)
                 continue;
             power += rest[i] - floor;
             rest[i] = Taken;
         }
-        lines.push_back({peak, GetHz(spectrum, bins, peak), power, GetVariation(bins, peak, floor)});
+        if (peak <= 2 * Reach) // some of its bins are those of DC
+            power = GetWholePower(bins.power[peak] - floor,
+                                  hz / spectrum.GetHzPerBin() - static_cast<double>(peak));
+        lines.push_back({peak, hz, power, GetVariation(bins, peak, floor)});
     }
 }

@@ -16,12 +16,13 @@ struct SpectrumLine {
     double variation = 0;
 };
 
-/// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins, and
-/// those up to eight bins away from a stronger one. Those up to sixteen bins away from each other share what
-/// lies between.
+/// The lines of a channel, and what is left without them. Not seen are lines within the first nine bins or
+/// the last eight, and those up to eight bins away from a stronger one. Those up to sixteen bins away from
+/// each other share what lies between.
 struct SpectrumLines {
     std::vector<SpectrumLine> lines; ///< the strongest first
     std::vector<double> rest;        ///< the powers of bins; `Taken` where a line or DC was
+    double hidden = 0;               ///< the power where no lines are seen, but for DC
 
     SpectrumLines(const Spectrum& spectrum, std::size_t channel);
 

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr double LeastCorrelation = 0.5;
+constexpr double InvertedPhase = 0.99 * std::numbers::pi, InvertedBeyond = 1.01;
 constexpr std::size_t StepsPerFrame = 4; ///< of the first look at the delays
 constexpr std::size_t FirstBin = Spectrum::LineReach + 1;
 
@@ -56,9 +57,16 @@ bool IsOfLines(const Spectrum& spectrum, const std::vector<SpectrumLine>& lines)
     return !lines.empty() && power >= GetPower(spectrum.channels[0]) / 2;
 }
 
-/// Where the correlation is largest, to a fraction of a frame. As it is real, the transform of real values
+std::optional<double> GetDelayOfTone(const Shared& tone) {
+    if (std::abs(tone.phase) > InvertedPhase)
+        return std::nullopt;
+    return tone.phase / tone.radians;
+}
+
+/// Where the correlation is largest, to a fraction of a frame; none where it is larger still the other way
+/// round, which is an inverted channel. As it is real, the transform of real values
 /// has it, that of each delay beside that of its opposite.
-double FindDelay(const Spectrum& spectrum) {
+std::optional<double> FindDelay(const Spectrum& spectrum) {
     const std::size_t count = StepsPerFrame * spectrum.segmentFrames;
     std::vector<double> products(count);
     for (std::size_t i = FirstBin; i < spectrum.cross.size(); ++i) {
@@ -67,13 +75,18 @@ double FindDelay(const Spectrum& spectrum) {
     }
     Bins bins;
     RealTransform(count).Transform(bins, products);
-    double best = 0, highest = bins[0].real();
+    double best = 0, highest = bins[0].real(), lowest = highest;
     for (std::size_t i = 1; i <= count / 4; ++i)
-        for (const int sign : {1, -1})
-            if (const double correlation = bins[i].real() - sign * bins[i].imag(); correlation > highest) {
+        for (const int sign : {1, -1}) {
+            const double correlation = bins[i].real() - sign * bins[i].imag();
+            lowest = std::min(lowest, correlation);
+            if (correlation > highest) {
                 highest = correlation;
                 best = sign * static_cast<double>(i);
             }
+        }
+    if (-lowest > InvertedBeyond * highest)
+        return std::nullopt;
     return best / StepsPerFrame;
 }
 
@@ -149,9 +162,12 @@ std::optional<double> MeasureDelay(const Spectrum& spectrum) {
     const std::vector<SpectrumLine> lines = SpectrumLines(spectrum, 0).lines;
     const bool isOfLines = IsOfLines(spectrum, lines);
     const std::vector<Shared> shared = isOfLines ? ListLines(spectrum, lines) : ListBins(spectrum);
-    const bool isOneTone = isOfLines && MeasureTones(spectrum, 0).tones.size() == 1;
-    const double delay =
-        Refine(shared, isOneTone ? shared[0].phase / shared[0].radians : FindDelay(spectrum));
+    const std::optional<double> start = isOfLines && MeasureTones(spectrum, 0).tones.size() == 1
+                                            ? GetDelayOfTone(shared[0])
+                                            : FindDelay(spectrum);
+    if (!start)
+        return std::nullopt;
+    const double delay = Refine(shared, *start);
     if (GetAgreement(spectrum, shared, delay) >= LeastCorrelation)
         return delay;
     return std::nullopt;

@@ -22,5 +22,5 @@ private:
 /// By how many frames the second channel lags behind the first, which may be a part of one; below 0 where it
 /// leads. None where no delay of up to a quarter of a segment makes them alike (a correlation of a half). In
 /// one tone nothing tells delays that are whole periods apart: the answer is the one closest to 0. The
-/// opposite of a tone is half a period late. DC counts for nothing.
+/// opposite of a tone has none, as an inverted channel. DC counts for nothing.
 std::optional<double> MeasureDelay(const Spectrum& spectrum);

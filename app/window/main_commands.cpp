@@ -143,6 +143,8 @@ void MainDialog::ShowSound(int command) {
     EnableControls();
     if (command == CommandViewSound && sound.GivesWay())
         ShowPassing("The wave and the spectrum stand below the list once the window is larger");
+    else if (command == CommandCopyPicture || command == CommandCopyCsv)
+        ShowPassing("Copied"); // of which nothing else tells
 }
 
 void MainDialog::CmSoundMenu() {

@@ -25,6 +25,8 @@ std::string DescribePart(const SoundLevels& levels) {
 }
 
 std::string DescribeChannel(const ToneFigures& figures, std::size_t most, bool isSine) {
+    if (!figures.isSteady)
+        return "no steady tone";
     std::string text;
     for (std::size_t i = 0; i < std::min(most, figures.strongest.size()); ++i) {
         const ToneLine& line = figures.strongest[i];

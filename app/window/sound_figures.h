@@ -17,5 +17,5 @@ struct SoundLevels {
 std::vector<LMarkedText> DescribeLevels(const SoundLevels& levels);
 
 /// The strongest lines of each channel, and what a sine has beside itself: "1.000 kHz -12.0 dBFS; THD+N -98.1
-/// dB"; empty where there are none.
+/// dB"; empty where there are none. Levels of what comes and goes would be means: it is told to do so.
 std::string DescribeLines(const std::vector<ToneFigures>& channels, bool isSine);

@@ -35,9 +35,14 @@ void SoundPane::Create() {
 }
 
 void SoundPane::Destroy() {
-    work.Drop();
-    back->Shut();
+    Leave();
     peer.reset();
+}
+
+void SoundPane::Leave() {
+    work.Drop();
+    if (back)
+        back->Shut();
 }
 
 void SoundPane::Follow() {

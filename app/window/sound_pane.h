@@ -18,6 +18,9 @@ class SoundPane {
 public:
     /// Both must outlive this.
     SoundPane(LWindow& owner, const SonvireData& currentTone);
+    ~SoundPane() { Leave(); }
+    SoundPane(const SoundPane&) = delete;
+    SoundPane& operator=(const SoundPane&) = delete;
 
     /// Puts it into the window, as the settings have it, and takes it out.
     void Create();
@@ -40,6 +43,8 @@ public:
 
 private:
     void Ask();
+    /// Nothing comes back any more.
+    void Leave();
 
     LWindow& window;
     const SonvireData& tone;

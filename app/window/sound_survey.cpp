@@ -32,6 +32,13 @@ double GetLowestHz(const SonvireData& tone) {
     return lowest;
 }
 
+/// The same of what was measured.
+double FindLowestHz(const ToneFigures& figures) {
+    if (!figures.tones.empty())
+        return figures.tones[0].hz;
+    return figures.isSteady || figures.strongest.empty() ? 0 : figures.strongest[0].hz;
+}
+
 bool IsSine(const SonvireData& tone) {
     return tone.HasComponents() && tone.waveform == ToneSine && tone.GetToneCount() == 1;
 }
@@ -145,7 +152,7 @@ private:
             shown.lines = "too low for its lines to be told";
         else if (isPassingNoise)
             shown.lines = "one of many: each time it plays it is another noise";
-        shown.lowestHz = lowestHz > 0 || figures[0].tones.empty() ? lowestHz : figures[0].tones[0].hz;
+        shown.lowestHz = lowestHz > 0 ? lowestHz : FindLowestHz(figures[0]);
         if (spectrum.segmentFrames > 0)
             shown.hzPerBin = spectrum.GetHzPerBin();
     }

@@ -2,6 +2,7 @@
 
 #include "measure/kaiser.h"
 
+#include <algorithm>
 #include <cmath>
 
 /// The width of the spectrum's lines, as that of a rectangle of their height.
@@ -20,7 +21,8 @@ std::vector<LShownSound::Bin> MakeBins(const Spectrum& spectrum, std::size_t cha
     static const double lineBins = GetLineBins();
     std::vector<LShownSound::Bin> bins;
     for (const double power : spectrum.channels[channel].power)
-        bins.push_back({static_cast<float>(10 * std::log10(2 * lineBins * power + 1e-30))});
+        bins.push_back(
+            {std::max(LShownSound::NoLevel, static_cast<float>(10 * std::log10(2 * lineBins * power)))});
     const std::vector<LShownSound::Bin> raw = bins;
     for (std::size_t i = 1; i + 1 < raw.size(); ++i) {
         const float below = raw[i - 1].dbfs, here = raw[i].dbfs, above = raw[i + 1].dbfs;

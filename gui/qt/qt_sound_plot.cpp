@@ -93,7 +93,8 @@ void LQtSoundPlot::PaintAxes(QPainter& painter) const {
     painter.setPen(Faint(palette, 0.85F));
     for (const LTick& tick : rows.ticks) {
         const double y = area.bottom() - tick.place * area.height();
-        line(area.left(), std::round(y), area.width(), 1, tick.text == "0" ? 0.3F : 0.12F);
+        const bool isZero = plot == LPlot::Wave && std::abs(tick.place - vertical.GetPlace(0)) < 1e-6;
+        line(area.left(), std::round(y), area.width(), 1, isZero ? 0.35F : 0.12F);
         painter.drawText(QRectF(0, y - metrics.height() / 2, area.left() - Gap, metrics.height()),
                          Qt::AlignRight | Qt::AlignVCenter, ToQt(tick.text));
     }

@@ -91,7 +91,6 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
         {"silence.wav", "thdn<-90", "thdn: left has no such figure, which breaks the limit of -90 dB"},
         {"silence.wav", "correlation>0",
          "correlation: the sound has no such figure, which breaks the limit of 0"},
-        {"--frequency 50,997 --duration 1s", "thdn<-60", "tones: 2 is 1 above the limit of 1"},
         {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
         {"--frequency 440,442 --duration 3s", "thdn<-6",
          "thdn: the sound is not steady and has no such figure, which breaks the limit of -6 dB"},

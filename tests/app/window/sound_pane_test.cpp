@@ -43,6 +43,9 @@ TEST_F(SoundPane, TellsWhatWillSound) {
     SonvireData endless = Tone440(), brief = Tone440(), low = Tone440();
     brief.SetDuration(1);
     low.startLeftHz[0] = 10;
+    SonvireData beat = Tone(ToneSine, 2, 0);
+    beat.SetDuration(2000);
+    beat.startLeftHz[1] = 441;
     struct {
         const char* reason;
         SonvireData tone;
@@ -58,6 +61,7 @@ TEST_F(SoundPane, TellsWhatWillSound) {
         {"none", Tone(ToneSine, 1, -127), 0, "[silent]|"},
         {"44 frames", brief, 0, "dB|too short for a spectrum"},
         {"below 16 bins of 1 / 1.5 s", low, 0, "|too low for its lines to be told"},
+        {"it beats", beat, 0, "|no steady tone"},
         {"another one each time", Tone(ToneWhiteNoise, 1, 0), 0, "|one of many: "},
         {"four times full scale", Tone(ToneSine, 16, 0), 0, "[, limiter 12.0 dB]|440.0 Hz"},
         {"the same where it is lowered instead", Tone(ToneSine, 16, 0), 96'000,
@@ -105,6 +109,7 @@ TEST_F(SoundPane, FollowsTheToneWhileItIsOpen) {
             EXPECT_EQ(Sound().view.GetLook(), (LSoundLook{.hasWave = false, .isLinear = true}));
             window.Choose(CommandCopyCsv);
             EXPECT_THAT(Sound().copied, StartsWith("hz,dbfs\n0,"));
+            EXPECT_EQ(window.passing, "Copied");
 
             window.Resize(480, 200);
             window.Key(LKeyPageUp);

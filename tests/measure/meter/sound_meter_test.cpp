@@ -39,4 +39,42 @@ TEST(SoundMeter, MeasuresEachChannelOfFramesInBlocks) {
     EXPECT_FALSE(none.stereo);
 }
 
+/// 90 s at 8 kHz, whose spectrum looks at every stretch of the first 33 s, and then at what is different.
+SoundFigures MeasureLongTone(const Wave& wave, std::size_t blockFrames) {
+    SoundMeter meter(8000, 1, 24);
+    std::vector<double> block;
+    for (int i = 0; i < 720000; ++i) {
+        block.push_back(wave(i));
+        if (block.size() == blockFrames || i == 719999) {
+            meter.Add(block);
+            block.clear();
+        }
+    }
+    return meter.Finish();
+}
+
+TEST(SoundMeter, LooksAtWhatHappensLateInALongSound) {
+    const auto tone = [](double i) { return 0.5 * std::sin(2 * M_PI * 1000.1 / 8000 * i); };
+    const auto spur = [&](double i) {
+        const bool isOn = i >= 400000 && i < 480000; // a ninth of the time
+        return tone(i) + (isOn ? 0.0005 * std::sin(2 * M_PI * 2700 / 8000 * i) : 0);
+    };
+    const auto change = [&](double i) {
+        return i < 400000 ? tone(i) : 0.5 * std::sin(2 * M_PI * 1500 / 8000 * i);
+    };
+    const SoundFigures steady = MeasureLongTone(tone, 4096);
+    EXPECT_LT(steady.spectrum.lookedAt, 0.7);
+    EXPECT_EQ(steady.channels[0].tones.strongest.size(), 1u);
+    EXPECT_EQ(steady.spectrum.channels[0].power, MeasureLongTone(tone, 10007).spectrum.channels[0].power);
+
+    const std::vector<ToneLine> lines = MeasureLongTone(spur, 4096).channels[0].tones.strongest;
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NEAR(lines[1].hz, 2700, 0.001);
+    EXPECT_NEAR(lines[1].amplitude, 0.0005 / 3, 0.00001);
+
+    const SoundFigures changed = MeasureLongTone(change, 4096);
+    EXPECT_GT(changed.spectrum.lookedAt, 0.7);
+    EXPECT_NEAR(changed.channels[0].tones.strongest.at(0).amplitude, 0.5 * std::sqrt(5 / 9.0), 0.02);
+}
+
 } // namespace
