@@ -92,7 +92,7 @@ constexpr MeasuredFigure Figures[] = {
     {Group::Faults, 0, "firstclip", "  first", "frame", "firstClipFrame",
      [](const Channel& c) { return Detail(c.level.clipped, c.level.firstClip); }},
     {Group::Faults, 0, "wrapped", "Wrapped samples", "", "wrappedSamples",
-     [](const Channel& c) { return Count(c, c.level.wrapped); }},
+     [](const Channel& c) { return c.areWrapsKnown ? Count(c, c.level.wrapped) : Value(); }},
     {Group::Faults, 0, "firstwrap", "  first", "frame", "firstWrapFrame",
      [](const Channel& c) { return Detail(c.level.wrapped, c.level.firstWrap); }},
     {Group::Faults, 0, "jumps", "Jumps of a tone", "", "jumps",
@@ -182,8 +182,10 @@ MeasuredColumn MakeWhole(const MeasuredSound& sound) {
         return whole;
     whole.figures.level = sound.figures.whole;
     whole.figures.truePeak = sound.figures.truePeak;
+    whole.figures.areWrapsKnown = true;
     Jumps& jumps = whole.figures.jumps;
     for (const Channel& each : sound.figures.channels) {
+        whole.figures.areWrapsKnown &= each.areWrapsKnown;
         jumps.hasLooked |= each.jumps.hasLooked;
         jumps.count += each.jumps.count;
         if (each.jumps.count > 0)
