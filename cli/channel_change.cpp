@@ -141,7 +141,9 @@ double ChannelChange::CountDisturbed() const {
 
 std::string ChannelChange::TellFigure(const MeasuredFigure& figure, double tolerance) const {
     const std::optional<double> was = Get(before, figure.field), is = Get(now, figure.field);
-    if (!before.contains(figure.field) || (!was && !is))
+    const bool isOfOtherTones = figure.group == MeasuredFigure::Group::Distortion &&
+                                Count(before, "toneCount") != Count(now, "toneCount");
+    if (!before.contains(figure.field) || (!was && !is) || isOfOtherTones)
         return {};
     const bool areBeyond = was && is && std::min(std::abs(*was), std::abs(*is)) > BeyondAllDb &&
                            std::string_view(figure.unit).starts_with("dB");

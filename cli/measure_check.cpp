@@ -54,10 +54,14 @@ std::string ExplainBreak(const MeasureLimit& limit, const LimitResult& result) {
 }
 
 LimitResult MakeCandidate(const MeasureLimit& limit, const MeasuredColumn& column, bool isNamed) {
-    const bool isKnown = MeasuredFigure::HasWhole(limit.figure->group) || column.figures.tones.isSteady;
+    using Group = MeasuredFigure::Group;
+    const Group group = limit.figure->group;
+    const bool isOfTones = group == Group::Tones || group == Group::Tone || group == Group::Distortion ||
+                           group == Group::Residual;
+    const char* reason = isOfTones ? ExplainNoTones(column.figures.tones) : nullptr;
     return {.channel = isNamed ? column.name : "",
             .value = limit.figure->ofChannel(column.figures),
-            .reason = isKnown ? NoFigure : "is not steady and has no such figure"};
+            .reason = NoFigure + (reason ? " (" + std::string(reason) + ")" : "")};
 }
 
 /// What has to keep to the limit. Whether it does is left open, but for the reason where it isn't there.

@@ -47,9 +47,9 @@ Value Above(const Channel& c, double ToneFigures::*ratio) {
     return times == 0 ? std::numeric_limits<double>::infinity() : ToDb(times);
 }
 
-Value OfStrongestTone(const Channel& c, double ToneLine::*value) {
-    const ToneLine* strongest = FindStrongestTone(c.tones);
-    return strongest ? Value((*strongest).*value) : Value();
+Value OfMainTone(const Channel& c, double ToneLine::*value) {
+    const ToneLine* main = GetMainTone(c.tones);
+    return main ? Value((*main).*value) : Value();
 }
 
 Value OfStereo(const MeasuredSound& sound, Value SoundFigures::Stereo::*value) {
@@ -101,16 +101,17 @@ constexpr MeasuredFigure Figures[] = {
      [](const Channel& c) { return Detail(c.jumps.count, c.jumps.first); }},
 
     {Group::Tones, 0, "tones", "Number of tones", "", "toneCount",
-     [](const Channel& c) { return c.tones.isSteady ? Count(c, std::ssize(c.tones.tones)) : Value(); }},
+     [](const Channel& c) {
+         return c.tones.isSteady && c.tones.isWithinReach ? Count(c, std::ssize(c.tones.tones)) : Value();
+     }},
     {Group::Tones, 1, "variation", "Variation", "%", "variationPercent",
      [](const Channel& c) {
-         const bool hasTones = !c.tones.isSteady || !c.tones.tones.empty();
-         return hasTones ? Value(100 * c.tones.variation) : Value();
+         return c.tones.isSteady && c.tones.tones.empty() ? Value() : Value(100 * c.tones.variation);
      }},
     {Group::Tone, 4, "frequency", "Frequency", "Hz", "frequencyHz",
-     [](const Channel& c) { return OfStrongestTone(c, &ToneLine::hz); }},
+     [](const Channel& c) { return OfMainTone(c, &ToneLine::hz); }},
     {Group::Tone, 2, "level", "Level", "dBFS", "levelDbfs",
-     [](const Channel& c) { return ToDb(OfStrongestTone(c, &ToneLine::amplitude)); }},
+     [](const Channel& c) { return ToDb(OfMainTone(c, &ToneLine::amplitude)); }},
 
     {Group::Distortion, 2, "thd", "THD", "dB", "thdDb",
      [](const Channel& c) { return ToDb(Ratio(c, &ToneFigures::thd)); }},
@@ -124,6 +125,11 @@ constexpr MeasuredFigure Figures[] = {
      [](const Channel& c) { return Above(c, &ToneFigures::signalToNoise); }},
     {Group::Distortion, 2, "sfdr", "Spur-free range", "dB", "spurFreeRangeDb",
      [](const Channel& c) { return Above(c, &ToneFigures::spurFreeRange); }},
+
+    {Group::Residual, 2, "residual", "All but the tones", "dB", "residualDb",
+     [](const Channel& c) { return ToDb(Ratio(c, &ToneFigures::residual)); }},
+    {Group::Residual, 6, "residual", "All but the tones", "%", "residualPercent",
+     [](const Channel& c) { return Times(100, Ratio(c, &ToneFigures::residual)); }},
 
     {Group::Stereo, 2, "balance", "Level, right to left", "dB", "levelDifferenceDb", nullptr,
      [](const MeasuredSound& s) { return ToDb(OfStereo(s, &SoundFigures::Stereo::levelRatio)); }},
@@ -148,11 +154,6 @@ std::size_t MeasuredSound::CountTones() const {
     for (const Channel& each : figures.channels)
         most = std::max(most, each.tones.tones.size());
     return most;
-}
-
-bool MeasuredSound::IsSteady() const {
-    return std::all_of(figures.channels.begin(), figures.channels.end(),
-                       [](const Channel& each) { return each.tones.isSteady; });
 }
 
 std::int64_t MeasuredSound::GetMilliseconds(std::int64_t frames) const {
@@ -200,11 +201,15 @@ std::string MeasuredFigure::Format(Value value) const {
     return isNone ? "none" : FormatNumber(*value, decimals);
 }
 
-const ToneLine* FindStrongestTone(const ToneFigures& figures) {
-    const auto strongest =
-        std::max_element(figures.tones.begin(), figures.tones.end(),
-                         [](const ToneLine& a, const ToneLine& b) { return a.amplitude < b.amplitude; });
-    return strongest == figures.tones.end() ? nullptr : &*strongest;
+const ToneLine* GetMainTone(const ToneFigures& figures) {
+    return figures.tones.empty() ? nullptr : &figures.tones[figures.main];
+}
+
+const char* ExplainNoTones(const ToneFigures& figures) {
+    return !figures.isWithinReach  ? "a tone too low for so short a sound, or too close to half the rate"
+           : !figures.isSteady     ? "tones that come and go, sweep or beat"
+           : figures.tones.empty() ? "noise, a sweep, clicks or silence"
+                                   : nullptr;
 }
 
 std::span<const MeasuredFigure> GetMeasuredFigures() {

@@ -21,8 +21,6 @@ struct MeasuredSound {
     bool HasUsable() const { return figures.unusable < figures.whole.samples; }
     /// Of the channel that has the most.
     std::size_t CountTones() const;
-    /// Whether no channel has tones that come and go, of which nothing can be told.
-    bool IsSteady() const;
     std::int64_t GetMilliseconds(std::int64_t frames) const;
 };
 
@@ -41,7 +39,7 @@ MeasuredColumn MakeWhole(const MeasuredSound& sound);
 
 /// A figure as it is called wherever it is told. Those of one name are one thing in several units.
 struct MeasuredFigure {
-    enum class Group { Losses, Levels, Faults, Tones, Tone, Distortion, Stereo };
+    enum class Group { Losses, Levels, Faults, Tones, Tone, Distortion, Residual, Stereo };
     using Value = std::optional<double>; ///< none where the sound has no such figure; levels may be infinite
 
     Group group;
@@ -64,8 +62,10 @@ struct MeasuredFigure {
     std::string Format(Value value) const;
 };
 
-/// Of the tones of a channel; null where there are none.
-const ToneLine* FindStrongestTone(const ToneFigures& figures);
+/// The tone of a channel that distortion and noise are told of; null where there is none.
+const ToneLine* GetMainTone(const ToneFigures& figures);
+/// What a channel is that no tone is told of; null where there is one.
+const char* ExplainNoTones(const ToneFigures& figures);
 
 /// All of them, in the order of the report.
 std::span<const MeasuredFigure> GetMeasuredFigures();

@@ -42,6 +42,7 @@ Json DescribeChannels(const MeasuredSound& sound) {
         Json object = {{"name", each.name}};
         AddFigures(object, each);
         object["isSteady"] = each.figures.tones.isSteady;
+        object["isWithinReach"] = each.figures.tones.isWithinReach;
         object["tones"] = DescribeLines(each.figures.tones.tones);
         object["strongestLines"] = DescribeLines(each.figures.tones.strongest);
         array.push_back(std::move(object));
@@ -65,6 +66,7 @@ Json DescribeMethod(const Spectrum& spectrum) {
             {"segmentFrames", spectrum.segmentFrames},
             {"hopFrames", spectrum.hopFrames},
             {"segments", spectrum.segments},
+            {"lookedAtPercent", 100 * spectrum.lookedAt},
             {"averaging", "mean power"},
             {"binHz", hasSpectrum ? Json(spectrum.GetHzPerBin()) : Json()},
             {"lowestHz", ToneFigures::LowestHz},
@@ -72,7 +74,7 @@ Json DescribeMethod(const Spectrum& spectrum) {
             {"sources",
              {{"truePeakDbtp", "ITU-R BS.1770-4, annex 2"},
               {"rmsAes17Dbfs", "AES17, IEC 61606-3"},
-              {"thdPlusNoiseDb", "AES17"}}}};
+              {"thdPlusNoiseDb", "AES17, IEC 61606-3"}}}};
 }
 
 } // namespace

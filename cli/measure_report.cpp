@@ -28,6 +28,12 @@ std::string TellLine(const ToneLine& line) {
            PadLeft(FormatNumber(ToDecibels(line.amplitude), 2), 10) + " dBFS";
 }
 
+/// Why there are none.
+std::string TellNoTones(const ToneFigures& figures) {
+    const char* reason = ExplainNoTones(figures);
+    return reason ? std::string("  ") + reason + "\n" : "";
+}
+
 std::string TellTones(const ToneFigures& figures) {
     std::string text;
     for (const ToneLine& each : figures.tones)
@@ -37,14 +43,14 @@ std::string TellTones(const ToneFigures& figures) {
 
 /// The strongest lines that are no tones, and how far they are from the strongest one.
 std::string TellLines(const ToneFigures& figures) {
-    const auto strongest = FindStrongestTone(figures);
+    const ToneLine* main = GetMainTone(figures);
     std::string text;
     for (const ToneLine& each : figures.strongest) {
         if (each.harmonic == 1)
             continue;
         std::string line = TellLine(each);
-        if (strongest)
-            line += PadLeft(FormatNumber(ToDecibels(each.amplitude / strongest->amplitude), 2), 10) + " dB";
+        if (main)
+            line += PadLeft(FormatNumber(ToDecibels(each.amplitude / main->amplitude), 2), 10) + " dB";
         if (each.harmonic > 1)
             line += "  harmonic " + std::to_string(each.harmonic);
         if (each.harmonic > 1 && figures.tones.size() > 1)
@@ -83,7 +89,10 @@ std::string TellSpectrum(const Spectrum& spectrum) {
     return std::to_string(spectrum.segments) + " segments of " + std::to_string(spectrum.segmentFrames) +
            " frames that overlap by " + std::to_string(overlap) + "%,\n             " +
            FormatNumber(spectrum.GetHzPerBin(), 3) + " Hz a bin, Kaiser window of beta " +
-           FormatNumber(Spectrum::WindowBeta, 0) + ", powers averaged";
+           FormatNumber(Spectrum::WindowBeta, 0) + ", powers averaged" +
+           (spectrum.lookedAt < 1 ? ",\n             " + FormatNumber(100 * spectrum.lookedAt, 0) +
+                                        "% of the sound; the rest goes on as it begins"
+                                  : "");
 }
 
 std::string TellMethod(const MeasuredSound& sound) {
@@ -94,8 +103,9 @@ std::string TellMethod(const MeasuredSound& sound) {
            "Clipped      samples at full scale of " +
            NameSamples(sound.bits) +
            "\n"
-           "Distortion   from 20 Hz to 20 kHz. THD: harmonics to tones. THD+N: all but the\n"
-           "             tones to all (AES17). Noise: neither tones nor harmonics.\n"
+           "Distortion   of the strongest tone, from 20 Hz to 20 kHz. THD: harmonics to the\n"
+           "             tone. THD+N: all but the tone to all (AES17, IEC 61606-3). Noise:\n"
+           "             neither the tone nor its harmonics.\n"
            "             none: no harmonic, or no line at all, stands out of the noise\n"
            "Spectrum     " +
            TellSpectrum(sound.figures.spectrum) + "\n";
@@ -104,9 +114,11 @@ std::string TellMethod(const MeasuredSound& sound) {
 } // namespace
 
 std::string ReportMeasurement(const MeasuredSound& sound) {
-    const std::string stereo =
-        sound.figures.stereo ? "\nStereo\n" + WriteSoundFigures(sound, Group::Stereo) : "";
+    std::string stereo = WriteSoundFigures(sound, Group::Stereo);
+    if (!stereo.empty())
+        stereo.insert(0, "\nStereo\n");
     return Head(sound) + WriteSoundFigures(sound, Group::Losses) + WriteFigureTable(sound) + stereo +
+           TellLists(sound, "No figures of tones", TellNoTones) +
            (sound.CountTones() > 1 ? TellLists(sound, "Tones", TellTones) : "") +
            TellLists(sound, sound.CountTones() > 0 ? "Strongest other lines" : "Strongest lines", TellLines) +
            TellMethod(sound);

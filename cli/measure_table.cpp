@@ -38,11 +38,15 @@ public:
     std::string Write() {
         WriteGroup(Group::Levels, "Levels");
         WriteGroup(Group::Faults, "Faults");
-        if (!sound.IsSteady())
+        if (std::any_of(columns.begin(), columns.end(),
+                        [](const auto& each) { return !each.figures.tones.isSteady; }))
             WriteGroup(Group::Tones, "Tones");
         if (sound.CountTones() == 1) // several are listed
             WriteGroup(Group::Tone, "Tone");
-        WriteGroup(Group::Distortion, "Distortion and noise");
+        const bool isSum = sound.CountTones() > 1;
+        WriteGroup(Group::Distortion, isSum ? "Of the strongest tone" : "Distortion and noise");
+        if (isSum)
+            WriteGroup(Group::Residual, "Of all tones");
         return text;
     }
 
@@ -93,21 +97,21 @@ std::string WriteFigureTable(const MeasuredSound& sound) {
     for (std::span<const MeasuredColumn> left = columns; !left.empty();
          left = left.subspan(std::min(left.size(), ColumnsAbreast)))
         text += FigureTable(sound, left.first(std::min(left.size(), ColumnsAbreast))).Write();
-    return text + (!sound.IsSteady() ? "\nNot steady: tones that come and go, sweep or beat with each other\n"
-                   : sound.CountTones() == 0 ? "\nNo tones: noise, a sweep, clicks or silence\n"
-                                             : "");
+    return text;
 }
 
 std::string WriteSoundFigures(const MeasuredSound& sound, Group group) {
     std::string text;
+    bool isFound = false;
     for (const MeasuredFigure& each : GetMeasuredFigures()) {
         if (each.group != group)
             continue;
         const MeasuredFigure::Value value = each.ofSound(sound);
+        isFound |= value.has_value();
         if (group != Group::Losses || value > 0)
             text += Row(each.label, {each.Format(value)}, each.unit);
     }
-    return text;
+    return isFound ? text : "";
 }
 
 std::string PadLeft(const std::string& text, std::size_t width) {

@@ -6,7 +6,8 @@
 /// title of its group. What no channel has is left out, and so are the tones where there are several.
 std::string WriteFigureTable(const MeasuredSound& sound);
 
-/// Figures of the sound as a whole, a line each; of what may be lost, where there is something.
+/// Figures of the sound as a whole, a line each; of what may be lost, where there is something. Empty where
+/// the sound has none of them.
 std::string WriteSoundFigures(const MeasuredSound& sound, MeasuredFigure::Group group);
 
 /// Fills up with blanks before a text.

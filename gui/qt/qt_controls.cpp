@@ -7,6 +7,7 @@
 #include "gui/qt/qt_make_control.h"
 #include "gui/qt/qt_number_edit.h"
 #include "gui/qt/qt_sound_view.h"
+#include "gui/qt/qt_sound_view_peer.h"
 #include "gui/qt/qt_text.h"
 #include "gui/window_peer.h"
 

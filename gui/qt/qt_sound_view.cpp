@@ -1,12 +1,9 @@
 #include "gui/qt/qt_sound_view.h"
 
-#include "gui/qt/qt_menu.h"
 #include "gui/qt/qt_shades.h"
 #include "gui/qt/qt_text.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -243,36 +240,4 @@ void LQtSoundView::keyPressEvent(QKeyEvent* event) {
 void LQtSoundView::contextMenuEvent(QContextMenuEvent* event) {
     menuPlace = event->globalPos();
     onMenu();
-}
-
-void LQtSoundViewPeer::Show(LShownSoundPtr sound) {
-    widget.Change([&](LSoundView& view) { view.Show(std::move(sound)); });
-}
-
-void LQtSoundViewPeer::SetLook(const LSoundLook& look) {
-    widget.Change([&](LSoundView& view) { view.SetLook(look); });
-}
-
-void LQtSoundViewPeer::ResetZoom() {
-    widget.Change([](LSoundView& view) { view.ResetZoom(); });
-}
-
-int LQtSoundViewPeer::GetPlotsHeight() const {
-    return static_cast<int>(std::ceil(widget.GetPlotsHeight() / unit));
-}
-
-int LQtSoundViewPeer::GetFiguresHeight() const {
-    return static_cast<int>(std::ceil(widget.GetFiguresHeight() / unit));
-}
-
-void LQtSoundViewPeer::CopyPicture() {
-    QGuiApplication::clipboard()->setPixmap(widget.grab());
-}
-
-void LQtSoundViewPeer::CopyCsv() {
-    QGuiApplication::clipboard()->setText(ToQt(widget.GetView().WriteCsv()));
-}
-
-std::unique_ptr<LMenuPeer> LQtSoundViewPeer::CreatePopupMenu() {
-    return std::make_unique<LQtMenu>(widget.GetMenuPlace());
 }

@@ -3,7 +3,7 @@
 #include "gui/qt/qt_calm_text.h"
 #include "gui/qt/qt_sound_plot.h"
 #include "gui/qt/qt_spoken_text.h"
-#include "gui/sound_view_peer.h"
+#include "gui/sound_view.h"
 
 #include <QWidget>
 
@@ -64,25 +64,4 @@ private:
     LQtCalmText spoken{*this, *this};
     std::optional<QPointF> dragged; ///< from where, while the mouse is held
     QPoint menuPlace;
-};
-
-/// The peer of a sound view.
-class LQtSoundViewPeer : public LSoundViewPeer {
-public:
-    /// Of a layout whose unit is this large. The widget outlives this.
-    LQtSoundViewPeer(LQtSoundView& soundView, double pixels) : widget(soundView), unit(pixels) {}
-
-    void SetVisible(bool visible) override { widget.setVisible(visible); }
-    void Show(LShownSoundPtr sound) override;
-    void SetLook(const LSoundLook& look) override;
-    void ResetZoom() override;
-    int GetPlotsHeight() const override;
-    int GetFiguresHeight() const override;
-    void CopyPicture() override;
-    void CopyCsv() override;
-    std::unique_ptr<LMenuPeer> CreatePopupMenu() override;
-
-private:
-    LQtSoundView& widget;
-    double unit;
 };

@@ -88,12 +88,15 @@ TEST_F(Measure, ABrokenLimitTellsByHowMuch) {
         {"dc.wav", "dc<-90dB", "dc: -80.00 dBFS is 10.00 dB above the limit of -90 dBFS"},
         {"thd.wav", "THD+N<0.05%", "thdn: 0.100000 % is 0.050000 % above the limit of 0.05 %"},
         {"silence.wav", "peak>-60", "peak: left -inf dBFS is below the limit of -60 dBFS"},
-        {"silence.wav", "thdn<-90", "thdn: left has no such figure, which breaks the limit of -90 dB"},
+        {"silence.wav", "thdn<-90",
+         "thdn: left has no such figure (noise, a sweep, clicks or silence), which breaks the limit of -90 "
+         "dB"},
         {"silence.wav", "correlation>0",
          "correlation: the sound has no such figure, which breaks the limit of 0"},
         {"--frequency 50,997 --duration 1s", "tones<2", "tones: 2 is not below the limit of 2"},
         {"--frequency 440,442 --duration 3s", "thdn<-6",
-         "thdn: the sound is not steady and has no such figure, which breaks the limit of -6 dB"},
+         "thdn: the sound has no such figure (tones that come and go, sweep or beat), which breaks the limit "
+         "of -6 dB"},
         {"nan.wav", "rms<9", "unusable: 88200 is 88200 above the limit of 0"},
         {"nan.wav", "peak<9", "peak: the sound has no such figure, which breaks the limit of 9 dBFS"},
         {"none.wav", "peak<0", "peak: the sound has no such figure, which breaks the limit of 0 dBFS"},
@@ -141,7 +144,7 @@ TEST_F(Measure, TheReportFitsATerminal) {
     const std::string square = Cli("measure square.wav").output;
     EXPECT_THAT(square, HasSubstr("\nClipped samples                88200\n"));
     EXPECT_THAT(Cli("measure silence.wav").output,
-                HasSubstr("\nNo tones: noise, a sweep, clicks or silence\n"));
+                HasSubstr("\nNo figures of tones: Left, Right\n  noise, a sweep, clicks or silence\n"));
     EXPECT_THAT(
         Cli("measure --frequency 997,3k --right 440,550 --duration 1s").output,
         HasSubstr("\nTones: Left\n        997.0000 Hz    -12.04 dBFS\n       3000.0000 Hz    -12.04 dBFS\n"

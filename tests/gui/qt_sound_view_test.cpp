@@ -1,4 +1,5 @@
 #include "gui/qt/qt_sound_view.h"
+#include "gui/sound_view_peer.h"
 #include "support/qt_windows.h"
 #include "support/test_window.h"
 
