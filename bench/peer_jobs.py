@@ -1,5 +1,5 @@
 """The jobs that bench/peers measures. Each makes its input in a folder, which its programs then run in, and returns their
-command lines; those of sonvire-cli and job_limit without the program. All write out.wav."""
+command lines; those of sonvire-cli and job_limit without the program. All but the last write out.wav."""
 import struct
 import subprocess
 
@@ -189,6 +189,17 @@ def job_m(folder):
         "sonvire": HIGH + "--level -30 --frequency %s out.wav" % ",".join(map(str, tones)),
         "sox": SOX_HIGH + " ".join("synth 600 sine %s %d" % ("mix" if hz > 100 else "", hz) for hz in tones),
         "limit": high_limit(cycles=HIGH_FRAMES * 16 * STEP),
+    }
+
+
+def job_n(folder):
+    """600 s of a stereo WAVE file measured: levels, true peak, spectrum, tones; the others' levels alone"""
+    wave(folder / "n.wav", 44100, "600 sine 997 sine 1500")
+    return {
+        "sonvire": "measure n.wav",
+        "sox": "sox n.wav -n stats",
+        "ffmpeg": "ffmpeg -nostdin -hide_banner -i n.wav -af astats -f null -",
+        "limit": limit(0, files="n.wav"),
     }
 
 
