@@ -110,6 +110,20 @@ std::string ChannelChange::TellClipping() const {
     return hasMoreRuns || hasMany ? CompareCounts(before, now, "clippedSamples", "firstClipFrame") : "";
 }
 
+/// Of what was cut below full scale, which distorts. Another tone may meet its peaks more often.
+std::string ChannelChange::TellFlatTops() const {
+    constexpr double Often = 3, Few = 20, DistortedDb = 6;
+    const double was = Count(before, "peakSamples"), is = Count(now, "peakSamples");
+    const bool isOfAnother = before["tones"].size() != now["tones"].size() || FindShift() ||
+                             GetNoise(now) < GetNoise(before) * std::pow(10, DistortedDb / 10);
+    const bool hasTones = !before["tones"].empty();
+    if (!before.contains("peakSamples") || is < Often * was + Few || (hasTones && isOfAnother) ||
+        !TellClipping().empty())
+        return {};
+    return Tell(is, 0, "") + " samples at peaks of " + Tell(Get(now, "peakDbfs"), 2, " dBFS") +
+           " instead of " + Tell(was, 0, "");
+}
+
 /// What is clipped or wrapped has jumps from that.
 double ChannelChange::CountNewJumps() const {
     const bool isOfOthers = !(TellClipping() + TellWraps()).empty();

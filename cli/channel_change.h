@@ -28,6 +28,7 @@ public:
     std::string TellFrequency() const;
     std::string TellDc() const;
     std::string TellClipping() const;
+    std::string TellFlatTops() const;
     std::string TellWraps() const;
     std::string TellJumps() const;
     /// Any other one, where it has moved by more than that.

@@ -15,6 +15,7 @@ constexpr Kind Causes[] = {{"level", &ChannelChange::TellLevel},
                            {"frequency", &ChannelChange::TellFrequency},
                            {"DC", &ChannelChange::TellDc},
                            {"clipped samples", &ChannelChange::TellClipping},
+                           {"flat tops", &ChannelChange::TellFlatTops},
                            {"wrapped samples", &ChannelChange::TellWraps},
                            {"jumps", &ChannelChange::TellJumps}};
 
@@ -24,7 +25,7 @@ bool IsAnyOf(std::string_view text, std::initializer_list<std::string_view> othe
 
 /// Whether a figure is no other one in another unit, and one of the samples.
 bool IsOfItsOwn(const MeasuredFigure& figure) {
-    return !IsAnyOf(figure.unit, {"%", "µs"}) && !IsAnyOf(figure.name, {"dc", "limiter"});
+    return !IsAnyOf(figure.unit, {"%", "µs"}) && !IsAnyOf(figure.name, {"dc", "limiter", "flat"});
 }
 
 /// How far figures of the same sound may lie apart.
@@ -136,7 +137,7 @@ private:
     /// More than level, frequency and DC explain.
     void AddFurtherEffects(const Channels& channels) {
         const bool isExplained = std::any_of(changes.begin(), changes.end(), [](const FigureChange& each) {
-            return IsAnyOf(each.what, {"clipped samples", "wrapped samples", "jumps"});
+            return IsAnyOf(each.what, {"clipped samples", "flat tops", "wrapped samples", "jumps"});
         });
         if (isExplained)
             return;

@@ -31,6 +31,11 @@ Value Count(const Channel& c, std::int64_t count) {
     return Of(c, static_cast<double>(count));
 }
 
+/// None of what is at rest all the time.
+std::int64_t CountAtPeaks(const Level& level) {
+    return level.lowest < level.highest ? level.atLowest + level.atHighest : 0;
+}
+
 /// More about what was found so many times.
 Value Detail(std::int64_t found, std::int64_t value) {
     return found > 0 ? Value(static_cast<double>(value)) : Value();
@@ -64,6 +69,8 @@ constexpr MeasuredFigure Figures[] = {
 
     {Group::Levels, 2, "peak", "Peak", "dBFS", "peakDbfs",
      [](const Channel& c) { return ToDb(Of(c, c.level.GetPeak())); }},
+    {Group::Levels, 0, "flat", "Samples at the peaks", "", "peakSamples",
+     [](const Channel& c) { return Count(c, CountAtPeaks(c.level)); }},
     {Group::Levels, 2, "truepeak", "True peak", "dBTP", "truePeakDbtp",
      [](const Channel& c) { return ToDb(Of(c, c.truePeak)); }},
     {Group::Levels, 2, "rms", "RMS", "dBFS", "rmsDbfs",

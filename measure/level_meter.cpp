@@ -42,6 +42,15 @@ std::int64_t EarlierOf(std::int64_t a, std::int64_t b) {
     return a < 0 || b < 0 ? std::max(a, b) : std::min(a, b);
 }
 
+void TakeExtreme(double& extreme, std::int64_t& count, double other, std::int64_t otherCount, bool isBeyond) {
+    if (isBeyond)
+        count = 0;
+    if (isBeyond || other == extreme)
+        count += otherCount;
+    if (isBeyond)
+        extreme = other;
+}
+
 } // namespace
 
 double Level::GetPeak() const {
@@ -67,7 +76,11 @@ void LevelMeter::Add(ChannelBlock samples) {
     if (samples.empty())
         return;
     wraps.Add(samples);
-    const Level block = AddUp(samples);
+    Level block = AddUp(samples);
+    if (level.samples == 0 || block.lowest <= level.lowest)
+        block.atLowest = std::count(samples.begin(), samples.end(), block.lowest);
+    if (level.samples == 0 || block.highest >= level.highest)
+        block.atHighest = std::count(samples.begin(), samples.end(), block.highest);
     if (clipRun > 0 || block.GetPeak() >= fullScale)
         CountClips(samples);
     level = Together(std::array{level, block});
@@ -97,8 +110,11 @@ Level Together(std::span<const Level> channels) {
     Level all;
     for (const Level& each : channels) {
         if (each.samples > 0) {
-            all.lowest = all.samples == 0 ? each.lowest : std::min(all.lowest, each.lowest);
-            all.highest = all.samples == 0 ? each.highest : std::max(all.highest, each.highest);
+            const bool isFirst = all.samples == 0;
+            TakeExtreme(all.lowest, all.atLowest, each.lowest, each.atLowest,
+                        isFirst || each.lowest < all.lowest);
+            TakeExtreme(all.highest, all.atHighest, each.highest, each.atHighest,
+                        isFirst || each.highest > all.highest);
         }
         all.samples += each.samples;
         all.sum += each.sum;

@@ -9,6 +9,7 @@
 struct Level {
     std::int64_t samples = 0;
     double lowest = 0, highest = 0;
+    std::int64_t atLowest = 0, atHighest = 0; ///< samples that have just that: many where tops are cut flat
     double sum = 0, squares = 0;
 
     std::int64_t clipped = 0;     ///< samples at full scale of the format

@@ -122,6 +122,8 @@ TEST_F(Certificates, NameWhatWasDoneToAFile) {
           "samples: not the same ones, although all figures agree"}},
         {each([](auto& frame) { frame[0] *= 1.12202; }), // by 1 dB: 0.1% and more are cut off
          {"level: left 1.00 dB higher: RMS -3.01 dBFS instead of -4.01 dBFS", "clipped samples: left "}},
+        {each([](auto& frame) { frame[0] = std::clamp(frame[0], -29176.0, 29176.0); }), // 0.1% of 29205
+         {"flat tops: left "}},
         {each([](auto& frame) { std::swap(frame[0], frame[1]); }), {"channels: swapped"}},
         {each([](auto& frame) {
              frame = {frame[1] / 2, frame[0] / 2};
