@@ -53,6 +53,7 @@ std::vector<SpectrumLine> FindTones(const std::vector<SpectrumLine>& lines, doub
 /// By frequency.
 std::vector<int> GetPlaces(const std::vector<SpectrumLine>& tones) {
     std::vector<int> places;
+    places.reserve(tones.size());
     for (const SpectrumLine& tone : tones)
         places.push_back(static_cast<int>(std::count_if(
             tones.begin(), tones.end(), [&](const SpectrumLine& each) { return each.hz < tone.hz; })));
