@@ -1,4 +1,4 @@
-#include "cli/channel_change.h"
+#include "cli/measuring/channel_change.h"
 
 #include <algorithm>
 #include <cmath>

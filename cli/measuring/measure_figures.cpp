@@ -1,4 +1,4 @@
-#include "cli/measure_figures.h"
+#include "cli/measuring/measure_figures.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "cli/measure_limits.h"
+#include "cli/measuring/measure_limits.h"
 
 #include "cli/nearest.h"
 #include "cli/text.h"

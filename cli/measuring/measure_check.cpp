@@ -1,4 +1,4 @@
-#include "cli/measure_check.h"
+#include "cli/measuring/measure_check.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/figure_changes.h"
+#include "cli/measuring/figure_changes.h"
 #include "measure/frame_marks.h"
 
 /// For a certificate: an object of hashes by the numbers of their frames.

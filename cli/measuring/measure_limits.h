@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/measure_figures.h"
+#include "cli/measuring/measure_figures.h"
 
 /// What a figure has to keep to, such as "thdn<-90" or "left.peak >= -20.1 dBFS".
 struct MeasureLimit {

@@ -1,4 +1,4 @@
-#include "cli/measure_report.h"
+#include "cli/measuring/measure_report.h"
 
 #include <cmath>
 

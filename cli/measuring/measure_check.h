@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/measure_limits.h"
+#include "cli/measuring/measure_limits.h"
 
 /// What became of a limit. A figure that the sound doesn't have breaks it.
 struct LimitResult {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/measure_check.h"
+#include "cli/measuring/measure_check.h"
 #include "cli/report_parts.h"
 
 /// What was measured, as lines of up to 80 columns: a figure a line, a column for each channel, four of them

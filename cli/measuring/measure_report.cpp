@@ -1,6 +1,6 @@
-#include "cli/measure_report.h"
+#include "cli/measuring/measure_report.h"
 
-#include "cli/measure_table.h"
+#include "cli/measuring/measure_table.h"
 #include "cli/refusal.h"
 
 #include <algorithm>

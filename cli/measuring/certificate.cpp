@@ -1,8 +1,8 @@
 #include "cli/certificate.h"
 
-#include "cli/certificate_marks.h"
 #include "cli/file_report.h"
-#include "cli/measure_report.h"
+#include "cli/measuring/certificate_marks.h"
+#include "cli/measuring/measure_report.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"
 #include "jobs/hashed_reader.h"

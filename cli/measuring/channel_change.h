@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/measure_figures.h"
+#include "cli/measuring/measure_figures.h"
 #include "cli/report_parts.h"
 
 #include <optional>

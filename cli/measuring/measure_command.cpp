@@ -1,8 +1,8 @@
 #include "cli/commands.h"
 
-#include "cli/certificate_check.h"
 #include "cli/interrupt.h"
-#include "cli/measure_report.h"
+#include "cli/measuring/certificate_check.h"
+#include "cli/measuring/measure_report.h"
 #include "cli/print.h"
 #include "cli/progress_line.h"
 #include "cli/refusal.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/certificate_marks.h"
+#include "cli/measuring/certificate_marks.h"
 #include "jobs/hashed_reader.h"
 
 #include <memory>

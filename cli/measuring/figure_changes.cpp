@@ -1,6 +1,6 @@
-#include "cli/figure_changes.h"
+#include "cli/measuring/figure_changes.h"
 
-#include "cli/channel_change.h"
+#include "cli/measuring/channel_change.h"
 
 #include <algorithm>
 #include <string_view>

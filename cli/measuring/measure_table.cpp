@@ -1,4 +1,4 @@
-#include "cli/measure_table.h"
+#include "cli/measuring/measure_table.h"
 
 #include "cli/report_parts.h"
 

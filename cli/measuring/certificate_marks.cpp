@@ -1,4 +1,4 @@
-#include "cli/certificate_marks.h"
+#include "cli/measuring/certificate_marks.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "cli/certificate_check.h"
+#include "cli/measuring/certificate_check.h"
 
 #include "cli/certificate.h"
 #include "cli/refusal.h"

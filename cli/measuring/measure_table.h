@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/measure_figures.h"
+#include "cli/measuring/measure_figures.h"
 
 /// The figures of the channels as a table, of four columns at most side by side: a figure a line, under the
 /// title of its group. What no channel has is left out, and so are the tones where there are several.
