@@ -89,7 +89,9 @@ void LevelMeter::Add(ChannelBlock samples) {
 void LevelMeter::CountClips(ChannelBlock samples) {
     std::int64_t frame = level.samples;
     for (const double sample : samples) {
-        clipRun = std::abs(sample) >= fullScale ? clipRun + 1 : 0;
+        const bool goesOn = clipRun > 0 && clipSide * sample > 0;
+        clipRun = std::abs(sample) < fullScale ? 0 : goesOn ? clipRun + 1 : 1;
+        clipSide = sample;
         level.clipped += clipRun > 0;
         level.clippedRuns += clipRun == 2;
         level.longestClip = std::max(level.longestClip, clipRun);

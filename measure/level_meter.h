@@ -42,7 +42,8 @@ private:
 
     double fullScale;
     Level level;
-    std::int64_t clipRun = 0; ///< samples at full scale up to here
+    std::int64_t clipRun = 0; ///< samples at full scale up to here, on one side
+    double clipSide = 0;      ///< the last of them
     WrapFinder wraps;
 };
 
