@@ -41,8 +41,9 @@ QFontMetricsF Measure(const QFont& font) {
 } // namespace
 
 QColor GetChannelColour(const QPalette& palette, std::size_t channel) {
-    constexpr QRgb Dark[] = {0x56b4e9, 0xe69f00}, Light[] = {0x0072b2, 0xd55e00};
-    return (IsDark(palette) ? Dark : Light)[channel % 2];
+    constexpr QRgb First[] = {0x0072b2, 0x56b4e9}, Second[] = {0xd55e00, 0xe69f00}; // light, dark
+    const std::size_t shade = IsDark(palette) ? 1 : 0;
+    return channel % 2 == 0 ? First[shade] : Second[shade];
 }
 
 LQtSoundPlot::LQtSoundPlot(const LSoundView& shown, LPlot plotKind, const QRectF& whole, const QFont& marks,

@@ -163,8 +163,8 @@ TEST_F(Measure, JsonKeepsToItsSchema) {
           "--frequency 1k,2k,5k --right 1k,3k,5k --duration 1s --quality high"}) {
         Write("shown.json",
               Cli("measure --json --limit 'peak<-1' --limit 'snr>9' " + std::string(input)).output);
-        EXPECT_EQ(RunProgram("/usr/bin/python3 -m jsonschema -i shown.json " SONVIRE_MEASURE_SCHEMA).errors,
-                  "")
+        EXPECT_EQ(RunProgram("/usr/bin/python3 -m jsonschema -i shown.json " SONVIRE_MEASURE_SCHEMA).status,
+                  0)
             << input << Read("shown.json");
     }
 }
