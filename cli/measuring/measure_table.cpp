@@ -69,16 +69,16 @@ private:
 
     std::string WriteFigure(const MeasuredFigure& figure) const {
         std::vector<std::string> cells, times;
+        const bool isTime = figure.unit == std::string_view("frame");
         bool isFound = figure.group == Group::Levels;
         for (const MeasuredColumn& each : columns) {
             const auto value = figure.ofChannel(each.figures);
             isFound |= value.has_value();
             cells.push_back(IsShown(each, figure.group) ? figure.Format(value) : "");
-            times.push_back(value ? FormatClock(sound.GetMilliseconds(std::llround(*value))) : "");
+            times.push_back(isTime && value ? FormatClock(sound.GetMilliseconds(std::llround(*value))) : "");
         }
         if (!isFound)
             return {};
-        const bool isTime = figure.unit == std::string_view("frame");
         return Row(figure.label, cells, figure.unit) + (isTime ? Row("", times, "min:s") : "");
     }
 
