@@ -1,6 +1,6 @@
 #include "jobs/rendered_level.h"
+#include "sound/decibels.h"
 
-#include <cmath>
 #include <cstdio>
 
 std::string RenderedLevel::Describe() const {
@@ -11,7 +11,7 @@ std::string RenderedLevel::Describe() const {
     else if (peak == 0)
         return isDithered ? "is silent but for the dither" : "is silent";
     else if (peak < Quiet)
-        std::snprintf(text, sizeof text, "is below -60 dBFS: its peak is %.2f dBFS%s", 20 * std::log10(peak),
+        std::snprintf(text, sizeof text, "is below -60 dBFS: its peak is %.2f dBFS%s", ToDecibels(peak),
                       isDithered ? ", dither left out" : "");
     return text;
 }

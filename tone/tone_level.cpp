@@ -1,5 +1,6 @@
 #include "tone/tone_level.h"
 
+#include "sound/decibels.h"
 #include "sound/level.h"
 #include "tone/waveforms.h"
 
@@ -18,7 +19,7 @@ double GetComponentPeak(const SonvireData& tone, std::size_t component) {
 }
 
 std::optional<double> ToDbfs(double peak) {
-    return peak > 0 ? std::optional(20 * std::log10(peak)) : std::nullopt;
+    return peak > 0 ? std::optional(ToDecibels(peak)) : std::nullopt;
 }
 
 } // namespace

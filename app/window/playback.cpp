@@ -6,11 +6,11 @@
 #include "app/window/play_input.h"
 #include "gui/toolkit.h"
 #include "jobs/file_notices.h"
+#include "sound/decibels.h"
 #include "sys/desktop/message_box.h"
 #include "sys/file.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -24,10 +24,6 @@ void ReportLostOutput() {
 
 void ReportNoSound() {
     ShowNotice({"Error", "The tone can't be played: it can't be had at the output's rate."});
-}
-
-double ToDecibels(double factor) {
-    return 20 * std::log10(factor);
 }
 
 LMeterLevels MeasureOutput(const LSoundHeard& heard, LDB volume) {

@@ -8,11 +8,10 @@
 #include "jobs/file_notices.h"
 #include "jobs/render_file.h"
 #include "jobs/render_hires.h"
+#include "sound/decibels.h"
 #include "sound/peak_sink.h"
 #include "sys/desktop/message_box.h"
 #include "tone/tone_level.h"
-
-#include <cmath>
 
 namespace {
 
@@ -63,7 +62,7 @@ SavedSound SaveHigh(LWindow& parent, const SonvireData& tone, const std::string&
         const LProcessResult result = RunJob(parent, HiresRenderJob::Title, measured);
         job.failure = measured.failure;
         if (sink.GetPeak() > 0)
-            peakDbfs = 20 * std::log10(static_cast<double>(sink.GetPeak()) * 0x1p-31);
+            peakDbfs = ToDecibels(static_cast<double>(sink.GetPeak()) * 0x1p-31);
         return result;
     };
     SavedSound saved{RenderHiresToFile(input, {.path = path, .program = ProductAndVersion},

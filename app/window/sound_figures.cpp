@@ -2,9 +2,9 @@
 
 #include "gui/format_fixed.h"
 #include "jobs/rendered_level.h"
+#include "sound/decibels.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -13,7 +13,7 @@ constexpr double LeastLine = 1e-4; // beside the strongest one
 constexpr std::size_t MostLines = 5;
 
 std::string FormatDb(double factor) {
-    return FormatFixed(20 * std::log10(factor), 1);
+    return FormatFixed(ToDecibels(factor), 1);
 }
 
 std::string DescribePart(const SoundLevels& levels) {

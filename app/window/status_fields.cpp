@@ -7,9 +7,9 @@
 #include "app/window/time_text.h"
 #include "gui/format_fixed.h"
 #include "play/output_names.h"
+#include "sound/decibels.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -32,7 +32,7 @@ constexpr int MostVolume = 13;
 /// What the volume takes off.
 std::string DescribeVolume(int decibels) {
     const int level = GetVolumeLevel(LDB(static_cast<std::int8_t>(decibels)));
-    return level == 0 ? "muted" : FormatFixed(20 * std::log10(level / 256.0), 1) + " dB";
+    return level == 0 ? "muted" : FormatFixed(ToDecibels(level / 256.0), 1) + " dB";
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "cli/measuring/measure_figures.h"
+#include "sound/decibels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -223,10 +224,6 @@ const char* ExplainNoTones(const ToneFigures& figures) {
 
 std::span<const MeasuredFigure> GetMeasuredFigures() {
     return Figures;
-}
-
-double ToDecibels(double ratio) {
-    return 20 * std::log10(ratio);
 }
 
 std::string FormatNumber(double value, int decimals) {

@@ -70,7 +70,5 @@ const char* ExplainNoTones(const ToneFigures& figures);
 /// All of them, in the order of the report.
 std::span<const MeasuredFigure> GetMeasuredFigures();
 
-/// In dB; -infinity for 0.
-double ToDecibels(double ratio);
 /// With so many decimals, and no sign before a 0.
 std::string FormatNumber(double value, int decimals);

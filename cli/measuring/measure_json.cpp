@@ -1,4 +1,5 @@
 #include "cli/measuring/measure_report.h"
+#include "sound/decibels.h"
 
 #include <cmath>
 

@@ -2,6 +2,7 @@
 
 #include "cli/measuring/measure_table.h"
 #include "cli/refusal.h"
+#include "sound/decibels.h"
 
 #include <algorithm>
 
